@@ -1,0 +1,45 @@
+// Broken-down time as the application counts it.
+#pragma once
+
+#include <ctime>
+
+#include <sys/time.h>
+
+namespace grx {
+
+struct Calendar {
+    int year = 0;  // four digits
+    int month = 0; // 1..12
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+inline constexpr int first_year_of_tm = 1900;
+inline constexpr int microseconds_per_hundredth = 10000;
+inline constexpr double hundredths_per_second = 100.0;
+inline constexpr double microseconds_per_second = 1000000.0;
+
+// Local time; all zero when the system cannot break it down.
+inline Calendar local_calendar(std::time_t moment) {
+    std::tm fields{};
+    if (!localtime_r(&moment, &fields)) return {};
+    return {fields.tm_year + first_year_of_tm, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min,
+        fields.tm_sec};
+}
+
+inline int hundredths_of(const timeval& now) {
+    return static_cast<int>(now.tv_usec / microseconds_per_hundredth);
+}
+
+inline double in_hundredths(const timeval& now) {
+    return static_cast<double>(now.tv_sec) * hundredths_per_second
+           + static_cast<double>(now.tv_usec / microseconds_per_hundredth);
+}
+
+inline double in_seconds(const timeval& now) {
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_usec) / microseconds_per_second;
+}
+
+} // namespace grx

@@ -1,0 +1,64 @@
+// INI_SYST.DAT without the settings behind it: how one line is read, and which values each key accepts.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace grx {
+
+// What a key asks of its value.
+enum class IniRule {
+    positive,           // greater than 0
+    drawing_count,      // one of ini_drawing_counts
+    rendering_count,    // at least ini_rendering_minimum
+    application_colour, // 0 or more; the first one that is not 0 stays
+};
+
+struct IniKey {
+    const char* name;
+    IniRule rule;
+};
+
+inline constexpr const char* ini_file_name = "INI_SYST.DAT";
+inline constexpr const char* ini_font_key = "FONT_CARACTERE";
+
+// In the order in which a line is tried: a key comes before every shorter key that it contains.
+inline constexpr std::array<IniKey, 12> ini_number_keys{{
+    {"LARG_CARACTERE", IniRule::positive},
+    {"HAUT_CARACTERE", IniRule::positive},
+    {"ESPA_CARACTERE", IniRule::positive},
+    {"LARG_SCROLLBAR", IniRule::positive},
+    {"BORD_NORMAL", IniRule::positive},
+    {"BORD_SANS_RESIZE", IniRule::positive},
+    {"BORD_SANS_TITRE", IniRule::positive},
+    {"BORD_SANS_DECOR", IniRule::positive},
+    {"TITRE", IniRule::positive},
+    {"MAX_COULEUR_TRACE", IniRule::drawing_count},
+    {"MAX_COULEUR_RENDU", IniRule::rendering_count},
+    {"COULEUR_APPLICATION", IniRule::application_colour},
+}};
+
+inline constexpr std::array<int, 5> ini_drawing_counts{8, 16, 32, 64, 128};
+inline constexpr int ini_rendering_minimum = 17;
+
+// The part of a line before its first '#'.
+std::string_view ini_without_comment(std::string_view line);
+
+// What follows the first occurrence of key before the comment, blanks included; nothing when the line does not hold it.
+std::optional<std::string_view> ini_value(std::string_view line, std::string_view key);
+
+bool ini_accepts(IniRule rule, int value);
+
+// An icon size as written: size class, then width x height.
+struct IconSize {
+    int size_class = 0; // 1, 2, 3 for S, M, L; 0 when none is written
+    bool has_size = false;
+    int width = 0;
+    int height = 0;
+};
+
+IconSize ini_icon_size(std::string_view value);
+
+} // namespace grx

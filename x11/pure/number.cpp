@@ -1,0 +1,33 @@
+#include "pure/number.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace grx {
+
+namespace {
+
+// Past this many characters a number has long left 32 bits.
+constexpr std::size_t longest_number = 255;
+
+bool is_digit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+} // namespace
+
+int number_of(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\n\v\f\r");
+    if (first == std::string_view::npos) return 0;
+    std::array<char, longest_number + 1> copy{};
+    text.substr(first, longest_number).copy(copy.data(), longest_number);
+    return std::atoi(copy.data());
+}
+
+std::size_t trailing_digits(std::string_view text) {
+    const auto other = std::find_if_not(text.rbegin(), text.rend(), is_digit);
+    return static_cast<std::size_t>(other - text.rbegin());
+}
+
+} // namespace grx

@@ -1,0 +1,31 @@
+// Small safe handling of C strings and file names.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+namespace grx {
+
+// A null string reads as the empty one.
+inline std::string_view view(const char* text) {
+    return text ? std::string_view(text) : std::string_view();
+}
+
+// Copies what fits in size bytes, terminator included, and ends it; true when nothing was cut. The two may overlap.
+inline bool copy_text(char* destination, std::size_t size, std::string_view source) {
+    if (!destination || size == 0) return false;
+    const auto length = std::min(source.size(), size - 1);
+    if (length > 0) std::memmove(destination, source.data(), length);
+    destination[length] = '\0';
+    return length == source.size();
+}
+
+// True when the text after the last '.' of name is exactly extension. A name without '.' has none.
+inline bool has_extension(std::string_view name, std::string_view extension) {
+    const auto dot = name.rfind('.');
+    return dot != std::string_view::npos && name.substr(dot + 1) == extension;
+}
+
+} // namespace grx
