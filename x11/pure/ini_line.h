@@ -21,8 +21,8 @@ struct IniKey {
     IniRule rule;
 };
 
-inline constexpr const char* ini_file_name = "INI_SYST.DAT";
-inline constexpr const char* ini_font_key = "FONT_CARACTERE";
+inline constexpr char ini_file_name[] = "INI_SYST.DAT";
+inline constexpr char ini_font_key[] = "FONT_CARACTERE";
 
 // In the order in which a line is tried: a key comes before every shorter key that it contains.
 inline constexpr std::array<IniKey, 12> ini_number_keys{{

@@ -1,0 +1,65 @@
+// The command behind grx-verif, apart from main so that it can be tested.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "pure/ini_line.h"
+#include "tools/verif/finding.h"
+#include "tools/verif/ini_check.h"
+
+namespace verif {
+
+enum Status { all_taken = 0, some_refused = 1, not_checked = 2 };
+
+struct FileKind {
+    std::string_view name;
+    Findings (*check)(std::istream&);
+};
+
+inline constexpr std::array<FileKind, 1> file_kinds{{{grx::ini_file_name, IniCheck::check}}};
+
+inline const FileKind* kind_of(const std::filesystem::path& path) {
+    const auto name = path.filename().string();
+    for (const auto& kind : file_kinds)
+        if (kind.name == name) return &kind;
+    return nullptr;
+}
+
+inline int check_file(const std::string& path, std::ostream& out, std::ostream& errors) {
+    const auto* const kind = kind_of(path);
+    if (!kind) {
+        errors << path << ": no file that grx-verif knows; it checks " << grx::ini_file_name << '\n';
+        return not_checked;
+    }
+    std::error_code ignored;
+    std::ifstream file(path, std::ios::binary);
+    if (!file || !std::filesystem::is_regular_file(path, ignored)) {
+        errors << path << ": cannot be read\n";
+        return not_checked;
+    }
+    const auto findings = kind->check(file);
+    for (const auto& finding : findings)
+        out << path << ':' << finding.line << ": " << name_of(finding.verdict) << ": " << finding.text << '\n';
+    return has_refusals(findings) ? some_refused : all_taken;
+}
+
+// The worst status of all files.
+inline int run(std::span<const std::string> paths, std::ostream& out, std::ostream& errors) {
+    if (paths.empty()) {
+        errors << "usage: grx-verif FILE...\n"
+                  "Says line by line what the library takes from INI_SYST.DAT, skips or refuses, and why.\n"
+                  "Result: 0 nothing refused, 1 something refused, 2 a file could not be checked.\n";
+        return not_checked;
+    }
+    int worst = all_taken;
+    for (const auto& path : paths) worst = std::max(worst, check_file(path, out, errors));
+    return worst;
+}
+
+} // namespace verif

@@ -1,0 +1,127 @@
+// INI_SYST.DAT line by line, with the same reading as grx_initialise_globales.
+#pragma once
+
+#include <algorithm>
+#include <istream>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "host_t.h"
+#include "pure/ini_line.h"
+#include "pure/number.h"
+#include "tools/verif/finding.h"
+
+namespace verif {
+
+class IniCheck {
+  public:
+    static Findings check(std::istream& file) {
+        IniCheck check;
+        for (std::string line; std::getline(file, line);) check.take(line);
+        return check.findings_;
+    }
+
+  private:
+    static constexpr std::size_t longest_line = HOST_LIGNE_MAX - 1;
+    static constexpr std::size_t longest_font = 39;
+
+    static std::string trimmed(std::string_view text) {
+        constexpr std::string_view blanks = " \t\r\n";
+        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+        return std::string(text.substr(0, text.find_last_not_of(blanks) + 1));
+    }
+
+    void say(Verdict verdict, std::string text) { findings_.push_back({line_, verdict, std::move(text)}); }
+
+    void take(std::string line) {
+        ++line_;
+        if (line.ends_with('\r')) line.pop_back();
+        line.resize(std::min(line.size(), line.find('\0')));
+        if (line.size() > longest_line) {
+            line.resize(longest_line);
+            say(Verdict::skipped, "what follows character " + std::to_string(longest_line));
+        }
+        if (take_font(line) || take_numbers(line)) return;
+        if (trimmed(line).empty()) return say(Verdict::skipped, "blank line");
+        say(Verdict::skipped, line.front() == '#' ? "comment" : "no known key");
+    }
+
+    bool take_font(const std::string& line) {
+        const auto value = grx::ini_value(line, grx::ini_font_key);
+        if (!value) return false;
+        const auto font = trimmed(*value);
+        auto text = std::string(grx::ini_font_key) + " \"" + font.substr(0, longest_font) + '"';
+        if (font.empty()) text += ", no font name";
+        if (font.size() > longest_font) text += ", cut at " + std::to_string(longest_font) + " characters";
+        say(Verdict::taken, text + replaced(grx::ini_font_key));
+        return true;
+    }
+
+    // A line goes on to the next key while its value is refused. False when it holds no key at all.
+    bool take_numbers(const std::string& line) {
+        const auto before = findings_.size();
+        const char* refused_value = nullptr; // a key inside a refused longer one has the same value: told once
+        for (const auto& key : grx::ini_number_keys) {
+            const auto value = grx::ini_value(line, key.name);
+            if (!value) continue;
+            const auto text = trimmed(*value);
+            const auto number = grx::number_of(text);
+            const auto reason = refusal(key, text, number);
+            if (!reason) {
+                say(Verdict::taken,
+                    std::string(key.name) + ' ' + std::to_string(number) + note(text, number) + replaced(key.name));
+                if (key.rule == grx::IniRule::application_colour && number != 0) colour_line_ = line_;
+                return true;
+            }
+            if (value->data() != refused_value) say(Verdict::refused, std::string(key.name) + ' ' + *reason);
+            refused_value = value->data();
+        }
+        return findings_.size() > before;
+    }
+
+    std::optional<std::string> refusal(const grx::IniKey& key, const std::string& text, int number) const {
+        if (text.empty()) return "has no value";
+        const auto shown = '"' + text + "\": ";
+        if (text.find_first_of("0123456789") > text.find_first_not_of("+-")) return shown + "not a number";
+        if (!grx::ini_accepts(key.rule, number)) return shown + demand(key.rule);
+        if (key.rule == grx::IniRule::application_colour && colour_line_ > 0)
+            return shown + "the first one, of line " + std::to_string(colour_line_) + ", stays";
+        return std::nullopt;
+    }
+
+    static std::string demand(grx::IniRule rule) {
+        switch (rule) {
+        case grx::IniRule::positive: return "must be greater than 0";
+        case grx::IniRule::drawing_count: return "must be one of" + drawing_counts();
+        case grx::IniRule::rendering_count: return "must be at least " + std::to_string(grx::ini_rendering_minimum);
+        case grx::IniRule::application_colour: return "must be 0 or more";
+        }
+        return "";
+    }
+
+    static std::string drawing_counts() {
+        std::string list;
+        for (const auto count : grx::ini_drawing_counts) list += (list.empty() ? " " : ", ") + std::to_string(count);
+        return list;
+    }
+
+    static std::string note(const std::string& text, int number) {
+        return text == std::to_string(number) ? "" : ", read from \"" + text + '"';
+    }
+
+    // Tells when an earlier line had set the same key.
+    std::string replaced(const std::string& key) {
+        const auto earlier = std::exchange(line_of_key_[key], line_);
+        return earlier == 0 ? "" : ", instead of line " + std::to_string(earlier);
+    }
+
+    int line_ = 0;
+    int colour_line_ = 0;
+    std::map<std::string, int> line_of_key_;
+    Findings findings_;
+};
+
+} // namespace verif

@@ -1,0 +1,31 @@
+// Error reporting: fixed texts on standard output, never more than that.
+#include "xt_err_f.h"
+
+#include <cstdio>
+
+#include "pure/error_texts.h"
+
+INT grx_erreur(INT code) {
+    std::printf("%s\n", grx::error_heading);
+    if (const char* const text = grx::error_text(code)) {
+        std::printf("%s\n", text);
+    } else {
+        std::printf(grx::error_unknown_format, code);
+    }
+    return 0;
+}
+
+INT grx_affiche_chaine(char* ch) {
+    std::printf("%s", ch ? ch : "");
+    return 0;
+}
+
+INT grx_affiche_entier(INT ival) {
+    std::printf("%d", ival);
+    return 0;
+}
+
+INT grx_affiche_reel(DOUBLE rval) {
+    std::printf("%lf", rval);
+    return 0;
+}

@@ -1,0 +1,403 @@
+// The settings, and INI_SYST.DAT from which they come.
+#include "xt_ini_f.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host_f.h"
+#include "host_g.h"
+#include "pure/ini_line.h"
+#include "pure/number.h"
+#include "pure/text.h"
+
+namespace {
+
+// What the setters without argument write.
+constexpr INT colour_of_crosshair = 1;
+constexpr INT colour_of_second_crosshair = 6;
+constexpr INT colour_of_neutral = 4;
+constexpr INT colour_of_contrasting = 2;
+
+struct Settings {
+    std::array<char, GRX_FONTE_MAX> font{};
+    INT character_width = 0;
+    INT character_height = 0;
+    INT exact_character_height = 0;
+    INT extra_width = 0;
+    INT scrollbar_width = 0;
+    INT border = 0;
+    INT border_without_resize = 0;
+    INT border_without_title = 0;
+    INT border_without_decoration = 0;
+    INT title_height = 0;
+    INT drawing_colours = 32;
+    INT rendering_colours = 0;
+    INT reserved_colours = 8;
+    INT icon_colours = 16;
+    INT application_colour = 0;
+    INT background_colour = 0;
+    INT application_x = 0;
+    INT application_y = 0;
+    INT double_click = 200;
+    INT icon_margin = 5;
+    INT icon_width = 30;
+    INT icon_height = 30;
+    signed char icon_format = 0;
+    INT fixed_menu = 0;
+    // KEEP: neutral and contrasting start at 5, their setters write 4 and 2.
+    INT crosshair = colour_of_crosshair;
+    INT second_crosshair = colour_of_second_crosshair;
+    INT neutral = 5;
+    INT contrasting = 5;
+};
+
+constinit Settings settings;
+
+INT set(INT& setting, INT value) {
+    setting = value;
+    return 0;
+}
+
+using Line = std::array<char, HOST_LIGNE_MAX>;
+
+// The value of key in a line, trimmed, in out. Blanks of a line end are stripped here whatever the host's reader keeps.
+bool value_of(const char* line, const char* key, Line& out) {
+    const auto value = grx::ini_value(grx::view(line), grx::view(key));
+    if (!value) return false;
+    grx::copy_text(out.data(), out.size(), value->substr(0, value->find_last_not_of("\r\n") + 1));
+    str_trim(out.data(), out.data());
+    return true;
+}
+
+INT integer_of(const char* line, const char* key) {
+    Line value;
+    return value_of(line, key, value) ? grx::number_of(value.data()) : 0;
+}
+
+} // namespace
+
+// --- fonts and sizes ---------------------------------------------------------------------------------------------
+
+INT grx_recup_font(char* font) {
+    grx::copy_text(font, settings.font.size(), settings.font.data());
+    return 0;
+}
+
+INT grx_affecte_font(char* font) {
+    grx::copy_text(settings.font.data(), settings.font.size(), grx::view(font));
+    return 0;
+}
+
+INT grx_recup_lar_carac_alpha(void) {
+    return settings.character_width;
+}
+
+INT grx_affecte_lar_carac_alpha(INT val) {
+    return set(settings.character_width, val);
+}
+
+INT grx_recup_hau_carac_alpha(void) {
+    return settings.character_height;
+}
+
+INT grx_affecte_hau_carac_alpha(INT val) {
+    return set(settings.character_height, val);
+}
+
+INT grx_recup_hau_exact_carac_alpha(void) {
+    return settings.exact_character_height;
+}
+
+INT grx_affecte_hau_exact_carac_alpha(INT val) {
+    return set(settings.exact_character_height, val);
+}
+
+INT grx_recup_lar_sup_alpha(void) {
+    return settings.extra_width;
+}
+
+INT grx_affecte_lar_sup_alpha(INT val) {
+    return set(settings.extra_width, val);
+}
+
+INT grx_recup_largeur_scrollbar(void) {
+    return settings.scrollbar_width;
+}
+
+INT grx_affecte_largeur_scrollbar(INT val) {
+    return set(settings.scrollbar_width, val);
+}
+
+// --- window borders ----------------------------------------------------------------------------------------------
+
+INT grx_get_tabord(void) {
+    return settings.border;
+}
+
+INT grx_set_tabord(INT val) {
+    return set(settings.border, val);
+}
+
+INT grx_get_tabord_sans_resize(void) {
+    return settings.border_without_resize;
+}
+
+INT grx_set_tabord_sans_resize(INT val) {
+    return set(settings.border_without_resize, val);
+}
+
+INT grx_get_tabord_sans_titre(void) {
+    return settings.border_without_title;
+}
+
+INT grx_set_tabord_sans_titre(INT val) {
+    return set(settings.border_without_title, val);
+}
+
+INT grx_get_tabord_sans_decor(void) {
+    return settings.border_without_decoration;
+}
+
+INT grx_set_tabord_sans_decor(INT val) {
+    return set(settings.border_without_decoration, val);
+}
+
+INT grx_get_tatitre(void) {
+    return settings.title_height;
+}
+
+INT grx_set_tatitre(INT val) {
+    return set(settings.title_height, val);
+}
+
+// --- colours -----------------------------------------------------------------------------------------------------
+
+INT grx_recup_max_couleur_trace(void) {
+    return settings.drawing_colours;
+}
+
+INT grx_affecte_max_couleur_trace(INT val) {
+    return set(settings.drawing_colours, val);
+}
+
+INT grx_recup_max_couleur_rendu(void) {
+    return settings.rendering_colours;
+}
+
+INT grx_affecte_max_couleur_rendu(INT val) {
+    return set(settings.rendering_colours, val);
+}
+
+INT grx_recup_max_couleur_reserve(void) {
+    return settings.reserved_colours;
+}
+
+INT grx_recup_max_couleur_icone(void) {
+    return settings.icon_colours;
+}
+
+INT grx_recup_couleur_application(void) {
+    return settings.application_colour;
+}
+
+INT grx_affecte_couleur_application(INT couleur) {
+    return set(settings.application_colour, couleur);
+}
+
+INT grx_recup_couleur_fond(void) {
+    return settings.background_colour;
+}
+
+INT grx_affecte_couleur_fond(INT couleur) {
+    return set(settings.background_colour, couleur);
+}
+
+INT affecte_couleur_mires(void) {
+    return set(settings.crosshair, colour_of_crosshair);
+}
+
+INT affecte_couleur_mire2(void) {
+    return set(settings.second_crosshair, colour_of_second_crosshair);
+}
+
+INT affecte_couleur_neutre(void) {
+    return set(settings.neutral, colour_of_neutral);
+}
+
+INT affecte_couleur_contrastee(void) {
+    return set(settings.contrasting, colour_of_contrasting);
+}
+
+INT recup_couleur_mire(void) {
+    return settings.crosshair;
+}
+
+INT recup_couleur_mire2(void) {
+    return settings.second_crosshair;
+}
+
+INT recup_couleur_neutre(void) {
+    return settings.neutral;
+}
+
+INT recup_couleur_contrastee(void) {
+    return settings.contrasting;
+}
+
+// --- application, icons, menu ------------------------------------------------------------------------------------
+
+INT grx_get_pos_appli_x(void) {
+    return settings.application_x;
+}
+
+INT grx_set_pos_appli_x(INT val) {
+    return set(settings.application_x, val);
+}
+
+INT grx_get_pos_appli_y(void) {
+    return settings.application_y;
+}
+
+INT grx_set_pos_appli_y(INT val) {
+    return set(settings.application_y, val);
+}
+
+INT grx_recup_cst_dc(void) {
+    return settings.double_click;
+}
+
+INT grx_affecte_cst_dc(INT val) {
+    return set(settings.double_click, val);
+}
+
+INT grx_recup_zone_sensible_icone(void) {
+    return settings.icon_margin;
+}
+
+INT grx_affecte_zone_sensible_icone(INT val) {
+    return set(settings.icon_margin, val);
+}
+
+INT grx_recup_taille_icone_x(void) {
+    return settings.icon_width;
+}
+
+INT grx_recup_taille_icone_y(void) {
+    return settings.icon_height;
+}
+
+INT grx_affecte_taille_icone(INT x, INT y) {
+    settings.icon_width = x;
+    settings.icon_height = y;
+    return 0;
+}
+
+INT grx_recup_format_icone(void) {
+    return settings.icon_format;
+}
+
+INT grx_affecte_format_icone(INT format) {
+    settings.icon_format = static_cast<signed char>(format);
+    return 0;
+}
+
+INT grx_get_menu_fixe(void) {
+    return settings.fixed_menu;
+}
+
+INT grx_set_menu_fixe(INT val) {
+    return set(settings.fixed_menu, val);
+}
+
+// --- the file ----------------------------------------------------------------------------------------------------
+
+INT traite_entier_chaine(char* ligne, char* clef) {
+    return integer_of(ligne, clef);
+}
+
+INT traite_chaine_chaine(char* ligne, char* clef, char* chaine) {
+    Line value;
+    if (!chaine || !value_of(ligne, clef, value)) return 0;
+    grx::copy_text(chaine, value.size(), value.data());
+    return 1;
+}
+
+// KEEP: class S, M, L is 1, 2, 3 here and 2, 3, 4 in grx_recup_repertoire_icones.
+INT traite_taille_icone(char* ligne, char* clef) {
+    Line value;
+    if (!value_of(ligne, clef, value)) return 0;
+    const auto size = grx::ini_icon_size(value.data());
+    if (size.size_class > 0) grx_affecte_format_icone(size.size_class);
+    if (size.has_size) grx_affecte_taille_icone(size.width, size.height);
+    return 1;
+}
+
+namespace {
+
+// Only the first colour that is not 0 stays.
+INT keep_first_application_colour(INT colour) {
+    return settings.application_colour == 0 ? grx_affecte_couleur_application(colour) : 0;
+}
+
+// In the order of grx::ini_number_keys.
+constexpr std::array<INT (*)(INT), grx::ini_number_keys.size()> number_setters{
+    grx_affecte_lar_carac_alpha,
+    grx_affecte_hau_carac_alpha,
+    grx_affecte_lar_sup_alpha,
+    grx_affecte_largeur_scrollbar,
+    grx_set_tabord,
+    grx_set_tabord_sans_resize,
+    grx_set_tabord_sans_titre,
+    grx_set_tabord_sans_decor,
+    grx_set_tatitre,
+    grx_affecte_max_couleur_trace,
+    grx_affecte_max_couleur_rendu,
+    keep_first_application_colour,
+};
+
+bool take_font(const char* line) {
+    Line font;
+    if (!value_of(line, grx::ini_font_key, font)) return false;
+    grx_affecte_font(font.data());
+    return true;
+}
+
+// A refused value counts as no match, so that the line goes on to the keys that follow.
+void take_line(const char* line) {
+    if (take_font(line)) return;
+    for (std::size_t i = 0; i < number_setters.size(); ++i) {
+        const auto& key = grx::ini_number_keys[i];
+        const auto value = integer_of(line, key.name);
+        if (!grx::ini_accepts(key.rule, value)) continue;
+        number_setters[i](value);
+        return;
+    }
+}
+
+} // namespace
+
+INT grx_initialise_globales(void) {
+    char here[] = "";
+    char name[sizeof(grx::ini_file_name)];
+    grx::copy_text(name, sizeof(name), grx::ini_file_name);
+    char* const directory = sstate[SST_REP_SYSTEME];
+    if (text_open(directory ? directory : here, name, HOST_MODE_LECTURE) != 0) return -1;
+    grx_initialise_globales_systeme();
+    Line line;
+    while (text_lec(line.data())) take_line(line.data());
+    text_close();
+    return 0;
+}
+
+INT grx_initialise_globales_systeme(void) {
+    return grx_affecte_format_icone(0);
+}
+
+// This platform leaves the keypad as the user has it.
+INT grx_configure_clavier_munerique(void) {
+    return 0;
+}
+
+INT grx_restitue_clavier_munerique(void) {
+    return 0;
+}

@@ -1,0 +1,21 @@
+// Memory: every heap block of the library passes here on its way to the host's allocator, with its exact size.
+#include "xt_loc_f.h"
+
+#include "host_f.h"
+
+char* grx_malloc(UNSIGNED_INT taille) {
+    return mallocC(taille);
+}
+
+INT grx_free(char* adr, UNSIGNED_INT taille) {
+    freeC(adr, taille);
+    return 0;
+}
+
+char* grx_realloc(char* oldadr, UNSIGNED_INT oldtaille, UNSIGNED_INT newtaille) {
+    return reallocC(oldadr, oldtaille, newtaille);
+}
+
+INT grx_memcpy(void* adr1, void* adr2, INT taille) {
+    return memcpyC(adr1, adr2, taille);
+}
