@@ -17,8 +17,8 @@
 #endif
 
 /* Modes of ftext_open and text_open. */
-#define HOST_MODE_ECRITURE  1 /* create or empty the file and write it */
-#define HOST_MODE_LECTURE   2 /* read */
+#define HOST_MODE_ECRITURE 1  /* create or empty the file and write it */
+#define HOST_MODE_LECTURE 2   /* read */
 #define HOST_MODE_LECT_ECRI 3 /* read and write an existing file */
 
 #ifdef __cplusplus

@@ -10,13 +10,13 @@
 
 GRX_DEBUT_C
 
-extern GRX_API CH20*  chnListPortSerie;     /* serial ports */
+extern GRX_API CH20* chnListPortSerie;      /* serial ports */
 extern GRX_API char** chnListBaud;          /* baud rates */
 extern GRX_API char** chnListDataBits;      /* data bits */
 extern GRX_API char** chnListStopBits;      /* stop bits */
 extern GRX_API char** chnListPortParallele; /* parallel ports */
 extern GRX_API char** chnListQueueReseau;   /* network queues */
-extern GRX_API int    nbQueue;              /* number of network queues, 0 */
+extern GRX_API int nbQueue;                 /* number of network queues, 0 */
 
 GRX_FIN_C
 
