@@ -1,7 +1,7 @@
 # What `cmake --install` puts where: libraries, headers, pkg-config files, the CMake package.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS grx grxhost grx_static grxhost_static EXPORT grx-targets
+install(TARGETS grx_toolkit grx grxhost grx_static grxhost_static EXPORT grx-targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/inc/" "${PROJECT_SOURCE_DIR}/host/"

@@ -1,0 +1,56 @@
+// The main program of every test executable: guards that hold for each single test.
+#include "tests/support/heap.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+// What the sanitizers do unless the environment says otherwise.
+extern "C" {
+const char* __asan_default_options();
+const char* __ubsan_default_options();
+const char* __asan_default_options() { return "detect_stack_use_after_return=1:strict_string_checks=1"; }
+const char* __ubsan_default_options() { return "print_stacktrace=1:halt_on_error=1"; }
+}
+
+namespace {
+
+// Tests that may be skipped, as "Suite.name"; any other skip is a failure.
+constexpr std::array<std::string_view, 0> permitted_skips{};
+
+bool permitted(const std::string& name) {
+    return std::find(permitted_skips.begin(), permitted_skips.end(), name) != permitted_skips.end();
+}
+
+class Guards : public testing::EmptyTestEventListener {
+  public:
+    bool skipped_wrongly() const { return skipped_wrongly_; }
+
+  private:
+    void OnTestEnd(const testing::TestInfo& test) override {
+        EXPECT_EQ(grxtest::heap().damage(), "");
+        const std::string name = std::string(test.test_suite_name()) + "." + test.name();
+        if (!test.result()->Skipped() || permitted(name)) return;
+        std::printf("%s skipped itself and is not on the list of tests that may\n", name.c_str());
+        skipped_wrongly_ = true;
+    }
+
+    bool skipped_wrongly_ = false;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // The leak sanitizer ends the process before buffers are written.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    testing::InitGoogleTest(&argc, argv);
+    auto* guards = new Guards; // gtest owns it
+    testing::UnitTest::GetInstance()->listeners().Append(guards);
+    const int result = RUN_ALL_TESTS();
+    return guards->skipped_wrongly() ? 1 : result;
+}
