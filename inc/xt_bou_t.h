@@ -49,8 +49,6 @@
 #define GRX_BOU_PLACE_CENTRE 2
 #define GRX_BOU_PLACE_DROITE 3
 
-/* Results of grx_recup_type_bstate and grx_recup_type_istate are in xt_pan_t.h. */
-
 /* Meaning of the elements of tabi. */
 #define GRX_BOU_TABI_BAS 0 /* offset of the side attached by GRX_ATTACHE_BAS */
 #define GRX_BOU_TABI_HAUT 1

@@ -1,0 +1,138 @@
+#!/usr/bin/env python3
+"""Compares what the public headers promise with what the shared library exports and imports.
+
+exports.py --check LIB [--host HOSTLIB]   say what is wrong; status 1 when anything is
+exports.py --update LIB                   rewrite tests/abi/exports.txt and tests/abi/not_yet.txt
+
+exports.txt: every name marked GRX_API, sorted.  not_yet.txt: those that the library does not export
+yet; a name may leave that list but never enter it.  Imported names that no linked library brings
+must be the host's, declared in host/host_f.h and host/host_g.h.
+"""
+import argparse
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+EXPORTS = ROOT / "tests" / "abi" / "exports.txt"
+NOT_YET = ROOT / "tests" / "abi" / "not_yet.txt"
+
+
+def run(*command):
+    """Standard output of a command; the program ends when it fails."""
+    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    if done.returncode != 0:
+        sys.exit(f"{' '.join(map(str, command))}: {done.stderr.strip()}")
+    return done.stdout
+
+
+def declarations(path, marks):
+    """The declarations of a header that carry one of the marks, comments and directives removed."""
+    text = re.sub(r"/\*.*?\*/|//[^\n]*", " ", path.read_text(encoding="utf-8"), flags=re.S)
+    text = re.sub(r"^[ \t]*#(?:[^\n]*\\\n)*[^\n]*", "", text, flags=re.M)
+    return re.findall(rf"\b(?:{'|'.join(marks)})\b([^;]*);", text)
+
+
+def declared_name(declaration):
+    """The name that a declaration introduces: in front of the parameters, or of the dimensions."""
+    match = re.search(r"(\w+)\s*\(", declaration) or re.search(r"(\w+)\s*(?:\[[^]]*\]\s*)*$", declaration)
+    return match.group(1)
+
+
+def names_in(paths, *marks):
+    return sorted({declared_name(d) for path in sorted(paths) for d in declarations(path, marks)})
+
+
+def public_names():
+    return names_in((ROOT / "inc").glob("*.h"), "GRX_API")
+
+
+def host_names():
+    return names_in([ROOT / "host" / "host_f.h", ROOT / "host" / "host_g.h"], "HOST_SERVICE", "HOST_DONNEE")
+
+
+def defined_names(library):
+    """Dynamic symbols that a library defines, without its version's and the linker's own."""
+    lines = [line.split() for line in run("nm", "-D", "--defined-only", library).splitlines()]
+    linker = {"_init", "_fini", "_edata", "_end", "__bss_start"}
+    return sorted({fields[-1].split("@")[0] for fields in lines if fields[-2] != "A"} - linker)
+
+
+def unresolved_names(library):
+    """Symbols that neither the library nor those it is linked with define."""
+    done = subprocess.run(["ldd", "-r", library], capture_output=True, text=True, check=False)
+    return sorted(set(re.findall(r"undefined symbol: (\w+)", done.stdout + done.stderr)))
+
+
+def read_list(path):
+    return path.read_text(encoding="utf-8").split() if path.exists() else []
+
+
+def write_list(path, names):
+    path.write_text("".join(name + "\n" for name in names), encoding="utf-8")
+
+
+def earlier_list(path, now):
+    """The list as last committed, or the one before when nothing changed since; None without history."""
+    relative = path.relative_to(ROOT)
+    log = subprocess.run(["git", "-C", ROOT, "log", "--format=%H", "--", relative],
+                         capture_output=True, text=True, check=False)
+    for commit in log.stdout.split() if log.returncode == 0 else []:
+        shown = subprocess.run(["git", "-C", ROOT, "show", f"{commit}:{relative}"],
+                               capture_output=True, text=True, check=False)
+        if shown.returncode == 0 and shown.stdout.split() != now:
+            return shown.stdout.split()
+    return None
+
+
+def grown(path):
+    now = read_list(path)
+    before = earlier_list(path, now)
+    return [] if before is None else sorted(set(now) - set(before))
+
+
+def findings(library, host):
+    """Pairs of a complaint and the names that it is about."""
+    public, exported, later = set(public_names()), set(defined_names(library)), set(read_list(NOT_YET))
+    listed = set(read_list(EXPORTS))
+    yield "exported, but not declared in inc/", exported - public
+    yield "declared in inc/, but neither exported nor in not_yet.txt", public - exported - later
+    yield "in not_yet.txt, but exported: take it out", later & exported
+    yield "in not_yet.txt, but not declared in inc/", later - public
+    yield "new in not_yet.txt, which may only shrink", grown(NOT_YET)
+    yield "declared in inc/, but not in exports.txt", public - listed
+    yield "in exports.txt, but no longer declared in inc/", listed - public
+    strangers = set(unresolved_names(library)) - set(host_names()) - later
+    yield "imported, but neither the host's nor of a linked library", strangers
+    if host:
+        yield "service or global of the host that it does not define", set(host_names()) - set(defined_names(host))
+
+
+def check(library, host):
+    wrong = [(complaint, sorted(names)) for complaint, names in findings(library, host) if names]
+    for complaint, names in wrong:
+        print(f"{complaint}:", *(f"  {name}" for name in names), sep="\n")
+    print(f"{len(public_names())} public names, {len(read_list(NOT_YET))} not there yet, {len(wrong)} complaints")
+    return 1 if wrong else 0
+
+
+def update(library):
+    public = public_names()
+    write_list(EXPORTS, public)
+    write_list(NOT_YET, sorted(set(public) - set(defined_names(library))))
+    return 0
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    what = parser.add_mutually_exclusive_group(required=True)
+    what.add_argument("--check", metavar="LIB", type=Path)
+    what.add_argument("--update", metavar="LIB", type=Path)
+    parser.add_argument("--host", metavar="HOSTLIB", type=Path, help="default host to compare with host/")
+    options = parser.parse_args()
+    return check(options.check, options.host) if options.check else update(options.update)
+
+
+if __name__ == "__main__":
+    sys.exit(main())

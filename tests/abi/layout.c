@@ -1,0 +1,498 @@
+/* layout.c - size and field offsets of every public record on LP64, which no release may change.
+ * Compiled as C11: the assertions are the test, running it only says so. */
+#include <limits.h>
+#include <stddef.h>
+#include <stdio.h>
+
+#include <X11/Xlib.h>
+
+#include "host_f.h"
+#include "host_g.h"
+#include "xt_f.h"
+#include "xt_fme_t.h"
+#include "xt_mot_t.h"
+
+#define RECORD(type, size) _Static_assert(sizeof(type) == (size), "size of " #type)
+#define FIELD(type, field, offset) _Static_assert(offsetof(type, field) == (offset), "offset of " #type "." #field)
+#define SAME(a, b) _Static_assert(sizeof(a) == sizeof(b), #a " and " #b " differ")
+#define ELEMENTS(array, n) _Static_assert(sizeof(array) / sizeof((array)[0]) == (n), "elements of " #array)
+
+_Static_assert(CHAR_BIT == 8 && sizeof(long) == 8 && sizeof(void*) == 8, "this table is for LP64");
+
+RECORD(INT, 4);
+RECORD(INT2, 2);
+RECORD(LONG, 4);
+RECORD(DOUBLE, 8);
+RECORD(UNSIGNED_INT, 4);
+RECORD(UNSIGNED_INT2, 2);
+RECORD(UNSIGNED_INT4, 4);
+RECORD(uchar, 1);
+RECORD(CH20, 20);
+RECORD(CH40, 40);
+RECORD(CH80, 80);
+_Static_assert((INT)-1 < 0 && (INT2)-1 < 0 && (LONG)-1 < 0, "signed integers");
+_Static_assert((UNSIGNED_INT)-1 > 0 && (UNSIGNED_INT4)-1 > 0, "unsigned integers");
+
+RECORD(GRX_BOUTON, 320);
+FIELD(GRX_BOUTON, nobou, 0);
+FIELD(GRX_BOUTON, x, 4);
+FIELD(GRX_BOUTON, y, 8);
+FIELD(GRX_BOUTON, largeur, 12);
+FIELD(GRX_BOUTON, hauteur, 16);
+FIELD(GRX_BOUTON, type, 20);
+FIELD(GRX_BOUTON, attrib, 24);
+FIELD(GRX_BOUTON, coul_fond, 28);
+FIELD(GRX_BOUTON, coul_trace, 32);
+FIELD(GRX_BOUTON, fen_mere, 36);
+FIELD(GRX_BOUTON, tabi, 40);
+FIELD(GRX_BOUTON, no_fo, 60);
+FIELD(GRX_BOUTON, titre, 64);
+FIELD(GRX_BOUTON, icone, 144);
+FIELD(GRX_BOUTON, icone2, 224);
+FIELD(GRX_BOUTON, attache, 304);
+FIELD(GRX_BOUTON, ref_fen_mere, 312);
+
+RECORD(GRX_DIGIT, 36);
+FIELD(GRX_DIGIT, type_evenement, 0);
+FIELD(GRX_DIGIT, nofen, 4);
+FIELD(GRX_DIGIT, nobou, 8);
+FIELD(GRX_DIGIT, no_fo, 12);
+FIELD(GRX_DIGIT, x, 16);
+FIELD(GRX_DIGIT, y, 20);
+FIELD(GRX_DIGIT, bouton, 24);
+FIELD(GRX_DIGIT, carac, 28);
+FIELD(GRX_DIGIT, etat, 32);
+
+RECORD(GRX_AFFICHAGE, 24);
+FIELD(GRX_AFFICHAGE, type_evenement, 0);
+FIELD(GRX_AFFICHAGE, nofen, 4);
+FIELD(GRX_AFFICHAGE, x, 8);
+FIELD(GRX_AFFICHAGE, y, 12);
+FIELD(GRX_AFFICHAGE, largeur, 16);
+FIELD(GRX_AFFICHAGE, hauteur, 20);
+
+RECORD(GRX_REPONSE_QUESTION, 12);
+FIELD(GRX_REPONSE_QUESTION, type_evenement, 0);
+FIELD(GRX_REPONSE_QUESTION, nofen, 4);
+FIELD(GRX_REPONSE_QUESTION, reponse, 8);
+
+RECORD(GRX_EXEC_FONCTION, 276);
+FIELD(GRX_EXEC_FONCTION, type_evenement, 0);
+FIELD(GRX_EXEC_FONCTION, nofen, 4);
+FIELD(GRX_EXEC_FONCTION, nobou, 8);
+FIELD(GRX_EXEC_FONCTION, no_fo, 12);
+FIELD(GRX_EXEC_FONCTION, valeur, 16);
+FIELD(GRX_EXEC_FONCTION, chaine, 20);
+
+RECORD(GRX_DESTRUCTION, 8);
+FIELD(GRX_DESTRUCTION, type_evenement, 0);
+FIELD(GRX_DESTRUCTION, nofen, 4);
+
+RECORD(GRX_BOUTON_AFFICHE, 16);
+FIELD(GRX_BOUTON_AFFICHE, type_evenement, 0);
+FIELD(GRX_BOUTON_AFFICHE, nofen, 4);
+FIELD(GRX_BOUTON_AFFICHE, nobou, 8);
+FIELD(GRX_BOUTON_AFFICHE, no_fo, 12);
+
+RECORD(GRX_CACHE, 8);
+FIELD(GRX_CACHE, type_evenement, 0);
+FIELD(GRX_CACHE, nofen, 4);
+
+RECORD(GRX_SORTIE, 16);
+FIELD(GRX_SORTIE, type_evenement, 0);
+FIELD(GRX_SORTIE, nofen, 4);
+FIELD(GRX_SORTIE, nobou, 8);
+FIELD(GRX_SORTIE, no_fo, 12);
+
+RECORD(GRX_DEPLACEMENT, 24);
+FIELD(GRX_DEPLACEMENT, type_evenement, 0);
+FIELD(GRX_DEPLACEMENT, nofen, 4);
+FIELD(GRX_DEPLACEMENT, x, 8);
+FIELD(GRX_DEPLACEMENT, y, 12);
+FIELD(GRX_DEPLACEMENT, largeur, 16);
+FIELD(GRX_DEPLACEMENT, hauteur, 20);
+
+RECORD(GRX_CHGT_TAILLE, 24);
+FIELD(GRX_CHGT_TAILLE, type_evenement, 0);
+FIELD(GRX_CHGT_TAILLE, nofen, 4);
+FIELD(GRX_CHGT_TAILLE, x, 8);
+FIELD(GRX_CHGT_TAILLE, y, 12);
+FIELD(GRX_CHGT_TAILLE, largeur, 16);
+FIELD(GRX_CHGT_TAILLE, hauteur, 20);
+
+RECORD(GRX_ICONIFICATION, 8);
+FIELD(GRX_ICONIFICATION, type_evenement, 0);
+FIELD(GRX_ICONIFICATION, nofen, 4);
+
+RECORD(GRX_DESICONIFICATION, 8);
+FIELD(GRX_DESICONIFICATION, type_evenement, 0);
+FIELD(GRX_DESICONIFICATION, nofen, 4);
+
+RECORD(GRX_COMMANDE_ENTREE, 264);
+FIELD(GRX_COMMANDE_ENTREE, type_evenement, 0);
+FIELD(GRX_COMMANDE_ENTREE, nofen, 4);
+FIELD(GRX_COMMANDE_ENTREE, chaine, 8);
+
+RECORD(GRX_ELEMENT_CLIQUE, 276);
+FIELD(GRX_ELEMENT_CLIQUE, type_evenement, 0);
+FIELD(GRX_ELEMENT_CLIQUE, nofen, 4);
+FIELD(GRX_ELEMENT_CLIQUE, nobou, 8);
+FIELD(GRX_ELEMENT_CLIQUE, no_fo, 12);
+FIELD(GRX_ELEMENT_CLIQUE, double_click, 16);
+FIELD(GRX_ELEMENT_CLIQUE, chaine, 20);
+
+RECORD(GRX_ACTIVATION_SOURIS, 8);
+FIELD(GRX_ACTIVATION_SOURIS, type_evenement, 0);
+FIELD(GRX_ACTIVATION_SOURIS, nofen, 4);
+
+RECORD(GRX_EVENEMENT, 276);
+FIELD(GRX_EVENEMENT, type_evenement, 0);
+FIELD(GRX_EVENEMENT, souris_bouge, 0);
+FIELD(GRX_EVENEMENT, bouton_appui, 0);
+FIELD(GRX_EVENEMENT, bouton_relache, 0);
+FIELD(GRX_EVENEMENT, carac_appui, 0);
+FIELD(GRX_EVENEMENT, affichage, 0);
+FIELD(GRX_EVENEMENT, reponse_question, 0);
+FIELD(GRX_EVENEMENT, exec_fonction, 0);
+FIELD(GRX_EVENEMENT, destruction, 0);
+FIELD(GRX_EVENEMENT, bouton_affiche, 0);
+FIELD(GRX_EVENEMENT, cache, 0);
+FIELD(GRX_EVENEMENT, sortie, 0);
+FIELD(GRX_EVENEMENT, deplacement, 0);
+FIELD(GRX_EVENEMENT, chgt_taille, 0);
+FIELD(GRX_EVENEMENT, iconification, 0);
+FIELD(GRX_EVENEMENT, desiconification, 0);
+FIELD(GRX_EVENEMENT, commande_entree, 0);
+FIELD(GRX_EVENEMENT, element_clique, 0);
+FIELD(GRX_EVENEMENT, activation_souris, 0);
+
+RECORD(GRX_FENETRE, 312);
+FIELD(GRX_FENETRE, nofen, 0);
+FIELD(GRX_FENETRE, x, 4);
+FIELD(GRX_FENETRE, y, 8);
+FIELD(GRX_FENETRE, droite, 12);
+FIELD(GRX_FENETRE, haut, 16);
+FIELD(GRX_FENETRE, type, 20);
+FIELD(GRX_FENETRE, attrib, 24);
+FIELD(GRX_FENETRE, titre, 28);
+FIELD(GRX_FENETRE, message, 108);
+FIELD(GRX_FENETRE, icone, 188);
+FIELD(GRX_FENETRE, coul_fond, 268);
+FIELD(GRX_FENETRE, coul_trace, 272);
+FIELD(GRX_FENETRE, curseur, 276);
+FIELD(GRX_FENETRE, fen_mere, 280);
+FIELD(GRX_FENETRE, lar_util, 284);
+FIELD(GRX_FENETRE, hau_util, 288);
+FIELD(GRX_FENETRE, attache, 292);
+FIELD(GRX_FENETRE, tabi, 296);
+
+RECORD(LI_MENU, 132);
+FIELD(LI_MENU, nom_fonction, 0);
+FIELD(LI_MENU, accelerateur, 80);
+FIELD(LI_MENU, mneumonic, 120);
+FIELD(LI_MENU, no_fo, 124);
+FIELD(LI_MENU, itype, 128);
+
+RECORD(GRX_ZONE_INFO, 6080);
+FIELD(GRX_ZONE_INFO, Bou_fleche_haut, 0);
+FIELD(GRX_ZONE_INFO, Bou_fonction, 320);
+FIELD(GRX_ZONE_INFO, Bou_mess, 640);
+FIELD(GRX_ZONE_INFO, Bou_saisie, 960);
+FIELD(GRX_ZONE_INFO, Bou_aff_x, 1280);
+FIELD(GRX_ZONE_INFO, Bou_aff_y, 1600);
+FIELD(GRX_ZONE_INFO, Bou_fleche_bas, 1920);
+FIELD(GRX_ZONE_INFO, Bou_plan, 2240);
+FIELD(GRX_ZONE_INFO, Bou_saisie_plan, 2560);
+FIELD(GRX_ZONE_INFO, Bou_fen, 2880);
+FIELD(GRX_ZONE_INFO, Bou_saisie_fen, 3200);
+FIELD(GRX_ZONE_INFO, Bou_couche, 3520);
+FIELD(GRX_ZONE_INFO, Bou_saisie_couche, 3840);
+FIELD(GRX_ZONE_INFO, Bou_alt, 4160);
+FIELD(GRX_ZONE_INFO, Bou_saisie_alt, 4480);
+FIELD(GRX_ZONE_INFO, Bou_force, 4800);
+FIELD(GRX_ZONE_INFO, Bou_saisie_force, 5120);
+FIELD(GRX_ZONE_INFO, Bou_grille, 5440);
+FIELD(GRX_ZONE_INFO, Bou_polaire, 5760);
+
+RECORD(GRX_ATTRIBUTS_TRACER, 24);
+FIELD(GRX_ATTRIBUTS_TRACER, coul_fond, 0);
+FIELD(GRX_ATTRIBUTS_TRACER, coul_trace, 4);
+FIELD(GRX_ATTRIBUTS_TRACER, mode, 8);
+FIELD(GRX_ATTRIBUTS_TRACER, intensite, 12);
+FIELD(GRX_ATTRIBUTS_TRACER, type_trait, 16);
+FIELD(GRX_ATTRIBUTS_TRACER, epaisseur, 20);
+
+RECORD(GRX_POINT, 48);
+FIELD(GRX_POINT, nofen, 0);
+FIELD(GRX_POINT, x, 4);
+FIELD(GRX_POINT, y, 8);
+FIELD(GRX_POINT, coul_trace, 12);
+FIELD(GRX_POINT, coul_fond, 16);
+FIELD(GRX_POINT, type_trait, 20);
+FIELD(GRX_POINT, attrib, 24);
+
+RECORD(GRX_SEGMENT, 56);
+FIELD(GRX_SEGMENT, nofen, 0);
+FIELD(GRX_SEGMENT, x1, 4);
+FIELD(GRX_SEGMENT, y1, 8);
+FIELD(GRX_SEGMENT, x2, 12);
+FIELD(GRX_SEGMENT, y2, 16);
+FIELD(GRX_SEGMENT, coul_trace, 20);
+FIELD(GRX_SEGMENT, coul_fond, 24);
+FIELD(GRX_SEGMENT, type_trait, 28);
+FIELD(GRX_SEGMENT, attrib, 32);
+
+RECORD(GRX_RECTANGLE, 56);
+FIELD(GRX_RECTANGLE, nofen, 0);
+FIELD(GRX_RECTANGLE, x1, 4);
+FIELD(GRX_RECTANGLE, y1, 8);
+FIELD(GRX_RECTANGLE, x2, 12);
+FIELD(GRX_RECTANGLE, y2, 16);
+FIELD(GRX_RECTANGLE, coul_trace, 20);
+FIELD(GRX_RECTANGLE, coul_fond, 24);
+FIELD(GRX_RECTANGLE, type_trait, 28);
+FIELD(GRX_RECTANGLE, attrib, 32);
+
+RECORD(GRX_ARC, 64);
+FIELD(GRX_ARC, nofen, 0);
+FIELD(GRX_ARC, x, 4);
+FIELD(GRX_ARC, y, 8);
+FIELD(GRX_ARC, lar, 12);
+FIELD(GRX_ARC, hau, 16);
+FIELD(GRX_ARC, angle_dep, 20);
+FIELD(GRX_ARC, angle_arr, 24);
+FIELD(GRX_ARC, coul_trace, 28);
+FIELD(GRX_ARC, coul_fond, 32);
+FIELD(GRX_ARC, type_trait, 36);
+FIELD(GRX_ARC, attrib, 40);
+
+RECORD(GRX_POINT_POLY, 4);
+FIELD(GRX_POINT_POLY, x, 0);
+FIELD(GRX_POINT_POLY, y, 2);
+
+RECORD(GRX_POLY, 56);
+FIELD(GRX_POLY, nofen, 0);
+FIELD(GRX_POLY, points, 8);
+FIELD(GRX_POLY, npoints, 16);
+FIELD(GRX_POLY, coul_trace, 20);
+FIELD(GRX_POLY, coul_fond, 24);
+FIELD(GRX_POLY, type_trait, 28);
+FIELD(GRX_POLY, attrib, 32);
+
+RECORD(GRX_TEXTE, 2480);
+FIELD(GRX_TEXTE, nofen, 0);
+FIELD(GRX_TEXTE, x, 4);
+FIELD(GRX_TEXTE, y, 8);
+FIELD(GRX_TEXTE, chaine, 12);
+FIELD(GRX_TEXTE, fontlabel, 267);
+FIELD(GRX_TEXTE, hauteurlabel, 352);
+FIELD(GRX_TEXTE, largeurlabel, 360);
+FIELD(GRX_TEXTE, cosinuslabel, 368);
+FIELD(GRX_TEXTE, sinuslabel, 376);
+FIELD(GRX_TEXTE, slantlabel, 384);
+FIELD(GRX_TEXTE, mirorlabel, 392);
+FIELD(GRX_TEXTE, filllabel, 396);
+FIELD(GRX_TEXTE, extentslabel, 400);
+FIELD(GRX_TEXTE, coul_trace, 2448);
+FIELD(GRX_TEXTE, coul_fond, 2452);
+FIELD(GRX_TEXTE, attrib, 2456);
+
+RECORD(DEF_POLYGONE, 16);
+FIELD(DEF_POLYGONE, pts, 0);
+FIELD(DEF_POLYGONE, nbpts, 8);
+
+RECORD(DEF_CONTOURS, 16);
+FIELD(DEF_CONTOURS, cnt, 0);
+FIELD(DEF_CONTOURS, nbcnt, 8);
+
+RECORD(XTBITMAPINFOHEADER, 16);
+FIELD(XTBITMAPINFOHEADER, bftype, 0);
+FIELD(XTBITMAPINFOHEADER, bfsize, 4);
+FIELD(XTBITMAPINFOHEADER, bfreserved1, 8);
+FIELD(XTBITMAPINFOHEADER, bfreserved2, 10);
+FIELD(XTBITMAPINFOHEADER, bfoffbits, 12);
+
+RECORD(XTBITMAPINFO, 40);
+FIELD(XTBITMAPINFO, bisize, 0);
+FIELD(XTBITMAPINFO, biwidth, 4);
+FIELD(XTBITMAPINFO, biheight, 8);
+FIELD(XTBITMAPINFO, biplanes, 12);
+FIELD(XTBITMAPINFO, bibitcount, 14);
+FIELD(XTBITMAPINFO, bicompression, 16);
+FIELD(XTBITMAPINFO, bisizeimage, 20);
+FIELD(XTBITMAPINFO, bixpelspermeter, 24);
+FIELD(XTBITMAPINFO, biypelspermeter, 28);
+FIELD(XTBITMAPINFO, biclrused, 32);
+FIELD(XTBITMAPINFO, biclrimportant, 36);
+
+RECORD(SICON, 112);
+FIELD(SICON, nom_icon, 0);
+FIELD(SICON, lar, 80);
+FIELD(SICON, hau, 84);
+FIELD(SICON, tab_pix, 88);
+FIELD(SICON, taille_buffer, 96);
+FIELD(SICON, suiv, 104);
+
+RECORD(STRUCTURE_FENETRE, 32);
+FIELD(STRUCTURE_FENETRE, nofen, 0);
+FIELD(STRUCTURE_FENETRE, image, 8);
+FIELD(STRUCTURE_FENETRE, type, 16);
+FIELD(STRUCTURE_FENETRE, affiche, 20);
+FIELD(STRUCTURE_FENETRE, backingstorable, 24);
+FIELD(STRUCTURE_FENETRE, attributs_fen_graph, 28);
+FIELD(STRUCTURE_FENETRE, fen_opengl, 29);
+
+RECORD(STRUCTURE_BOUTON, 32);
+FIELD(STRUCTURE_BOUTON, nobou, 0);
+FIELD(STRUCTURE_BOUTON, nofen, 4);
+FIELD(STRUCTURE_BOUTON, no_fo, 8);
+FIELD(STRUCTURE_BOUTON, valeur, 12);
+FIELD(STRUCTURE_BOUTON, image, 16);
+FIELD(STRUCTURE_BOUTON, type, 24);
+
+RECORD(GRX_SAUVE_ZONE, 16);
+FIELD(GRX_SAUVE_ZONE, image, 0);
+FIELD(GRX_SAUVE_ZONE, lar, 8);
+FIELD(GRX_SAUVE_ZONE, hau, 12);
+
+RECORD(GRX_MSG, 680);
+FIELD(GRX_MSG, clef, 0);
+FIELD(GRX_MSG, x, 4);
+FIELD(GRX_MSG, y, 8);
+FIELD(GRX_MSG, type, 12);
+FIELD(GRX_MSG, ival, 16);
+FIELD(GRX_MSG, rval, 24);
+FIELD(GRX_MSG, cval, 32);
+FIELD(GRX_MSG, titre, 112);
+FIELD(GRX_MSG, choix, 616);
+FIELD(GRX_MSG, rep, 624);
+FIELD(GRX_MSG, largeur, 632);
+FIELD(GRX_MSG, hauteur, 636);
+FIELD(GRX_MSG, attribut, 640);
+FIELD(GRX_MSG, couleur, 644);
+FIELD(GRX_MSG, nb_cara, 648);
+FIELD(GRX_MSG, nb_deci, 652);
+FIELD(GRX_MSG, prec, 656);
+FIELD(GRX_MSG, suiv, 658);
+FIELD(GRX_MSG, fen_mere, 660);
+FIELD(GRX_MSG, ref_fen_mere, 664);
+FIELD(GRX_MSG, nobou, 672);
+FIELD(GRX_MSG, prebou, 676);
+
+RECORD(ITEM_PANEL, 32);
+FIELD(ITEM_PANEL, type, 0);
+FIELD(ITEM_PANEL, actif, 1);
+FIELD(ITEM_PANEL, indice, 4);
+FIELD(ITEM_PANEL, x, 8);
+FIELD(ITEM_PANEL, y, 12);
+FIELD(ITEM_PANEL, tx_item, 16);
+FIELD(ITEM_PANEL, ty_item, 20);
+FIELD(ITEM_PANEL, message, 24);
+
+RECORD(PANEL, 96);
+FIELD(PANEL, nofen, 0);
+FIELD(PANEL, tx, 4);
+FIELD(PANEL, ty, 8);
+FIELD(PANEL, type, 12);
+FIELD(PANEL, titre, 13);
+FIELD(PANEL, confirme, 53);
+FIELD(PANEL, reference, 56);
+FIELD(PANEL, nb_items, 60);
+FIELD(PANEL, tab_items, 64);
+FIELD(PANEL, pere, 72);
+FIELD(PANEL, tab_fils, 80);
+FIELD(PANEL, nb_fils, 88);
+FIELD(PANEL, visible, 89);
+
+RECORD(BOUTONS_PANEL, 32);
+FIELD(BOUTONS_PANEL, nb_bout, 0);
+FIELD(BOUTONS_PANEL, valide, 8);
+FIELD(BOUTONS_PANEL, tab_bout, 16);
+FIELD(BOUTONS_PANEL, objet_defaut, 24);
+
+RECORD(LISTE_PANEL, 40);
+FIELD(LISTE_PANEL, isys, 0);
+FIELD(LISTE_PANEL, ietat, 4);
+FIELD(LISTE_PANEL, ind, 8);
+FIELD(LISTE_PANEL, ipan, 12);
+FIELD(LISTE_PANEL, nb_item, 16);
+FIELD(LISTE_PANEL, nb_choix, 20);
+FIELD(LISTE_PANEL, tab_choix, 24);
+FIELD(LISTE_PANEL, obj, 32);
+
+RECORD(STRING, 16);
+FIELD(STRING, str, 0);
+FIELD(STRING, lg, 8);
+FIELD(STRING, taille, 12);
+
+RECORD(SCATAL, 56);
+FIELD(SCATAL, adr_icon, 0);
+FIELD(SCATAL, titre, 16);
+FIELD(SCATAL, msg, 32);
+FIELD(SCATAL, flag_multi, 48);
+FIELD(SCATAL, flag_fic_present, 50);
+FIELD(SCATAL, type_operation, 52);
+
+RECORD(SFICHIER, 32);
+FIELD(SFICHIER, adrs, 0);
+FIELD(SFICHIER, fics, 16);
+FIELD(SFICHIER, nb_fics, 24);
+
+RECORD(SFILTRE, 24);
+FIELD(SFILTRE, filtres_msg, 0);
+FIELD(SFILTRE, filtres_ext, 8);
+FIELD(SFILTRE, nb_filtres, 16);
+
+RECORD(TBL_TABLEUR_AFF, 512);
+FIELD(TBL_TABLEUR_AFF, nofen, 0);
+FIELD(TBL_TABLEUR_AFF, nb_col, 4);
+FIELD(TBL_TABLEUR_AFF, nb_lig, 8);
+FIELD(TBL_TABLEUR_AFF, nb_fonc, 12);
+FIELD(TBL_TABLEUR_AFF, nb_choix, 16);
+FIELD(TBL_TABLEUR_AFF, nb_val_choix, 20);
+FIELD(TBL_TABLEUR_AFF, ichoix, 24);
+FIELD(TBL_TABLEUR_AFF, tbou_col, 32);
+FIELD(TBL_TABLEUR_AFF, tbou_lig, 40);
+FIELD(TBL_TABLEUR_AFF, tbou_fonc, 48);
+FIELD(TBL_TABLEUR_AFF, tbou_choix, 56);
+FIELD(TBL_TABLEUR_AFF, tbou_champ, 64);
+FIELD(TBL_TABLEUR_AFF, mchoix, 72);
+FIELD(TBL_TABLEUR_AFF, nobou_scroll, 472);
+FIELD(TBL_TABLEUR_AFF, ibdd_col, 480);
+FIELD(TBL_TABLEUR_AFF, ibdd_lig, 488);
+FIELD(TBL_TABLEUR_AFF, ibdd_fonc, 496);
+FIELD(TBL_TABLEUR_AFF, tproc, 504);
+
+/* Aliases, and records that go to X as they are. */
+SAME(GRX_SOURIS_BOUGE, GRX_DIGIT);
+SAME(GRX_BOUTON_APPUI, GRX_DIGIT);
+SAME(GRX_BOUTON_RELACHE, GRX_DIGIT);
+SAME(GRX_CARAC_APPUI, GRX_DIGIT);
+SAME(GRX_EVENEMENT, GRX_EXEC_FONCTION);
+SAME(ENRICON, SICON);
+SAME(STRUCT_CATAL, SCATAL);
+SAME(STRUCT_FICHIER, SFICHIER);
+SAME(STRUCT_SFILTRE, SFILTRE);
+SAME(GRX_POINT_POLY, XPoint);
+FIELD(XPoint, y, offsetof(GRX_POINT_POLY, y));
+
+/* Exported and imported arrays. */
+ELEMENTS(adr_icones, 255);
+ELEMENTS(memo_filename, 255);
+ELEMENTS(palette_icone, 256);
+ELEMENTS(palette_reserve, 8);
+ELEMENTS(palette_trace, 256);
+ELEMENTS(trace_pix, 256);
+ELEMENTS(rvb_glob, 3);
+ELEMENTS(hls_glob, 3);
+ELEMENTS(memo_rvb, 3);
+ELEMENTS(caracs_entree, 8);
+ELEMENTS(istate, 1000);
+ELEMENTS(Taffiche, 10);
+
+/* Defaults made of bits. */
+_Static_assert(GRX_BOU_ATT_ACTIF == 17 && GRX_BOU_ATT_DEFAUT == 8209, "attributes of buttons");
+
+int main(void) {
+    return puts("layout of the public records: as published") < 0;
+}
