@@ -57,7 +57,7 @@
 #define GRX_DCLIC_DOUBLE 0        /* a double click */
 #define GRX_DCLIC_DEPLACE 1       /* the pointer moved away */
 #define GRX_DCLIC_DELAI 2         /* time out */
-#define GRX_DCLIC_TARD 3          /* right button, too late */
+#define GRX_DCLIC_TARD 3          /* the same button, too late */
 #define GRX_DCLIC_FONCTION_TARD 4 /* push button activated too late */
 #define GRX_DCLIC_AUTRE_BOUTON 5  /* another mouse button */
 
@@ -67,7 +67,7 @@ typedef struct GRX_DIGIT {
     INT nofen;
     INT nobou;
     INT no_fo;
-    INT x; /* pixels; windows count y from their bottom, buttons from their top */
+    INT x; /* pixels; y from the bottom in a window, from the top in a button and for keys */
     INT y;
     INT bouton; /* GRX_SOURIS_..., 0 = none */
     INT carac;  /* key code, see above */
