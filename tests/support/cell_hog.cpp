@@ -7,7 +7,9 @@
 namespace grxtest {
 namespace {
 
-Colormap default_colormap(Display* display) { return DefaultColormap(display, DefaultScreen(display)); }
+Colormap default_colormap(Display* display) {
+    return DefaultColormap(display, DefaultScreen(display));
+}
 
 } // namespace
 
@@ -25,7 +27,8 @@ bool CellHog::take_one() {
 }
 
 void CellHog::leave(int free_cells) {
-    while (take_one()) {}
+    while (take_one()) {
+    }
     if (free_cells > held()) throw std::runtime_error("only " + std::to_string(held()) + " colour cells are free");
     if (free_cells == 0) return;
     Display* display = connection_.get();

@@ -43,7 +43,9 @@ Child::Child(const std::vector<std::string>& command, const ChildOptions& option
     if (pid_ == 0) become(argv, options, parent);
 }
 
-Child::Child(Child&& other) noexcept { *this = std::move(other); }
+Child::Child(Child&& other) noexcept {
+    *this = std::move(other);
+}
 
 Child& Child::operator=(Child&& other) noexcept {
     std::swap(pid_, other.pid_);
@@ -61,7 +63,9 @@ bool Child::collect(int flags) {
     return true;
 }
 
-bool Child::running() { return !collect(WNOHANG); }
+bool Child::running() {
+    return !collect(WNOHANG);
+}
 
 int Child::wait_exit() {
     collect(0);

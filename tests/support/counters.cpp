@@ -56,9 +56,13 @@ int XSetDashes(Display* display, GC gc, int offset, const char* dashes, int coun
 
 namespace grxtest {
 
-const XTotals& x_totals() { return totals; }
+const XTotals& x_totals() {
+    return totals;
+}
 
-Cost::Cost(Display* display) : display_(display) { restart(); }
+Cost::Cost(Display* display) : display_(display) {
+    restart();
+}
 
 void Cost::restart() {
     XSync(display_, False);
@@ -66,9 +70,17 @@ void Cost::restart() {
     start_ = totals;
 }
 
-unsigned long Cost::requests() const { return NextRequest(display_) - first_request_; }
-unsigned long Cost::round_trips() const { return totals.round_trips - start_.round_trips; }
-unsigned long Cost::gc_changes() const { return totals.gc_changes - start_.gc_changes; }
-unsigned long Cost::dash_changes() const { return totals.dash_changes - start_.dash_changes; }
+unsigned long Cost::requests() const {
+    return NextRequest(display_) - first_request_;
+}
+unsigned long Cost::round_trips() const {
+    return totals.round_trips - start_.round_trips;
+}
+unsigned long Cost::gc_changes() const {
+    return totals.gc_changes - start_.gc_changes;
+}
+unsigned long Cost::dash_changes() const {
+    return totals.dash_changes - start_.dash_changes;
+}
 
 } // namespace grxtest

@@ -52,7 +52,9 @@ void XTest::SetUp() {
 void XTest::TearDown() {
     if (!server_) return;
     const int errors = x_error_count(x11_disp);
-    if (!x_errors_permitted_) { EXPECT_EQ(errors, 0) << "X protocol errors, the last: " << last_x_error(); }
+    if (!x_errors_permitted_) {
+        EXPECT_EQ(errors, 0) << "X protocol errors, the last: " << last_x_error();
+    }
 }
 
 void XTest::set_system_directory(const std::string& path) {
@@ -76,13 +78,14 @@ void DisplayTest::SetUp() {
 }
 
 bool DisplayTest::wait_for(const std::function<bool()>& condition, Milliseconds deadline) {
-    return wait_until(condition, [this] { events.step(); }, deadline);
+    return wait_until(
+        condition, [this] { events.step(); }, deadline);
 }
 
 bool DisplayTest::visible(Window window) {
     XWindowAttributes attributes{};
     return window != None && XGetWindowAttributes(test_display(), window, &attributes)
-        && attributes.map_state == IsViewable;
+           && attributes.map_state == IsViewable;
 }
 
 bool DisplayTest::wait_visible(Widget widget) {
@@ -92,8 +95,8 @@ bool DisplayTest::wait_visible(Widget widget) {
 Point DisplayTest::root_position(Widget widget) const {
     Point result;
     Window child = None;
-    XTranslateCoordinates(XtDisplay(widget), XtWindow(widget), DefaultRootWindow(XtDisplay(widget)), 0, 0, &result.x,
-        &result.y, &child);
+    XTranslateCoordinates(
+        XtDisplay(widget), XtWindow(widget), DefaultRootWindow(XtDisplay(widget)), 0, 0, &result.x, &result.y, &child);
     return result;
 }
 

@@ -111,7 +111,7 @@ class WmTest : public DisplayTest {
     void SetUp() override;
     virtual WindowManager::Kind manager_kind() const { return WindowManager::Kind::mwm; }
     WindowManager& manager() { return *manager_; }
-    Window frame(Widget shell);  // the manager's outermost window around the shell, None when there is none
+    Window frame(Widget shell); // the manager's outermost window around the shell, None when there is none
     Area frame_area(Widget shell);
 
   private:

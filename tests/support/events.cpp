@@ -8,7 +8,9 @@ namespace {
 
 constexpr Milliseconds idle_pause{5}; // at most, between two looks at a condition when the connection is silent
 
-bool pending() { return XtAppPending(contexte) != 0; }
+bool pending() {
+    return XtAppPending(contexte) != 0;
+}
 
 } // namespace
 
@@ -44,7 +46,8 @@ std::optional<GRX_EVENEMENT> Events::wait(const Match& match, Milliseconds deadl
         }
         return found.has_value();
     };
-    wait_until(look, [this] { step(); }, deadline);
+    wait_until(
+        look, [this] { step(); }, deadline);
     return found;
 }
 

@@ -39,15 +39,16 @@ Status match_other(Display* display, int screen, int depth, XVisualInfo* answer)
     wanted.depth = depth;
     wanted.c_class = TrueColor;
     int count = 0;
-    XVisualInfo* list =
-        XGetVisualInfo(display, VisualScreenMask | VisualDepthMask | VisualClassMask, &wanted, &count);
+    XVisualInfo* list = XGetVisualInfo(display, VisualScreenMask | VisualDepthMask | VisualClassMask, &wanted, &count);
     if (!list) return 0;
     *answer = list[count - 1];
     XFree(list);
     return 1;
 }
 
-bool faked(const Visual* visual) { return real_root_visual && visual == faked_visual(); }
+bool faked(const Visual* visual) {
+    return real_root_visual && visual == faked_visual();
+}
 
 } // namespace
 
@@ -77,8 +78,7 @@ Window XCreateWindow(Display* display, Window parent, int x, int y, unsigned int
     static const auto next = grxtest::next_function<decltype(XCreateWindow)>("XCreateWindow");
     if (faked(visual)) visual = CopyFromParent;
     if (real_root_visual && depth == 8) depth = CopyFromParent;
-    return next(
-        display, parent, x, y, width, height, border, depth, window_class, visual, mask, attributes);
+    return next(display, parent, x, y, width, height, border, depth, window_class, visual, mask, attributes);
 }
 
 Colormap XCreateColormap(Display* display, Window window, Visual* visual, int alloc) {
@@ -90,10 +90,18 @@ Colormap XCreateColormap(Display* display, Window window, Visual* visual, int al
 
 namespace grxtest {
 
-FakeVisual::FakeVisual(Kind kind) { in_force = kind; }
-FakeVisual::~FakeVisual() { in_force = Kind::none; }
+FakeVisual::FakeVisual(Kind kind) {
+    in_force = kind;
+}
+FakeVisual::~FakeVisual() {
+    in_force = Kind::none;
+}
 
-FakeVisual::Pause::Pause() : before_(in_force) { in_force = Kind::none; }
-FakeVisual::Pause::~Pause() { in_force = before_; }
+FakeVisual::Pause::Pause() : before_(in_force) {
+    in_force = Kind::none;
+}
+FakeVisual::Pause::~Pause() {
+    in_force = before_;
+}
 
 } // namespace grxtest

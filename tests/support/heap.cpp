@@ -46,8 +46,12 @@ State& state() {
     return *made;
 }
 
-std::uintptr_t key_of(const char* address) { return ~reinterpret_cast<std::uintptr_t>(address); }
-const char* address_of(std::uintptr_t key) { return reinterpret_cast<const char*>(~key); }
+std::uintptr_t key_of(const char* address) {
+    return ~reinterpret_cast<std::uintptr_t>(address);
+}
+const char* address_of(std::uintptr_t key) {
+    return reinterpret_cast<const char*>(~key);
+}
 
 bool guarded(const char* from, std::size_t count) {
     return std::all_of(from, from + count, [](char byte) { return static_cast<unsigned char>(byte) == guard_byte; });
@@ -146,11 +150,21 @@ Heap& heap() {
     return only;
 }
 
-std::size_t Heap::blocks() const { return state().blocks.size(); }
-std::size_t Heap::bytes() const { return state().bytes; }
-std::size_t Heap::allocations() const { return state().allocations; }
-bool Heap::failed() const { return state().failed; }
-void Heap::fill(int byte) { state().fill = byte; }
+std::size_t Heap::blocks() const {
+    return state().blocks.size();
+}
+std::size_t Heap::bytes() const {
+    return state().bytes;
+}
+std::size_t Heap::allocations() const {
+    return state().allocations;
+}
+bool Heap::failed() const {
+    return state().failed;
+}
+void Heap::fill(int byte) {
+    state().fill = byte;
+}
 
 void Heap::fail_at(std::size_t n) {
     state().fail_first = state().fail_last = state().allocations + n;
@@ -162,7 +176,9 @@ void Heap::fail_from(std::size_t n) {
     state().fail_last = std::numeric_limits<std::size_t>::max();
 }
 
-void Heap::fail_never() { state().fail_first = state().fail_last = 0; }
+void Heap::fail_never() {
+    state().fail_first = state().fail_last = 0;
+}
 
 std::string Heap::living_since(std::size_t allocations_before) const {
     std::vector<Block> living;
@@ -181,7 +197,9 @@ std::string Heap::damage() const {
 }
 
 NoLeak::NoLeak() : start_(heap().allocations()) {}
-NoLeak::~NoLeak() { EXPECT_EQ(heap().living_since(start_), "") << "left over"; }
+NoLeak::~NoLeak() {
+    EXPECT_EQ(heap().living_since(start_), "") << "left over";
+}
 
 int fail_each_allocation(const std::function<void()>& action, int limit) {
     for (int n = 1; n <= limit; ++n) {

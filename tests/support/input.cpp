@@ -27,8 +27,7 @@ struct Level {
     int index;
     unsigned modifiers;
 };
-constexpr std::array levels{
-    Level{0, 0}, Level{1, ShiftMask}, Level{4, Mod5Mask}, Level{5, ShiftMask | Mod5Mask}};
+constexpr std::array levels{Level{0, 0}, Level{1, ShiftMask}, Level{4, Mod5Mask}, Level{5, ShiftMask | Mod5Mask}};
 
 KeySym symbol_of(unsigned code_point) {
     if (code_point == '\n') return XK_Return;
@@ -44,7 +43,9 @@ InputConnection::InputConnection(const std::string& server_name)
     settle();
 }
 
-void InputConnection::settle() const { XSync(display(), False); }
+void InputConnection::settle() const {
+    XSync(display(), False);
+}
 
 void Pointer::move(int x, int y) {
     XTestFakeMotionEvent(input_.display(), -1, x, y, CurrentTime);
@@ -149,8 +150,12 @@ void Keyboard::hold(unsigned modifiers, bool down) {
         if (modifiers & modifier.mask) send(find(modifier.symbol).code, down);
 }
 
-void Keyboard::press(KeySym symbol) { send(find(symbol).code, true); }
-void Keyboard::release(KeySym symbol) { send(find(symbol).code, false); }
+void Keyboard::press(KeySym symbol) {
+    send(find(symbol).code, true);
+}
+void Keyboard::release(KeySym symbol) {
+    send(find(symbol).code, false);
+}
 
 void Keyboard::key(KeySym symbol, unsigned modifiers) {
     const Key found = find(symbol);

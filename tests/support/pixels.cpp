@@ -50,12 +50,14 @@ std::function<Rgb(std::uint32_t)> colours_of(Display* display) {
     if (visual->c_class != TrueColor)
         return [table = colormap_colours(display)](std::uint32_t pixel) { return table[pixel & 0xFF]; };
     return [visual](std::uint32_t pixel) {
-        return Rgb{channel(pixel, visual->red_mask), channel(pixel, visual->green_mask),
-            channel(pixel, visual->blue_mask)};
+        return Rgb{
+            channel(pixel, visual->red_mask), channel(pixel, visual->green_mask), channel(pixel, visual->blue_mask)};
     };
 }
 
-int ignore_error(Display*, XErrorEvent*) { return 0; }
+int ignore_error(Display*, XErrorEvent*) {
+    return 0;
+}
 
 // XGetImage on what cannot be read is an X error; here it is an answer.
 XImage* image_of(Display* display, Drawable drawable, const Area& area) {
@@ -126,11 +128,12 @@ Pixels grab(Display* display, Drawable drawable) {
     return grab(display, drawable, {0, 0, static_cast<int>(width), static_cast<int>(height)});
 }
 
-Pixels grab_root(Display* display) { return grab(display, DefaultRootWindow(display)); }
+Pixels grab_root(Display* display) {
+    return grab(display, DefaultRootWindow(display));
+}
 
 int differences(const Pixels& a, const Pixels& b) {
-    if (a.width != b.width || a.height != b.height)
-        return static_cast<int>(std::max(a.values.size(), b.values.size()));
+    if (a.width != b.width || a.height != b.height) return static_cast<int>(std::max(a.values.size(), b.values.size()));
     int result = 0;
     for (std::size_t i = 0; i < a.values.size(); ++i) result += a.values[i] != b.values[i];
     return result;
@@ -141,12 +144,12 @@ testing::AssertionResult same(const Pixels& a, const Pixels& b) {
     leave_shot(a, "a");
     leave_shot(b, "b");
     if (a.width != b.width || a.height != b.height)
-        return testing::AssertionFailure() << "sizes differ: " << a.width << "x" << a.height << " and " << b.width
-                                           << "x" << b.height;
+        return testing::AssertionFailure()
+               << "sizes differ: " << a.width << "x" << a.height << " and " << b.width << "x" << b.height;
     const auto first = std::mismatch(a.values.begin(), a.values.end(), b.values.begin()).first - a.values.begin();
     const int x = static_cast<int>(first) % a.width, y = static_cast<int>(first) / a.width;
-    return testing::AssertionFailure() << differences(a, b) << " pixels differ, first at " << x << "," << y
-                                       << std::hex << ": 0x" << a.at(x, y) << " and 0x" << b.at(x, y);
+    return testing::AssertionFailure() << differences(a, b) << " pixels differ, first at " << x << "," << y << std::hex
+                                       << ": 0x" << a.at(x, y) << " and 0x" << b.at(x, y);
 }
 
 void write_ppm(Display* display, const Pixels& pixels, const std::string& file) {

@@ -41,7 +41,9 @@ WindowManager::WindowManager(const XServer& server, Kind kind) {
     options.end_signal = mwm ? SIGKILL : SIGTERM; // mwm ignores the gentle ones
     child_ = Child({mwm ? "mwm" : "openbox"}, options);
     const auto started = [&] { return root_has(display, ready) || !child_.running(); };
-    if (!wait_until(started, [&] { wait_for_property_change(display); }, Milliseconds{20000}) || !child_.running())
+    if (!wait_until(
+            started, [&] { wait_for_property_change(display); }, Milliseconds{20000})
+        || !child_.running())
         throw std::runtime_error(mwm ? "mwm does not start" : "openbox does not start");
 }
 

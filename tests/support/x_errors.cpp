@@ -16,7 +16,7 @@ int counting_handler(Display* display, XErrorEvent* error) {
     XGetErrorText(display, error->error_code, text.data(), static_cast<int>(text.size()));
     ++count;
     last = std::string(text.data()) + ", request " + std::to_string(error->request_code) + "."
-        + std::to_string(error->minor_code);
+           + std::to_string(error->minor_code);
     const XErrorHandler handler = installed ? installed : of_xlib;
     return handler ? handler(display, error) : 0;
 }
@@ -44,7 +44,9 @@ int x_error_count(Display* display) {
     return count;
 }
 
-std::string last_x_error() { return last; }
+std::string last_x_error() {
+    return last;
+}
 
 void forget_x_errors() {
     count = 0;

@@ -38,8 +38,8 @@ std::string read_back(int descriptor) {
 }
 
 std::vector<std::string> command_line(const XServerOptions& options) {
-    const std::string screen = std::to_string(options.width) + "x" + std::to_string(options.height) + "x"
-        + std::to_string(options.planes);
+    const std::string screen =
+        std::to_string(options.width) + "x" + std::to_string(options.height) + "x" + std::to_string(options.planes);
     std::vector<std::string> words{"Xvfb", "-displayfd", std::to_string(display_descriptor), "-screen", "0", screen,
         "-noreset", "-nolisten", "tcp"};
     words.insert(words.end(), options.arguments.begin(), options.arguments.end());

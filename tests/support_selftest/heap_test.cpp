@@ -65,7 +65,9 @@ TEST(TestHeap, AnUnknownBlockIsAFailure) {
     EXPECT_NONFATAL_FAILURE(freeC(block, 8), "no live block");
 }
 
-TEST(TestHeap, NullIsFreedInSilence) { EXPECT_EQ(freeC(nullptr, 12), 0); }
+TEST(TestHeap, NullIsFreedInSilence) {
+    EXPECT_EQ(freeC(nullptr, 12), 0);
+}
 
 #if !defined(__SANITIZE_ADDRESS__)
 TEST(TestHeap, GuardBytesAreWatched) {

@@ -24,7 +24,9 @@ namespace {
 using namespace grxtest;
 using Connection = std::unique_ptr<Display, decltype(&XCloseDisplay)>;
 
-Connection connect(const XServer& server) { return {open_connection(server.name()), XCloseDisplay}; }
+Connection connect(const XServer& server) {
+    return {open_connection(server.name()), XCloseDisplay};
+}
 
 struct Planes {
     int planes;

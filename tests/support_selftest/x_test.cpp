@@ -217,8 +217,12 @@ TEST_F(PlainWindow, ContextChangesAreCounted) {
 }
 
 int handled = 0;
-int own_handler(Display*, XErrorEvent*) { return ++handled; }
-int other_handler(Display*, XErrorEvent*) { return 0; }
+int own_handler(Display*, XErrorEvent*) {
+    return ++handled;
+}
+int other_handler(Display*, XErrorEvent*) {
+    return 0;
+}
 
 TEST_F(PlainWindow, XErrorsAreCountedBesideTheHandler) {
     XSetErrorHandler(own_handler);
@@ -254,8 +258,8 @@ TEST_F(Visuals, Default8LooksLikePseudoColor) {
     EXPECT_TRUE(matched_);
     forget_x_errors();
     XSetErrorHandler(own_handler);
-    XCreateWindow(display, DefaultRootWindow(display), 0, 0, 9, 9, 0, 8, InputOutput, DefaultVisual(display, 0), 0,
-        nullptr);
+    XCreateWindow(
+        display, DefaultRootWindow(display), 0, 0, 9, 9, 0, 8, InputOutput, DefaultVisual(display, 0), 0, nullptr);
     EXPECT_EQ(x_error_count(display), 0) << last_x_error();
     XCloseDisplay(display);
     Display* own = open_connection(server_.name());
@@ -286,7 +290,9 @@ TEST_F(Visuals, OthersThanTheRootsAreMatched) {
 
 // --- Motif with real input ----------------------------------------------------------------------------------
 
-void count_activation(Widget, XtPointer closure, XtPointer) { ++*static_cast<int*>(closure); }
+void count_activation(Widget, XtPointer closure, XtPointer) {
+    ++*static_cast<int*>(closure);
+}
 
 TEST(Motif, ButtonAndFieldTakeRealInput) {
     const XServer server;
@@ -302,8 +308,8 @@ TEST(Motif, ButtonAndFieldTakeRealInput) {
     int argc = 1;
     Display* display = XtOpenDisplay(context, nullptr, nullptr, nullptr, nullptr, 0, &argc, argv);
     ASSERT_NE(display, nullptr);
-    Widget shell = XtVaAppCreateShell(nullptr, "Frame", applicationShellWidgetClass, display, XtNwidth, 300, XtNheight,
-        200, nullptr);
+    Widget shell = XtVaAppCreateShell(
+        nullptr, "Frame", applicationShellWidgetClass, display, XtNwidth, 300, XtNheight, 200, nullptr);
     Widget form = XmCreateForm(shell, name, nullptr, 0);
     Widget button = XmCreatePushButton(form, name, nullptr, 0);
     XtVaSetValues(button, XmNx, 10, XmNy, 10, nullptr);
@@ -317,8 +323,10 @@ TEST(Motif, ButtonAndFieldTakeRealInput) {
     XtRealizeWidget(shell);
 
     const auto step = [&] {
-        if (XtAppPending(context)) XtAppProcessEvent(context, XtIMAll);
-        else wait_readable(ConnectionNumber(display), Milliseconds{5});
+        if (XtAppPending(context))
+            XtAppProcessEvent(context, XtIMAll);
+        else
+            wait_readable(ConnectionNumber(display), Milliseconds{5});
     };
     const auto viewable = [&] {
         XWindowAttributes attributes{};

@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# with_x.sh [--planes 24|8|16] [--mwm] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
+set -euo pipefail
+
+planes=24
+manager=
+while [ $# -gt 0 ]; do
+    case $1 in
+        --planes) planes=$2; shift 2 ;;
+        --mwm) manager=mwm; shift ;;
+        *) break ;;
+    esac
+done
+[ $# -gt 0 ] || { sed -n 's/^# //p' "$0" | head -n 1 >&2; exit 2; }
+
+place=$(mktemp -d)
+server=
+wm=
+finish() {
+    [ -z "$wm" ] || kill -KILL "$wm" 2>/dev/null || true
+    [ -z "$server" ] || { kill "$server" 2>/dev/null && wait "$server" 2>/dev/null; } || true
+    rm -rf "$place"
+}
+trap finish EXIT
+trap 'exit 130' INT TERM
+
+mkfifo "$place/number"
+Xvfb -displayfd 3 -screen 0 "1280x1024x$planes" -noreset -nolisten tcp 3>"$place/number" 2>"$place/log" &
+server=$!
+read -r -t 30 number <"$place/number" || { cat "$place/log" >&2; exit 1; }
+export DISPLAY=":$number"
+
+if [ -n "$manager" ]; then
+    "$manager" >/dev/null 2>&1 &
+    wm=$!
+    for _ in $(seq 200); do
+        xprop -root _MOTIF_WM_INFO 2>/dev/null | grep -q = && break
+        sleep 0.05
+    done
+fi
+
+"$@"
