@@ -31,8 +31,8 @@ std::optional<Line> clip_segment(Vertex a, Vertex b) {
     const double dy = b.y - a.y;
     double t0 = 0.0;
     double t1 = 1.0;
-    const bool inside = narrow(-dx, a.x + kBox, t0, t1) && narrow(dx, kBox - a.x, t0, t1) &&
-                        narrow(-dy, a.y + kBox, t0, t1) && narrow(dy, kBox - a.y, t0, t1);
+    const bool inside = narrow(-dx, a.x + kBox, t0, t1) && narrow(dx, kBox - a.x, t0, t1)
+                        && narrow(-dy, a.y + kBox, t0, t1) && narrow(dy, kBox - a.y, t0, t1);
     if (!inside) return std::nullopt;
     return Line{rounded(a.x + t0 * dx), rounded(a.y + t0 * dy), rounded(a.x + t1 * dx), rounded(a.y + t1 * dy)};
 }

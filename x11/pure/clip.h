@@ -10,7 +10,7 @@
 
 namespace grx {
 
-inline constexpr int32_t kBox = 30000;  // half side of the box; leaves room for wide lines inside 16 bits
+inline constexpr int32_t kBox = 30000; // half side of the box; leaves room for wide lines inside 16 bits
 
 constexpr bool fits16(int32_t v) {
     return v >= INT16_MIN && v <= INT16_MAX;

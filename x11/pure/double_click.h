@@ -18,8 +18,8 @@ enum class ClickOutcome : int32_t {
 
 struct FirstClick {
     int32_t mode, x, y, button;
-    int32_t reach_x, reach_y;  // how far the pointer may move
-    uint64_t limit;            // microseconds
+    int32_t reach_x, reach_y; // how far the pointer may move
+    uint64_t limit;           // microseconds
 };
 
 enum class ClickInput { Motion, Press, Release, Activation, Other };
@@ -27,7 +27,7 @@ enum class ClickInput { Motion, Press, Release, Activation, Other };
 struct SecondClick {
     ClickInput input;
     int32_t x, y, button;
-    uint64_t elapsed;  // microseconds since the first click
+    uint64_t elapsed; // microseconds since the first click
 };
 
 constexpr bool beyond(int32_t a, int32_t b, int32_t reach) {
@@ -48,8 +48,8 @@ constexpr std::optional<ClickOutcome> judge_click(const FirstClick& first, const
     if (now.input == ClickInput::Activation) return in_time ? ClickOutcome::DoubleClick : ClickOutcome::ActivatedLate;
     if (now.input == ClickInput::Release && first.mode == 0)
         return in_time ? ClickOutcome::DoubleClick : ClickOutcome::TooLate;
-    if (now.input == ClickInput::Motion && first.mode == 0 &&
-        (beyond(now.x, first.x, first.reach_x) || beyond(now.y, first.y, first.reach_y)))
+    if (now.input == ClickInput::Motion && first.mode == 0
+        && (beyond(now.x, first.x, first.reach_x) || beyond(now.y, first.y, first.reach_y)))
         return ClickOutcome::MovedAway;
     return in_time ? std::nullopt : std::optional(ClickOutcome::TimeOut);
 }

@@ -4,12 +4,14 @@
 #include <array>
 #include <cstdlib>
 
+#include "host_t.h"
+
 namespace grx {
 
 namespace {
 
-// Past this many characters a number has long left 32 bits.
-constexpr std::size_t longest_number = 255;
+// As long as a line of a text file.
+constexpr std::size_t longest_number = HOST_LIGNE_MAX - 1;
 
 bool is_digit(char c) {
     return c >= '0' && c <= '9';

@@ -9,11 +9,25 @@
 namespace grx {
 
 inline constexpr int32_t kMaxComponent = 255;
-inline constexpr int32_t kShades = 16;  // shades of the drawing palette, and hues in each
+inline constexpr int32_t kShades = 16; // shades of the drawing palette, and hues in each
 
 inline constexpr std::array<std::array<int32_t, 3>, 16> degrade{{
-    {0, 0, 0}, {0, 0, 2}, {0, 2, 0}, {0, 2, 2}, {2, 0, 0}, {2, 0, 2}, {2, 2, 0}, {2, 2, 2},
-    {1, 1, 1}, {0, 0, 4}, {0, 4, 0}, {0, 4, 4}, {4, 0, 0}, {4, 0, 4}, {4, 4, 0}, {4, 4, 4},
+    {0, 0, 0},
+    {0, 0, 2},
+    {0, 2, 0},
+    {0, 2, 2},
+    {2, 0, 0},
+    {2, 0, 2},
+    {2, 2, 0},
+    {2, 2, 2},
+    {1, 1, 1},
+    {0, 0, 4},
+    {0, 4, 0},
+    {0, 4, 4},
+    {4, 0, 0},
+    {4, 0, 4},
+    {4, 4, 0},
+    {4, 4, 4},
 }};
 
 constexpr int32_t tint(int32_t hue, int32_t factor, std::size_t component) {
@@ -50,8 +64,8 @@ constexpr uint32_t component_at(int32_t component, int32_t shift) {
 }
 
 constexpr int32_t compose_pixel(const Shifts& s, const int32_t* rgb) {
-    return static_cast<int32_t>(component_at(rgb[0], s.red) + component_at(rgb[1], s.green) +
-                                component_at(rgb[2], s.blue));
+    return static_cast<int32_t>(
+        component_at(rgb[0], s.red) + component_at(rgb[1], s.green) + component_at(rgb[2], s.blue));
 }
 
 constexpr int32_t component_of(int32_t pixel, int32_t shift) {

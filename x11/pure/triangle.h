@@ -20,7 +20,7 @@ using EdgeTable = std::array<int, kTriangleRows>;
 void step_edge(EdgeTable& table, int height, GridPoint from, GridPoint to);
 
 struct TriangleSpans {
-    int first_row;  // first_row > last_row: nothing to draw
+    int first_row; // first_row > last_row: nothing to draw
     int last_row;
 };
 

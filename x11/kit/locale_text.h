@@ -1,0 +1,49 @@
+// Texts are bytes in the application's encoding. Where the locale is multibyte and the bytes are not valid in it,
+// they are Latin-1: the toolkit would cut them at the first bad byte, so they are turned into the locale's encoding.
+#pragma once
+
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+
+#include "kit/block.h"
+
+namespace grx {
+
+inline bool valid_in_locale(const char* text) {
+    return MB_CUR_MAX == 1 || std::mbstowcs(nullptr, text, 0) != static_cast<std::size_t>(-1);
+}
+
+class LocaleText {
+  public:
+    explicit LocaleText(const char* text) : text_(text ? text : "") {
+        if (!valid_in_locale(text_)) convert();
+    }
+    const char* c_str() const { return converted_ ? converted_.data() : text_; }
+    char* data() { return converted_ ? converted_.data() : const_cast<char*>(text_); }
+
+  private:
+    void convert() {
+        const std::size_t length = std::strlen(text_);
+        converted_ = Block<char>((length + 1) * MB_CUR_MAX);
+        if (!converted_) return;
+        std::mbstate_t state{};
+        char* out = converted_.data();
+        for (std::size_t i = 0; i < length; ++i) {
+            const auto byte = static_cast<unsigned char>(text_[i]);
+            const std::size_t written = std::wcrtomb(out, static_cast<wchar_t>(byte), &state);
+            if (written == static_cast<std::size_t>(-1)) {
+                *out++ = '?';
+                state = {};
+            } else {
+                out += written;
+            }
+        }
+        *out = '\0';
+    }
+
+    const char* text_;
+    Block<char> converted_;
+};
+
+} // namespace grx

@@ -1,0 +1,34 @@
+// Filling the one pending event record. A member is written field by field: what a type does not name keeps the
+// value that grx_init_evenement or an earlier event left.
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "xt_ent_t.h"
+
+namespace grx {
+
+template <class Member>
+Member& post(Member& member, INT type, INT nofen) {
+    member.type_evenement = type;
+    member.nofen = nofen;
+    return member;
+}
+
+/// Copies a text into a fixed field, cut to fit, always terminated.
+template <std::size_t N>
+void copy_text(char (&field)[N], std::string_view text) {
+    const auto length = std::min(text.size(), N - 1);
+    std::memcpy(field, text.data(), length);
+    field[length] = '\0';
+}
+
+/// The modifier bits of pointer events.
+constexpr INT modifier_bits(unsigned int state) {
+    constexpr unsigned int shift = 1, control = 4;
+    return ((state & shift) != 0 ? GRX_ETAT_SHIFT : 0) + ((state & control) != 0 ? GRX_ETAT_CONTROL : 0);
+}
+
+} // namespace grx

@@ -1,0 +1,43 @@
+// Compound strings that free themselves.
+#pragma once
+
+#include <Xm/Xm.h>
+
+namespace grx {
+
+/// Font-list tag of the one application font.
+inline constexpr const char* kFontTag = "tag1";
+
+class CompoundString {
+  public:
+    explicit CompoundString(const char* text) : CompoundString(text, kFontTag) {}
+    CompoundString(const char* text, const char* tag)
+        : string_(XmStringCreateLtoR(const_cast<char*>(text ? text : ""), const_cast<char*>(tag))) {}
+    CompoundString(const CompoundString&) = delete;
+    CompoundString& operator=(const CompoundString&) = delete;
+    ~CompoundString() { XmStringFree(string_); }
+
+    XmString get() const { return string_; }
+
+  private:
+    XmString string_;
+};
+
+/// The plain text of a compound string, whatever tag it was made with.
+class PlainText {
+  public:
+    explicit PlainText(XmString string)
+        : text_(string ? static_cast<char*>(
+                    XmStringUnparse(string, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL))
+                       : nullptr) {}
+    PlainText(const PlainText&) = delete;
+    PlainText& operator=(const PlainText&) = delete;
+    ~PlainText() { XtFree(text_); }
+
+    const char* c_str() const { return text_ ? text_ : ""; }
+
+  private:
+    char* text_;
+};
+
+} // namespace grx

@@ -1,0 +1,406 @@
+// The button base, and the creation of controls.
+#include "xt_prive.h"
+
+#include <X11/StringDefs.h>
+#include <Xm/DrawnB.h>
+#include <Xm/Label.h>
+#include <Xm/Text.h>
+#include <Xm/TextF.h>
+#include <Xm/Xm.h>
+
+#include <algorithm>
+#include <array>
+
+#include "kit/args.h"
+#include "kit/field_text.h"
+#include "kit/locale_text.h"
+#include "kit/post.h"
+#include "kit/screen.h"
+#include "kit/xmstring.h"
+#include "pure/axis.h"
+#include "xt_bou_f.h"
+#include "xt_err_f.h"
+#include "xt_fen_f.h"
+#include "xt_gfx_f.h"
+#include "xt_ini_f.h"
+#include "xt_loc_f.h"
+
+// ---------------------------------------------------------------------------------------------- the button base
+
+namespace {
+
+INT MAXOBJETBOUTON = 0;
+Widget* Tableau_objet_bouton = nullptr;
+STRUCTURE_BOUTON* structure_bouton = nullptr;
+INT No_bou_actif = GRX_AUCUN;
+
+constexpr INT kFreeWindow = 1; // KEEP: a free entry names window 1
+
+// The widget of a number died with its window: the number stays taken until somebody frees it.
+std::array<bool, GRX_NB_BOUTONS> widget_dead{};
+
+bool in_base(INT nobou) {
+    return nobou >= 0 && nobou < MAXOBJETBOUTON && Tableau_objet_bouton != nullptr && structure_bouton != nullptr;
+}
+
+std::size_t place(INT nobou) {
+    return static_cast<std::size_t>(nobou);
+}
+
+void make_free(STRUCTURE_BOUTON& record) {
+    record.nobou = GRX_AUCUN; // image and type keep what they held
+    record.nofen = kFreeWindow;
+    record.no_fo = GRX_AUCUN;
+    record.valeur = 0;
+}
+
+template <class T>
+UNSIGNED_INT table_bytes() {
+    return static_cast<UNSIGNED_INT>(sizeof(T) * GRX_NB_BOUTONS);
+}
+
+template <class T>
+bool allocate_table(T*& table) {
+    table = reinterpret_cast<T*>(grx_malloc(table_bytes<T>()));
+    if (table == nullptr) return false;
+    std::fill_n(table, GRX_NB_BOUTONS, T{});
+    return true;
+}
+
+template <class T>
+void free_table(T*& table) {
+    if (table != nullptr) grx_free(reinterpret_cast<char*>(table), table_bytes<T>());
+    table = nullptr;
+}
+
+} // namespace
+
+namespace grx {
+
+INT Premier_bouton = 1;
+
+} // namespace grx
+
+extern "C" {
+
+INT grx_alloue_base_boutons(void) {
+    if (structure_bouton != nullptr) grx_desalloue_base_boutons();
+    free_table(Tableau_objet_bouton);
+    MAXOBJETBOUTON = GRX_NB_BOUTONS;
+    if (!allocate_table(Tableau_objet_bouton) || !allocate_table(structure_bouton)) return GRX_ERR_BASE_BOUTONS;
+    std::for_each_n(structure_bouton, GRX_NB_BOUTONS, make_free);
+    widget_dead.fill(false);
+    grx_alloue_tab_image_boutons(MAXOBJETBOUTON);
+    return 0;
+}
+
+INT grx_desalloue_base_boutons(void) {
+    free_table(Tableau_objet_bouton);
+    free_table(structure_bouton);
+    grx_desalloue_tab_image_boutons(MAXOBJETBOUTON);
+    return 0;
+}
+
+INT grx_recup_indice_objet_bout_libre(void) {
+    for (INT nobou = 0; in_base(nobou); ++nobou) {
+        if (Tableau_objet_bouton[nobou] == nullptr) return nobou;
+    }
+    char message[] = "Depassement de taille de la base des boutons\n";
+    grx_affiche_chaine(message);
+    return GRX_AUCUN;
+}
+
+INT grx_affecte_objet_bout(INT iden, Widget w) {
+    if (!in_base(iden)) return 0;
+    Tableau_objet_bouton[iden] = w;
+    widget_dead[place(iden)] = false;
+    return 1;
+}
+
+Widget grx_recup_objet_bout(INT iden) {
+    if (!in_base(iden) || widget_dead[place(iden)]) return nullptr;
+    Widget w = Tableau_objet_bouton[iden];
+    return grx_is_objet_valide(w) != 0 ? w : nullptr;
+}
+
+INT grx_recup_indice_bout(Widget w) {
+    for (INT nobou = 0; w != nullptr && in_base(nobou); ++nobou) {
+        if (Tableau_objet_bouton[nobou] == w && !widget_dead[place(nobou)]) return nobou;
+    }
+    return GRX_AUCUN;
+}
+
+INT grx_libere_indice_objet_bout(INT indice) {
+    if (!in_base(indice)) return 0;
+    grx_desinstalle_bitmap(structure_bouton[indice].nobou);
+    Tableau_objet_bouton[indice] = nullptr;
+    widget_dead[place(indice)] = false;
+    make_free(structure_bouton[indice]);
+    return 1;
+}
+
+void grx_affecte_structure_bouton(INT indice, INT no_fo, INT valeur, INT fen_mere) {
+    if (!in_base(indice)) return;
+    STRUCTURE_BOUTON& record = structure_bouton[indice];
+    record.nobou = indice;
+    record.nofen = fen_mere;
+    record.no_fo = no_fo;
+    record.valeur = valeur;
+}
+
+void grx_recup_structure_bouton(INT indice, STRUCTURE_BOUTON** ptr) {
+    if (ptr != nullptr && in_base(indice)) *ptr = &structure_bouton[indice];
+}
+
+void grx_affecte_nobou_actif(INT nobou) {
+    No_bou_actif = nobou;
+}
+
+INT grx_recup_nobou_actif(void) {
+    return No_bou_actif;
+}
+}
+
+// ------------------------------------------------------------------------------------------ creation of controls
+
+namespace {
+
+constexpr INT kNoParent = -1;
+constexpr INT kNotMade = -2;
+constexpr INT kBaseFull = -3;
+
+INT Couleur_init_fond_bouton = 0;
+INT Couleur_init_trace_bouton = 0;
+
+struct Control {
+    const GRX_BOUTON& bou;
+    Widget parent;
+    INT nofen; // window recorded with the control, -1 for a parent given as a widget
+};
+
+bool in_window(const GRX_BOUTON& bou) {
+    return bou.ref_fen_mere == nullptr;
+}
+
+Control control_for(const GRX_BOUTON& bou) {
+    if (!in_window(bou)) return {bou, bou.ref_fen_mere, GRX_AUCUN};
+    return {bou, grx_recup_objet_fen(bou.fen_mere), bou.fen_mere};
+}
+
+// The toolkit's colours for a control, learned once from a throw-away one.
+void learn_default_colours(Widget parent) {
+    Widget probe = XmCreateDrawnButton(parent, const_cast<char*>("Premier_bouton"), nullptr, 0);
+    if (probe == nullptr) return;
+    const INT application = grx_recup_couleur_application();
+    if (application != 0) grx_affecte_couleur_application(application);
+    const auto pixel = grx::application_pixel();
+    Couleur_init_fond_bouton = static_cast<INT>(pixel ? *pixel : grx::resource<Pixel>(probe, XmNbackground));
+    Couleur_init_trace_bouton = static_cast<INT>(grx::resource<Pixel>(probe, XmNforeground));
+    grx_init_palette_icone(Couleur_init_fond_bouton);
+    XtDestroyWidget(probe);
+    grx::Premier_bouton = 0;
+}
+
+void set_position(grx::Args& args, const GRX_BOUTON& bou) {
+    if (bou.x != GRX_AUCUN) args.set(XmNx, grx::as_position(bou.x));
+    if (bou.y != GRX_AUCUN) args.set(XmNy, grx::as_position(bou.y));
+}
+
+void set_label(grx::Args& args, XmString label) {
+    args.set(XmNlabelString, label).set(XmNfillOnArm, 1).set(XmNfontList, fontlist).set(XmNrecomputeSize, False);
+}
+
+void set_colours(grx::Args& args, const GRX_BOUTON& bou) {
+    grx::set_foreground(args, bou.coul_trace);
+    if (bou.coul_fond == GRX_AUCUN || bou.type == GRX_BOU_COULEUR) {
+        if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+        return;
+    }
+    const auto pixel = static_cast<Pixel>(grx_recup_couleur(bou.coul_fond));
+    args.set(XmNarmColor, pixel).set(XmNbackground, pixel);
+}
+
+void set_size(grx::Args& args, const GRX_BOUTON& bou) {
+    if (bou.hauteur != GRX_AUCUN) args.set(XmNheight, grx::as_size(bou.hauteur));
+    if (bou.largeur != GRX_AUCUN) args.set(XmNwidth, grx::as_size(bou.largeur));
+}
+
+void set_attachments(grx::Args& args, const GRX_BOUTON& bou) {
+    struct Side {
+        INT bit;
+        const char* attachment;
+        const char* offset;
+        std::size_t tabi;
+    };
+    static const std::array<Side, 4> sides{{
+        {GRX_ATTACHE_BAS, XmNbottomAttachment, XmNbottomOffset, GRX_BOU_TABI_BAS},
+        {GRX_ATTACHE_HAUT, XmNtopAttachment, XmNtopOffset, GRX_BOU_TABI_HAUT},
+        {GRX_ATTACHE_DROITE, XmNrightAttachment, XmNrightOffset, GRX_BOU_TABI_DROITE},
+        {GRX_ATTACHE_GAUCHE, XmNleftAttachment, XmNleftOffset, GRX_BOU_TABI_GAUCHE},
+    }};
+    for (const auto& side : sides) {
+        if ((bou.attache & side.bit) == 0) continue;
+        args.set(side.attachment, XmATTACH_FORM).set(side.offset, bou.tabi[side.tabi]);
+    }
+}
+
+void set_general(grx::Args& args, const GRX_BOUTON& bou, XmString label) {
+    set_position(args, bou);
+    set_label(args, label);
+    grx::set_screen(args);
+    set_colours(args, bou);
+    set_size(args, bou);
+    set_attachments(args, bou);
+}
+
+void set_margins(grx::Args& args, int margin) {
+    args.set(XmNmarginWidth, margin).set(XmNmarginHeight, margin).set(XmNhighlightThickness, 0);
+}
+
+// -- one maker per type of control
+
+Widget make_label(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, 0);
+    args.set(XmNalignment, XmALIGNMENT_BEGINNING);
+    return XmCreateLabel(c.parent, name, args.list(), args.count());
+}
+
+// Zero columns is the toolkit's default, which it takes with a warning when it is asked for.
+void set_columns(grx::Args& args, const GRX_BOUTON& bou) {
+    const INT given = bou.tabi[GRX_BOU_TABI_COLONNES];
+    const INT columns = given >= 0 ? given : bou.largeur / std::max<INT>(grx_recup_lar_carac_alpha(), 1);
+    if (columns > 0) args.set(XmNcolumns, std::min<INT>(columns, INT16_MAX));
+}
+
+Widget make_text(const Control& c, grx::Args& args, char* name) {
+    constexpr int margin = 2;
+    const GRX_BOUTON& bou = c.bou;
+    const grx::FieldText title(bou.titre);
+    grx::LocaleText value(title.c_str());
+    set_margins(args, margin);
+    set_columns(args, bou);
+    args.set(XmNvalue, value.data());
+    if ((bou.attrib & GRX_BOU_ATT_TEXTE_LECTURE) != 0) args.set(XmNeditable, False);
+    if ((bou.attrib & GRX_BOU_ATT_TEXTE_MULTI) == 0)
+        return XmCreateTextField(c.parent, name, args.list(), args.count());
+    args.set(XmNscrollBarDisplayPolicy, XmAS_NEEDED).set(XmNscrollHorizontal, False);
+    args.set(XmNeditMode, XmMULTI_LINE_EDIT);
+    return XmCreateScrolledText(c.parent, name, args.list(), args.count());
+}
+
+struct ControlClass {
+    INT type;
+    Widget (*make)(const Control&, grx::Args&, char* name);
+};
+
+constexpr std::array<ControlClass, 2> kControlClasses{{
+    {GRX_BOU_LABEL, make_label},
+    {GRX_BOU_TEXTE, make_text},
+}};
+
+const ControlClass* class_of(INT type) {
+    const auto* const row = std::find_if(
+        kControlClasses.begin(), kControlClasses.end(), [type](const ControlClass& c) { return c.type == type; });
+    return row != kControlClasses.end() ? row : nullptr;
+}
+
+Widget make_widget(const Control& c, const ControlClass& control_class) {
+    grx::FieldText title(c.bou.titre);
+    const grx::CompoundString label(title.c_str());
+    grx::Args args;
+    set_general(args, c.bou, label.get());
+    if ((c.bou.attrib & GRX_BOU_ATT_VISIBLE) == 0) args.set(XmNmappedWhenManaged, False);
+    return control_class.make(c, args, title.data());
+}
+
+void note_death(Widget w, XtPointer client, XtPointer) {
+    const INT nobou = static_cast<INT>(reinterpret_cast<intptr_t>(client));
+    if (in_base(nobou) && Tableau_objet_bouton[nobou] == w) widget_dead[place(nobou)] = true;
+}
+
+INT register_control(const Control& c, Widget w) {
+    const INT nobou = grx_recup_indice_objet_bout_libre();
+    if (nobou < 0) return GRX_AUCUN;
+    grx_affecte_objet_bout(nobou, w);
+    grx_affecte_structure_bouton(nobou, c.bou.no_fo, c.bou.tabi[GRX_BOU_TABI_VALEUR], c.nofen);
+    structure_bouton[nobou].type = c.bou.type;
+    structure_bouton[nobou].image = None;
+    XtAddCallback(w, XmNdestroyCallback, note_death, reinterpret_cast<XtPointer>(static_cast<intptr_t>(nobou)));
+    return nobou;
+}
+
+// -- the character cell
+
+GRX_BOUTON cell_probe(Widget parent, INT type, const char* title, INT columns) {
+    constexpr INT step = 10;
+    GRX_BOUTON bou;
+    grx_init_bouton(&bou);
+    bou.ref_fen_mere = parent;
+    bou.type = type;
+    bou.attrib = GRX_BOU_ATT_VISIBLE;
+    bou.x = bou.y = columns > 1 ? step : 0;
+    bou.tabi[GRX_BOU_TABI_COLONNES] = columns;
+    bou.no_fo = columns - 1;
+    grx::copy_text(bou.titre, title);
+    return bou;
+}
+
+grx::Size measured(GRX_BOUTON bou) {
+    grx::Size size;
+    if (grx_cree_bouton(&bou) != 0) return size;
+    grx_recup_taille_bouton(bou.nobou, &size.width, &size.height);
+    grx_detruit_bouton(bou.nobou);
+    return size;
+}
+
+} // namespace
+
+extern "C" {
+
+void grx_init_bouton(GRX_BOUTON* bouton) {
+    if (bouton == nullptr) return;
+    *bouton = GRX_BOUTON{};
+    bouton->nobou = bouton->x = bouton->y = bouton->largeur = bouton->hauteur = GRX_AUCUN;
+    bouton->coul_fond = bouton->coul_trace = bouton->fen_mere = bouton->no_fo = GRX_AUCUN;
+    bouton->type = GRX_BOU_DESSINE;
+    bouton->attrib = GRX_BOU_ATT_DEFAUT;
+}
+
+INT grx_cree_bouton(GRX_BOUTON* bouton) {
+    if (bouton == nullptr) return kNoParent;
+    const Control control = control_for(*bouton);
+    if (control.parent == nullptr || !XtIsComposite(control.parent)) return kNoParent;
+    const ControlClass* const control_class = class_of(bouton->type);
+    if (control_class == nullptr) return kNotMade;
+    if (grx::Premier_bouton != 0) learn_default_colours(control.parent);
+    Widget w = make_widget(control, *control_class);
+    if (w == nullptr) return kNotMade;
+    const INT nobou = register_control(control, w);
+    if (nobou < 0) return kBaseFull;
+    bouton->nobou = nobou;
+    XtManageChild(w);
+    if ((bouton->attrib & GRX_BOU_ATT_SENSIBLE) == 0) XtSetSensitive(w, False);
+    return 0;
+}
+
+void affecte_carac_font(Widget pere) {
+    if (pere == nullptr || !XtIsComposite(pere)) return;
+    const grx::Size one = measured(cell_probe(pere, GRX_BOU_TEXTE, "test", 1));
+    const grx::Size two = measured(cell_probe(pere, GRX_BOU_TEXTE, "test", 2));
+    if (one.height == 0 || two.height == 0) return;
+    const INT character = two.width - one.width;
+    grx_affecte_hau_carac_alpha(one.height);
+    grx_affecte_lar_carac_alpha(character);
+    grx_affecte_lar_sup_alpha(two.width - 2 * character);
+    const grx::Size label = measured(cell_probe(pere, GRX_BOU_LABEL, "A", 0));
+    if (label.height > 0) grx_affecte_hau_exact_carac_alpha(label.height);
+}
+
+INT grx_recup_couleur_init_fond_bouton(void) {
+    return Couleur_init_fond_bouton;
+}
+
+INT grx_recup_couleur_init_trace_bouton(void) {
+    return Couleur_init_trace_bouton;
+}
+}

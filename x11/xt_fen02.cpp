@@ -1,0 +1,632 @@
+// What happens to windows becomes event records; what the application asks of a window by its number.
+#include "xt_prive.h"
+
+#include <X11/Shell.h>
+#include <X11/StringDefs.h>
+#include <Xm/Command.h>
+#include <Xm/ScrollBar.h>
+#include <Xm/Text.h>
+#include <Xm/Xm.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include "kit/args.h"
+#include "kit/drawables.h"
+#include "kit/locale_text.h"
+#include "kit/post.h"
+#include "kit/screen.h"
+#include "kit/xmstring.h"
+#include "pure/axis.h"
+#include "xt_ent_f.h"
+#include "xt_fen_f.h"
+#include "xt_gfx_f.h"
+#include "xt_ini_f.h"
+#include "xt_uti_f.h"
+
+namespace {
+
+constexpr std::size_t kTitleBuffer = 255; // the caller's, at least
+
+INT no_fen_principale = GRX_AUCUN;
+INT nofen_active = GRX_AUCUN;
+INT memo_bouton = 0; // mouse button held down, 0 = none
+
+Widget shell_of(INT nofen) {
+    return grx_recherche_shell(grx_recup_objet_fen(nofen));
+}
+
+struct Origin {
+    INT x = 0;
+    INT y = 0;
+};
+
+// ------------------------------------------------------------------------------------------------ window events
+
+INT height_of(Widget w) {
+    return grx::size_of(w).height;
+}
+
+INT height_of_work(const STRUCTURE_FENETRE& window) {
+    return height_of(grx_recup_objet_fen(window.nofen));
+}
+
+template <class Record>
+void fill_size(Record& record) {
+    grx_recup_taille_fenetre(record.nofen, &record.largeur, &record.hauteur);
+}
+
+// Exposure, move and resize records are laid out alike: position and size.
+template <class Record>
+void post_placed(Record& member, INT type, INT nofen) {
+    Record& record = grx::post(member, type, nofen);
+    grx_recup_position_fenetre(nofen, &record.x, &record.y);
+    fill_size(record);
+}
+
+void post_crossing(INT type, INT nofen) {
+    GRX_SORTIE& record = grx::post(evt_global.sortie, type, nofen);
+    record.nobou = record.no_fo = GRX_AUCUN;
+}
+
+GRX_DIGIT& post_pointer(INT type, INT nofen, INT x, INT y) {
+    GRX_DIGIT& record = grx::post(evt_global.souris_bouge, type, nofen);
+    record.nobou = record.no_fo = record.carac = GRX_AUCUN;
+    record.x = x;
+    record.y = y;
+    return record;
+}
+
+void on_expose(STRUCTURE_FENETRE& window) {
+    const INT nofen = window.nofen;
+    grx_supprime_tous_evenement_pour_fenetre(GRX_EVT_AFFICHAGE, nofen);
+    const bool first = window.affiche == 0;
+    window.affiche = 1;
+    const bool host_draws = first || window.type != GRX_FEN_GRAPHIQUE || grx_affiche_bitmap_backingstore(nofen) != 0;
+    if (host_draws) post_placed(evt_global.affichage, GRX_EVT_AFFICHAGE, nofen);
+}
+
+// A nested window has a size of its own; any other is as large as its shell.
+grx::Size current_size(INT nofen) {
+    if (grx::outer_widget(nofen) != nullptr) return grx::size_of(grx_recup_objet_fen(nofen));
+    return grx::size_of(shell_of(nofen));
+}
+
+void on_configure(STRUCTURE_FENETRE& window) {
+    const INT nofen = window.nofen;
+    const grx::Size size = current_size(nofen);
+    if (size == grx::known_size(nofen)) {
+        post_placed(evt_global.deplacement, GRX_EVT_DEPLACEMENT, nofen);
+        return;
+    }
+    grx::set_known_size(nofen, size);
+    grx_supprime_tous_evenement_pour_fenetre(GRX_EVT_AFFICHAGE, nofen);
+    if (window.type == GRX_FEN_GRAPHIQUE) grx_recree_bitmap_backingstore(nofen);
+    post_placed(evt_global.chgt_taille, GRX_EVT_CHGT_TAILLE, nofen);
+}
+
+void on_button(const STRUCTURE_FENETRE& window, const XButtonEvent& event, INT type) {
+    const INT y = grx::turn_over_y(height_of_work(window), event.y);
+    GRX_DIGIT& record = post_pointer(type, window.nofen, event.x, y);
+    record.bouton = static_cast<INT>(event.button);
+    record.etat = grx::modifier_bits(event.state);
+    memo_bouton = type == GRX_EVT_BOUTON_APPUI ? record.bouton : 0;
+}
+
+void on_motion(const STRUCTURE_FENETRE& window, const XMotionEvent& event) {
+    const INT y = grx::turn_over_y(height_of_work(window), event.y);
+    post_pointer(GRX_EVT_SOURIS_BOUGE, window.nofen, event.x, y).bouton = memo_bouton;
+}
+
+void on_key(const STRUCTURE_FENETRE& window, XEvent& event) {
+    INT key = 0;
+    if (grx_translate_touche(&event, &key) == 0) {
+        grx::evt_menu = event;
+        grx_envoie_dernier_evenement_a_fenetre_menu();
+        return;
+    }
+    // KEEP: keys count y from the top, the pointer from the bottom.
+    GRX_DIGIT& record = post_pointer(GRX_EVT_CARAC_APPUI, window.nofen, event.xkey.x, event.xkey.y);
+    record.bouton = 0;
+    record.carac = key;
+}
+
+void dispatch(STRUCTURE_FENETRE& window, XEvent& event) {
+    switch (event.type) {
+    case Expose: on_expose(window); break;
+    case ConfigureNotify: on_configure(window); break;
+    case UnmapNotify: grx::post(evt_global.iconification, GRX_EVT_ICONIFICATION, window.nofen); break;
+    case MapNotify: grx::post(evt_global.desiconification, GRX_EVT_DESICONIF, window.nofen); break;
+    case EnterNotify: post_crossing(GRX_EVT_ENTREE, window.nofen); break;
+    case LeaveNotify: post_crossing(GRX_EVT_SORTIE, window.nofen); break;
+    case ButtonPress: on_button(window, event.xbutton, GRX_EVT_BOUTON_APPUI); break;
+    case ButtonRelease: on_button(window, event.xbutton, GRX_EVT_BOUTON_RELACHE); break;
+    case MotionNotify: on_motion(window, event.xmotion); break;
+    case KeyPress: on_key(window, event); break;
+    default: break;
+    }
+}
+
+// A handler may run for a widget whose number is free again, or another window's.
+STRUCTURE_FENETRE* live_window(Widget w, XtPointer client) {
+    STRUCTURE_FENETRE* const window = grx::window_record_at(client);
+    if (window == nullptr) return nullptr;
+    Widget own = grx_recup_objet_fen(window->nofen);
+    return own != nullptr && (own == w || grx_recherche_shell(own) == w) ? window : nullptr;
+}
+
+} // namespace
+
+extern "C" {
+
+void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean*) {
+    STRUCTURE_FENETRE* const window = live_window(w, client);
+    if (window != nullptr && ev != nullptr) dispatch(*window, *ev);
+}
+
+void grx_scroll_change(Widget w, XtPointer client, XtPointer call) {
+    if (client == nullptr || call == nullptr) return;
+    const INT nofen = *static_cast<INT*>(client);
+    GRX_EXEC_FONCTION& record = grx::post(evt_global.exec_fonction, GRX_EVT_ECHELLE, nofen);
+    record.valeur = static_cast<XmScrollBarCallbackStruct*>(call)->value;
+    const auto orientation = grx::resource<unsigned char>(w, XmNorientation, XmVERTICAL);
+    record.nobou = orientation == XmHORIZONTAL ? GRX_SCROLL_HORIZONTAL : GRX_SCROLL_VERTICAL;
+}
+
+void grx_shell_est_detruit(Widget w, XtPointer client, XtPointer) {
+    if (client == nullptr) return;
+    const INT nofen = *static_cast<INT*>(client);
+    grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, nofen);
+    if (grx_recup_objet_fen(nofen) == w) grx_libere_indice_objet_fen(nofen); // else the number is another's by now
+}
+
+void grx_reponse_a_message(Widget, XtPointer client, XtPointer call) {
+    if (client == nullptr || call == nullptr) return;
+    GRX_REPONSE_QUESTION& record = grx::post(evt_global.reponse_question, GRX_EVT_REPONSE, *static_cast<INT*>(client));
+    const int reason = static_cast<XmAnyCallbackStruct*>(call)->reason;
+    if (reason == XmCR_OK) record.reponse = 1;
+    if (reason == XmCR_CANCEL) record.reponse = 2;
+}
+
+void grx_commande_entree(Widget, XtPointer client, XtPointer call) {
+    if (client == nullptr || call == nullptr) return;
+    const grx::PlainText text(static_cast<XmCommandCallbackStruct*>(call)->value);
+    GRX_COMMANDE_ENTREE& record = grx::post(evt_global.commande_entree, GRX_EVT_COMMANDE, *static_cast<INT*>(client));
+    grx::copy_text(record.chaine, text.c_str());
+}
+
+INT supprime_gestion_expose_pour_fenetre(INT nofen) {
+    Widget w = grx_recup_objet_fen(nofen);
+    if (w == nullptr) return 0;
+    XtRemoveEventHandler(w, ExposureMask, False, grx_gere_evenements_fenetre, grx::window_record(nofen));
+    return 0;
+}
+
+INT ajoute_gestion_expose_pour_fenetre(INT nofen) {
+    Widget w = grx_recup_objet_fen(nofen);
+    if (w == nullptr) return 0;
+    XtAddEventHandler(w, ExposureMask, False, grx_gere_evenements_fenetre, grx::window_record(nofen));
+    return 0;
+}
+}
+
+// --------------------------------------------------------------------------------------------- window operations
+
+namespace {
+
+void map_shell(Widget shell) {
+    if (XtIsTransientShell(shell)) {
+        XtPopup(shell, XtGrabNone);
+    } else if (const Window window = grx::window_of(shell)) {
+        XMapWindow(x11_disp, window);
+    }
+}
+
+void unmap_shell(Widget shell) {
+    if (XtIsTransientShell(shell)) {
+        XtPopdown(shell);
+    } else if (const Window window = grx::window_of(shell)) {
+        XUnmapWindow(x11_disp, window);
+    }
+}
+
+void request_geometry(Widget shell, XtGeometryMask what, Position x, Position y) {
+    XtWidgetGeometry wanted{};
+    wanted.request_mode = what | CWStackMode;
+    wanted.x = x;
+    wanted.y = y;
+    wanted.stack_mode = Above;
+    XtMakeGeometryRequest(shell, &wanted, nullptr); // a window manager's late answer reads as a refusal: no matter
+}
+
+// The toolkit's idea of a shell's place can be wrong, and it asks for no move to where it believes the shell to be.
+void move_for_certain(Widget shell, Position x, Position y) {
+    const bool believed_there = grx::resource<Position>(shell, XmNx) == x || grx::resource<Position>(shell, XmNy) == y;
+    request_geometry(shell, CWX | CWY, x, y);
+    if (believed_there && grx::window_of(shell) != None) XMoveWindow(x11_disp, XtWindow(shell), x, y);
+}
+
+bool usable_size(INT nofen, INT largeur, INT hauteur) {
+    return nofen >= 0 && largeur > 0 && hauteur > 0;
+}
+
+void set_widget_size(Widget w, INT largeur, INT hauteur) {
+    grx::Args args;
+    args.set(XmNwidth, grx::as_size(largeur)).set(XmNheight, grx::as_size(hauteur));
+    XtSetValues(w, args.list(), args.count());
+}
+
+void give(INT* place, INT value) {
+    if (place != nullptr) *place = value;
+}
+
+void give_size(Widget w, INT* largeur, INT* hauteur) {
+    if (w == nullptr) return;
+    const grx::Size size = grx::size_of(w);
+    give(largeur, size.width);
+    give(hauteur, size.height);
+}
+
+Window parent_window(Window window, Window* root) {
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned int count = 0;
+    const Status known = XQueryTree(x11_disp, window, root, &parent, &children, &count);
+    if (children != nullptr) XFree(children);
+    return known != 0 ? parent : None;
+}
+
+// The window manager's frame, or the window itself where there is none. The toolkit's own idea of a shell's
+// position is not to be trusted: it takes a child's move for the shell's.
+Window frame_of(Window window) {
+    for (;;) {
+        Window root = None;
+        const Window parent = parent_window(window, &root);
+        if (parent == None || parent == root) return window;
+        window = parent;
+    }
+}
+
+Origin origin_of(Window window) {
+    Window root = None;
+    int x = 0, y = 0;
+    unsigned int width = 0, height = 0, border = 0, depth = 0;
+    if (XGetGeometry(x11_disp, window, &root, &x, &y, &width, &height, &border, &depth) == 0) return {};
+    return {x, y};
+}
+
+Widget scroll_bar_of(INT nofen, bool vertical) {
+    return grx::scroll_bar(grx::nearest_scrolled_window(grx_recup_objet_fen(nofen)), vertical);
+}
+
+void set_backing_store(INT nofen, int mode) {
+    const Window window = grx::window_of(grx_recup_objet_fen(nofen));
+    if (window == None) return;
+    XSetWindowAttributes attributes{};
+    attributes.backing_store = mode;
+    XChangeWindowAttributes(x11_disp, window, CWBackingStore, &attributes);
+}
+
+Widget text_of(INT nofen) {
+    Widget w = grx_recup_objet_fen(nofen);
+    return w != nullptr && XmIsText(w) ? w : nullptr;
+}
+
+void set_increments(Widget bar, INT valeur) {
+    if (bar == nullptr || valeur <= 0) return; // the toolkit takes positive steps only
+    grx::Args args;
+    args.set(XmNincrement, valeur).set(XmNpageIncrement, valeur);
+    XtSetValues(bar, args.list(), args.count());
+}
+
+} // namespace
+
+extern "C" {
+
+INT grx_affecte_nofen_principale(INT nofen) {
+    no_fen_principale = nofen;
+    return 0;
+}
+
+INT grx_recup_nofen_principale(void) {
+    return no_fen_principale;
+}
+
+INT grx_affecte_nofen_active(INT nofen) {
+    nofen_active = nofen;
+    return 0;
+}
+
+INT grx_recup_nofen_active(void) {
+    return nofen_active;
+}
+
+Widget grx_recherche_shell(Widget w) {
+    return grx::nearest_shell(w);
+}
+
+Widget grx_recherche_form(Widget w) {
+    return grx::nearest_of_class(w, xmFormWidgetClass);
+}
+
+INT grx_affiche_fenetre(INT nofen) {
+    if (Widget shell = shell_of(nofen)) map_shell(shell);
+    return 0;
+}
+
+INT grx_cache_fenetre(INT nofen) {
+    if (Widget shell = shell_of(nofen)) unmap_shell(shell);
+    return 0;
+}
+
+INT grx_affiche_fenetre_fille(INT nofen) {
+    if (const Window window = grx::window_of(grx_recup_objet_fen(nofen))) XMapWindow(x11_disp, window);
+    return 0;
+}
+
+INT grx_cache_fenetre_fille(INT nofen) {
+    if (const Window window = grx::window_of(grx_recup_objet_fen(nofen))) XUnmapWindow(x11_disp, window);
+    return 0;
+}
+
+INT grx_detruit_fenetre(INT nofen) {
+    Widget shell = shell_of(nofen);
+    if (shell == nullptr) return 0;
+    XtDestroyWidget(shell);
+    grx_libere_indice_objet_fen(nofen);
+    return 0;
+}
+
+INT grx_detruit_fenetre_fille(INT nofen) {
+    Widget w = grx_recup_objet_fen(nofen);
+    if (w == nullptr) return 0;
+    Widget outer = grx::outer_widget(nofen);
+    XtDestroyWidget(outer != nullptr ? outer : w);
+    grx_libere_indice_objet_fen(nofen);
+    return 0;
+}
+
+INT grx_reaffiche_fenetre(INT nofen) {
+    if (Widget shell = shell_of(nofen)) request_geometry(shell, 0, 0, 0);
+    return 0;
+}
+
+INT grx_deplace_fenetre(INT nofen, INT x, INT y) {
+    Widget shell = shell_of(nofen);
+    if (shell == nullptr) return 0;
+    move_for_certain(shell, grx::as_position(x), grx::as_position(grx::turn_over_y(grx_recup_hau_ecran(), y)));
+    return 0;
+}
+
+INT grx_change_taille_fenetre(INT nofen, INT largeur, INT hauteur) {
+    Widget shell = shell_of(nofen);
+    if (shell == nullptr || !usable_size(nofen, largeur, hauteur)) return 0;
+    set_widget_size(shell, largeur, hauteur);
+    if (grx::window_record(nofen)->type != GRX_FEN_GRAPHIQUE) return 0;
+    grx_sync_server();
+    grx_recree_bitmap_backingstore(nofen);
+    return 0;
+}
+
+INT grx_change_taille_fenetre_fille(INT nofen, INT largeur, INT hauteur) {
+    Widget w = grx_recup_objet_fen(nofen);
+    if (w != nullptr && usable_size(nofen, largeur, hauteur)) set_widget_size(w, largeur, hauteur);
+    return 0;
+}
+
+INT grx_recup_taille_fenetre(INT nofen, INT* largeur, INT* hauteur) {
+    give_size(shell_of(nofen), largeur, hauteur);
+    return 0;
+}
+
+INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur) {
+    give_size(grx_recup_objet_fen(nofen), largeur, hauteur);
+    return 0;
+}
+
+INT grx_recup_position_fenetre(INT nofen, INT* x, INT* y) {
+    const Window window = grx::window_of(shell_of(nofen));
+    if (window == None) return 0;
+    const Origin origin = origin_of(frame_of(window));
+    give(x, origin.x);
+    give(y, grx::turn_over_y(grx_recup_hau_ecran(), origin.y));
+    return 0;
+}
+
+INT grx_recup_position_fenetre_fille(INT nofen, INT* x, INT* y) {
+    give(x, 0);
+    give(y, 0);
+    Widget w = grx_recup_objet_fen(nofen);
+    if (w == nullptr) return 0;
+    give(x, grx::resource<Position>(w, XmNx));
+    give(y, grx::resource<Position>(w, XmNy));
+    return 0;
+}
+
+INT grx_iconifie_fenetre(INT nofen) {
+    if (const Window window = grx::window_of(shell_of(nofen))) XIconifyWindow(x11_disp, window, x11_screen);
+    return 0;
+}
+
+INT grx_desiconifie_fenetre(INT nofen) {
+    if (const Window window = grx::window_of(shell_of(nofen))) XMapWindow(x11_disp, window);
+    return 0;
+}
+
+INT grx_restack_fenetre(INT nofen1, INT nofen2) {
+    const Window first = grx::window_of(shell_of(nofen1));
+    const Window second = grx::window_of(shell_of(nofen2));
+    if (first == None || second == None || first == second) return 0;
+    XWindowChanges changes{};
+    changes.sibling = second;
+    changes.stack_mode = Above;
+    XReconfigureWMWindow(x11_disp, first, x11_screen, CWSibling | CWStackMode, &changes);
+    return 0;
+}
+
+INT grx_change_titre_fenetre(INT nofen, char* titre) {
+    Widget shell = shell_of(nofen);
+    if (shell != nullptr && titre != nullptr) grx::set_resource(shell, XmNtitle, titre);
+    return 0;
+}
+
+INT grx_recup_titre_fenetre(INT nofen, char* titre) {
+    if (titre == nullptr) return 0;
+    titre[0] = '\0';
+    Widget shell = shell_of(nofen);
+    const char* const own = shell != nullptr ? grx::resource<char*>(shell, XmNtitle) : nullptr;
+    if (own != nullptr) std::snprintf(titre, kTitleBuffer, "%s", own);
+    return 0;
+}
+
+INT grx_coord_relative_to_absolues(INT nofen, INT x1, INT y1, INT* x2, INT* y2) {
+    give(x2, x1);
+    give(y2, y1);
+    Widget w = grx_recup_objet_fen(nofen);
+    const Window window = grx::window_of(w);
+    if (window == None) return 0;
+    int root_x = 0, root_y = 0;
+    Window child = None;
+    const INT from_top = grx::turn_over_y(height_of(w), y1);
+    XTranslateCoordinates(x11_disp, window, grx::root_window(), x1, from_top, &root_x, &root_y, &child);
+    give(x2, root_x);
+    give(y2, grx::turn_over_y(grx_recup_hau_ecran(), root_y));
+    return 0;
+}
+
+INT grx_affecte_increment_scrollbar(INT nofen, INT valeur) {
+    set_increments(scroll_bar_of(nofen, false), valeur);
+    set_increments(scroll_bar_of(nofen, true), valeur);
+    return 0;
+}
+
+INT grx_recup_carac_scroll_fenetre(INT nofen, INT orient, INT* len, INT* min, INT* max, INT* val) {
+    struct Field {
+        INT* place;
+        const char* name;
+    };
+    const Field fields[] = {{len, XmNsliderSize}, {min, XmNminimum}, {max, XmNmaximum}, {val, XmNvalue}};
+    Widget bar = scroll_bar_of(nofen, orient != GRX_SCROLL_HORIZONTAL);
+    for (const auto& field : fields) give(field.place, bar != nullptr ? grx::resource<int>(bar, field.name) : 0);
+    return 0;
+}
+
+INT grx_affecte_carac_scroll_fenetre(INT nofen, INT orient, INT, INT min, INT max, INT val) {
+    Widget bar = scroll_bar_of(nofen, orient != GRX_SCROLL_HORIZONTAL);
+    if (bar == nullptr) return 0;
+    grx::Args args; // KEEP: the slider size is never set here
+    args.set(XmNmaximum, max).set(XmNminimum, min).set(XmNvalue, val);
+    XtSetValues(bar, args.list(), args.count());
+    return 0;
+}
+
+INT grx_recup_taille_scrollbars_fenetre(INT nofen, INT* lar, INT* hau) {
+    if (Widget bar = scroll_bar_of(nofen, false)) give(lar, grx::size_of(bar).height);
+    if (Widget bar = scroll_bar_of(nofen, true)) give(hau, grx::size_of(bar).width);
+    return 0;
+}
+
+INT grx_recup_taille_scrollbar(INT nofen) {
+    Widget bar = scroll_bar_of(nofen, true);
+    return bar != nullptr ? grx::size_of(bar).width : 0;
+}
+
+INT grx_autorise_sauvegarde_auto(INT nofen) {
+    set_backing_store(nofen, WhenMapped);
+    return 0;
+}
+
+INT grx_supprime_sauvegarde_auto(INT nofen) {
+    set_backing_store(nofen, NotUseful);
+    return 0;
+}
+
+INT grx_affecte_largeur_fenetre(INT nofen, INT valeur) {
+    give(grx::stored_width(nofen), valeur);
+    return 0;
+}
+
+INT grx_affecte_hauteur_fenetre(INT nofen, INT valeur) {
+    give(grx::stored_height(nofen), valeur);
+    return 0;
+}
+
+INT grx_recup_largeur_fenetre(INT nofen) {
+    const INT* const place = grx::stored_width(nofen);
+    return place != nullptr ? *place : 0;
+}
+
+INT grx_recup_hauteur_fenetre(INT nofen) {
+    const INT* const place = grx::stored_height(nofen);
+    return place != nullptr ? *place : 0;
+}
+
+INT grx_affiche_texte_dans_fenetre(INT nofen, char* texte) {
+    Widget w = text_of(nofen);
+    if (w == nullptr) return 0;
+    grx::LocaleText text(texte);
+    XmTextSetString(w, text.data());
+    return 0;
+}
+
+INT grx_ajoute_texte_dans_fenetre(INT nofen, char* texte) {
+    Widget w = text_of(nofen);
+    if (w == nullptr) return 0;
+    grx::LocaleText text(texte);
+    const XmTextPosition at = XmTextGetInsertionPosition(w);
+    const XmTextPosition before = XmTextGetLastPosition(w);
+    XmTextInsert(w, at, text.data());
+    const XmTextPosition after = at + (XmTextGetLastPosition(w) - before);
+    XmTextSetInsertionPosition(w, after);
+    XmTextShowPosition(w, after);
+    return 0;
+}
+
+INT grx_recup_tamenubar(void) {
+    INT width = 0, height = 0;
+    grx_recup_taille_menu_bar(grx_recup_nofen_principale(), &width, &height);
+    return height;
+}
+
+Widget grx_recup_parent(Widget fils) {
+    return fils != nullptr ? XtParent(fils) : nullptr;
+}
+
+INT grx_change_visual_fenetre(INT nofen, Visual* visual) {
+    Widget shell = shell_of(nofen);
+    if (shell != nullptr && visual != nullptr) grx::set_resource(shell, XmNvisual, visual);
+    return 0;
+}
+
+// Entry points that other platforms need and this one does not.
+
+INT grx_reactive_topmost(void) {
+    return 0;
+}
+
+INT grx_desactive_topmost(void) {
+    return 0;
+}
+
+INT grx_flush_fenetres_graphiques(void) {
+    return 0;
+}
+
+INT grx_ote_mire_si_necessaire(...) {
+    return 0;
+}
+
+INT grx_met_mire_si_necessaire(...) {
+    return 0;
+}
+
+INT test_client_fenetre_graphique(...) {
+    return 1;
+}
+
+INT test_fenetre_principale(INT) {
+    return 0;
+}
+
+void grx_iconifie_application(INT) {}
+}

@@ -1,0 +1,95 @@
+// Pointer shapes of windows.
+#include "xt_prive.h"
+
+#include <X11/Xlib.h>
+#include <X11/cursorfont.h>
+
+#include <array>
+
+#include "kit/bitmaps.h"
+#include "kit/drawables.h"
+#include "kit/screen.h"
+#include "pure/cursor_bits.h"
+#include "xt_fen_f.h"
+#include "xt_ini_f.h"
+
+namespace {
+
+constexpr INT kLastCursor = GRX_CURS_CENTRE;
+constexpr unsigned int kCrossHotSpot = 8;
+constexpr unsigned int kSnapHotSpot = 15;
+
+std::array<Cursor, GRX_NB_CURSEURS> curs_pix{};
+constexpr INT curseur_graphique = GRX_CURS_CROIX;
+
+// Shapes 2 to 11 are the X cursor font's, 12 to 22 the drafting snap modes.
+constexpr std::array<unsigned int, 10> kFontShapes{
+    XC_watch, XC_left_ptr, XC_hand2, XC_question_arrow, XC_pirate, XC_pencil, XC_fleur, XC_mouse, XC_hand1, XC_cross};
+constexpr std::array<const std::array<uchar, 128>*, 11> kSnapShapes{&grx::concentr_bits, &grx::extrem_bits,
+    &grx::milieu_bits, &grx::paral_bits, &grx::perp_bits, &grx::tangent_bits, &grx::intersection_bits,
+    &grx::interdit_bits, &grx::angle_bits, &grx::cercle_bits, &grx::centre_bits};
+
+XColor white() {
+    XColor colour{};
+    colour.red = colour.green = colour.blue = 0xFFFF;
+    return colour;
+}
+
+template <std::size_t N>
+Cursor bitmap_cursor(const std::array<uchar, N>& bits, unsigned int side, unsigned int hot_spot) {
+    const Pixmap shape = grx::make_bitmap(bits, side);
+    XColor foreground = white();
+    XColor background = white();
+    const Cursor cursor = XCreatePixmapCursor(x11_disp, shape, shape, &foreground, &background, hot_spot, hot_spot);
+    grx::free_pixmap(shape);
+    return cursor;
+}
+
+bool known_cursor(INT curseur) {
+    return curseur >= GRX_CURS_AUCUN && curseur <= kLastCursor;
+}
+
+Cursor cursor_of(INT curseur) {
+    return known_cursor(curseur) ? curs_pix[static_cast<std::size_t>(curseur)] : None;
+}
+
+} // namespace
+
+extern "C" {
+
+INT grx_definit_tous_curseurs(void) {
+    if (x11_disp == nullptr) return 0;
+    std::size_t number = GRX_CURS_AUCUN;
+    curs_pix[number++] = None;
+    curs_pix[number++] = bitmap_cursor(grx::bits_curseur_croix, grx::kCrossSide, kCrossHotSpot);
+    for (const unsigned int glyph : kFontShapes) curs_pix[number++] = XCreateFontCursor(x11_disp, glyph);
+    for (const auto* bits : kSnapShapes) curs_pix[number++] = bitmap_cursor(*bits, grx::kSnapSide, kSnapHotSpot);
+    return 0;
+}
+
+INT grx_affecte_curseur(INT curseur, Widget w) {
+    const Window window = grx::window_of(w);
+    if (window != None && known_cursor(curseur)) XDefineCursor(x11_disp, window, cursor_of(curseur));
+    return 0;
+}
+
+INT grx_change_curseur(INT curseur, INT nofen) {
+    grx_affecte_curseur(curseur, grx_recherche_shell(grx_recup_objet_fen(nofen)));
+    return 0;
+}
+
+INT grx_change_couleur_curseur(INT curseur, INT couleur) {
+    const Cursor cursor = cursor_of(curseur);
+    if (cursor == None || x11_disp == nullptr) return 0;
+    XColor foreground{};
+    foreground.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(couleur)));
+    XQueryColor(x11_disp, x11_cmap, &foreground);
+    XColor background = white();
+    XRecolorCursor(x11_disp, cursor, &foreground, &background);
+    return 0;
+}
+
+INT grx_recup_curseur_graphique(void) {
+    return curseur_graphique;
+}
+}

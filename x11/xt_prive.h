@@ -1,0 +1,57 @@
+// What the library's sources share among themselves. Nothing here is exported; the tests reach it through the
+// static library.
+#pragma once
+
+#include <X11/Intrinsic.h>
+
+#include "kit/widgets.h"
+#include "xt_bou_t.h"
+#include "xt_ent_t.h"
+#include "xt_fen_t.h"
+#include "xt_gfx_t.h"
+#include "xt_ini_t.h"
+#include "xt_mot_t.h"
+
+namespace grx {
+
+// -- display (xt_ini01)
+const char* last_x_error_text(); // text of the last protocol error, "" = none yet
+INT x_error_count();
+
+// -- colours (xt_ini03)
+extern INT system_pix[GRX_NB_COULEURS]; // pixel of each system position: icon, reserved, drawing, rendering colours
+extern INT icone_pix[GRX_NB_COULEURS];  // pixel of each icon colour
+extern INT pal_pix[GRX_NB_COULEURS];    // system position of each pixel, 8 planes only
+
+// -- window base (xt_fen01)
+STRUCTURE_FENETRE* window_record(INT nofen);         // null when the base has no such entry
+STRUCTURE_FENETRE* window_record_at(XtPointer data); // the entry that callback data points at; null when it is none
+GRX_SAUVE_ZONE* save_slot(INT nofen);                // null when the base has no such entry
+Size known_size(INT nofen);                          // last size seen of a window (old_lar, old_hau)
+void set_known_size(INT nofen, Size size);
+bool holds_dead_pixmap(INT nofen); // the backing picture was released, its id is still stored
+void mark_dead_pixmap(INT nofen, bool dead);
+Widget outer_widget(INT nofen); // outermost widget made for a nested window, else null
+INT* stored_width(INT nofen);   // largeur_fen, hauteur_fen: null out of range
+INT* stored_height(INT nofen);
+
+// -- menu bar (xt_fen03)
+extern XEvent evt_menu; // last key event that no control took
+void make_menu_bar(Widget main_window);
+
+// -- events (xt_ent02)
+extern XEvent Memo_event; // last key press
+
+// -- drawing (xt_gfx01)
+extern GRX_ATTRIBUTS_TRACER memo_attrib; // attributes last applied to g_c
+extern INT grx_trace_memoire, grx_trace_memoire_bouton;
+extern Pixmap *image_redess, *image_redess_bouton;
+extern Drawable win_bidon, win_bidon_bouton;
+void context_changed(); // g_c was changed outside grx_affecte_gc: send everything with the next drawing
+void colours_changed(); // pixels of colour indices changed: send the colours again
+void forget_drawing_target(const Pixmap* image);
+
+// -- buttons (xt_bou01)
+extern INT Premier_bouton;
+
+} // namespace grx
