@@ -280,6 +280,7 @@ struct Build {
 
     bool has(INT bit) const { return (fen.attrib & bit) != 0; }
     bool visible() const { return has(GRX_FEN_ATT_VISIBLE); }
+    bool sized() const { return fen.droite >= 0 && fen.haut >= 0; } // else the toolkit's margins and sizes hold
     bool scrolls() const { return has(GRX_FEN_ATT_SCROLL); }
 };
 
@@ -437,14 +438,13 @@ bool make_scrolling(Build& b, Widget container) {
 using Maker = Widget (*)(Widget parent, grx::Args& args, const Build& b);
 
 Widget make_bulletin_board(Widget parent, grx::Args& args, const Build& b) {
-    args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0);
-    if (b.fen.droite >= 0 && b.fen.haut >= 0) args.set(XmNresizePolicy, XmRESIZE_NONE);
+    if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0).set(XmNresizePolicy, XmRESIZE_NONE);
     return XmCreateBulletinBoard(parent, const_cast<char*>("fenetre"), args.list(), args.count());
 }
 
-Widget make_drawing_area(Widget parent, grx::Args& args, const Build&) {
+Widget make_drawing_area(Widget parent, grx::Args& args, const Build& b) {
     args.set(XmNbackground, static_cast<Pixel>(grx_recup_couleur(grx_recup_couleur_fond())));
-    args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0).set(XmNresizePolicy, XmRESIZE_NONE);
+    if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0).set(XmNresizePolicy, XmRESIZE_NONE);
     return XmCreateDrawingArea(parent, const_cast<char*>("draw"), args.list(), args.count());
 }
 
@@ -455,7 +455,7 @@ Widget make_scrolled_text(Widget parent, grx::Args& args, const Build&) {
 }
 
 Widget make_form(Widget parent, grx::Args& args, const char* name, const Build& b) {
-    if (b.fen.droite >= 0 && b.fen.haut >= 0) args.set(XmNresizePolicy, XmRESIZE_NONE);
+    if (b.sized()) args.set(XmNresizePolicy, XmRESIZE_NONE);
     return XmCreateForm(parent, const_cast<char*>(name), args.list(), args.count());
 }
 
@@ -512,6 +512,14 @@ Maker maker_of(INT type) {
     return nullptr;
 }
 
+// The toolkit makes a container that nobody sized one pixel small until something is put into it.
+void give_empty_container_a_size(grx::Args& args, const GRX_FENETRE& fen) {
+    constexpr int side = 100; // as its scrolled windows are
+    if (fen.type == GRX_FEN_TEXTE || fen.type == GRX_FEN_MESSAGE) return;
+    if (fen.droite < 0) args.set(XmNwidth, side);
+    if (fen.haut < 0) args.set(XmNheight, side);
+}
+
 bool make_work_widget(Build& b, Widget container) {
     grx::Args args;
     if (b.nested) {
@@ -520,6 +528,7 @@ bool make_work_widget(Build& b, Widget container) {
         grx::set_foreground(args, b.fen.coul_trace);
     }
     grx::set_background(args, b.fen.coul_fond);
+    give_empty_container_a_size(args, b.fen);
     b.work = maker_of(b.fen.type)(container, args, b);
     if (b.work == nullptr) return false;
     if (b.outer == nullptr) b.outer = b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work;
@@ -621,7 +630,8 @@ void finish_scrolled(const Build& b, INT* number) {
 
 INT refuse_before_making(const Build& b) {
     const bool needs_parent = b.nested || b.fen.fen_mere >= 0;
-    if (needs_parent && (b.parent == nullptr || !XtIsComposite(b.parent))) return kNotMade;
+    if (needs_parent && b.parent == nullptr) return kNotMade;
+    if (b.nested && !XtIsComposite(b.parent)) return kNotMade; // a text holds no windows
     if (!known_kind(b.fen.type) || x11_disp == nullptr) return kNotMade;
     return 0;
 }
