@@ -44,6 +44,12 @@ INT store_with_extension(std::string_view base, std::string_view extension, char
     return done;
 }
 
+// Equal but for capitals.
+bool same_letters(std::string_view a, std::string_view b) {
+    const auto same = [](char x, char y) { return lower_ascii(x) == lower_ascii(y); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
+}
+
 bool sets_no_extension(std::string_view extension) {
     return extension.empty() || extension == "*";
 }
@@ -77,7 +83,6 @@ HOST_DEFAULT INT verifie_extension(char* nom, char* ext) {
     if (name.empty() || sets_no_extension(extension)) return done;
     const auto dot = extension_dot(name);
     const auto present = dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
-    const auto same = [](char a, char b) { return (a | ' ') == (b | ' '); };
-    if (std::equal(present.begin(), present.end(), extension.begin(), extension.end(), same)) return done;
+    if (same_letters(present, extension)) return done;
     return store_with_extension(name.substr(0, dot), extension, nom, verified_size);
 }

@@ -28,6 +28,15 @@ inline std::string_view view(const char* text) {
     return text ? std::string_view(text) : std::string_view();
 }
 
+// Letters of ASCII only; other bytes stay.
+constexpr char lower_ascii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+constexpr char upper_ascii(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 // Copies what fits in size bytes, terminator included. Source and destination may overlap. Returns the length.
 INT store(char* destination, std::size_t size, std::string_view source);
 

@@ -50,14 +50,6 @@ bool is_utf8(std::string_view text) {
     return expected == 0;
 }
 
-char lower_ascii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + case_distance) : c;
-}
-
-char upper_ascii(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - case_distance) : c;
-}
-
 char lower_latin(char c) {
     const auto byte = static_cast<unsigned char>(c);
     const bool capital = byte >= latin_first_capital && byte <= latin_last_capital && byte != latin_times_sign;

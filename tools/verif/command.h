@@ -15,7 +15,10 @@
 
 namespace verif {
 
-enum Status { all_taken = 0, some_refused = 1, not_checked = 2 };
+// Exit codes.
+inline constexpr int all_taken = 0;
+inline constexpr int some_refused = 1;
+inline constexpr int not_checked = 2;
 
 struct FileKind {
     std::string_view name;
@@ -49,7 +52,7 @@ inline int check_file(const std::string& path, std::ostream& out, std::ostream& 
     return has_refusals(findings) ? some_refused : all_taken;
 }
 
-// The worst status of all files.
+// The worst code of all files.
 inline int run(std::span<const std::string> paths, std::ostream& out, std::ostream& errors) {
     if (paths.empty()) {
         errors << "usage: grx-verif FILE...\n"
