@@ -8,7 +8,7 @@ import sys
 WORDS = re.compile(
     r"\bspec(ification)?s?\b|\bspec\.md\b"
     r"|\bparts? +[0-9]+\.[0-9x]+"
-    r"|\bshared[/](spec|design|decisions|interface|facts)"
+    r"|\bshared[/]([s]pec|design|decisions|interface|facts)"
     r"|[/]work[/]|[/]tmp[/](brief|build-)"
     r"|\b(ai|coding|helper|sub) ?agents?\b|\bassistants?\b"
     r"|\bto[d]o\b|\bfix[m]e\b|\bx[x]x\b|\bnot implemented\b",

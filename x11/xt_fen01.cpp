@@ -280,7 +280,8 @@ struct Build {
 
     bool has(INT bit) const { return (fen.attrib & bit) != 0; }
     bool visible() const { return has(GRX_FEN_ATT_VISIBLE); }
-    bool sized() const { return fen.droite >= 0 && fen.haut >= 0; } // else the toolkit's margins and sizes hold
+    // The work widget is as large as its window; else the toolkit's margins and sizes hold.
+    bool sized() const { return fen.droite >= 0 && fen.haut >= 0 && !scrolls(); }
     bool scrolls() const { return has(GRX_FEN_ATT_SCROLL); }
 };
 
@@ -315,9 +316,13 @@ void place_shell(Build& b) {
     std::snprintf(beside_of(b.nofen).geometry, kGeometryText, "+%d+%d", b.x, b.y);
 }
 
-void set_size(grx::Args& args, const GRX_FENETRE& fen) {
+void set_given_size(grx::Args& args, const GRX_FENETRE& fen) {
     if (fen.droite >= 0) args.set(XmNwidth, grx::as_size(fen.droite));
     if (fen.haut >= 0) args.set(XmNheight, grx::as_size(fen.haut));
+}
+
+void set_size(grx::Args& args, const GRX_FENETRE& fen) {
+    set_given_size(args, fen);
     if (fen.droite < 0 && fen.haut < 0) args.set(XmNallowShellResize, True);
 }
 
@@ -402,6 +407,7 @@ void make_scrolled_alpha(Build& b, Widget container) {
     XtManageChild(b.outer);
     grx::Args args;
     args.set(XmNscrollingPolicy, XmAUTOMATIC);
+    set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
     attach_all_sides(args);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(b.outer, const_cast<char*>("Support_travail"), args.list(), args.count());
@@ -411,6 +417,7 @@ void make_scrolled_window(Build& b, Widget container) {
     const bool graphic = b.fen.type == GRX_FEN_GRAPHIQUE;
     grx::Args args;
     args.set(XmNscrollingPolicy, graphic ? XmAPPLICATION_DEFINED : XmAUTOMATIC);
+    set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
     if (b.nested) set_place_in_parent(args, b);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(container, const_cast<char*>("fenetre"), args.list(), args.count());
@@ -512,12 +519,20 @@ Maker maker_of(INT type) {
     return nullptr;
 }
 
-// The toolkit makes a container that nobody sized one pixel small until something is put into it.
-void give_empty_container_a_size(grx::Args& args, const GRX_FENETRE& fen) {
-    constexpr int side = 100; // as its scrolled windows are
-    if (fen.type == GRX_FEN_TEXTE || fen.type == GRX_FEN_MESSAGE) return;
-    if (fen.droite < 0) args.set(XmNwidth, side);
-    if (fen.haut < 0) args.set(XmNheight, side);
+// Side of a work widget before anything is put into it. One that nobody sized would be a single pixel: the window
+// could not be seen, and a scrolled window would not put its bars away.
+int empty_side(const Build& b, INT given) {
+    constexpr int side = 100;                                  // as the toolkit's scrolled windows are
+    const int frame = b.has(GRX_FEN_ATT_PRINCIPALE) ? 40 : 10; // of the scrolled window, and the menu bar
+    return given < 0 ? side : std::max<INT>(given - frame, 1);
+}
+
+void give_empty_container_a_size(grx::Args& args, const Build& b) {
+    const bool in_viewport = b.scrolls() && b.fen.type != GRX_FEN_GRAPHIQUE;
+    const bool full_by_itself = b.fen.type == GRX_FEN_MESSAGE || (b.fen.type == GRX_FEN_TEXTE && !in_viewport);
+    if (full_by_itself) return;
+    if (b.fen.droite < 0 || in_viewport) args.set(XmNwidth, empty_side(b, b.fen.droite));
+    if (b.fen.haut < 0 || in_viewport) args.set(XmNheight, empty_side(b, b.fen.haut));
 }
 
 bool make_work_widget(Build& b, Widget container) {
@@ -528,7 +543,7 @@ bool make_work_widget(Build& b, Widget container) {
         grx::set_foreground(args, b.fen.coul_trace);
     }
     grx::set_background(args, b.fen.coul_fond);
-    give_empty_container_a_size(args, b.fen);
+    give_empty_container_a_size(args, b);
     b.work = maker_of(b.fen.type)(container, args, b);
     if (b.work == nullptr) return false;
     if (b.outer == nullptr) b.outer = b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work;
@@ -537,8 +552,7 @@ bool make_work_widget(Build& b, Widget container) {
 
 // Main window and scrolled window must be told which child is theirs to arrange.
 void set_work_areas(const Build& b) {
-    if (b.scrolled != nullptr)
-        grx::set_resource(b.scrolled, XmNworkWindow, b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work);
+    if (b.scrolled != nullptr && b.fen.type == GRX_FEN_GRAPHIQUE) grx::set_resource(b.scrolled, XmNworkWindow, b.work);
     if (b.main == nullptr) return;
     grx::make_menu_bar(b.main);
     grx::set_resource(b.main, XmNworkWindow, b.outer);

@@ -84,6 +84,7 @@ bool DisplayTest::wait_for(const std::function<bool()>& condition, Milliseconds 
 
 bool DisplayTest::visible(Window window) {
     XWindowAttributes attributes{};
+    XSync(x11_disp, False); // what the library asked for has reached the server
     return window != None && XGetWindowAttributes(test_display(), window, &attributes)
            && attributes.map_state == IsViewable;
 }

@@ -16,4 +16,7 @@ std::string last_x_error();
 
 void forget_x_errors();
 
+// Errors of this connection are neither counted nor shown to anybody: it is the test's own.
+void ignore_x_errors_of(const Display* display);
+
 } // namespace grxtest

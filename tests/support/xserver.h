@@ -32,7 +32,7 @@ class XServer {
     std::string log_;
 };
 
-// A connection of the test itself, untouched by FakeVisual.
+// A connection of the test itself, untouched by FakeVisual; its X errors are nobody's.
 Display* open_connection(const std::string& server_name);
 
 } // namespace grxtest

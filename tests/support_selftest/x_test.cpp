@@ -234,6 +234,16 @@ TEST_F(PlainWindow, XErrorsAreCountedBesideTheHandler) {
     EXPECT_EQ(XSetErrorHandler(other_handler), own_handler) << "the code under test sees its own handlers only";
 }
 
+TEST_F(PlainWindow, XErrorsOfTheTestItselfAreNobodys) {
+    XSetErrorHandler(own_handler);
+    forget_x_errors();
+    handled = 0;
+    XMapWindow(input_.display(), 0x12345);
+    XSync(input_.display(), False);
+    EXPECT_EQ(x_error_count(display_), 0);
+    EXPECT_EQ(handled, 0);
+}
+
 // --- visuals ---------------------------------------------------------------------------------------------
 
 class Visuals : public testing::Test {
