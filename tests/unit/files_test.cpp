@@ -95,7 +95,7 @@ TEST_F(Files, DateIsTheLastChangeInLocalTime) {
 TEST_F(Files, DateFollowsTheTimeZone) {
     const utimbuf times{0, 951782400}; // 2000-02-29 00:00 UTC
     ASSERT_EQ(utime(at("plan.dat").c_str(), &times), 0);
-    setenv("TZ", "XXX5", 1);
+    setenv("TZ", "WST5", 1);
     tzset();
     INT year = 0, month = 0, day = 0, hour = 0, minute = 0;
     date_sys_fic(in(at("plan.dat")), &year, &month, &day, &hour, &minute);

@@ -169,11 +169,11 @@ TEST(MessageDirectory, NullIsHarmless) {
     EXPECT_STREQ(path.data(), "MSG12");
 }
 
-// In a directory of its own that holds c:/work/, and "tmp" when a test makes it.
+// In a directory of its own that holds c:/plans/, and "tmp" when a test makes it.
 class WorkingDirectory : public testing::Test {
   protected:
     void SetUp() override {
-        std::filesystem::create_directories(dir_.path() / "c:" / "work");
+        std::filesystem::create_directories(dir_.path() / "c:" / "plans");
         std::filesystem::current_path(dir_.path());
     }
     void TearDown() override {
@@ -183,7 +183,7 @@ class WorkingDirectory : public testing::Test {
 
     void make_tmp() { std::filesystem::create_directory(dir_.path() / "tmp"); }
 
-    // The result, the path and what was printed in one text, such as "0 c:/work/".
+    // The result, the path and what was printed in one text, such as "0 c:/plans/".
     static std::string answer(const char* value) {
         unsetenv("ZZCUR");
         if (value) setenv("ZZCUR", value, 1);
@@ -200,12 +200,12 @@ class WorkingDirectory : public testing::Test {
 };
 
 TEST_F(WorkingDirectory, IsLoweredAndHasForwardSlashes) {
-    EXPECT_EQ(answer("C:\\WORK"), "0 c:/work/");
-    EXPECT_EQ(answer("C:\\WORK\\"), "0 c:/work/");
-    EXPECT_EQ(answer("c:/work/"), "0 c:/work/");
+    EXPECT_EQ(answer("C:\\PLANS"), "0 c:/plans/");
+    EXPECT_EQ(answer("C:\\PLANS\\"), "0 c:/plans/");
+    EXPECT_EQ(answer("c:/plans/"), "0 c:/plans/");
 }
 
-TEST_F(WorkingDirectory, IsTrimmed) { EXPECT_EQ(answer(" \tc:/work  "), "0 c:/work/"); }
+TEST_F(WorkingDirectory, IsTrimmed) { EXPECT_EQ(answer(" \tc:/plans  "), "0 c:/plans/"); }
 
 TEST_F(WorkingDirectory, MissingVariableGivesOne) {
     EXPECT_EQ(answer(nullptr), "1 ");
@@ -248,7 +248,7 @@ TEST_F(WorkingDirectory, NamesInUtf8Survive) {
 }
 
 TEST_F(WorkingDirectory, ShortMemoryIsAFailureLikeAMissingVariable) {
-    setenv("ZZCUR", "c:/work", 1);
+    setenv("ZZCUR", "c:/plans", 1);
     std::array<char, 64> path{};
     heap().fail_at(1);
     EXPECT_EQ(init_path(path.data()), 1);

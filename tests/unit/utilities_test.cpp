@@ -154,10 +154,10 @@ TEST(Time, IsLocalDateAndTimeToTheHundredth) {
 }
 
 TEST(Time, FollowsTheTimeZone) {
-    setenv("TZ", "XXX-14", 1);
+    setenv("TZ", "EST-14", 1);
     tzset();
     const auto east = now();
-    setenv("TZ", "XXX10", 1);
+    setenv("TZ", "WST10", 1);
     tzset();
     const auto west = now();
     unsetenv("TZ");
