@@ -8,23 +8,43 @@
 namespace grxtest {
 namespace {
 
+constexpr Milliseconds start_deadline{20000};
+
 using Connection = std::unique_ptr<Display, decltype(&XCloseDisplay)>;
 
-bool root_has(Display* display, Atom property) {
+bool has_property(Display* display, Window window, Atom property) {
     Atom type = None;
     int format = 0;
     unsigned long items = 0, left = 0;
     unsigned char* data = nullptr;
-    XGetWindowProperty(display, DefaultRootWindow(display), property, 0, 1, False, AnyPropertyType, &type, &format,
-        &items, &left, &data);
+    XGetWindowProperty(display, window, property, 0, 1, False, AnyPropertyType, &type, &format, &items, &left, &data);
     if (data) XFree(data);
     return type != None;
 }
 
-void wait_for_property_change(Display* display) {
-    if (XPending(display) == 0) wait_readable(ConnectionNumber(display), Milliseconds{100});
+// Lets the server speak, at most for a moment.
+void wait_for_change(Display* display) {
+    if (XPending(display) == 0) wait_readable(ConnectionNumber(display), Milliseconds{50});
     XEvent event;
     while (XPending(display) > 0) XNextEvent(display, &event);
+}
+
+// openbox announces itself before it looks at windows, and can miss one that is mapped in between: it is ready when it
+// has taken a window into its care.
+bool takes_windows(Display* display) {
+    const Window root = DefaultRootWindow(display);
+    const Window probe = XCreateSimpleWindow(display, root, 0, 0, 10, 10, 0, 0, 0);
+    const Atom state = XInternAtom(display, "WM_STATE", False);
+    XSelectInput(display, probe, PropertyChangeMask);
+    const auto taken = [&] { return has_property(display, probe, state); };
+    XMapWindow(display, probe);
+    const bool result = wait_until(
+        taken, [&] { wait_for_change(display); }, Milliseconds{200});
+    XUnmapWindow(display, probe);
+    if (result) wait_until([&] { return !taken(); }, [&] { wait_for_change(display); }, Milliseconds{1000});
+    XDestroyWindow(display, probe);
+    XSync(display, False);
+    return result;
 }
 
 } // namespace
@@ -40,10 +60,12 @@ WindowManager::WindowManager(const XServer& server, Kind kind) {
     options.environment = {{"DISPLAY", server.name()}};
     options.end_signal = mwm ? SIGKILL : SIGTERM; // mwm ignores the gentle ones
     child_ = Child({mwm ? "mwm" : "openbox"}, options);
-    const auto started = [&] { return root_has(display, ready) || !child_.running(); };
-    if (!wait_until(
-            started, [&] { wait_for_property_change(display); }, Milliseconds{20000})
-        || !child_.running())
+    const auto started = [&] { return has_property(display, DefaultRootWindow(display), ready); };
+    const auto ended_or = [&](const auto& condition) { return !child_.running() || condition(); };
+    const auto step = [&] { wait_for_change(display); };
+    wait_until([&] { return ended_or(started); }, step, start_deadline);
+    if (!mwm) wait_until([&] { return ended_or([&] { return takes_windows(display); }); }, step, start_deadline);
+    if (!child_.running() || !started())
         throw std::runtime_error(mwm ? "mwm does not start" : "openbox does not start");
 }
 
