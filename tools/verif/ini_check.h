@@ -85,7 +85,8 @@ class IniCheck {
     std::optional<std::string> refusal(const grx::IniKey& key, const std::string& text, int number) const {
         if (text.empty()) return "has no value";
         const auto shown = '"' + text + "\": ";
-        if (text.find_first_of("0123456789") > text.find_first_not_of("+-")) return shown + "not a number";
+        const bool has_digit_in_front = text.find_first_of("0123456789") <= text.find_first_not_of("+-");
+        if (number == 0 && !has_digit_in_front) return shown + "not a number";
         if (!grx::ini_accepts(key.rule, number)) return shown + demand(key.rule);
         if (key.rule == grx::IniRule::application_colour && colour_line_ > 0)
             return shown + "the first one, of line " + std::to_string(colour_line_) + ", stays";
