@@ -109,6 +109,12 @@ bool open_display() {
     return true;
 }
 
+// The toolkit destroys its display object, with everything set on it, when the last shell goes, and makes a fresh one
+// with forty round trips for the next. This shell is never realised and never goes.
+void keep_display_object() {
+    XtAppCreateShell(nullptr, "TopLevelShell", topLevelShellWidgetClass, x11_disp, nullptr, 0);
+}
+
 // A press of the second mouse button on a label would otherwise start a drag that takes over the event loop.
 void turn_off_drag_and_drop() {
     Widget display_object = XmGetXmDisplay(x11_disp);
@@ -228,6 +234,7 @@ INT grx_init_application(void) {
         return 0;
     }
     turn_off_drag_and_drop();
+    keep_display_object();
     if (grx_init_graphique() == 0) return 0;
     grx_recup_taille_ecran(&lar_ecran, &hau_ecran);
     grx_recup_taille_ecran_mm(&lar_ecran_mm, &hau_ecran_mm);
