@@ -1,0 +1,196 @@
+// Each drawing primitive against plain Xlib sending the same requests, in one process on one server.
+// Usage: bench_primitives [--gate]   (--gate: fail when one falls below 0.95 of plain Xlib)
+#include "bench/chrono.h"
+
+#include "host_f.h"
+#include "xt_f.h"
+
+#include <X11/Xlib.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kRepeats = 200000;
+constexpr int kRounds = 5;
+constexpr int kSide = 500;
+constexpr double kLeastRatio = 0.95;
+
+INT window_number = -1;
+Drawable target = None; // what plain Xlib draws into: the window, or its backing picture
+
+GRX_ATTRIBUTS_TRACER attributes() {
+    return {0, 15, 0, 0, 0, 0};
+}
+
+template <class Draw>
+void draw_all(Draw draw) {
+    for (int i = 0; i < kRepeats; ++i) draw(i % kSide);
+    XSync(x11_disp, False);
+}
+
+struct Row {
+    std::string name;
+    grxbench::Comparison result;
+};
+
+template <class Plain, class Library>
+Row measure(const char* name, Plain plain, Library library) {
+    return {name, grxbench::compare(kRounds, [&] { draw_all(plain); }, [&] { draw_all(library); })};
+}
+
+template <class Record>
+Record record_of() {
+    Record record{};
+    record.nofen = window_number;
+    record.attrib = attributes();
+    return record;
+}
+
+GRX_RECTANGLE rectangle_at(int i) {
+    auto r = record_of<GRX_RECTANGLE>();
+    r.x1 = i;
+    r.y1 = 10;
+    r.x2 = i + 8;
+    r.y2 = 14;
+    return r;
+}
+
+GRX_ARC arc_at(int i) {
+    auto a = record_of<GRX_ARC>();
+    a.x = i;
+    a.y = 10;
+    a.lar = 8;
+    a.hau = 6;
+    a.angle_arr = 90;
+    return a;
+}
+
+GRX_POINT_POLY corners[] = {{10, 10}, {20, 12}, {24, 30}, {12, 26}};
+
+GRX_POLY polygon() {
+    auto p = record_of<GRX_POLY>();
+    p.points = corners;
+    p.npoints = 4;
+    return p;
+}
+
+XPoint* x_corners() {
+    return reinterpret_cast<XPoint*>(corners);
+}
+
+std::vector<Row> measure_all() {
+    std::vector<Row> rows;
+    rows.push_back(measure(
+        "point", [](int i) { XDrawPoint(x11_disp, target, g_c, i, 10); },
+        [](int i) {
+            auto p = record_of<GRX_POINT>();
+            p.x = i;
+            p.y = 10;
+            grx_trace_point(p);
+        }));
+    rows.push_back(measure(
+        "segment", [](int i) { XDrawLine(x11_disp, target, g_c, 0, i, 40, kSide - i); },
+        [](int i) {
+            auto s = record_of<GRX_SEGMENT>();
+            s.y1 = i;
+            s.x2 = 40;
+            s.y2 = kSide - i;
+            grx_trace_segment(s);
+        }));
+    rows.push_back(measure(
+        "rectangle", [](int i) { XDrawRectangle(x11_disp, target, g_c, i, 10, 8, 4); },
+        [](int i) { grx_trace_rectangle(rectangle_at(i)); }));
+    rows.push_back(measure(
+        "filled rectangle", [](int i) { XFillRectangle(x11_disp, target, g_c, i, 10, 9, 5); },
+        [](int i) { grx_remplit_rectangle(rectangle_at(i)); }));
+    rows.push_back(measure(
+        "arc", [](int i) { XDrawArc(x11_disp, target, g_c, i, 10, 8, 6, 0, 90 * 64); },
+        [](int i) { grx_trace_arc(arc_at(i)); }));
+    rows.push_back(measure(
+        "filled arc", [](int i) { XFillArc(x11_disp, target, g_c, i, 10, 8, 6, 0, 90 * 64); },
+        [](int i) { grx_remplit_arc(arc_at(i)); }));
+    rows.push_back(measure(
+        "polyline", [](int) { XDrawLines(x11_disp, target, g_c, x_corners(), 4, CoordModeOrigin); },
+        [](int) { grx_trace_polyline(polygon()); }));
+    rows.push_back(measure(
+        "filled polygon", [](int) { XFillPolygon(x11_disp, target, g_c, x_corners(), 4, Complex, CoordModeOrigin); },
+        [](int) { grx_remplit_polygone(polygon()); }));
+    rows.push_back(measure(
+        "filled triangle",
+        [](int) { XFillPolygon(x11_disp, target, g_c, x_corners(), 3, Nonconvex, CoordModeOrigin); },
+        [](int) {
+            auto p = polygon();
+            p.npoints = 3;
+            grx_remplit_triangle(p);
+        }));
+    return rows;
+}
+
+// Text goes to the window only, and sends its colours each time: plain Xlib does the same.
+Row measure_text() {
+    static GRX_TEXTE text{};
+    text.nofen = window_number;
+    text.y = 40;
+    text.coul_trace = 15;
+    std::strcpy(text.chaine, "Cloison 12,5");
+    return measure(
+        "text",
+        [](int i) {
+            XGCValues values{};
+            values.function = GXcopy;
+            values.foreground = 255;
+            XChangeGC(x11_disp, g_c, GCFunction | GCForeground | GCBackground, &values);
+            XDrawString(x11_disp, target, g_c, i, 40, text.chaine, 12);
+        },
+        [](int i) {
+            text.x = i;
+            grx_ecrit_fenetre(text);
+        });
+}
+
+int report(const char* where, const std::vector<Row>& rows) {
+    int below = 0;
+    for (const auto& row : rows) {
+        const bool enough = row.result.ratio() >= kLeastRatio;
+        below += enough ? 0 : 1;
+        std::printf("%-8s %-18s plain %8.1f ms  grx %8.1f ms  ratio %.3f%s\n", where, row.name.c_str(),
+            row.result.plain * 1e3, row.result.library * 1e3, row.result.ratio(), enough ? "" : "  BELOW 0.95");
+    }
+    return below;
+}
+
+bool open_window() {
+    grx_alloue_base_fenetres();
+    grx_alloue_base_boutons();
+    if (grx_init_application() == 0) return false;
+    GRX_FENETRE fenetre;
+    grx_init_fenetre(&fenetre);
+    fenetre.type = GRX_FEN_GRAPHIQUE;
+    fenetre.droite = fenetre.haut = kSide;
+    if (grx_cree_fenetre(&fenetre) != 0) return false;
+    window_number = fenetre.nofen;
+    grx_affecte_nofen_active(window_number);
+    grx_attend_creation_fenetre(window_number);
+    grx_affecte_gc(attributes());
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const bool gate = argc > 1 && std::strcmp(argv[1], "--gate") == 0;
+    if (!open_window()) return 2;
+    target = XtWindow(grx_recup_objet_fen(window_number));
+    auto rows = measure_all();
+    rows.push_back(measure_text());
+    int below = report("window", rows);
+    STRUCTURE_FENETRE* record = nullptr;
+    grx_recup_structure_fenetre(window_number, &record);
+    grx_alloue_image(window_number);
+    target = *record->image;
+    below += report("pixmap", measure_all());
+    return gate && below > 0 ? 1 : 0;
+}
