@@ -10,15 +10,30 @@
 #include <string>
 #include <string_view>
 
-// What the sanitizers do unless the environment says otherwise.
+// What the sanitizers do unless the environment says otherwise. The libraries below have no frame pointers: only the slow
+// unwinder shows who called them.
 extern "C" {
 const char* __asan_default_options();
 const char* __ubsan_default_options();
+const char* __lsan_default_suppressions();
+const char* __lsan_default_options();
+
 const char* __asan_default_options() {
-    return "detect_stack_use_after_return=1:strict_string_checks=1";
+    return "detect_stack_use_after_return=1:strict_string_checks=1:fast_unwind_on_malloc=0";
 }
+
 const char* __ubsan_default_options() {
     return "print_stacktrace=1:halt_on_error=1";
+}
+
+const char* __lsan_default_options() {
+    return "print_suppressions=0";
+}
+
+// The contexts that grx_init_gc replaces are not freed by design: applications may still hold the one before. It
+// allocates nothing else.
+const char* __lsan_default_suppressions() {
+    return "leak:grx_init_gc\n";
 }
 }
 
