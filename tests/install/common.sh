@@ -1,7 +1,7 @@
-# Sourced by the checks of an installed tree. $1 is the build folder, $2 flags that customers must be built with too.
+# Sourced by the checks of an installed tree. $1 is the build folder, CUSTOMER_FLAGS what customers must be built with too.
 set -euo pipefail
 build=$1
-flags=$2
+flags=${CUSTOMER_FLAGS:-}
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT

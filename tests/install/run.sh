@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh BUILD FLAGS: installs BUILD into a folder of its own and builds and runs customers of it,
+# run.sh BUILD: installs BUILD into a folder of its own and builds and runs customers of it,
 # in C and C++, by pkg-config and by CMake. None of them needs a display.
 source "$(dirname "$0")/common.sh"
 
