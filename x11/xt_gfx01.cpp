@@ -7,6 +7,7 @@
 #include <array>
 #include <cstring>
 
+#include "kit/batch.h"
 #include "kit/drawables.h"
 #include "kit/screen.h"
 #include "pure/axis.h"
@@ -130,10 +131,6 @@ void change_foreground(Changes& c, const GRX_ATTRIBUTS_TRACER& att) {
     memo_attrib.mode = att.mode;
 }
 
-void apply_background() {
-    grx_affecte_gc(background_attributes());
-}
-
 void forget_background() {
     memo_attrib.coul_fond = kForgotten;
 }
@@ -163,10 +160,15 @@ void forget_drawing_target(const Pixmap* image) {
 
 } // namespace grx
 
-extern "C" {
+namespace {
 
-void grx_affecte_gc(GRX_ATTRIBUTS_TRACER att) {
-    if (g_c == nullptr) return;
+bool applied(const GRX_ATTRIBUTS_TRACER& att) {
+    return !context_stale && att.coul_fond == memo_attrib.coul_fond && att.coul_trace == memo_attrib.coul_trace &&
+           att.mode == memo_attrib.mode && att.type_trait == memo_attrib.type_trait &&
+           att.epaisseur == memo_attrib.epaisseur;
+}
+
+void send_changes(const GRX_ATTRIBUTS_TRACER& att) {
     Changes c;
     change_background(c, att);
     change_style(c, att);
@@ -178,8 +180,32 @@ void grx_affecte_gc(GRX_ATTRIBUTS_TRACER att) {
     XChangeGC(x11_disp, g_c, c.mask | GCGraphicsExposures, &c.values);
 }
 
+void apply(const GRX_ATTRIBUTS_TRACER& att) {
+    if (!applied(att)) send_changes(att);
+}
+
+void apply_background() {
+    apply(background_attributes());
+}
+
+void select_target(Window window) {
+    win_bidon = grx_trace_memoire != 0 && image_redess != nullptr ? *image_redess : window;
+}
+
+void select_button_target(Window window) {
+    win_bidon_bouton = grx_trace_memoire_bouton != 0 && image_redess_bouton != nullptr ? *image_redess_bouton : window;
+}
+
+} // namespace
+
+extern "C" {
+
+void grx_affecte_gc(GRX_ATTRIBUTS_TRACER att) {
+    if (g_c != nullptr) apply(att);
+}
+
 void grx_reinit_gc(void) {
-    apply_background();
+    if (g_c != nullptr) apply_background();
 }
 
 void grx_init_memo_attrib(void) {
@@ -188,12 +214,12 @@ void grx_init_memo_attrib(void) {
 }
 
 INT test_trace_memoire(Window win) {
-    win_bidon = grx_trace_memoire != 0 && image_redess != nullptr ? *image_redess : win;
+    select_target(win);
     return 0;
 }
 
 INT test_trace_memoire_bouton(Window win) {
-    win_bidon_bouton = grx_trace_memoire_bouton != 0 && image_redess_bouton != nullptr ? *image_redess_bouton : win;
+    select_button_target(win);
     return 0;
 }
 }
@@ -207,23 +233,23 @@ using grx::into_box;
 
 // Ready to draw into a window: the target selected and the attributes applied. None: there is nothing to draw into.
 Drawable open_window(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
-    const Window window = g_c != nullptr ? grx::window_of(grx_recup_objet_fen(nofen)) : None;
+    const Window window = g_c != nullptr ? grx::window_of(grx::window_widget(nofen)) : None;
     if (window == None) return None;
-    test_trace_memoire(window);
-    grx_affecte_gc(attrib);
+    select_target(window);
+    apply(attrib);
     return win_bidon;
 }
 
 Drawable open_button(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib) {
     const Window window = g_c != nullptr ? grx::window_of(grx_recup_objet_bout(nobou)) : None;
     if (window == None) return None;
-    test_trace_memoire_bouton(window);
-    grx_affecte_gc(attrib);
+    select_button_target(window);
+    apply(attrib);
     return win_bidon_bouton;
 }
 
 void draw_line(Drawable target, const grx::Line& line) {
-    XDrawLine(x11_disp, target, g_c, line.x1, line.y1, line.x2, line.y2);
+    grx::draw_line(target, line.x1, line.y1, line.x2, line.y2);
 }
 
 void draw_segment(Drawable target, const GRX_SEGMENT& s) {
@@ -254,13 +280,13 @@ unsigned int span(INT from, INT to) {
 void outline_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
     const Corners c = corners_of(r);
-    XDrawRectangle(x11_disp, target, g_c, c.left, c.top, span(c.left, c.right), span(c.top, c.bottom));
+    grx::draw_rectangle(target, c.left, c.top, span(c.left, c.right), span(c.top, c.bottom));
 }
 
 void fill_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
     const Corners c = corners_of(r);
-    XFillRectangle(x11_disp, target, g_c, c.left, c.top, span(c.left, c.right) + 1, span(c.top, c.bottom) + 1);
+    grx::fill_rectangle(target, c.left, c.top, span(c.left, c.right) + 1, span(c.top, c.bottom) + 1);
 }
 
 // Arcs whose box does not fit the protocol are drawn as chords, cut like segments.
@@ -360,7 +386,7 @@ extern "C" {
 
 void grx_trace_point(GRX_POINT point) {
     const Drawable target = open_window(point.nofen, point.attrib);
-    if (target != None && fits16({point.x, point.y})) XDrawPoint(x11_disp, target, g_c, point.x, point.y);
+    if (target != None && fits16({point.x, point.y})) grx::draw_point(target, point.x, point.y);
 }
 
 void grx_trace_segment(GRX_SEGMENT segment) {
@@ -400,7 +426,7 @@ void grx_trace_arc(GRX_ARC arc) {
 void grx_remplit_arc(GRX_ARC arc) {
     const Drawable target = open_window(arc.nofen, arc.attrib);
     if (target == None || !box_fits(arc)) return;
-    XFillArc(x11_disp, target, g_c, arc.x, arc.y, arc.lar, arc.hau, start_of(arc), extent_of(arc) * kArcUnits);
+    grx::fill_arc(target, {arc.x, arc.y, arc.lar, arc.hau, start_of(arc), extent_of(arc) * kArcUnits});
 }
 
 void grx_trace_polyline(GRX_POLY poly) {

@@ -24,6 +24,13 @@ extern INT icone_pix[GRX_NB_COULEURS];  // pixel of each icon colour
 extern INT pal_pix[GRX_NB_COULEURS];    // system position of each pixel, 8 planes only
 
 // -- window base (xt_fen01)
+extern Widget* Tableau_objet_fen; // widget of each window number
+
+/// The widget of a window number, null when it names none. Drawing asks for every primitive.
+inline Widget window_widget(INT nofen) {
+    return nofen >= 1 && nofen < MAXOBJETFEN && Tableau_objet_fen != nullptr ? Tableau_objet_fen[nofen] : nullptr;
+}
+
 STRUCTURE_FENETRE* window_record(INT nofen);         // null when the base has no such entry
 STRUCTURE_FENETRE* window_record_at(XtPointer data); // the entry that callback data points at; null when it is none
 GRX_SAUVE_ZONE* save_slot(INT nofen);                // null when the base has no such entry

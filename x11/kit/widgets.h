@@ -4,6 +4,8 @@
 #include <X11/Intrinsic.h>
 #include <X11/Shell.h>
 #include <X11/StringDefs.h>
+#include <X11/IntrinsicP.h>
+#include <X11/CoreP.h>
 #include <Xm/Form.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/ScrollBar.h>
@@ -22,9 +24,9 @@ inline Widget nearest_shell(Widget w) {
     return nearest_of_class(w, shellWidgetClass);
 }
 
-/// The X window of a widget that has one by now, else None.
+/// The X window of a widget that has one by now, else None. Read from the widget: drawing asks for every primitive.
 inline Window window_of(Widget w) {
-    return w != nullptr && XtIsRealized(w) ? XtWindow(w) : None;
+    return w != nullptr ? w->core.window : None;
 }
 
 struct Size {
