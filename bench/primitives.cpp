@@ -38,99 +38,77 @@ struct Row {
 
 template <class Plain, class Library>
 Row measure(const char* name, Plain plain, Library library) {
-    return {name, grxbench::compare(kRounds, [&] { draw_all(plain); }, [&] { draw_all(library); })};
+    return {name, grxbench::compare(
+                      kRounds, [&] { draw_all(plain); }, [&] { draw_all(library); })};
 }
 
-// The application's record, made once: filling it is no part of drawing it.
-template <class Record>
-Record& record_of() {
-    static Record record{};
-    record.nofen = window_number;
-    return record;
-}
+// The application's display list, made beforehand: filling its records is no part of drawing them.
+struct Scene {
+    std::vector<GRX_POINT> points;
+    std::vector<GRX_SEGMENT> segments;
+    std::vector<GRX_RECTANGLE> rectangles;
+    std::vector<GRX_ARC> arcs;
+    std::vector<GRX_POLY> polygons;
+    std::vector<GRX_POLY> triangles;
+};
 
-template <class Record>
-void prepare() {
-    record_of<Record>().attrib = attributes();
-}
-
-GRX_RECTANGLE& rectangle_at(int i) {
-    auto& r = record_of<GRX_RECTANGLE>();
-    r.x1 = i;
-    r.y1 = 10;
-    r.x2 = i + 8;
-    r.y2 = 14;
-    return r;
-}
-
-GRX_ARC& arc_at(int i) {
-    auto& a = record_of<GRX_ARC>();
-    a.x = i;
-    a.y = 10;
-    a.lar = 8;
-    a.hau = 6;
-    a.angle_arr = 90;
-    return a;
-}
+Scene scene;
 
 GRX_POINT_POLY corners[] = {{10, 10}, {20, 12}, {24, 30}, {12, 26}};
 
-GRX_POLY& polygon() {
-    auto& p = record_of<GRX_POLY>();
-    p.points = corners;
-    p.npoints = 4;
-    return p;
-}
-
 XPoint* x_corners() {
     return reinterpret_cast<XPoint*>(corners);
+}
+
+std::size_t at(int i) {
+    return static_cast<std::size_t>(i);
+}
+
+GRX_POLY polygon(int count) {
+    return {window_number, corners, count, 0, 0, 0, attributes()};
+}
+
+void make_scene() {
+    const auto a = attributes();
+    for (int i = 0; i < kSide; ++i) {
+        scene.points.push_back({window_number, i, 10, 0, 0, 0, a});
+        scene.segments.push_back({window_number, 0, i, 40, kSide - i, 0, 0, 0, a});
+        scene.rectangles.push_back({window_number, i, 10, i + 8, 14, 0, 0, 0, a});
+        scene.arcs.push_back({window_number, i, 10, 8, 6, 0, 90, 0, 0, 0, a});
+        scene.polygons.push_back(polygon(4));
+        scene.triangles.push_back(polygon(3));
+    }
 }
 
 std::vector<Row> measure_all() {
     std::vector<Row> rows;
     rows.push_back(measure(
         "point", [](int i) { XDrawPoint(x11_disp, target, g_c, i, 10); },
-        [](int i) {
-            auto& p = record_of<GRX_POINT>();
-            p.x = i;
-            p.y = 10;
-            grx_trace_point(p);
-        }));
+        [](int i) { grx_trace_point(scene.points[at(i)]); }));
     rows.push_back(measure(
         "segment", [](int i) { XDrawLine(x11_disp, target, g_c, 0, i, 40, kSide - i); },
-        [](int i) {
-            auto& s = record_of<GRX_SEGMENT>();
-            s.y1 = i;
-            s.x2 = 40;
-            s.y2 = kSide - i;
-            grx_trace_segment(s);
-        }));
+        [](int i) { grx_trace_segment(scene.segments[at(i)]); }));
     rows.push_back(measure(
         "rectangle", [](int i) { XDrawRectangle(x11_disp, target, g_c, i, 10, 8, 4); },
-        [](int i) { grx_trace_rectangle(rectangle_at(i)); }));
+        [](int i) { grx_trace_rectangle(scene.rectangles[at(i)]); }));
     rows.push_back(measure(
         "filled rectangle", [](int i) { XFillRectangle(x11_disp, target, g_c, i, 10, 9, 5); },
-        [](int i) { grx_remplit_rectangle(rectangle_at(i)); }));
+        [](int i) { grx_remplit_rectangle(scene.rectangles[at(i)]); }));
     rows.push_back(measure(
         "arc", [](int i) { XDrawArc(x11_disp, target, g_c, i, 10, 8, 6, 0, 90 * 64); },
-        [](int i) { grx_trace_arc(arc_at(i)); }));
+        [](int i) { grx_trace_arc(scene.arcs[at(i)]); }));
     rows.push_back(measure(
         "filled arc", [](int i) { XFillArc(x11_disp, target, g_c, i, 10, 8, 6, 0, 90 * 64); },
-        [](int i) { grx_remplit_arc(arc_at(i)); }));
+        [](int i) { grx_remplit_arc(scene.arcs[at(i)]); }));
     rows.push_back(measure(
         "polyline", [](int) { XDrawLines(x11_disp, target, g_c, x_corners(), 4, CoordModeOrigin); },
-        [](int) { grx_trace_polyline(polygon()); }));
+        [](int i) { grx_trace_polyline(scene.polygons[at(i)]); }));
     rows.push_back(measure(
         "filled polygon", [](int) { XFillPolygon(x11_disp, target, g_c, x_corners(), 4, Complex, CoordModeOrigin); },
-        [](int) { grx_remplit_polygone(polygon()); }));
+        [](int i) { grx_remplit_polygone(scene.polygons[at(i)]); }));
     rows.push_back(measure(
-        "filled triangle",
-        [](int) { XFillPolygon(x11_disp, target, g_c, x_corners(), 3, Nonconvex, CoordModeOrigin); },
-        [](int) {
-            auto& p = polygon();
-            p.npoints = 3;
-            grx_remplit_triangle(p);
-        }));
+        "filled triangle", [](int) { XFillPolygon(x11_disp, target, g_c, x_corners(), 3, Nonconvex, CoordModeOrigin); },
+        [](int i) { grx_remplit_triangle(scene.triangles[at(i)]); }));
     return rows;
 }
 
@@ -180,11 +158,7 @@ bool open_window() {
     grx_affecte_nofen_active(window_number);
     grx_attend_creation_fenetre(window_number);
     grx_affecte_gc(attributes());
-    prepare<GRX_POINT>();
-    prepare<GRX_SEGMENT>();
-    prepare<GRX_RECTANGLE>();
-    prepare<GRX_ARC>();
-    prepare<GRX_POLY>();
+    make_scene();
     return true;
 }
 

@@ -35,11 +35,10 @@ const char* request_name(int code) {
         {X_GetAtomName, "GetAtomName"}, {X_GetProperty, "GetProperty"}, {X_GetSelectionOwner, "GetSelectionOwner"},
         {X_GetInputFocus, "GetInputFocus (sync)"}, {X_QueryFont, "QueryFont"}, {X_ListFonts, "ListFonts"},
         {X_ListFontsWithInfo, "ListFontsWithInfo"}, {X_GetImage, "GetImage"}, {X_AllocColor, "AllocColor"},
-        {X_AllocNamedColor, "AllocNamedColor"}, {X_AllocColorCells, "AllocColorCells"},
-        {X_QueryColors, "QueryColors"}, {X_LookupColor, "LookupColor"}, {X_QueryBestSize, "QueryBestSize"},
-        {X_QueryExtension, "QueryExtension"}, {X_GetKeyboardMapping, "GetKeyboardMapping"},
-        {X_GetModifierMapping, "GetModifierMapping"}, {X_QueryPointer, "QueryPointer"},
-        {X_TranslateCoords, "TranslateCoords"}, {X_GrabServer, "GrabServer"}};
+        {X_AllocNamedColor, "AllocNamedColor"}, {X_AllocColorCells, "AllocColorCells"}, {X_QueryColors, "QueryColors"},
+        {X_LookupColor, "LookupColor"}, {X_QueryBestSize, "QueryBestSize"}, {X_QueryExtension, "QueryExtension"},
+        {X_GetKeyboardMapping, "GetKeyboardMapping"}, {X_GetModifierMapping, "GetModifierMapping"},
+        {X_QueryPointer, "QueryPointer"}, {X_TranslateCoords, "TranslateCoords"}, {X_GrabServer, "GrabServer"}};
     const auto found = names.find(code);
     return found != names.end() ? found->second : "an extension's";
 }
