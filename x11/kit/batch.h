@@ -31,7 +31,7 @@ bool join(CARD8 type, Drawable target, const Item& item) {
     Display* const dpy = x11_disp;
     if (!can_join(dpy, type, target, g_c, sizeof item)) return false;
     auto* const head = reinterpret_cast<BatchHead*>(dpy->last_req);
-    if (head->mode != CoordModeOrigin) return false;
+    if (type == X_PolyPoint && head->mode != CoordModeOrigin) return false; // a filler byte in the other requests
     std::memcpy(dpy->bufptr, &item, sizeof item);
     dpy->bufptr += sizeof item;
     head->length = static_cast<CARD16>(head->length + sizeof item / 4);
