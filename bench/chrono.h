@@ -23,6 +23,10 @@ inline double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
+inline double fastest(const std::vector<double>& values) {
+    return *std::min_element(values.begin(), values.end());
+}
+
 struct Comparison {
     double plain = 0;
     double library = 0;
@@ -38,7 +42,7 @@ Comparison compare(int rounds, Plain plain, Library library) {
         first.push_back(seconds(plain));
         second.push_back(seconds(library));
     }
-    return {*std::min_element(first.begin(), first.end()), *std::min_element(second.begin(), second.end())};
+    return {fastest(first), fastest(second)};
 }
 
 } // namespace grxbench

@@ -24,7 +24,7 @@
 namespace {
 
 constexpr double kMostRatio = 1.2;
-constexpr int kRounds = 21;
+constexpr int kRounds = 41;
 constexpr int kWidth = 600, kHeight = 400;
 
 std::map<int, int> replies; // request code -> round trips
@@ -114,9 +114,11 @@ int compare(const char* self, bool gate) {
         motif.push_back(run_child(self, "--motif"));
         library.push_back(run_child(self, "--grx"));
     }
-    const double ratio = grxbench::median(library) / grxbench::median(motif);
-    std::printf("start to first exposure: plain Motif %.1f ms, grx %.1f ms, ratio %.2f (at most %.1f)\n",
-        grxbench::median(motif) * 1e3, grxbench::median(library) * 1e3, ratio, kMostRatio);
+    const double ratio = grxbench::fastest(library) / grxbench::fastest(motif);
+    std::printf("start to first exposure: plain Motif %.1f ms (median %.1f), grx %.1f ms (median %.1f), ratio %.2f (at "
+                "most %.1f)\n",
+        grxbench::fastest(motif) * 1e3, grxbench::median(motif) * 1e3, grxbench::fastest(library) * 1e3,
+        grxbench::median(library) * 1e3, ratio, kMostRatio);
     std::fflush(stdout);
     run_child(self, "--motif-trips");
     run_child(self, "--grx-trips");

@@ -63,6 +63,7 @@ constexpr std::size_t kGeometryText = 32;
 struct Beside {
     Widget outer;
     bool dead_pixmap;
+    bool framed;
     char geometry[kGeometryText]; // the toolkit keeps its address
 };
 std::array<Beside, GRX_NB_FENETRES> beside{};
@@ -151,6 +152,14 @@ bool holds_dead_pixmap(INT nofen) {
 
 void mark_dead_pixmap(INT nofen, bool dead) {
     beside_of(nofen).dead_pixmap = dead;
+}
+
+void mark_framed(INT nofen, bool framed) {
+    beside_of(nofen).framed = framed;
+}
+
+bool is_framed(INT nofen) {
+    return beside_of(nofen).framed;
 }
 
 Widget outer_widget(INT nofen) {
@@ -254,6 +263,7 @@ INT grx_libere_indice_objet_fen(INT nofen) {
     release_saved_picture(nofen);
     beside_of(nofen).outer = nullptr;
     beside_of(nofen).dead_pixmap = false;
+    beside_of(nofen).framed = false;
     return 1;
 }
 
@@ -457,8 +467,16 @@ Widget make_bulletin_board(Widget parent, grx::Args& args, const Build& b) {
     return XmCreateBulletinBoard(parent, const_cast<char*>("fenetre"), args.list(), args.count());
 }
 
+// A drawing area shows no shadows: colours given to them spare the server four questions about colours of their own.
+void set_unused_shadows(grx::Args& args, const Build& b) {
+    const auto black = static_cast<Pixel>(grx_noir_systeme());
+    args.set(XmNtopShadowColor, black).set(XmNbottomShadowColor, black).set(XmNhighlightColor, black);
+    if (!b.nested || b.fen.coul_trace < 0) args.set(XmNforeground, black);
+}
+
 Widget make_drawing_area(Widget parent, grx::Args& args, const Build& b) {
     args.set(XmNbackground, static_cast<Pixel>(grx_recup_couleur(grx_recup_couleur_fond())));
+    set_unused_shadows(args, b);
     if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0).set(XmNresizePolicy, XmRESIZE_NONE);
     return XmCreateDrawingArea(parent, const_cast<char*>("draw"), args.list(), args.count());
 }
@@ -575,6 +593,7 @@ void register_window(const Build& b) {
     record.type = b.fen.type;
     beside_of(nofen).outer = b.nested ? b.outer : nullptr;
     beside_of(nofen).dead_pixmap = false;
+    beside_of(nofen).framed = false;
 }
 
 void free_number(Widget, XtPointer number, XtPointer) {

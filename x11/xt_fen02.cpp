@@ -287,6 +287,22 @@ Window frame_of(Window window) {
     }
 }
 
+// The frame is noted with the window that the shell was made for; nested windows share the shell.
+bool in_frame(Widget shell) {
+    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen) {
+        if (grx::is_framed(nofen) && shell_of(nofen) == shell) return true;
+    }
+    return false;
+}
+
+// Root coordinates of a window that no window manager has put into a frame.
+Origin root_origin_of(Window window) {
+    int x = 0, y = 0;
+    Window child = None;
+    XTranslateCoordinates(x11_disp, window, grx::root_window(), 0, 0, &x, &y, &child);
+    return {x, y};
+}
+
 Origin origin_of(Window window) {
     Window root = None;
     int x = 0, y = 0;
@@ -427,7 +443,7 @@ INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur) {
 INT grx_recup_position_fenetre(INT nofen, INT* x, INT* y) {
     const Window window = grx::window_of(shell_of(nofen));
     if (window == None) return 0;
-    const Origin origin = origin_of(frame_of(window));
+    const Origin origin = in_frame(shell_of(nofen)) ? origin_of(frame_of(window)) : root_origin_of(window);
     give(x, origin.x);
     give(y, grx::turn_over_y(grx_recup_hau_ecran(), origin.y));
     return 0;

@@ -48,6 +48,23 @@ bool known_cursor(INT curseur) {
     return curseur >= GRX_CURS_AUCUN && curseur <= kLastCursor;
 }
 
+// On a deep screen a pixel says its colour itself; a cell has to be asked for.
+XColor colour_of(INT couleur) {
+    XColor colour{};
+    colour.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(couleur)));
+    if (grx_recup_profondeur_ecran() <= GRX_PROFONDEUR_8) {
+        XQueryColor(x11_disp, x11_cmap, &colour);
+        return colour;
+    }
+    constexpr INT widen = 257; // 8 to 16 bits
+    INT rgb[3] = {};
+    grx_recup_rgb(couleur, rgb);
+    colour.red = static_cast<unsigned short>(rgb[GRX_ROUGE] * widen);
+    colour.green = static_cast<unsigned short>(rgb[GRX_VERT] * widen);
+    colour.blue = static_cast<unsigned short>(rgb[GRX_BLEU] * widen);
+    return colour;
+}
+
 constexpr INT kFirstFontCursor = GRX_CURS_MONTRE;
 
 bool font_cursor(INT curseur) {
@@ -92,9 +109,7 @@ INT grx_change_curseur(INT curseur, INT nofen) {
 INT grx_change_couleur_curseur(INT curseur, INT couleur) {
     const Cursor cursor = cursor_of(curseur);
     if (cursor == None || x11_disp == nullptr) return 0;
-    XColor foreground{};
-    foreground.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(couleur)));
-    XQueryColor(x11_disp, x11_cmap, &foreground);
+    XColor foreground = colour_of(couleur);
     XColor background = white();
     XRecolorCursor(x11_disp, cursor, &foreground, &background);
     return 0;

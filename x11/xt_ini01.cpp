@@ -3,7 +3,7 @@
 
 #include <X11/Shell.h>
 #include <X11/StringDefs.h>
-#include <Xm/Display.h>
+#include <Xm/DisplayP.h>
 #include <Xm/DragDrop.h>
 #include <Xm/Xm.h>
 
@@ -109,10 +109,10 @@ bool open_display() {
     return true;
 }
 
-// The toolkit destroys its display object, with everything set on it, when the last shell goes, and makes a fresh one
-// with forty round trips for the next. This shell is never realised and never goes.
+// The toolkit counts the shells on its display object and destroys it, with everything set on it, when the last one
+// goes; the next shell would wait for forty answers of the server. One that never goes is counted here.
 void keep_display_object() {
-    XtAppCreateShell(nullptr, "TopLevelShell", topLevelShellWidgetClass, x11_disp, nullptr, 0);
+    ++reinterpret_cast<XmDisplayRec*>(XmGetXmDisplay(x11_disp))->display.shellCount;
 }
 
 // A press of the second mouse button on a label would otherwise start a drag that takes over the event loop.
@@ -187,6 +187,9 @@ void measure_scroll_bar(INT window) {
 bool measure_fields(INT window) {
     GRX_BOUTON one = probe_button(GRX_BOU_TEXTE, window, "test", 0);
     GRX_BOUTON two = probe_button(GRX_BOU_TEXTE, window, "test", 1);
+    // Read-only ones are as large, and the toolkit opens no input method for them.
+    one.attrib |= GRX_BOU_ATT_TEXTE_LECTURE;
+    two.attrib |= GRX_BOU_ATT_TEXTE_LECTURE;
     one.tabi[GRX_BOU_TABI_COLONNES] = 1;
     two.tabi[GRX_BOU_TABI_COLONNES] = 2;
     two.x = two.y = 10;
