@@ -1,0 +1,272 @@
+#include "atelier.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+#include "palette.h"
+#include "rendu.h"
+#include "texte.h"
+#include "unites.h"
+#include "xt_f.h"
+
+namespace atelier {
+
+namespace {
+
+constexpr INT kMoletteHaut = 4, kMoletteBas = 5; // the wheel comes as two more mouse buttons
+constexpr double kZoomMolette = 1.2, kZoomTouche = 1.5;
+constexpr double kPasTouche = 0.1;  // of the window that an arrow key moves
+constexpr double kElastiqueMin = 4; // pixels; a smaller rubber band is a click
+
+enum Touche { kEchap = 27, kDebut = 0xFF50, kGauche = 0xFF51, kHaut = 0xFF52, kDroite = 0xFF53, kBas = 0xFF54 };
+
+// Leaves room for the decorations.
+Taille taille_pour_ecran(Taille voulue) {
+    constexpr double kPart = 0.86;
+    if (voulue.largeur > 0) return voulue;
+    return {static_cast<int>(grx_recup_lar_ecran() * kPart), static_cast<int>(grx_recup_hau_ecran() * kPart)};
+}
+
+void titre_de(GRX_FENETRE& f, const std::string& titre) {
+    std::snprintf(f.titre, sizeof f.titre, "%s", titre.c_str());
+}
+
+void curseur(INT nofen, INT numero) {
+    grx_change_curseur(numero, nofen);
+}
+
+} // namespace
+
+Atelier::Atelier(Dessin dessin, std::string nom) : dessin_(std::move(dessin)), nom_(std::move(nom)) {}
+
+bool Atelier::ouvre(Taille taille) {
+    if (grx_alloue_base_fenetres() != 0 || grx_alloue_base_boutons() != 0) return false;
+    grx_initialise_globales();
+    pose_reserve();
+    if (grx_init_application() == 0) {
+        std::fputs("atelier: pas d'ecran utilisable (variable DISPLAY)\n", stderr);
+        return false;
+    }
+    indices_ = pose_couleurs(dessin_.couleurs);
+    if (cree_fenetres(taille_pour_ecran(taille))) return true;
+    std::fputs("atelier: les fenetres n'ont pas pu etre creees\n", stderr);
+    return false;
+}
+
+// A form that fills the main window holds the sheet, and above its foot the status strip.
+bool Atelier::cree_fenetres(Taille taille) {
+    GRX_FENETRE f;
+    grx_init_fenetre(&f);
+    f.type = GRX_FEN_ALPHA;
+    f.attrib = GRX_FEN_ATT_PRINCIPALE | GRX_FEN_ATT_VISIBLE;
+    f.droite = taille.largeur;
+    f.haut = taille.hauteur;
+    f.x = std::max(0, (grx_recup_lar_ecran() - taille.largeur) / 2);
+    f.y = std::max(0, (grx_recup_hau_ecran() - taille.hauteur) / 2);
+    f.curseur = GRX_CURS_CROIX_X;
+    titre_de(f, "atelier - " + nom_);
+    if (grx_cree_fenetre(&f) != 0) return false;
+    principale_ = f.nofen;
+    grx_affecte_nofen_principale(principale_);
+
+    grx_init_fenetre(&f);
+    f.type = GRX_FEN_GRAPHIQUE;
+    f.attrib = GRX_FEN_ATT_FILLE | GRX_FEN_ATT_VISIBLE;
+    f.fen_mere = principale_;
+    f.attache = GRX_ATTACHE_BAS | GRX_ATTACHE_HAUT | GRX_ATTACHE_DROITE | GRX_ATTACHE_GAUCHE;
+    if (grx_cree_fenetre(&f) != 0) return false;
+    graphique_ = f.nofen;
+    return bandeau_.cree(principale_);
+}
+
+int Atelier::boucle() {
+    GRX_EVENEMENT e{};
+    while (!fini_) {
+        // All that waits is handled before anything is drawn, so that the picture follows the hand.
+        for (INT attente = 1; !fini_ && grx_digitaliseur(&e, attente) != 0; attente = 0) traite(e);
+        if (!fini_) rafraichit();
+    }
+    grx_desalloue_base_boutons();
+    grx_desalloue_base_fenetres();
+    return 0;
+}
+
+void Atelier::traite(const GRX_EVENEMENT& e) {
+    switch (e.type_evenement) {
+    case GRX_EVT_AFFICHAGE:
+    case GRX_EVT_CHGT_TAILLE: return taille_changee(e.affichage.nofen);
+    case GRX_EVT_BOUTON_APPUI: return appui(e.bouton_appui);
+    case GRX_EVT_SOURIS_BOUGE: return bouge(e.souris_bouge);
+    case GRX_EVT_BOUTON_RELACHE: return relache(e.bouton_relache);
+    case GRX_EVT_CARAC_APPUI: return touche(e.carac_appui.carac);
+    case GRX_EVT_DESTRUCTION: fini_ = true; return;
+    default: return;
+    }
+}
+
+// --- windows ------------------------------------------------------------------------------------------------------
+
+void Atelier::prend_taille() {
+    INT largeur = 0, hauteur = 0;
+    grx_recup_taille_fenetre_fille(graphique_, &largeur, &hauteur);
+    hauteur_fenetre_ = hauteur;
+    vue_.taille(largeur, hauteur - Bandeau::kHauteur);
+}
+
+// Drawn at once: the exposure that follows shows the backing picture, which a new size has emptied.
+void Atelier::taille_changee(INT nofen) {
+    if (nofen == bandeau_.nofen()) return bandeau_.redessine();
+    if (nofen != graphique_) return;
+    elastique_.reset();
+    prend_taille();
+    if (!cadree_) vue_.cadre_tout(dessin_.boite);
+    cadree_ = true;
+    redessine();
+}
+
+Point Atelier::du_haut(INT x, INT y) const {
+    return {static_cast<double>(x), static_cast<double>(hauteur_fenetre_ - y)};
+}
+
+void Atelier::ferme() {
+    grx_detruit_fenetre(principale_);
+    fini_ = true;
+}
+
+// --- mouse and keys -----------------------------------------------------------------------------------------------
+
+void Atelier::appui(const GRX_BOUTON_APPUI& e) {
+    if (e.nofen != graphique_) return;
+    const Point p = du_haut(e.x, e.y);
+    if (elastique_) return;
+    switch (e.bouton) {
+    case GRX_SOURIS_GAUCHE: return debut_elastique(p);
+    case GRX_SOURIS_MILIEU: prise_ = p; return curseur(principale_, GRX_CURS_DEPLACE);
+    case kMoletteHaut: vue_.zoome(kZoomMolette, p); break;
+    case kMoletteBas: vue_.zoome(1 / kZoomMolette, p); break;
+    default: return;
+    }
+    a_redessiner_ = true;
+}
+
+void Atelier::bouge(const GRX_SOURIS_BOUGE& e) {
+    if (e.nofen != graphique_) return;
+    pointeur_ = du_haut(e.x, e.y);
+    if (elastique_) tend_elastique(pointeur_);
+    if (!prise_) return;
+    vue_.deplace(pointeur_ - *prise_);
+    prise_ = pointeur_;
+    a_redessiner_ = true;
+}
+
+void Atelier::relache(const GRX_BOUTON_RELACHE& e) {
+    if (e.bouton == GRX_SOURIS_GAUCHE && elastique_) return fin_elastique(true);
+    if (e.bouton != GRX_SOURIS_MILIEU || !prise_) return;
+    prise_.reset();
+    curseur(principale_, GRX_CURS_CROIX_X);
+}
+
+void Atelier::touche(INT carac) {
+    const double dx = kPasTouche * vue_.largeur(), dy = kPasTouche * vue_.hauteur();
+    if (elastique_) fin_elastique(false);
+    switch (carac) {
+    case 'f':
+    case kDebut: vue_.cadre_tout(dessin_.boite); break;
+    case '+': vue_.zoome(kZoomTouche, vue_.milieu()); break;
+    case '-': vue_.zoome(1 / kZoomTouche, vue_.milieu()); break;
+    case kGauche: vue_.deplace({dx, 0}); break;
+    case kDroite: vue_.deplace({-dx, 0}); break;
+    case kHaut: vue_.deplace({0, dy}); break;
+    case kBas: vue_.deplace({0, -dy}); break;
+    case 'q': return ferme();
+    default: return;
+    }
+    a_redessiner_ = true;
+}
+
+// --- rubber band --------------------------------------------------------------------------------------------------
+
+// Drawn with exclusive or on the screen only: the same again removes it.
+void Atelier::trace_elastique() const {
+    GRX_RECTANGLE r{};
+    r.nofen = graphique_;
+    r.x1 = static_cast<INT>(elastique_->coin.x);
+    r.y1 = static_cast<INT>(elastique_->coin.y);
+    r.x2 = static_cast<INT>(elastique_->oppose.x);
+    r.y2 = static_cast<INT>(elastique_->oppose.y);
+    r.attrib.coul_fond = kCoulFond;
+    r.attrib.coul_trace = kCoulElastique;
+    r.attrib.mode = GRX_MODE_XOR;
+    grx_trace_rectangle(r);
+}
+
+void Atelier::debut_elastique(Point p) {
+    rafraichit();
+    elastique_ = Elastique{p, p};
+    trace_elastique();
+}
+
+void Atelier::tend_elastique(Point p) {
+    trace_elastique();
+    elastique_->oppose = p;
+    trace_elastique();
+}
+
+void Atelier::fin_elastique(bool zoome) {
+    trace_elastique();
+    const auto [coin, oppose] = *std::exchange(elastique_, {});
+    const Point d = oppose - coin;
+    if (!zoome || std::max(std::abs(d.x), std::abs(d.y)) < kElastiqueMin) return;
+    vue_.cadre(Boite::entre(vue_.vers_dessin(coin), vue_.vers_dessin(oppose)));
+    a_redessiner_ = true;
+}
+
+// --- picture ------------------------------------------------------------------------------------------------------
+
+void Atelier::rafraichit() {
+    if (a_redessiner_) redessine();
+    montre_bandeau();
+}
+
+// Unseen into the backing picture, then shown at once; exposures show it again without asking.
+void Atelier::redessine() {
+    a_redessiner_ = false;
+    grx_affecte_nofen_active(graphique_);
+    grx_alloue_image(graphique_);
+    trace_dessin(graphique_, dessin_, vue_, indices_);
+    grx_desalloue_image();
+    grx_affiche_bitmap_backingstore(graphique_);
+    montre_titre();
+}
+
+// How many times smaller than in nature the drawing is seen, 0 when its unit has no length.
+double Atelier::echelle_papier() const {
+    const double mm = millimetres(dessin_.unites);
+    const double mm_par_pixel = grx_recup_lar_ecran() > 0 ? 1.0 * grx_recup_lar_ecran_mm() / grx_recup_lar_ecran() : 0;
+    return mm > 0 && mm_par_pixel > 0 ? mm / (vue_.echelle() * mm_par_pixel) : 0;
+}
+
+void Atelier::montre_titre() {
+    const std::string titre = "atelier - " + nom_ + " - " + texte_echelle(echelle_papier(), vue_.echelle());
+    if (titre == titre_) return;
+    titre_ = titre;
+    std::array<char, GRX_TITRE_MAX> tampon{};
+    std::snprintf(tampon.data(), tampon.size(), "%s", titre.c_str());
+    grx_change_titre_fenetre(principale_, tampon.data());
+}
+
+void Atelier::montre_bandeau() {
+    if (!cadree_) return;
+    const Point p = vue_.vers_dessin(pointeur_);
+    const int decimales = decimales_pour(vue_.echelle());
+    Bandeau::Contenu c;
+    c.position = en_unicode("X " + nombre(p.x, decimales) + "   Y " + nombre(p.y, decimales) + symbole(dessin_.unites));
+    c.echelle = en_unicode("\u00C9chelle " + texte_echelle(echelle_papier(), vue_.echelle()));
+    c.nom = en_unicode(nom_);
+    bandeau_.montre(c);
+}
+
+} // namespace atelier

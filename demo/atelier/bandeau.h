@@ -1,0 +1,36 @@
+// The status strip at the foot of the window.
+#ifndef ATELIER_BANDEAU_H
+#define ATELIER_BANDEAU_H
+
+#include <string>
+
+#include "host_t.h"
+
+namespace atelier {
+
+class Bandeau {
+  public:
+    static constexpr int kHauteur = 28; // pixels
+
+    // Makes the strip in window mere. Returns false when it cannot be made.
+    bool cree(INT mere);
+    INT nofen() const { return nofen_; }
+
+    // What it shows: the position on the left, then the scale, and the name of the drawing on the right.
+    struct Contenu {
+        std::u32string position, echelle, nom;
+        bool operator==(const Contenu&) const = default;
+    };
+    // Draws it when it differs from what is shown.
+    void montre(const Contenu& contenu);
+    // Draws it in any case.
+    void redessine();
+
+  private:
+    INT nofen_ = -1;
+    Contenu contenu_;
+};
+
+} // namespace atelier
+
+#endif

@@ -1,0 +1,112 @@
+// A drawing as it is read: layers, blocks, entities; and as it is drawn: a flat list of objects.
+#ifndef ATELIER_DESSIN_H
+#define ATELIER_DESSIN_H
+
+#include <array>
+#include <map>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "geometrie.h"
+
+namespace atelier {
+
+struct Rgb {
+    int rouge = 0, vert = 0, bleu = 0; // 0..255
+    auto operator<=>(const Rgb&) const = default;
+};
+
+enum class Genre { Plein, Trait, Point, Texte };
+
+// --- as it is read ------------------------------------------------------------------------------------------------
+
+constexpr int kDuBloc = 0;     // colour numbers: as the insertion,
+constexpr int kDuCalque = 256; // as the layer
+constexpr int kSansRgb = -1;   // no true colour
+constexpr int kPoidsDuCalque = -1, kPoidsDuBloc = -2;
+
+struct Aspect {
+    std::string calque = "0";
+    int couleur = kDuCalque;
+    int rgb = kSansRgb; // 0xRRGGBB, stronger than couleur
+    std::string trait = "BYLAYER";
+    int poids = kPoidsDuCalque; // hundredths of a millimetre
+};
+
+struct Figure {
+    Genre genre = Genre::Trait;
+    Chemin chemin;
+    double hauteur = 0; // of capitals, for texts
+};
+
+struct Insertion {
+    std::string bloc;
+    Matrice place;
+    int colonnes = 1, rangees = 1;
+    double pas_x = 0, pas_y = 0;
+};
+
+struct Entite {
+    Aspect aspect;
+    std::variant<Figure, Insertion> contenu;
+};
+
+struct Bloc {
+    Point base;
+    std::vector<Entite> entites;
+};
+
+struct Calque {
+    int couleur = 7;
+    int rgb = kSansRgb;
+    std::string trait = "CONTINUOUS";
+    int poids = 0;
+    bool visible = true;
+};
+
+using Compte = std::map<std::string, int>; // how many of each kind
+
+// Names are kept in capitals: drawings do not tell them apart otherwise.
+struct Brut {
+    std::map<std::string, Calque> calques;
+    std::map<std::string, std::vector<double>> motifs; // dashes of the line types
+    std::map<std::string, Bloc> blocs;
+    std::vector<Entite> entites;
+    Compte non_dessinees;
+    int unites = 0; // of the drawing, as files number them
+    std::vector<std::string> remarques;
+};
+
+// --- as it is drawn -----------------------------------------------------------------------------------------------
+
+struct Objet {
+    Genre genre = Genre::Trait;
+    Chemin chemin;
+    Boite boite;
+    int couleur = 0;   // index into Dessin::couleurs
+    int trait = 0;     // GRX_TRAIT_...
+    int epaisseur = 0; // line-width index
+    double hauteur = 0;
+};
+
+struct Dessin {
+    std::vector<Objet> objets; // in the order in which they are drawn
+    std::vector<Rgb> couleurs; // the most used ones first
+    Boite boite;
+    int unites = 0;
+    Compte non_dessinees;
+    std::vector<std::string> remarques;
+};
+
+// Colours for a dark sheet.
+constexpr Rgb kFond{22, 27, 34};
+constexpr Rgb kAvantPlan{236, 238, 240};
+
+// Puts every insertion in the place of its block, settles what layers and blocks pass on, and sorts. A block within
+// itself is left out; a drawing without end is cut, which is remarked.
+Dessin eclate(const Brut& brut);
+
+} // namespace atelier
+
+#endif

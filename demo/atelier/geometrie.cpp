@@ -1,0 +1,75 @@
+#include "geometrie.h"
+
+#include <algorithm>
+
+namespace atelier {
+
+namespace {
+
+constexpr double kPasArc = std::numbers::pi / 8; // a cubic leaves such an arc by less than 1e-7 of its radius
+constexpr double kTourMax = 100 * std::numbers::pi;
+constexpr int kCoupesMax = 256;
+
+} // namespace
+
+void Chemin::courbe(Point p, Point q, Point fin) {
+    if (empty()) aller(p);
+    pas_.push_back(Pas::Courbe);
+    points_.insert(points_.end(), {p, q, fin});
+}
+
+void Chemin::arc(Point centre, Point u, Point v, double t0, double t1) {
+    const auto en = [&](double t) { return centre + std::cos(t) * u + std::sin(t) * v; };
+    const auto tangente = [&](double t) { return std::cos(t) * v - std::sin(t) * u; };
+    if (!std::isfinite(t0) || !(std::abs(t1 - t0) <= kTourMax)) return;
+    const Point debut = en(t0);
+    if (empty() || points_.back() != debut) ligne(debut);
+    const int n = std::max(1, static_cast<int>(std::ceil(std::abs(t1 - t0) / kPasArc - 1e-9)));
+    const double pas = (t1 - t0) / n;
+    const double bras = 4.0 / 3.0 * std::tan(pas / 4);
+    for (int i = 0; i < n; ++i) {
+        const double a = t0 + i * pas, b = a + pas;
+        courbe(en(a) + bras * tangente(a), en(b) - bras * tangente(b), en(b));
+    }
+}
+
+void Chemin::ferme() {
+    auto point = points_.size();
+    for (auto pas = pas_.rbegin(); pas != pas_.rend(); ++pas) {
+        point -= *pas == Pas::Courbe ? 3 : 1;
+        if (*pas != Pas::Aller) continue;
+        if (points_[point] != points_.back()) ligne(Point(points_[point]));
+        return;
+    }
+}
+
+void Chemin::ajoute(const Chemin& autre, const Matrice& m) {
+    pas_.insert(pas_.end(), autre.pas_.begin(), autre.pas_.end());
+    points_.reserve(points_.size() + autre.points_.size());
+    for (const Point p : autre.points_) points_.push_back(m.applique(p));
+}
+
+Boite Chemin::boite() const {
+    Boite boite;
+    for (const Point p : points_) boite.ajoute(p);
+    return boite;
+}
+
+bool Chemin::fini() const {
+    constexpr double kLoin = 1e12; // beyond this, doubles no longer tell tenths apart
+    return std::ranges::all_of(points_, [](Point p) { return std::abs(p.x) <= kLoin && std::abs(p.y) <= kLoin; });
+}
+
+void Chemin::courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance) {
+    const Point debut = trait.back();
+    const double courbure = std::max(norme(debut - 2 * p + q), norme(p - 2 * q + fin));
+    const double voulu = std::ceil(std::sqrt(0.75 * courbure / tolerance));
+    const int n = voulu < kCoupesMax ? std::max(1, static_cast<int>(voulu)) : kCoupesMax;
+    for (int i = 1; i < n; ++i) {
+        const double t = static_cast<double>(i) / n, s = 1 - t;
+        trait.push_back(s * s * s * debut + 3 * s * s * t * p + 3 * s * t * t * q + t * t * t * fin);
+    }
+    trait.push_back(fin);
+}
+
+} // namespace atelier

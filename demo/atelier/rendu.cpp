@@ -1,0 +1,133 @@
+#include "rendu.h"
+
+#include <algorithm>
+
+#include "decoupe.h"
+#include "police.h"
+#include "traits.h"
+#include "xt_gfx_f.h"
+
+namespace atelier {
+
+namespace {
+
+constexpr double kTolerance = 0.2;       // pixels by which curves may be off
+constexpr double kDebord = 64;           // pixels drawn beyond the window: wider than any line
+constexpr double kTexteMin = 2.5;        // height in pixels below which a text is a smudge
+constexpr std::size_t kPointsMax = 2000; // of one request
+constexpr int kDemiCroix = 3;
+
+GRX_POINT_POLY pixel(Point p) {
+    return {static_cast<short>(std::lround(p.x)), static_cast<short>(std::lround(p.y))};
+}
+
+bool meme(GRX_POINT_POLY a, GRX_POINT_POLY b) {
+    return a.x == b.x && a.y == b.y;
+}
+
+std::vector<GRX_POINT_POLY> pixels(const std::vector<Point>& points) {
+    std::vector<GRX_POINT_POLY> r;
+    r.reserve(points.size());
+    for (const Point p : points)
+        if (const GRX_POINT_POLY q = pixel(p); r.empty() || !meme(r.back(), q)) r.push_back(q);
+    return r;
+}
+
+GRX_POLY poly(const Plume& plume, GRX_POINT_POLY* points, std::size_t nombre) {
+    GRX_POLY p{};
+    p.nofen = plume.nofen;
+    p.points = points;
+    p.npoints = static_cast<INT>(nombre);
+    p.attrib = plume.attrib;
+    return p;
+}
+
+void trace_point(const Plume& plume, GRX_POINT_POLY p) {
+    GRX_POINT point{};
+    point.nofen = plume.nofen;
+    point.x = p.x;
+    point.y = p.y;
+    point.attrib = plume.attrib;
+    grx_trace_point(point);
+}
+
+// Requests have a largest size: long lines go in several, each beginning where the last one ended.
+void trace_ligne(const Plume& plume, const std::vector<Point>& ligne) {
+    std::vector<GRX_POINT_POLY> p = pixels(ligne);
+    if (p.size() == 1) return trace_point(plume, p[0]);
+    for (std::size_t i = 0; i + 1 < p.size(); i += kPointsMax - 1)
+        grx_trace_polyline(poly(plume, p.data() + i, std::min(kPointsMax, p.size() - i)));
+}
+
+void trace_croix(const Plume& plume, Point centre) {
+    const GRX_POINT_POLY c = pixel(centre);
+    const auto decale = [c](int dx, int dy) {
+        return GRX_POINT_POLY{static_cast<short>(c.x + dx), static_cast<short>(c.y + dy)};
+    };
+    GRX_POINT_POLY h[2]{decale(-kDemiCroix, 0), decale(kDemiCroix, 0)};
+    GRX_POINT_POLY v[2]{decale(0, -kDemiCroix), decale(0, kDemiCroix)};
+    grx_trace_polyline(poly(plume, h, 2));
+    grx_trace_polyline(poly(plume, v, 2));
+}
+
+void remplit(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites) {
+    chemin.aplatit(m, kTolerance, [&](const std::vector<Point>& contour) {
+        std::vector<GRX_POINT_POLY> p = pixels(decoupe_surface(contour, limites));
+        if (p.size() > 2) grx_remplit_polygone(poly(plume, p.data(), p.size()));
+        // Thin surfaces keep an outline when they have less than a pixel of inside.
+        if (!p.empty()) {
+            p.push_back(p.front());
+            grx_trace_polyline(poly(plume, p.data(), p.size()));
+        }
+    });
+}
+
+Boite ecran(int largeur, int hauteur) {
+    return Boite::entre({-kDebord, -kDebord}, {largeur + kDebord, hauteur + kDebord});
+}
+
+void trace_objet(const Plume& plume, const Objet& o, const Vue& vue, const Boite& limites) {
+    const Matrice m = vue.vers_ecran();
+    switch (o.genre) {
+    case Genre::Plein: return remplit(plume, o.chemin, m, limites);
+    case Genre::Point: return trace_croix(plume, m.applique(o.chemin.points().front()));
+    case Genre::Texte:
+        if (o.hauteur * vue.echelle() < kTexteMin) return;
+        [[fallthrough]];
+    case Genre::Trait: return trace_chemin(plume, o.chemin, m, limites);
+    }
+}
+
+} // namespace
+
+void trace_chemin(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites) {
+    const int motif = periode(plume.attrib.type_trait);
+    chemin.aplatit(m, kTolerance, [&](const std::vector<Point>& ligne) {
+        if (ligne.size() == 1) return;
+        decoupe_ligne(ligne, limites, motif, [&](const std::vector<Point>& part) { trace_ligne(plume, part); });
+    });
+}
+
+void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices) {
+    const Boite limites = ecran(vue.largeur(), vue.hauteur());
+    const Boite visible = vue.visible();
+    Plume plume{nofen, {}};
+    for (const Objet& o : dessin.objets) {
+        if (!o.boite.touche(visible)) continue;
+        plume.attrib.coul_trace = indices[static_cast<std::size_t>(o.couleur)];
+        plume.attrib.type_trait = o.trait;
+        plume.attrib.epaisseur = o.epaisseur;
+        trace_objet(plume, o, vue, limites);
+    }
+}
+
+double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur) {
+    const double k = hauteur / police::kHauteur;
+    const Matrice m = Matrice::translation(debut) * Matrice::echelle(k, -k);
+    const Point fin{debut.x + k * police::largeur(texte), debut.y};
+    const Point marge{kDebord, kDebord};
+    trace_chemin(plume, police::ecrit(texte), m, Boite::entre(debut - marge, fin + marge));
+    return fin.x;
+}
+
+} // namespace atelier

@@ -1,0 +1,31 @@
+// From a drawing and a view to the primitives of grx.
+#ifndef ATELIER_RENDU_H
+#define ATELIER_RENDU_H
+
+#include <string_view>
+#include <vector>
+
+#include "dessin.h"
+#include "vue.h"
+#include "xt_gfx_t.h"
+
+namespace atelier {
+
+// How and where primitives are drawn: the window and the attributes that they share.
+struct Plume {
+    INT nofen = 0;
+    GRX_ATTRIBUTS_TRACER attrib{}; // all zero: sheet colour on sheet colour, plain, solid, thin
+};
+
+// Draws all that is visible. indices: colour index of each colour of the drawing.
+void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices);
+
+// Strokes of a path through m; limites: what is seen of the target.
+void trace_chemin(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites);
+
+// Text in the program's own font: capitals of hauteur pixels, the baseline starting at x, y. Returns where it ends.
+double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur);
+
+} // namespace atelier
+
+#endif
