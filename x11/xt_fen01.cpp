@@ -435,7 +435,7 @@ void make_scrolled_window(Build& b, Widget container) {
     grx::Args args;
     args.set(XmNscrollingPolicy, graphic ? XmAPPLICATION_DEFINED : XmAUTOMATIC);
     args.set(XmNautoDragModel, XmAUTO_DRAG_DISABLED); // drag and drop is off
-    set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
+    set_given_size(args, b.fen);                      // laid out at another size first, it would leave its bars behind
     if (b.nested) set_place_in_parent(args, b);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(container, const_cast<char*>("fenetre"), args.list(), args.count());

@@ -163,9 +163,9 @@ void forget_drawing_target(const Pixmap* image) {
 namespace {
 
 bool applied(const GRX_ATTRIBUTS_TRACER& att) {
-    return !context_stale && att.coul_fond == memo_attrib.coul_fond && att.coul_trace == memo_attrib.coul_trace &&
-           att.mode == memo_attrib.mode && att.type_trait == memo_attrib.type_trait &&
-           att.epaisseur == memo_attrib.epaisseur;
+    return !context_stale && att.coul_fond == memo_attrib.coul_fond && att.coul_trace == memo_attrib.coul_trace
+           && att.mode == memo_attrib.mode && att.type_trait == memo_attrib.type_trait
+           && att.epaisseur == memo_attrib.epaisseur;
 }
 
 void send_changes(const GRX_ATTRIBUTS_TRACER& att) {

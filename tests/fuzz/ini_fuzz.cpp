@@ -50,8 +50,9 @@ class IniFuzz : public testing::TestWithParam<unsigned> {
     std::size_t below(std::size_t limit) { return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random_); }
 
     std::string piece() {
-        static const std::vector<std::string> others{"FONT_CARACTERE", "#", "\n", "\r\n", "\r", " ", "\t", "-", "+", "x",
-            "0", "8", "16", "17", "48", "128", "2147483648", "-1", "99999999999999999999", "9x15", "BORD_SANS_", "="};
+        static const std::vector<std::string> others{"FONT_CARACTERE", "#", "\n", "\r\n", "\r", " ", "\t", "-", "+",
+            "x", "0", "8", "16", "17", "48", "128", "2147483648", "-1", "99999999999999999999", "9x15", "BORD_SANS_",
+            "="};
         switch (below(6)) {
         case 0: return keys[below(keys.size())].name;
         case 1: return std::string(1, static_cast<char>(below(256)));

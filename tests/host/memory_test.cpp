@@ -36,7 +36,9 @@ TEST(HostMemory, ResizingKeepsTheBytes) {
     freeC(block, 2);
 }
 
-TEST(HostMemory, FreeingNullIsAccepted) { EXPECT_EQ(freeC(nullptr, 12), 0); }
+TEST(HostMemory, FreeingNullIsAccepted) {
+    EXPECT_EQ(freeC(nullptr, 12), 0);
+}
 
 TEST(HostMemory, CopyMayOverlapAndNeverGoesBackwards) {
     std::array<char, 6> text{'a', 'b', 'c', 'd', 'e', '\0'};
@@ -76,8 +78,7 @@ TEST_F(HostMemoryCheckDeathTest, WrongSizeOfFreeIsTold) {
         freeC(mallocC(10), 12);
         std::exit(0);
     };
-    EXPECT_EXIT(use(), testing::ExitedWithCode(0),
-        "freeC: wrong size, 12 bytes given for a block of 10 bytes");
+    EXPECT_EXIT(use(), testing::ExitedWithCode(0), "freeC: wrong size, 12 bytes given for a block of 10 bytes");
 }
 
 TEST_F(HostMemoryCheckDeathTest, WrongSizeOfReallocIsTold) {
@@ -85,8 +86,7 @@ TEST_F(HostMemoryCheckDeathTest, WrongSizeOfReallocIsTold) {
         freeC(reallocC(mallocC(10), 9, 30), 30);
         std::exit(0);
     };
-    EXPECT_EXIT(use(), testing::ExitedWithCode(0),
-        "reallocC: wrong size, 9 bytes given for a block of 10 bytes");
+    EXPECT_EXIT(use(), testing::ExitedWithCode(0), "reallocC: wrong size, 9 bytes given for a block of 10 bytes");
 }
 
 TEST_F(HostMemoryCheckDeathTest, SecondFreeIsToldAndNotDone) {
@@ -105,7 +105,8 @@ TEST_F(HostMemoryCheckDeathTest, UnknownBlockIsToldAndNotTouched) {
         freeC(foreign.data(), 16);
         std::exit(reallocC(foreign.data(), 16, 32) == nullptr ? 0 : 1);
     };
-    EXPECT_EXIT(use(), testing::ExitedWithCode(0), "freeC: unknown block .*16 bytes given.*\n.*reallocC: unknown block");
+    EXPECT_EXIT(
+        use(), testing::ExitedWithCode(0), "freeC: unknown block .*16 bytes given.*\n.*reallocC: unknown block");
 }
 
 TEST_F(HostMemoryCheckDeathTest, LeaksAreToldWithTheirSizesAtTheEnd) {

@@ -6,7 +6,11 @@
 namespace grxtest {
 
 // Only for functions that must not write: they would fail on a literal.
-inline char* in(const char* text) { return const_cast<char*>(text); }
-inline char* in(const std::string& text) { return const_cast<char*>(text.c_str()); }
+inline char* in(const char* text) {
+    return const_cast<char*>(text);
+}
+inline char* in(const std::string& text) {
+    return const_cast<char*>(text.c_str());
+}
 
 } // namespace grxtest

@@ -26,7 +26,9 @@ struct Expected {
     const char* text;
 };
 
-void PrintTo(const Expected& expected, std::ostream* out) { *out << expected.code; }
+void PrintTo(const Expected& expected, std::ostream* out) {
+    *out << expected.code;
+}
 
 class ErrorText : public testing::TestWithParam<Expected> {};
 
@@ -46,10 +48,8 @@ INSTANTIATE_TEST_SUITE_P(All, ErrorText,
         Expected{6, "Code 6: Environment variable(XXSYS) too long\n"},
         Expected{7, "Code 7: Keyboard definition incomplete\n"},
         Expected{8, "Code 8: Reading problem on config file\n->Default values setting\n"},
-        Expected{9, "Code 9: Font file unreachable\n"},
-        Expected{10, "Code 10: Incorrect keyboard configuration\n"},
-        Expected{11, "Code 11: Error opening DISPLAY\n"},
-        Expected{12, "Code 12: Error on window base allocation\n"},
+        Expected{9, "Code 9: Font file unreachable\n"}, Expected{10, "Code 10: Incorrect keyboard configuration\n"},
+        Expected{11, "Code 11: Error opening DISPLAY\n"}, Expected{12, "Code 12: Error on window base allocation\n"},
         Expected{13, "Code 13: Error on button base allocation\n"},
         Expected{14, "Code 14: Error on calculator initialisation\n"},
         Expected{15, "Code 15: Opening problem on file 'MSG*.DAT'\n"},
@@ -58,8 +58,7 @@ INSTANTIATE_TEST_SUITE_P(All, ErrorText,
         Expected{18, "Code 18: Opening problem on file 'PAN_TABL.DAT'\n"},
         Expected{100, "Code 100: Too many buttons defined\n"}, Expected{101, "Code 101: Line decoding error\n"},
         Expected{102, "Code 102: Starting zone not found\n"}, Expected{103, "Code 103: Not enough informations\n"},
-        Expected{104, "Code 104: Starting index not found\n"},
-        Expected{105, "Code 105: Error on panels allocation\n"}),
+        Expected{104, "Code 104: Starting index not found\n"}, Expected{105, "Code 105: Error on panels allocation\n"}),
     [](const auto& info) { return "Code" + std::to_string(info.param.code); });
 
 INSTANTIATE_TEST_SUITE_P(Others, ErrorText,

@@ -201,8 +201,7 @@ class Names : public Files {
 };
 
 TEST_F(Names, WithoutFilterAllComeOnceAndTheTwoDotsToo) {
-    const std::multiset<std::string> expected{
-        ".", "..", "plan.dat", "sub", "to_file", "to_dir", "to_nothing", "loop"};
+    const std::multiset<std::string> expected{".", "..", "plan.dat", "sub", "to_file", "to_dir", "to_nothing", "loop"};
     EXPECT_EQ(all("*"), expected);
     EXPECT_EQ(all(""), expected);
     EXPECT_EQ(all(nullptr), expected);
@@ -220,7 +219,8 @@ TEST_F(Names, ComeInTheOrderOfTheDirectory) {
 }
 
 TEST_F(Names, FilterIsTheTextAfterTheLastDot) {
-    for (const char* name : {"MNU_ARCH.DAT", "mnu_arch.dat", "DAT", "a.b.DAT", "a.DAT.b", "a.DAT~", ".DAT", "a.", "aDAT"})
+    for (const char* name :
+        {"MNU_ARCH.DAT", "mnu_arch.dat", "DAT", "a.b.DAT", "a.DAT.b", "a.DAT~", ".DAT", "a.", "aDAT"})
         dir_.write(name, "");
     EXPECT_EQ(all("DAT"), (std::multiset<std::string>{"MNU_ARCH.DAT", "a.b.DAT", ".DAT"}));
     EXPECT_EQ(all("dat"), (std::multiset<std::string>{"mnu_arch.dat", "plan.dat"}));

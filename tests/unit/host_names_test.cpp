@@ -121,7 +121,9 @@ TEST(HostExtension, OfNoFilterLeavesTheName) {
     EXPECT_EQ(verifie_extension(nullptr, in("DAT")), 0);
 }
 
-TEST(HostExtension, OnlyLettersHaveTwoForms) { EXPECT_EQ(checked("a.[", "{"), "a.{"); }
+TEST(HostExtension, OnlyLettersHaveTwoForms) {
+    EXPECT_EQ(checked("a.[", "{"), "a.{");
+}
 
 TEST(HostExtension, WithoutRoomTheNameStays) {
     EXPECT_EQ(checked(std::string(995, 'n'), "DAT").size(), 999U);

@@ -36,7 +36,8 @@ class HostText : public testing::Test {
         dir_.write("file", content);
         FILE* const file = open("file", HOST_MODE_LECTURE);
         std::vector<std::string> result;
-        for (std::array<char, HOST_LIGNE_MAX> line; ftext_lec(file, line.data()) == 1;) result.emplace_back(line.data());
+        for (std::array<char, HOST_LIGNE_MAX> line; ftext_lec(file, line.data()) == 1;)
+            result.emplace_back(line.data());
         EXPECT_EQ(ftext_close(file), 0);
         return result;
     }
@@ -71,7 +72,9 @@ TEST_F(HostText, OverlongLinesAreCutAndTheirRestSkipped) {
     EXPECT_EQ(lines(with_return + "zz\nb"), (Lines{with_return, "b"}));
 }
 
-TEST_F(HostText, BytesComeAsTheyAre) { EXPECT_EQ(lines("\001\377\351\t\n"), Lines{"\001\377\351\t"}); }
+TEST_F(HostText, BytesComeAsTheyAre) {
+    EXPECT_EQ(lines("\001\377\351\t\n"), Lines{"\001\377\351\t"});
+}
 
 TEST_F(HostText, ZeroByteEndsTheLineForItsReader) {
     EXPECT_EQ(lines(std::string_view("a\0b\nc\n", 6)), (Lines{"a", "c"}));
@@ -178,7 +181,9 @@ TEST_F(HostText, ImplicitFileThatCannotBeOpenedIsNone) {
 
 TEST_F(HostText, ForgottenImplicitFileIsClosed) {
     dir_.write("file", "a\n");
-    const auto descriptors = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); };
+    const auto descriptors = [] {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+    };
     const auto before = descriptors();
     for (int i = 0; i < 5; ++i) EXPECT_EQ(text_open(in(dir_.text()), in("file"), HOST_MODE_LECTURE), 0);
     EXPECT_EQ(descriptors(), before + 1);

@@ -28,8 +28,8 @@ std::string font() {
 void set_defaults() {
     for (auto* set : {grx_affecte_lar_carac_alpha, grx_affecte_hau_carac_alpha, grx_affecte_lar_sup_alpha,
              grx_affecte_largeur_scrollbar, grx_set_tabord, grx_set_tabord_sans_resize, grx_set_tabord_sans_titre,
-             grx_set_tabord_sans_decor, grx_set_tatitre, grx_affecte_max_couleur_rendu,
-             grx_affecte_couleur_application, grx_affecte_format_icone})
+             grx_set_tabord_sans_decor, grx_set_tatitre, grx_affecte_max_couleur_rendu, grx_affecte_couleur_application,
+             grx_affecte_format_icone})
         set(0);
     grx_affecte_max_couleur_trace(32);
     grx_affecte_font(in(""));
@@ -190,7 +190,8 @@ TEST_F(IniFile, LongFontNameIsCut) {
 }
 
 TEST_F(IniFile, EndOfAnOverlongLineIsNoLineOfItsOwn) {
-    read("BORD_NORMAL 7 " + std::string(5000, ' ') + "TITRE 5\n" + std::string(1023, 'x') + "TITRE 9\nBORD_SANS_DECOR 2\n");
+    read("BORD_NORMAL 7 " + std::string(5000, ' ') + "TITRE 5\n" + std::string(1023, 'x')
+         + "TITRE 9\nBORD_SANS_DECOR 2\n");
     EXPECT_EQ(grx_get_tabord(), 7);
     EXPECT_EQ(grx_get_tatitre(), 0);
     EXPECT_EQ(grx_get_tabord_sans_decor(), 2);

@@ -11,11 +11,12 @@
 #include <cstdlib>
 #include <string>
 
-
 namespace grxtest {
 namespace {
 
-INT integer(const std::string& line, const char* key) { return traite_entier_chaine(in(line), in(key)); }
+INT integer(const std::string& line, const char* key) {
+    return traite_entier_chaine(in(line), in(key));
+}
 
 // The text found, or "none".
 std::string text(const std::string& line, const char* key) {
@@ -39,7 +40,9 @@ TEST(IniLine, KeyIsFoundAnywhere) {
     EXPECT_EQ(integer("BORD_SANS_TITRE 9", "TITRE"), 9);
 }
 
-TEST(IniLine, FirstPlaceOfTheKeyCounts) { EXPECT_EQ(integer("TITRE 5 TITRE 6", "TITRE"), 5); }
+TEST(IniLine, FirstPlaceOfTheKeyCounts) {
+    EXPECT_EQ(integer("TITRE 5 TITRE 6", "TITRE"), 5);
+}
 
 TEST(IniLine, KeyIsFoundInCapitalsOnly) {
     EXPECT_EQ(integer("titre 5", "TITRE"), 0);

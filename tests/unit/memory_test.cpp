@@ -50,7 +50,9 @@ TEST(Memory, ShortageReachesTheCallerUnchanged) {
     grx_free(block, 10);
 }
 
-TEST(Memory, FreeingNothingIsAccepted) { EXPECT_EQ(grx_free(nullptr, 0), 0); }
+TEST(Memory, FreeingNothingIsAccepted) {
+    EXPECT_EQ(grx_free(nullptr, 0), 0);
+}
 
 TEST(Memory, CopyGivesTheHostsResult) {
     std::array<char, 4> to{};

@@ -205,7 +205,9 @@ TEST_F(WorkingDirectory, IsLoweredAndHasForwardSlashes) {
     EXPECT_EQ(answer("c:/plans/"), "0 c:/plans/");
 }
 
-TEST_F(WorkingDirectory, IsTrimmed) { EXPECT_EQ(answer(" \tc:/plans  "), "0 c:/plans/"); }
+TEST_F(WorkingDirectory, IsTrimmed) {
+    EXPECT_EQ(answer(" \tc:/plans  "), "0 c:/plans/");
+}
 
 TEST_F(WorkingDirectory, MissingVariableGivesOne) {
     EXPECT_EQ(answer(nullptr), "1 ");
@@ -256,7 +258,9 @@ TEST_F(WorkingDirectory, ShortMemoryIsAFailureLikeAMissingVariable) {
     EXPECT_STREQ(path.data(), "");
 }
 
-TEST_F(WorkingDirectory, NullBufferGivesOne) { EXPECT_EQ(init_path(nullptr), 1); }
+TEST_F(WorkingDirectory, NullBufferGivesOne) {
+    EXPECT_EQ(init_path(nullptr), 1);
+}
 
 } // namespace
 } // namespace grxtest

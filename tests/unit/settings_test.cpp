@@ -70,7 +70,9 @@ const std::string font_at_start = [] {
     return std::string(font.data());
 }();
 
-std::string name_of(const testing::TestParamInfo<std::size_t>& info) { return settings[info.param].name; }
+std::string name_of(const testing::TestParamInfo<std::size_t>& info) {
+    return settings[info.param].name;
+}
 
 std::vector<std::size_t> with_setter() {
     std::vector<std::size_t> indices;
@@ -87,7 +89,9 @@ std::vector<INT> values_except(std::size_t left_out) {
 
 class SettingDefault : public testing::TestWithParam<std::size_t> {};
 
-TEST_P(SettingDefault, IsTheStatedOne) { EXPECT_EQ(at_start[GetParam()], settings[GetParam()].initial); }
+TEST_P(SettingDefault, IsTheStatedOne) {
+    EXPECT_EQ(at_start[GetParam()], settings[GetParam()].initial);
+}
 
 INSTANTIATE_TEST_SUITE_P(All, SettingDefault, testing::Range(std::size_t{0}, settings.size()), name_of);
 
@@ -112,7 +116,9 @@ std::string font() {
     return name.data();
 }
 
-TEST(Settings, FontIsEmptyAtFirst) { EXPECT_EQ(font_at_start, ""); }
+TEST(Settings, FontIsEmptyAtFirst) {
+    EXPECT_EQ(font_at_start, "");
+}
 
 TEST(Settings, FontIsCopiedInAndOut) {
     EXPECT_EQ(grx_affecte_font(in("-misc-fixed")), 0);

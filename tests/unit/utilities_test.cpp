@@ -81,7 +81,9 @@ TEST_F(CurrentDirectory, RemovedIsEmptyAndOne) {
     EXPECT_EQ(getcurrentdir(nullptr), 1);
 }
 
-TEST(SystemName, IsThree) { EXPECT_EQ(osname(), 3); }
+TEST(SystemName, IsThree) {
+    EXPECT_EQ(osname(), 3);
+}
 
 TEST(Environment, VariableIsCopied) {
     std::array<char, 64> value{'?'};
@@ -130,8 +132,8 @@ struct Moment {
 
 Moment now() {
     Moment moment;
-    gettimedate(&moment.year, &moment.month, &moment.day, &moment.hour, &moment.minute, &moment.second,
-        &moment.hundredth);
+    gettimedate(
+        &moment.year, &moment.month, &moment.day, &moment.hour, &moment.minute, &moment.second, &moment.hundredth);
     return moment;
 }
 
@@ -294,7 +296,9 @@ TEST(EncodedNumber, WideFieldsAreWritten) {
 
 volatile std::sig_atomic_t alarms = 0;
 
-void count_alarm() { alarms = alarms + 1; }
+void count_alarm() {
+    alarms = alarms + 1;
+}
 
 void rearm() {
     count_alarm();

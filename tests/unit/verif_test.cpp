@@ -18,7 +18,8 @@ std::vector<std::string> findings(const std::string& content) {
     std::istringstream file(content);
     std::vector<std::string> result;
     for (const auto& finding : verif::IniCheck::check(file))
-        result.push_back(std::to_string(finding.line) + ' ' + std::string(verif::name_of(finding.verdict)) + ": " + finding.text);
+        result.push_back(
+            std::to_string(finding.line) + ' ' + std::string(verif::name_of(finding.verdict)) + ": " + finding.text);
     return result;
 }
 
@@ -41,19 +42,18 @@ TEST(VerifIni, RefusesWithTheReason) {
         (Findings{"1 refused: LARG_SCROLLBAR \"0\": must be greater than 0",
             "2 refused: MAX_COULEUR_TRACE \"48\": must be one of 8, 16, 32, 64, 128",
             "3 refused: MAX_COULEUR_RENDU \"16\": must be at least 17",
-            "4 refused: COULEUR_APPLICATION \"-1\": must be 0 or more",
-            "5 refused: BORD_NORMAL \"wide\": not a number", "6 refused: BORD_NORMAL has no value"}));
+            "4 refused: COULEUR_APPLICATION \"-1\": must be 0 or more", "5 refused: BORD_NORMAL \"wide\": not a number",
+            "6 refused: BORD_NORMAL has no value"}));
 }
 
 TEST(VerifIni, RefusedKeyInsideAnotherIsToldOnce) {
-    EXPECT_EQ(findings("BORD_SANS_TITRE 0\n"),
-        Findings{"1 refused: BORD_SANS_TITRE \"0\": must be greater than 0"});
+    EXPECT_EQ(findings("BORD_SANS_TITRE 0\n"), Findings{"1 refused: BORD_SANS_TITRE \"0\": must be greater than 0"});
 }
 
 TEST(VerifIni, LineGoesOnToItsNextKey) {
     EXPECT_EQ(findings("LARG_CARACTERE 0 HAUT_CARACTERE 9\n"),
-        (Findings{"1 refused: LARG_CARACTERE \"0 HAUT_CARACTERE 9\": must be greater than 0",
-            "1 taken: HAUT_CARACTERE 9"}));
+        (Findings{
+            "1 refused: LARG_CARACTERE \"0 HAUT_CARACTERE 9\": must be greater than 0", "1 taken: HAUT_CARACTERE 9"}));
 }
 
 TEST(VerifIni, FirstApplicationColourStays) {

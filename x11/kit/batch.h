@@ -17,13 +17,13 @@ struct BatchHead {
     CARD32 drawable;
     CARD32 context;
 };
-static_assert(sizeof(BatchHead) == sz_xPolyPointReq && sizeof(BatchHead) == sz_xPolySegmentReq);
+static_assert(sizeof(BatchHead) == sz_xPolyPointReq);
 
 /// Whether `bytes` more can join the last request.
 inline bool can_join(const Display* dpy, CARD8 type, Drawable target, GC context, std::size_t bytes) {
     const auto* const head = reinterpret_cast<const BatchHead*>(dpy->last_req);
-    return head->type == type && head->drawable == target && head->context == context->gid && context->dirty == 0 &&
-           dpy->synchandler == nullptr && dpy->bufptr + bytes <= dpy->bufmax;
+    return head->type == type && head->drawable == target && head->context == context->gid && context->dirty == 0
+           && dpy->synchandler == nullptr && dpy->bufptr + bytes <= dpy->bufmax;
 }
 
 template <class Item>

@@ -34,8 +34,8 @@ inline int hundredths_of(const timeval& now) {
 }
 
 inline double in_hundredths(const timeval& now) {
-    return static_cast<double>(now.tv_sec) * hundredths_per_second
-           + static_cast<double>(now.tv_usec / microseconds_per_hundredth);
+    const long whole = now.tv_usec / microseconds_per_hundredth; // counted in whole hundredths
+    return static_cast<double>(now.tv_sec) * hundredths_per_second + static_cast<double>(whole);
 }
 
 inline double in_seconds(const timeval& now) {
