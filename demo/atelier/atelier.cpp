@@ -154,11 +154,12 @@ void Atelier::appui(const GRX_BOUTON_APPUI& e) {
 
 void Atelier::bouge(const GRX_SOURIS_BOUGE& e) {
     if (e.nofen != graphique_) return;
-    pointeur_ = du_haut(e.x, e.y);
-    if (elastique_) tend_elastique(pointeur_);
+    const Point p = du_haut(e.x, e.y);
+    pointeur_ = p;
+    if (elastique_) tend_elastique(p);
     if (!prise_) return;
-    vue_.deplace(pointeur_ - *prise_);
-    prise_ = pointeur_;
+    vue_.deplace(p - *prise_);
+    prise_ = p;
     a_redessiner_ = true;
 }
 
@@ -258,12 +259,15 @@ void Atelier::montre_titre() {
     grx_change_titre_fenetre(principale_, tampon.data());
 }
 
+std::string Atelier::texte_position(Point p) const {
+    const int decimales = decimales_pour(vue_.echelle());
+    return "X " + nombre(p.x, decimales) + "   Y " + nombre(p.y, decimales) + symbole(dessin_.unites);
+}
+
 void Atelier::montre_bandeau() {
     if (!cadree_) return;
-    const Point p = vue_.vers_dessin(pointeur_);
-    const int decimales = decimales_pour(vue_.echelle());
     Bandeau::Contenu c;
-    c.position = en_unicode("X " + nombre(p.x, decimales) + "   Y " + nombre(p.y, decimales) + symbole(dessin_.unites));
+    if (pointeur_) c.position = en_unicode(texte_position(vue_.vers_dessin(*pointeur_)));
     c.echelle = en_unicode("\u00C9chelle " + texte_echelle(echelle_papier(), vue_.echelle()));
     c.nom = en_unicode(nom_);
     bandeau_.montre(c);

@@ -49,6 +49,7 @@ class Atelier {
     void montre_bandeau();
     void montre_titre();
     double echelle_papier() const;
+    std::string texte_position(Point p) const;
 
     // Pointer events count y from the bottom of the window, drawing counts it from the top.
     Point du_haut(INT x, INT y) const;
@@ -67,7 +68,7 @@ class Atelier {
     };
     std::optional<Elastique> elastique_;
     std::optional<Point> prise_; // where the hand holds the drawing
-    Point pointeur_;
+    std::optional<Point> pointeur_; // none before the first move
     int hauteur_fenetre_ = 1;
     bool cadree_ = false;
     bool a_redessiner_ = false;

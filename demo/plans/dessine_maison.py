@@ -23,7 +23,7 @@ for nom, couleur, trait, poids in (
         ("MURS", 7, "CONTINUOUS", 50), ("CLOISONS", 9, "CONTINUOUS", 25), ("HACHURES", 8, "CONTINUOUS", 13),
         ("PORTES", 2, "CONTINUOUS", 18), ("FENETRES", 4, "CONTINUOUS", 18), ("ESCALIER", 40, "CONTINUOUS", 18),
         ("MOBILIER", 33, "CONTINUOUS", 18), ("CUISINE", 31, "CONTINUOUS", 18), ("SANITAIRES", 141, "CONTINUOUS", 18),
-        ("CARRELAGE", 251, "CONTINUOUS", 9), ("TERRASSE", 252, "CONTINUOUS", 13), ("JARDIN", 94, "CONTINUOUS", 18),
+        ("CARRELAGE", 250, "CONTINUOUS", 9), ("TERRASSE", 251, "CONTINUOUS", 13), ("JARDIN", 94, "CONTINUOUS", 18),
         ("TOITURE", 171, "DASHED", 18), ("RESEAUX", 211, "HIDDEN", 18), ("ELECTRICITE", 50, "CONTINUOUS", 18),
         ("AXES", 1, "CENTER", 13), ("COUPE", 6, "DASHDOT", 35), ("LIMITE", 82, "PHANTOM", 18),
         ("COTES", 111, "CONTINUOUS", 13), ("PIECES", 7, "CONTINUOUS", 18), ("CADRE", 9, "CONTINUOUS", 35),
@@ -274,7 +274,7 @@ d.cercle(7700, 6400, 45)
 d.lignes((7700, 6445), (7700, 8350, -math.tan(math.pi / 8)), (7900, 8550), (8600, 8550, -math.tan(math.pi / 8)),
          (8800, 8350), (8800, 7560))
 d.solide((8800, 7400), (8745, 7570), (8855, 7570))
-d.texte(7560, 6560, 130, "17 h. = 17,6 cm", 90.0)
+d.texte(8250, 8230, 120, "17 h. 17,6 cm", place="centre", largeur=0.9)
 
 # --- furniture ------------------------------------------------------------------------------------------------------
 
@@ -291,7 +291,7 @@ d.insere("CHEVET", 7230, 3720, 90.0)
 d.insere("CHEVET", 7230, 1580, 90.0)
 d.insere("BUREAU", 13250, 2200, -90.0)
 d.insere("ETAGERE", 10620, 500, 90.0, 1.0, -1.0, colonnes=3, pas_x=1000.0)
-d.insere("FAUTEUIL", 12780, 4560, 145.0, 0.95, 0.95)
+d.insere("FAUTEUIL", 12930, 4830, -45.0, 0.95, 0.95)
 d.rectangle(7250, 4600, 2100, 580)
 d.sur("MOBILIER", trait="HIDDEN")
 d.ligne(7250, 4890, 9350, 4890)
@@ -307,7 +307,7 @@ d.ligne(4230, 7300, 4610, 8800)
 d.sur("JARDIN")
 d.insere("PLANTE", 6450, 850, 10.0)
 d.insere("PLANTE", 800, 800, 25.0, 0.8, 0.8)
-d.insere("PLANTE", 6700, 8560, 0.0, 0.55, 0.55)
+d.insere("PLANTE", 6560, 8560, 0.0, 0.55, 0.55)
 
 # --- kitchen and bath -----------------------------------------------------------------------------------------------
 
@@ -341,18 +341,18 @@ d.contour((-500, -500), (1737, -500, 0.0), (1737, -500, 0.46), (5463, -500), (L 
           (-500, H + 500))
 
 d.sur("RESEAUX")
-d.lignes((9950, 8400), (9950, 8720), (10550, 8720), (10550, 9500), (12400, 9500), (14350, 9500), (14350, 7600))
+d.lignes((9950, 8400), (9950, 8720), (10550, 8720), (10550, 9500), (12400, 9500), (14350, 9500), (14350, 8500))
 d.lignes((11080, 8650), (11080, 9500))
 d.lignes((2060, 8600), (2060, 9650), (10550, 9650), (10550, 9500))
 d.sur("RESEAUX", trait="CONTINUOUS")
-d.rectangle(14150, 7200, 400, 400)
-d.ligne(14150, 7200, 14550, 7600)
-d.ligne(14150, 7600, 14550, 7200)
-d.texte(14640, 7340, 150, "Regard EU %%c 100")
+d.rectangle(14150, 8100, 400, 400)
+d.ligne(14150, 8100, 14550, 8500)
+d.ligne(14150, 8500, 14550, 8100)
+d.texte(14660, 8230, 150, "Regard EU %%c 100")
 
 d.sur("ELECTRICITE")
-for x, y in ((2700, 4350), (5650, 2600), (2250, 7600), (5600, 6600), (8900, 3300), (11950, 3000), (9950, 7950),
-             (11700, 7700), (9000, 5800), (12300, 5800)):
+for x, y in ((2960, 2680), (5650, 2600), (2600, 6850), (5600, 6400), (9600, 3000), (11900, 3000), (10230, 7230),
+             (11550, 8050), (9000, 5800), (12300, 5800)):
     d.insere("LUMINAIRE", x, y)
 
 # --- terrace and garden ---------------------------------------------------------------------------------------------
@@ -373,8 +373,8 @@ for k in range(3):
 d.sur("TERRASSE")
 d.rectangle(5000, 9200, 1250, 180)
 d.sur("LIMITE")
-d.lignes((-3000 + 400, -3400), (13500, -3400))
-d.texte(9700, -3320, 140, "Limite de propri\u00e9t\u00e9")
+d.ligne(17600, -900, 17600, 10300)
+d.texte(17520, 5600, 150, "Limite de propri\u00e9t\u00e9", 90.0)
 
 # --- axes, section, levels ------------------------------------------------------------------------------------------
 
@@ -393,13 +393,13 @@ for lettre, y in (("1", 150), ("2", 5250), ("3", 9050)):
     axe(lettre, -2350, y, 14400, y)
 
 d.sur("COUPE")
-d.ligne(-650, 7050, 14250, 7050)
+d.ligne(-650, 6560, 14250, 6560)
 d.sur("COUPE", trait="CONTINUOUS", poids=70)
 for x, s in ((-650, -1), (14250, 1)):
-    d.ligne(x, 7050, x + s * 330, 7050)
+    d.ligne(x, 6560, x + s * 330, 6560)
     d.sur("COUPE", trait="CONTINUOUS")
-    d.solide((x + s * 260, 7340), (x + s * 190, 7090), (x + s * 330, 7090))
-    d.texte(x + s * 260, 7430, 240, "A", place="centre")
+    d.solide((x + s * 260, 6850), (x + s * 190, 6600), (x + s * 330, 6600))
+    d.texte(x + s * 260, 6930, 240, "A", place="centre")
     d.sur("COUPE", trait="CONTINUOUS", poids=70)
 
 
@@ -408,9 +408,9 @@ def niveau(x, y, texte):
     d.texte(x + 210, y + 40, 150, texte)
 
 
-niveau(4650, 4450, "%%p0,00")
-niveau(1250, -2250, "-0,15")
-d.sur("TERRASSE", couleur=254).texte(2250, -2300, 150, "Terrasse, pente 1%%d")
+niveau(2250, 4250, "%%p0,00")
+niveau(700, -3120, "-0,15")
+d.sur("TERRASSE", couleur=254).texte(2350, -3180, 160, "Terrasse, pente 1%%d")
 
 # --- dimensions: lines, arrow heads and texts -----------------------------------------------------------------------
 
@@ -420,7 +420,7 @@ def fleche(x, y, angle):
     d.solide((x, y), (x - 150 * c + 42 * s, y - 150 * s - 42 * c), (x - 150 * c - 42 * s, y - 150 * s + 42 * c))
 
 
-def cote(p, q, ecart, attache=0, hauteur=150):
+def cote(p, q, ecart, attache=0, hauteur=170):
     """Between two points of a chain along x or y, its line at distance ecart from p."""
     vertical = p[0] == q[0]
     nx, ny = (1, 0) if vertical else (0, 1)
@@ -435,7 +435,7 @@ def cote(p, q, ecart, attache=0, hauteur=150):
     longueur = math.hypot(q[0] - p[0], q[1] - p[1])
     texte = f"{longueur / 1000:.2f}".replace(".", ",")
     x, y = (a[0] + b[0]) / 2, (a[1] + b[1]) / 2
-    d.texte(x - 60 * ny * 0 - (60 if vertical else 0), y + (0 if vertical else 60), hauteur, texte,
+    d.texte(x - (60 if vertical else 0), y + (0 if vertical else 60), hauteur, texte,
             90.0 if vertical else 0.0, place="centre")
 
 
@@ -443,26 +443,26 @@ d.sur("COTES")
 for x, y in zip((0, 2000, 5200, 7000, 7200, 8100, 9500, 11200, 12400), (2000, 5200, 7000, 7200, 8100, 9500, 11200, 12400, L)):
     if y - x > 300:
         cote((x, -2950), (y, -2950), -720, 60)
-cote((0, -2950), (L, -2950), -1120, 60, 170)
+cote((0, -2950), (L, -2950), -1160, 60, 190)
 for x, y in zip((0, 1800, 3600, 5200), (1800, 3600, 5200, H)):
     cote((-560, x), (-560, y), -620, 60)
-cote((-560, 0), (-560, H), -1080, 60, 170)
+cote((-560, 0), (-560, H), -1080, 60, 190)
 cote((300, 1050), (7000, 1050), 0)
 cote((7200, 900), (10500, 900), 0)
 cote((10600, 900), (13300, 900), 0)
 cote((4550, 300), (4550, 5200), 0)
-cote((12350, 300), (12350, 5200), 0)
+cote((11200, 300), (11200, 5200), 0)
 
 # --- rooms ----------------------------------------------------------------------------------------------------------
 
 d.sur("PIECES")
 for x, y, nom, surface in (
-        (2900, 780, "S\u00e9jour", "32,8"), (2600, 7720, "Cuisine", "13,7"), (5600, 7550, "Entr\u00e9e", "10,1"),
-        (9300, 3900, "Chambre", "16,2"), (11850, 3800, "Biblioth\u00e8que", "13,2"), (10700, 5800, "D\u00e9gagement", "6,1")):
+        (3550, 4680, "S\u00e9jour", "32,8"), (2350, 7780, "Cuisine", "13,7"), (5600, 7550, "Entr\u00e9e", "10,1"),
+        (9300, 3900, "Chambre", "16,2"), (12050, 3950, "Biblioth\u00e8que", "13,2"), (10700, 5800, "D\u00e9gagement", "6,1")):
     d.paragraphe(x, y, 210, f"{nom}\\P{surface} m\u00b2")
-d.paragraphe(11500, 7250, 170, "Salle d'eau\\P6,8 m\u00b2")
-d.paragraphe(9950, 7150, 150, "WC\\P2,8 m\u00b2")
-d.texte(2150, 7000, 120, "%%u\u00celot")
+d.paragraphe(11500, 7560, 170, "Salle d'eau\\P6,8 m\u00b2")
+d.paragraphe(10060, 7690, 150, "WC\\P2,8 m\u00b2")
+d.texte(3050, 6790, 130, "%%u\u00celot", place="centre")
 d.texte(600, 5560, 110, "Four", place="centre")
 
 # --- sheet, title block, legend -------------------------------------------------------------------------------------
@@ -483,7 +483,7 @@ d.texte(XC + 150, YC + 2800, 300, "MAISON CHEVREUIL", largeur=0.95)
 d.texte(XC + 150, YC + 2030, 230, "Plan du rez-de-chauss\u00e9e")
 d.texte(XC + 150, YC + 1420, 160, "Ma\u00eetre d'ouvrage : famille Lef\u00e8vre")
 for (x, y), nom, texte in (((0, 600), "\u00c9chelle", "1:50"), ((2050, 600), "Unit\u00e9", "mm, cotes en m"),
-                           ((0, 0), "Dess\u00ednateur".replace("\u00ed", "i"), "H. Garc\u00e7on"),
+                           ((0, 0), "Dessinateur", "H. Gar\u00e7on"),
                            ((2050, 0), "Planche", "A-01")):
     d.sur("CARTOUCHE", couleur=9).texte(XC + x + 110, YC + y + 400, 110, nom)
     d.sur("CARTOUCHE").texte(XC + x + 110, YC + y + 120, 180, texte)
