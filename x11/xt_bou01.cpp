@@ -16,6 +16,7 @@
 #include "kit/locale_text.h"
 #include "kit/post.h"
 #include "kit/screen.h"
+#include "kit/table.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
 #include "xt_bou_f.h"
@@ -55,22 +56,13 @@ void make_free(STRUCTURE_BOUTON& record) {
 }
 
 template <class T>
-UNSIGNED_INT table_bytes() {
-    return static_cast<UNSIGNED_INT>(sizeof(T) * GRX_NB_BOUTONS);
+bool allocate(T*& table) {
+    return grx::allocate_table<T, GRX_NB_BOUTONS>(table);
 }
 
 template <class T>
-bool allocate_table(T*& table) {
-    table = reinterpret_cast<T*>(grx_malloc(table_bytes<T>()));
-    if (table == nullptr) return false;
-    std::fill_n(table, GRX_NB_BOUTONS, T{});
-    return true;
-}
-
-template <class T>
-void free_table(T*& table) {
-    if (table != nullptr) grx_free(reinterpret_cast<char*>(table), table_bytes<T>());
-    table = nullptr;
+void release(T*& table) {
+    grx::free_table<T, GRX_NB_BOUTONS>(table);
 }
 
 } // namespace
@@ -85,9 +77,9 @@ extern "C" {
 
 INT grx_alloue_base_boutons(void) {
     if (structure_bouton != nullptr) grx_desalloue_base_boutons();
-    free_table(Tableau_objet_bouton);
+    release(Tableau_objet_bouton);
     MAXOBJETBOUTON = GRX_NB_BOUTONS;
-    if (!allocate_table(Tableau_objet_bouton) || !allocate_table(structure_bouton)) return GRX_ERR_BASE_BOUTONS;
+    if (!allocate(Tableau_objet_bouton) || !allocate(structure_bouton)) return GRX_ERR_BASE_BOUTONS;
     std::for_each_n(structure_bouton, GRX_NB_BOUTONS, make_free);
     widget_dead.fill(false);
     grx_alloue_tab_image_boutons(MAXOBJETBOUTON);
@@ -95,8 +87,8 @@ INT grx_alloue_base_boutons(void) {
 }
 
 INT grx_desalloue_base_boutons(void) {
-    free_table(Tableau_objet_bouton);
-    free_table(structure_bouton);
+    release(Tableau_objet_bouton);
+    release(structure_bouton);
     grx_desalloue_tab_image_boutons(MAXOBJETBOUTON);
     return 0;
 }

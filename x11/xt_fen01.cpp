@@ -25,6 +25,7 @@
 #include "kit/drawables.h"
 #include "kit/field_text.h"
 #include "kit/screen.h"
+#include "kit/table.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
 #include "pure/decorations.h"
@@ -82,19 +83,13 @@ Beside& beside_of(INT nofen) {
 }
 
 template <class T>
-bool allocate_table(T*& table) {
-    const auto bytes = static_cast<UNSIGNED_INT>(sizeof(T) * GRX_NB_FENETRES);
-    table = reinterpret_cast<T*>(grx_malloc(bytes));
-    if (table == nullptr) return false;
-    for (INT i = 0; i < GRX_NB_FENETRES; ++i) table[i] = T{};
-    return true;
+bool allocate(T*& table) {
+    return grx::allocate_table<T, GRX_NB_FENETRES>(table);
 }
 
 template <class T>
-void free_table(T*& table) {
-    if (table != nullptr)
-        grx_free(reinterpret_cast<char*>(table), static_cast<UNSIGNED_INT>(sizeof(T) * GRX_NB_FENETRES));
-    table = nullptr;
+void release(T*& table) {
+    grx::free_table<T, GRX_NB_FENETRES>(table);
 }
 
 // The holder comes from malloc; its pixmap id is read before it is released.
@@ -182,11 +177,10 @@ INT grx_alloue_base_fenetres(void) {
     grx_desalloue_base_fenetres();
     MAXOBJETFEN = GRX_NB_FENETRES;
     p_objet = 0;
-    const bool complete = allocate_table(Tableau_objet_fen) && allocate_table(structure_fenetre)
-                          && allocate_table(sauve_zone) && allocate_table(old_lar) && allocate_table(old_hau)
-                          && allocate_table(largeur_fen);
+    const bool complete = allocate(Tableau_objet_fen) && allocate(structure_fenetre) && allocate(sauve_zone)
+                          && allocate(old_lar) && allocate(old_hau) && allocate(largeur_fen);
     if (!complete) return GRX_ERR_BASE_FENETRES;
-    allocate_table(hauteur_fen);
+    allocate(hauteur_fen);
     // KEEP: the last test is made on the width table again; a missing height table is not reported.
     if (largeur_fen == nullptr) return GRX_ERR_BASE_FENETRES;
     grx_init_objet_fen();
@@ -195,13 +189,13 @@ INT grx_alloue_base_fenetres(void) {
 
 INT grx_desalloue_base_fenetres(void) {
     for (INT nofen = 1; nofen < MAXOBJETFEN && base_complete(); ++nofen) grx_libere_indice_objet_fen(nofen);
-    free_table(Tableau_objet_fen);
-    free_table(structure_fenetre);
-    free_table(sauve_zone);
-    free_table(old_lar);
-    free_table(old_hau);
-    free_table(largeur_fen);
-    free_table(hauteur_fen);
+    release(Tableau_objet_fen);
+    release(structure_fenetre);
+    release(sauve_zone);
+    release(old_lar);
+    release(old_hau);
+    release(largeur_fen);
+    release(hauteur_fen);
     return 0;
 }
 

@@ -1,0 +1,25 @@
+// The fixed tables of the bases: allocated once, never moved, their entries cleared.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+#include "xt_loc_f.h"
+
+namespace grx {
+
+template <class T, INT Count>
+bool allocate_table(T*& table) {
+    table = reinterpret_cast<T*>(grx_malloc(static_cast<UNSIGNED_INT>(sizeof(T) * Count)));
+    if (table == nullptr) return false;
+    std::fill_n(table, Count, T{});
+    return true;
+}
+
+template <class T, INT Count>
+void free_table(T*& table) {
+    if (table != nullptr) grx_free(reinterpret_cast<char*>(table), static_cast<UNSIGNED_INT>(sizeof(T) * Count));
+    table = nullptr;
+}
+
+} // namespace grx
