@@ -16,6 +16,11 @@
 
 namespace grxtest {
 
+// How a failed comparison shows it.
+inline void PrintTo(const Area& area, std::ostream* out) {
+    *out << area.width << " x " << area.height << " at " << area.x << "," << area.y;
+}
+
 inline constexpr std::array<INT, 6> all_kinds{
     GRX_FEN_BOUTONS, GRX_FEN_GRAPHIQUE, GRX_FEN_TEXTE, GRX_FEN_ALPHA, GRX_FEN_MESSAGE, GRX_FEN_MENU};
 
