@@ -138,6 +138,7 @@ void dispatch(STRUCTURE_FENETRE& window, XEvent& event) {
     case UnmapNotify: grx::post(evt_global.iconification, GRX_EVT_ICONIFICATION, window.nofen); break;
     case MapNotify: grx::post(evt_global.desiconification, GRX_EVT_DESICONIF, window.nofen); break;
     case EnterNotify: post_crossing(GRX_EVT_ENTREE, window.nofen); break;
+    case ReparentNotify: grx::mark_framed(window.nofen, event.xreparent.parent != grx::root_window()); break;
     case LeaveNotify: post_crossing(GRX_EVT_SORTIE, window.nofen); break;
     case ButtonPress: on_button(window, event.xbutton, GRX_EVT_BOUTON_APPUI); break;
     case ButtonRelease: on_button(window, event.xbutton, GRX_EVT_BOUTON_RELACHE); break;
