@@ -2,16 +2,24 @@
 #include "xt_prive.h"
 
 #include <X11/StringDefs.h>
+#include <Xm/ArrowB.h>
+#include <Xm/DrawingA.h>
 #include <Xm/DrawnB.h>
 #include <Xm/Label.h>
+#include <Xm/List.h>
+#include <Xm/PushB.h>
+#include <Xm/Scale.h>
+#include <Xm/Separator.h>
 #include <Xm/Text.h>
 #include <Xm/TextF.h>
+#include <Xm/ToggleB.h>
 #include <Xm/Xm.h>
 
 #include <algorithm>
 #include <array>
 
 #include "kit/args.h"
+#include "kit/controls.h"
 #include "kit/field_text.h"
 #include "kit/locale_text.h"
 #include "kit/post.h"
@@ -70,6 +78,14 @@ void release(T*& table) {
 namespace grx {
 
 INT Premier_bouton = 1;
+
+STRUCTURE_BOUTON* button_record_at(XtPointer data) {
+    const auto* const record = static_cast<STRUCTURE_BOUTON*>(data);
+    for (INT nobou = 0; in_base(nobou); ++nobou) {
+        if (record == &structure_bouton[nobou]) return &structure_bouton[nobou];
+    }
+    return nullptr;
+}
 
 } // namespace grx
 
@@ -160,6 +176,7 @@ namespace {
 constexpr INT kNoParent = -1;
 constexpr INT kNotMade = -2;
 constexpr INT kBaseFull = -3;
+constexpr int kMargin = 2;
 
 INT Couleur_init_fond_bouton = 0;
 INT Couleur_init_trace_bouton = 0;
@@ -213,6 +230,7 @@ void set_colours(grx::Args& args, const GRX_BOUTON& bou) {
 }
 
 void set_size(grx::Args& args, const GRX_BOUTON& bou) {
+    if (bou.type == GRX_BOU_ECHELLE && (bou.attrib & GRX_BOU_ATT_ECHELLE_VALEUR) != 0) return; // its scale has them
     if (bou.hauteur != GRX_AUCUN) args.set(XmNheight, grx::as_size(bou.hauteur));
     if (bou.largeur != GRX_AUCUN) args.set(XmNwidth, grx::as_size(bou.largeur));
 }
@@ -236,20 +254,65 @@ void set_attachments(grx::Args& args, const GRX_BOUTON& bou) {
     }
 }
 
-void set_general(grx::Args& args, const GRX_BOUTON& bou, XmString label) {
-    set_position(args, bou);
-    set_label(args, label);
-    grx::set_screen(args);
-    set_colours(args, bou);
-    set_size(args, bou);
-    set_attachments(args, bou);
-}
-
 void set_margins(grx::Args& args, int margin) {
     args.set(XmNmarginWidth, margin).set(XmNmarginHeight, margin).set(XmNhighlightThickness, 0);
 }
 
 // -- one maker per type of control
+
+bool has(const Control& c, INT bit) {
+    return (c.bou.attrib & bit) != 0;
+}
+
+void set_push_shadow(grx::Args& args) {
+    args.set(XmNpushButtonEnabled, True).set(XmNshadowType, XmSHADOW_OUT);
+}
+
+Widget make_drawn(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    if (!has(c, GRX_BOU_ATT_PLAT)) set_push_shadow(args);
+    return XmCreateDrawnButton(c.parent, name, args.list(), args.count());
+}
+
+Widget make_colour(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    set_push_shadow(args);
+    return XmCreateDrawnButton(c.parent, name, args.list(), args.count());
+}
+
+Widget make_toggle(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    args.set(XmNselectColor, static_cast<Pixel>(grx_noir_systeme())).set(XmNindicatorOn, 1);
+    return XmCreateToggleButton(c.parent, name, args.list(), args.count());
+}
+
+Widget make_push(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    set_push_shadow(args);
+    if (!has(c, GRX_BOU_ATT_VRAI_POUSSOIR)) return XmCreateDrawnButton(c.parent, name, args.list(), args.count());
+    args.set(XmNfillOnArm, 0);
+    return XmCreatePushButton(c.parent, name, args.list(), args.count());
+}
+
+Widget make_plain_push(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    return XmCreatePushButton(c.parent, name, args.list(), args.count());
+}
+
+Widget make_arrow(const Control& c, grx::Args& args, char* name) {
+    struct Direction {
+        INT bit;
+        unsigned char direction;
+    };
+    static constexpr std::array<Direction, 4> directions{
+        {{GRX_BOU_ATT_FLECHE_GAUCHE, XmARROW_LEFT}, {GRX_BOU_ATT_FLECHE_DROITE, XmARROW_RIGHT},
+            {GRX_BOU_ATT_FLECHE_BAS, XmARROW_DOWN}, {GRX_BOU_ATT_FLECHE_HAUT, XmARROW_UP}}};
+    set_margins(args, kMargin);
+    const auto* const row =
+        std::find_if(directions.begin(), directions.end(), [&c](const Direction& d) { return has(c, d.bit); });
+    if (row != directions.end()) args.set(XmNarrowDirection, row->direction);
+    return XmCreateArrowButton(c.parent, name, args.list(), args.count());
+}
 
 Widget make_label(const Control& c, grx::Args& args, char* name) {
     set_margins(args, 0);
@@ -265,29 +328,119 @@ void set_columns(grx::Args& args, const GRX_BOUTON& bou) {
 }
 
 Widget make_text(const Control& c, grx::Args& args, char* name) {
-    constexpr int margin = 2;
-    const GRX_BOUTON& bou = c.bou;
-    const grx::FieldText title(bou.titre);
+    const grx::FieldText title(c.bou.titre);
     grx::LocaleText value(title.c_str());
-    set_margins(args, margin);
-    set_columns(args, bou);
+    set_margins(args, kMargin);
+    set_columns(args, c.bou);
     args.set(XmNvalue, value.data());
-    if ((bou.attrib & GRX_BOU_ATT_TEXTE_LECTURE) != 0) args.set(XmNeditable, False);
-    if ((bou.attrib & GRX_BOU_ATT_TEXTE_MULTI) == 0)
-        return XmCreateTextField(c.parent, name, args.list(), args.count());
+    if (has(c, GRX_BOU_ATT_TEXTE_LECTURE)) args.set(XmNeditable, False);
+    if (!has(c, GRX_BOU_ATT_TEXTE_MULTI)) return XmCreateTextField(c.parent, name, args.list(), args.count());
     args.set(XmNscrollBarDisplayPolicy, XmAS_NEEDED).set(XmNscrollHorizontal, False);
     args.set(XmNeditMode, XmMULTI_LINE_EDIT);
     return XmCreateScrolledText(c.parent, name, args.list(), args.count());
 }
 
+void set_scale_range(grx::Args& args, const GRX_BOUTON& bou) {
+    const INT low = bou.tabi[GRX_BOU_TABI_MINI];
+    const INT high = bou.tabi[GRX_BOU_TABI_MAXI];
+    const INT value = bou.tabi[GRX_BOU_TABI_INITIAL];
+    if (low < high) args.set(XmNminimum, low).set(XmNmaximum, high);
+    if (low < value && value < high) args.set(XmNvalue, value); // KEEP: the bounds themselves are not taken
+}
+
+Widget make_scale(const Control& c, grx::Args& args, char* name) {
+    const GRX_BOUTON& bou = c.bou;
+    const grx::FieldText title(bou.titre);
+    const grx::CompoundString label(title.c_str());
+    set_margins(args, kMargin);
+    set_scale_range(args, bou);
+    if (bou.hauteur >= 0) args.set(XmNscaleHeight, grx::as_size(bou.hauteur));
+    if (bou.largeur >= 0) args.set(XmNscaleWidth, grx::as_size(bou.largeur));
+    if (has(c, GRX_BOU_ATT_ECHELLE_VALEUR)) args.set(XmNshowValue, True).set(XmNtitleString, label.get());
+    if (has(c, GRX_BOU_ATT_ECHELLE_HORIZ)) {
+        args.set(XmNorientation, XmHORIZONTAL);
+    } else {
+        args.set(XmNprocessingDirection, XmMAX_ON_BOTTOM).set(XmNorientation, XmVERTICAL);
+    }
+    return XmCreateScale(c.parent, name, args.list(), args.count());
+}
+
+Widget make_list(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    args.set(XmNlistMarginWidth, kMargin).set(XmNlistMarginHeight, kMargin);
+    args.set(XmNlistSizePolicy, XmCONSTANT);
+    if (has(c, GRX_BOU_ATT_LISTE_SCROLL)) {
+        args.set(XmNscrollingPolicy, XmAPPLICATION_DEFINED).set(XmNscrollBarDisplayPolicy, XmSTATIC);
+        args.set(XmNvisualPolicy, XmVARIABLE);
+    }
+    return XmCreateScrolledList(c.parent, name, args.list(), args.count());
+}
+
+// A button of a dialog's bottom row stands in the dialog's form, three levels above the parent given.
+Widget make_dialog_push(const Control& c, grx::Args& args, char* name) {
+    struct Place {
+        INT number;
+        int left, right;
+    };
+    static constexpr std::array<Place, 3> places{
+        {{GRX_BOU_PLACE_GAUCHE, 5, 31}, {GRX_BOU_PLACE_CENTRE, 36, 62}, {GRX_BOU_PLACE_DROITE, 68, 94}}};
+    constexpr int top = 92, bottom = 99, levels = 3;
+    Widget form = c.parent;
+    for (int i = 0; i < levels && form != nullptr; ++i) form = XtParent(form);
+    if (form == nullptr || !XtIsComposite(form) || XtIsShell(form)) return nullptr;
+    const INT wanted = c.bou.tabi[GRX_BOU_TABI_PLACE];
+    const auto* const row =
+        std::find_if(places.begin(), places.end(), [wanted](const Place& p) { return p.number == wanted; });
+    if (row != places.end()) {
+        for (const char* const side : {XmNtopAttachment, XmNbottomAttachment, XmNleftAttachment, XmNrightAttachment})
+            args.set(side, XmATTACH_POSITION);
+        args.set(XmNtopPosition, top).set(XmNbottomPosition, bottom);
+        args.set(XmNleftPosition, row->left).set(XmNrightPosition, row->right);
+    }
+    return XmCreatePushButton(form, name, args.list(), args.count());
+}
+
+Widget make_separator(const Control& c, grx::Args& args, char* name) {
+    args.set(XmNorientation, has(c, GRX_BOU_ATT_SEPARATEUR_HORIZ) ? XmHORIZONTAL : XmVERTICAL);
+    return XmCreateSeparator(c.parent, name, args.list(), args.count());
+}
+
+Widget make_drawing_area(const Control& c, grx::Args& args, char* name) {
+    set_margins(args, kMargin);
+    return XmCreateDrawingArea(c.parent, name, args.list(), args.count());
+}
+
+constexpr EventMask kPointerEvents = ButtonPressMask | ButtonReleaseMask | EnterWindowMask | LeaveWindowMask
+                                     | PointerMotionMask | Button1MotionMask | Button2MotionMask | Button3MotionMask
+                                     | ButtonMotionMask;
+constexpr EventMask kControlEvents = KeyPressMask | kPointerEvents | OwnerGrabButtonMask;
+constexpr EventMask kTextEvents = KeyPressMask | KeyReleaseMask | kPointerEvents;
+constexpr EventMask kDrawingEvents = ButtonPressMask | ButtonReleaseMask | ExposureMask;
+
+enum class Press { Silent, Activate, ValueChanged }; // the callback that tells the application
+
 struct ControlClass {
     INT type;
     Widget (*make)(const Control&, grx::Args&, char* name);
+    Press press;
+    EventMask events;
+    bool labelled;
 };
 
-constexpr std::array<ControlClass, 2> kControlClasses{{
-    {GRX_BOU_LABEL, make_label},
-    {GRX_BOU_TEXTE, make_text},
+constexpr std::array<ControlClass, 13> kControlClasses{{
+    {GRX_BOU_DESSINE, make_drawn, Press::Activate, kControlEvents, true},
+    {GRX_BOU_BASCULE, make_toggle, Press::ValueChanged, kControlEvents, true},
+    {GRX_BOU_POUSSOIR, make_push, Press::Activate, kControlEvents, true},
+    {GRX_BOU_FLECHE, make_arrow, Press::Activate, kControlEvents, true},
+    {GRX_BOU_LABEL, make_label, Press::Silent, kControlEvents, true},
+    {GRX_BOU_TEXTE, make_text, Press::Activate, kTextEvents, true},
+    {GRX_BOU_ECHELLE, make_scale, Press::ValueChanged, kControlEvents, true},
+    {GRX_BOU_LISTE, make_list, Press::Silent, kControlEvents, true},
+    {GRX_BOU_DIALOGUE, make_dialog_push, Press::Activate, kControlEvents, false},
+    {GRX_BOU_SIMPLE, make_plain_push, Press::Activate, kControlEvents, true},
+    {GRX_BOU_SEPARATEUR, make_separator, Press::Silent, kControlEvents, false},
+    {GRX_BOU_ZONE_DESSIN, make_drawing_area, Press::Silent, kDrawingEvents, true},
+    {GRX_BOU_COULEUR, make_colour, Press::Activate, kControlEvents, true},
 }};
 
 const ControlClass* class_of(INT type) {
@@ -300,8 +453,12 @@ Widget make_widget(const Control& c, const ControlClass& control_class) {
     grx::FieldText title(c.bou.titre);
     const grx::CompoundString label(title.c_str());
     grx::Args args;
-    set_general(args, c.bou, label.get());
-    if ((c.bou.attrib & GRX_BOU_ATT_VISIBLE) == 0) args.set(XmNmappedWhenManaged, False);
+    set_position(args, c.bou);
+    if (control_class.labelled) set_label(args, label.get());
+    grx::set_screen(args);
+    set_colours(args, c.bou);
+    set_size(args, c.bou);
+    set_attachments(args, c.bou);
     return control_class.make(c, args, title.data());
 }
 
@@ -317,8 +474,96 @@ INT register_control(const Control& c, Widget w) {
     grx_affecte_structure_bouton(nobou, c.bou.no_fo, c.bou.tabi[GRX_BOU_TABI_VALEUR], c.nofen);
     structure_bouton[nobou].type = c.bou.type;
     structure_bouton[nobou].image = None;
+    grx::forget_look(nobou);
     XtAddCallback(w, XmNdestroyCallback, note_death, reinterpret_cast<XtPointer>(static_cast<intptr_t>(nobou)));
     return nobou;
+}
+
+void add_press_callback(Widget w, Press press, STRUCTURE_BOUTON* record) {
+    if (press == Press::Activate) XtAddCallback(w, XmNactivateCallback, grx_bouton_est_enfonce, record);
+    if (press == Press::ValueChanged) XtAddCallback(w, XmNvalueChangedCallback, grx_bouton_est_enfonce, record);
+}
+
+void add_other_callbacks(Widget w, INT type, STRUCTURE_BOUTON* record) {
+    switch (type) {
+    case GRX_BOU_LISTE:
+        XtAddCallback(w, XmNdefaultActionCallback, grx_element_liste_clique, record);
+        XtAddCallback(w, XmNbrowseSelectionCallback, grx_element_liste_clique, record);
+        break;
+    case GRX_BOU_ECHELLE: XtAddCallback(w, XmNdragCallback, grx_echelle_bouge, record); break;
+    case GRX_BOU_TEXTE: XtAddCallback(w, XmNlosingFocusCallback, grx_focus_quitte_bouton, record); break;
+    default: break;
+    }
+}
+
+void install_callbacks(Widget w, const Control& c, const ControlClass& control_class, STRUCTURE_BOUTON* record) {
+    add_other_callbacks(w, c.bou.type, record);
+    if (c.bou.type == GRX_BOU_COULEUR) grx_change_couleur_bouton(record->nobou, std::max<INT>(c.bou.coul_fond, 0));
+    add_press_callback(w, control_class.press, record);
+    XtAddEventHandler(w, control_class.events, False, grx_gere_evenements_bouton, record);
+}
+
+void show_icon(Widget w, const Control& c, STRUCTURE_BOUTON* record) {
+    grx::FieldText icon(c.bou.icone);
+    if (icon.c_str()[0] != '\0' && grx_installe_bitmap(icon.data(), record->nobou) != 0)
+        grx::show_pixmap(w, record->image);
+}
+
+void give_off_screen_copy(Widget w, const Control& c, INT nobou) {
+    constexpr INT black = 1; // a reserved colour
+    const grx::Size size = grx::size_of(w);
+    const Window window = grx::window_of(w);
+    if (window != None) {
+        XSetWindowAttributes attributes{};
+        attributes.backing_store = WhenMapped;
+        XChangeWindowAttributes(x11_disp, window, CWBackingStore, &attributes);
+    }
+    const INT width = c.bou.largeur > 0 ? c.bou.largeur : size.width;
+    const INT height = c.bou.hauteur > 0 ? c.bou.hauteur : size.height;
+    grx_cree_bitmap_backingstore_bouton(nobou, width, height, black, black);
+}
+
+void put_on_screen(Widget w, const Control& c, STRUCTURE_BOUTON* record) {
+    if (!has(c, GRX_BOU_ATT_VISIBLE)) XtSetMappedWhenManaged(grx::with_scroll_bars(w), False);
+    XtManageChild(w);
+    show_icon(w, c, record);
+    if (!has(c, GRX_BOU_ATT_SENSIBLE)) XtSetSensitive(w, False);
+    if (c.bou.type == GRX_BOU_ZONE_DESSIN) give_off_screen_copy(w, c, record->nobou);
+}
+
+// -- labels and separators without a number
+
+void set_bare(grx::Args& args, const GRX_BOUTON& bou) {
+    args.set(XmNfontList, fontlist);
+    set_position(args, bou);
+    set_size(args, bou);
+    grx::set_foreground(args, bou.coul_trace);
+    if (bou.coul_fond == GRX_AUCUN) {
+        if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+        return;
+    }
+    args.set(XmNarmColor, bou.coul_fond); // KEEP: the index itself
+    args.set(XmNbackground, static_cast<Pixel>(grx_recup_couleur(bou.coul_fond)));
+}
+
+Widget make_bare_separator(Widget parent, const GRX_BOUTON& bou) {
+    grx::Args args;
+    set_bare(args, bou);
+    const bool horizontal = (bou.attrib & GRX_BOU_ATT_SEPARATEUR_HORIZ) != 0;
+    args.set(XmNorientation, horizontal ? XmHORIZONTAL : XmVERTICAL);
+    return XmCreateSeparator(parent, const_cast<char*>("Gadget_Separateur"), args.list(), args.count());
+}
+
+Widget make_bare_label(Widget parent, const GRX_BOUTON& bou) {
+    grx::FieldText title(bou.titre);
+    grx::FieldText icon(bou.icone);
+    const grx::CompoundString label(title.c_str());
+    grx::Args args;
+    set_bare(args, bou);
+    args.set(XmNlabelString, label.get()).set(XmNalignment, XmALIGNMENT_BEGINNING);
+    if (icon.c_str()[0] != '\0' && grx_installe_bitmap(icon.data(), GRX_AUCUN) == 1)
+        args.set(XmNlabelType, XmPIXMAP).set(XmNlabelPixmap, grx::Mypixmap);
+    return XmCreateLabel(parent, title.data(), args.list(), args.count());
 }
 
 // -- the character cell
@@ -370,8 +615,20 @@ INT grx_cree_bouton(GRX_BOUTON* bouton) {
     const INT nobou = register_control(control, w);
     if (nobou < 0) return kBaseFull;
     bouton->nobou = nobou;
-    XtManageChild(w);
-    if ((bouton->attrib & GRX_BOU_ATT_SENSIBLE) == 0) XtSetSensitive(w, False);
+    install_callbacks(w, control, *control_class, &structure_bouton[nobou]);
+    put_on_screen(w, control, &structure_bouton[nobou]);
+    return 0;
+}
+
+INT grx_cree_gadget(GRX_BOUTON* gadget) {
+    grx::Mypixmap = XmUNSPECIFIED_PIXMAP;
+    Widget parent = gadget != nullptr ? grx_recup_objet_fen(gadget->fen_mere) : nullptr;
+    if (parent == nullptr) return kNoParent;
+    if (!XtIsComposite(parent)) return 0;
+    Widget w = nullptr;
+    if (gadget->type == GRX_BOU_SEPARATEUR) w = make_bare_separator(parent, *gadget);
+    if (gadget->type == GRX_BOU_LABEL) w = make_bare_label(parent, *gadget);
+    if (w != nullptr) XtManageChild(w);
     return 0;
 }
 

@@ -574,7 +574,9 @@ bool make_work_widget(Build& b, Widget container) {
 void set_work_areas(const Build& b) {
     if (b.scrolled != nullptr && b.fen.type == GRX_FEN_GRAPHIQUE) grx::set_resource(b.scrolled, XmNworkWindow, b.work);
     if (b.main == nullptr) return;
-    grx::make_menu_bar(b.main);
+    grx_cree_menu_bar(b.main);
+    if (Widget bar = grx_get_Glob_menu_bar(); bar != nullptr && XtParent(bar) == b.main)
+        grx::set_resource(b.main, XmNmenuBar, bar);
     grx::set_resource(b.main, XmNworkWindow, b.outer);
 }
 

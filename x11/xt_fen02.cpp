@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "kit/args.h"
+#include "kit/controls.h"
 #include "kit/drawables.h"
 #include "kit/locale_text.h"
 #include "kit/post.h"
@@ -587,15 +588,7 @@ INT grx_affiche_texte_dans_fenetre(INT nofen, char* texte) {
 }
 
 INT grx_ajoute_texte_dans_fenetre(INT nofen, char* texte) {
-    Widget w = text_of(nofen);
-    if (w == nullptr) return 0;
-    grx::LocaleText text(texte);
-    const XmTextPosition at = XmTextGetInsertionPosition(w);
-    const XmTextPosition before = XmTextGetLastPosition(w);
-    XmTextInsert(w, at, text.data());
-    const XmTextPosition after = at + (XmTextGetLastPosition(w) - before);
-    XmTextSetInsertionPosition(w, after);
-    XmTextShowPosition(w, after);
+    if (Widget w = text_of(nofen)) grx::insert_text(w, texte);
     return 0;
 }
 

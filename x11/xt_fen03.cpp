@@ -1,13 +1,155 @@
-// The menu bar of the main window.
+// The menu bar of the main window, and the files it is read from.
 #include "xt_prive.h"
 
 #include <X11/StringDefs.h>
+#include <Xm/CascadeB.h>
+#include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
+#include <Xm/Separator.h>
 #include <Xm/Xm.h>
 
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+#include "host_f.h"
+#include "host_g.h"
+#include "kit/accelerators.h"
 #include "kit/args.h"
+#include "kit/block.h"
+#include "kit/kept.h"
+#include "kit/post.h"
 #include "kit/screen.h"
+#include "kit/xmstring.h"
+#include "pure/menu_line.h"
+#include "xt_err_f.h"
 #include "xt_fen_f.h"
+
+// ---------------------------------------------------------------------------------------------------- menu files
+
+namespace {
+
+constexpr INT kSkipped = 1;
+constexpr INT kTaken = 0;
+constexpr INT kNoKeyword = -1;
+constexpr INT kUnbalanced = -2;
+
+char Debut_Menu = 0; // the zone marker has been seen
+
+// KEEP: POPUP is looked for first, anywhere in the line.
+struct Keyword {
+    std::string_view word;
+    INT itype;
+    std::size_t fields;
+};
+constexpr std::array<Keyword, 2> kKeywords{{{"POPUP", GRX_MENU_POPUP, 2}, {"ITEM", GRX_MENU_ITEM, 4}}};
+
+std::string_view view_of(const char* text) {
+    return text != nullptr ? std::string_view(text) : std::string_view();
+}
+
+bool contains(std::string_view line, std::string_view word) {
+    return line.find(word) != std::string_view::npos;
+}
+
+LI_MENU empty_line() {
+    LI_MENU line{};
+    line.mneumonic = GRX_MENU_SANS_MNEMO;
+    line.itype = GRX_MENU_AUCUN;
+    return line;
+}
+
+INT number_in(std::string_view field) {
+    char text[16] = "";
+    grx::copy_text(text, field);
+    return static_cast<INT>(std::strtol(text, nullptr, 10));
+}
+
+// The mark goes, the letter behind it becomes the mnemonic.
+void set_label(LI_MENU& line, std::string_view label) {
+    const auto mark = label.find('&');
+    if (mark == std::string_view::npos) {
+        grx::copy_text(line.nom_fonction, label);
+        return;
+    }
+    const std::string_view behind = label.substr(mark + 1);
+    if (!behind.empty()) line.mneumonic = behind.front();
+    std::snprintf(line.nom_fonction, sizeof line.nom_fonction, "%.*s%.*s", static_cast<int>(mark), label.data(),
+        static_cast<int>(behind.size()), behind.data());
+}
+
+void set_label_of_message(LI_MENU& line, INT number) {
+    char text[HOST_MESSAGE_MAX] = "";
+    f_mess_menu_lire(0, number, text);
+    set_label(line, grx::trimmed(text));
+}
+
+INT decode_fields(LI_MENU& line, const Keyword& keyword, std::string_view after) {
+    const auto fields = grx::menu_fields(after, keyword.fields);
+    if (!fields) return kNoKeyword;
+    const auto& [number, text, accelerator, function] = *fields;
+    line.itype = keyword.itype;
+    if (number.empty()) {
+        set_label(line, text);
+    } else {
+        set_label_of_message(line, number_in(number));
+    }
+    grx::copy_text(line.accelerateur, accelerator);
+    line.no_fo = number_in(function);
+    return kTaken;
+}
+
+INT decode_structure(std::string_view line, INT& depth) {
+    if (line == "{") {
+        ++depth;
+        return kTaken;
+    }
+    if (depth <= 0) return kUnbalanced;
+    --depth;
+    return kTaken;
+}
+
+} // namespace
+
+extern "C" {
+
+INT decode_chaine_ressource_menu(char* chaine, LI_MENU* ligne_menu) {
+    if (ligne_menu == nullptr) return kNoKeyword;
+    const std::string_view line = view_of(chaine);
+    for (const auto& keyword : kKeywords) {
+        const auto at = line.find(keyword.word);
+        if (at != std::string_view::npos)
+            return decode_fields(*ligne_menu, keyword, line.substr(at + keyword.word.size()));
+    }
+    return kNoKeyword;
+}
+
+INT decode_ligne_ressource_menu(char* debut, char* ligne, LI_MENU* ligne_menu, INT* ind_para) {
+    if (ligne == nullptr || ligne_menu == nullptr || ind_para == nullptr) return kSkipped;
+    const std::string_view line(ligne);
+    const bool comment = Debut_Menu != 0 && line.substr(0, 1) == "#";
+    // KEEP: DEBUT and FIN anywhere skip the line, before the record is cleared.
+    if (comment || contains(line, "DEBUT") || contains(line, "FIN")) return kSkipped;
+    *ligne_menu = empty_line();
+    if (debut != nullptr && contains(line, debut)) {
+        Debut_Menu = 1;
+        return kTaken;
+    }
+    if (Debut_Menu == 0) return kTaken;
+    const std::string_view content = grx::trimmed(line);
+    if (content == "{" || content == "}") return decode_structure(content, *ind_para);
+    return decode_chaine_ressource_menu(ligne, ligne_menu);
+}
+
+INT copie_li_menu(LI_MENU* li1, LI_MENU li2) {
+    if (li1 != nullptr) *li1 = li2;
+    return 0;
+}
+}
+
+// ------------------------------------------------------------------------------------------------------ menu bar
 
 namespace grx {
 
@@ -17,35 +159,306 @@ XEvent evt_menu{};
 
 namespace {
 
+constexpr std::size_t kFirstEntries = 100;
+constexpr int kMostMenus = 100;
+constexpr std::size_t kModuleSelector = 233;
+constexpr int kForReading = 2;
+char zone_marker[] = "#:ZONE_MENU_BAR";
+
 Widget Glob_menu_bar = nullptr;
+grx::Kept<grx::Block<Widget>> kept_entries;
+grx::Block<Widget>& Tab_objet = kept_entries.value;
+std::size_t Nb_objet = 0;
+std::array<Widget, kMostMenus> Tab_cascade{};
+int Nb_cascade = 0;
+std::array<Widget, kMostMenus> Tab_pull{};
+int Nb_pull = 0;
+char Bcree = 0; // the bar is rebuilt in place
+grx::Kept<grx::AcceleratorTable> kept_accelerators;
+grx::AcceleratorTable& accelerators = kept_accelerators.value;
+Time last_matched = 0; // time of the key press that was matched when it was forwarded
+
+Widget top_manager() {
+    return Glob_menu_bar != nullptr ? XtParent(Glob_menu_bar) : nullptr;
+}
+
+void forget_entries() {
+    Tab_objet.reset();
+    Nb_objet = 0;
+    Nb_cascade = Nb_pull = 0;
+}
 
 void forget_bar(Widget bar, XtPointer, XtPointer) {
-    if (bar == Glob_menu_bar) Glob_menu_bar = nullptr;
+    if (bar != Glob_menu_bar) return;
+    accelerators.clear(nullptr); // the grabs go with the window
+    forget_entries();
+    Glob_menu_bar = nullptr;
+}
+
+bool matched_when_forwarded(const XKeyEvent& event) {
+    return event.send_event != 0 && event.time == last_matched;
+}
+
+void on_accelerator_key(Widget, XtPointer, XEvent* event, Boolean*) {
+    if (event->type == KeyPress && !matched_when_forwarded(event->xkey)) accelerators.activate(*event);
+}
+
+void set_look(grx::Args& args) {
+    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+    grx::set_screen(args);
+}
+
+bool usable_parent(Widget w) {
+    return w != nullptr && XtIsComposite(w);
+}
+
+const char* menu_file_name() {
+    switch (istate[kModuleSelector]) {
+    case 0: return "MNU_COMM.DAT";
+    case 1: return "MNU_MECA.DAT";
+    default: return "MNU_ARCH.DAT";
+    }
+}
+
+FILE* open_menu_file() {
+    FILE* file = nullptr;
+    char nowhere[] = "";
+    char* const directory = sstate[SST_REP_MENU] != nullptr ? sstate[SST_REP_MENU] : nowhere;
+    const INT result = ftext_open(&file, directory, const_cast<char*>(menu_file_name()), kForReading);
+    return result == -1 ? nullptr : file;
+}
+
+bool room_for_entry() {
+    if (Nb_objet < Tab_objet.size()) return true;
+    return Tab_objet.resize(Tab_objet.size() == 0 ? kFirstEntries : 2 * Tab_objet.size());
+}
+
+// "Ctrl+S" -> "Ctrl<Key>S:", "F5" -> "<Key>F5:"; several modifiers stand before the key with blanks between.
+void accelerator_translation(std::string_view text, char* out, std::size_t size) {
+    const grx::KeyText parts = grx::split_accelerator(text);
+    std::snprintf(out, size, "%.*s<Key>%.*s:", static_cast<int>(parts.modifiers.size()), parts.modifiers.data(),
+        static_cast<int>(parts.key.size()), parts.key.data());
+    for (char* c = out; *c != '\0' && *c != '<'; ++c) {
+        if (*c == '+') *c = ' ';
+    }
+}
+
+XtPointer number_as_data(INT number) {
+    return reinterpret_cast<XtPointer>(static_cast<intptr_t>(number));
+}
+
+Widget make_separator(Widget parent) {
+    grx::Args args;
+    args.set(XmNorientation, XmHORIZONTAL);
+    set_look(args);
+    return XmCreateSeparator(parent, const_cast<char*>("Gadget_Separateur"), args.list(), args.count());
+}
+
+struct EntryText {
+    const char* label;
+    char accelerator[GRX_MENU_ACCE_MAX]; // as shown: up to the first comma
+    char mnemonic;
+};
+
+Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
+    const grx::CompoundString label(text.label);
+    const grx::CompoundString shown(text.accelerator);
+    char translation[2 * GRX_MENU_ACCE_MAX] = "";
+    grx::Args args;
+    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist);
+    if (text.accelerator[0] != '\0') {
+        accelerator_translation(text.accelerator, translation, sizeof translation);
+        args.set(XmNacceleratorText, shown.get()).set(XmNaccelerator, translation);
+    }
+    if (text.mnemonic != GRX_MENU_SANS_MNEMO)
+        args.set(XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(text.mnemonic)));
+    set_look(args);
+    Widget entry = XmCreatePushButton(parent, const_cast<char*>("atome"), args.list(), args.count());
+    if (entry == nullptr) return nullptr;
+    XtAddEventHandler(entry, ButtonPressMask, False, grx_menu_est_appuie, number_as_data(nofo));
+    XtAddCallback(entry, XmNactivateCallback, grx_menu_est_active, number_as_data(nofo));
+    if (text.accelerator[0] != '\0' && top_manager() != nullptr)
+        accelerators.add(top_manager(), grx::accelerator_for(entry, text.accelerator));
+    return entry;
+}
+
+// -- building
+
+struct Builder {
+    LI_MENU top_line{};
+    LI_MENU sub_line{};
+    Widget top = nullptr; // open pulldown of the bar
+    Widget sub = nullptr; // open submenu in it
+};
+
+Widget open_pulldown(Widget parent) {
+    if (Nb_pull >= kMostMenus) return nullptr;
+    Widget pulldown = grx_debut_sous_menu_bar(parent);
+    if (pulldown != nullptr) Tab_pull[static_cast<std::size_t>(Nb_pull++)] = pulldown;
+    return pulldown;
+}
+
+// The cascade button comes when its menu is complete, behind everything read before it.
+void close_pulldown(Widget& pulldown, const LI_MENU& line, Widget support) {
+    if (pulldown == nullptr) return;
+    LI_MENU copy = line;
+    Widget cascade = grx_fin_sous_menu_bar(copy.nom_fonction, pulldown, support);
+    pulldown = nullptr;
+    if (cascade == nullptr || Nb_cascade >= kMostMenus) return;
+    Tab_cascade[static_cast<std::size_t>(Nb_cascade++)] = cascade;
+    if (line.mneumonic != GRX_MENU_SANS_MNEMO)
+        grx::set_resource(cascade, XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(line.mneumonic)));
+}
+
+void close_sub(Builder& b) {
+    close_pulldown(b.sub, b.sub_line, b.top);
+}
+
+void close_top(Builder& b) {
+    close_sub(b);
+    close_pulldown(b.top, b.top_line, Glob_menu_bar);
+}
+
+void add_entry(LI_MENU& line, Widget pulldown) {
+    if (pulldown != nullptr && line.itype == GRX_MENU_ITEM)
+        grx_cree_atome(line.nom_fonction, line.accelerateur, line.mneumonic, line.no_fo, pulldown);
+}
+
+void build_in_bar(Builder& b, LI_MENU& line) {
+    if (line.itype == GRX_MENU_POPUP) {
+        close_top(b);
+        b.top = open_pulldown(Glob_menu_bar);
+        b.top_line = line;
+    }
+    add_entry(line, b.top);
+}
+
+void build_in_menu(Builder& b, LI_MENU& line) {
+    close_sub(b); // the closing brace of a submenu comes here as well
+    if (line.itype == GRX_MENU_POPUP && b.top != nullptr) {
+        b.sub = open_pulldown(b.top);
+        b.sub_line = line;
+    }
+    add_entry(line, b.top);
+}
+
+void build_line(Builder& b, LI_MENU& line, INT depth) {
+    switch (depth) {
+    case 1: build_in_bar(b, line); break;
+    case 2: build_in_menu(b, line); break;
+    case 3: add_entry(line, b.sub); break;
+    default: break;
+    }
+}
+
+void build_from(FILE* file) {
+    Builder builder;
+    LI_MENU line = empty_line();
+    INT ind_para = 0;
+    char text[HOST_LIGNE_MAX] = "";
+    Debut_Menu = 0;
+    while (ftext_lec(file, text) != 0) {
+        if (decode_ligne_ressource_menu(zone_marker, text, &line, &ind_para) == kTaken)
+            build_line(builder, line, ind_para);
+    }
+    close_top(builder);
+    Debut_Menu = 0;
+}
+
+Widget make_bar(Widget parent) {
+    Widget bar = grx_debut_menu_bar(parent);
+    if (bar == nullptr) return nullptr;
+    XtAddCallback(bar, XmNdestroyCallback, forget_bar, nullptr);
+    XtAddEventHandler(parent, KeyPressMask, False, on_accelerator_key, nullptr);
+    return bar;
+}
+
+template <std::size_t N>
+void destroy_all(std::array<Widget, N>& widgets, int count) {
+    for (int i = 0; i < count; ++i) XtDestroyWidget(widgets[static_cast<std::size_t>(i)]);
 }
 
 } // namespace
 
-namespace grx {
-
-void make_menu_bar(Widget main_window) {
-    Widget bar = grx_debut_menu_bar(main_window);
-    if (bar == nullptr) return;
-    Glob_menu_bar = bar;
-    XtAddCallback(bar, XmNdestroyCallback, forget_bar, nullptr);
-    XtManageChild(bar);
-    set_resource(main_window, XmNmenuBar, bar);
-}
-
-} // namespace grx
-
 extern "C" {
 
+INT grx_cree_menu_bar(Widget parent) {
+    FILE* const file = open_menu_file();
+    if (file == nullptr) {
+        grx_erreur(GRX_ERR_FIC_MENU);
+        return 0;
+    }
+    Tab_objet = grx::Block<Widget>(kFirstEntries);
+    Nb_objet = 0;
+    if (Bcree == 0) {
+        Nb_cascade = Nb_pull = 0;
+        accelerators.clear(nullptr);
+        Glob_menu_bar = make_bar(parent);
+    }
+    if (Glob_menu_bar != nullptr) {
+        build_from(file);
+        XtManageChild(Glob_menu_bar);
+    }
+    ftext_close(file);
+    return 0;
+}
+
 Widget grx_debut_menu_bar(Widget mere) {
-    if (mere == nullptr || !XtIsComposite(mere)) return nullptr;
+    if (!usable_parent(mere)) return nullptr;
     grx::Args args;
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
-    grx::set_screen(args);
+    set_look(args);
     return XmCreateMenuBar(mere, const_cast<char*>("Menu_bar"), args.list(), args.count());
+}
+
+Widget grx_debut_sous_menu_bar(Widget mere) {
+    if (!usable_parent(mere)) return nullptr;
+    grx::Args args;
+    set_look(args);
+    return XmCreatePulldownMenu(mere, const_cast<char*>("Sous_menu_bar"), args.list(), args.count());
+}
+
+Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
+    if (mere == nullptr || !usable_parent(support)) return nullptr;
+    const grx::CompoundString label(texte);
+    grx::Args args;
+    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, mere);
+    set_look(args);
+    Widget cascade = XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
+    if (cascade != nullptr) XtManageChild(cascade);
+    return cascade;
+}
+
+INT grx_cree_atome(char* texte, char* acce, char mneu, int nofo, Widget mere) {
+    if (!usable_parent(mere) || !room_for_entry()) return 0;
+    EntryText text{texte != nullptr ? texte : "", "", mneu};
+    grx::copy_text(text.accelerator, grx::first_accelerator(view_of(acce)));
+    Widget entry = text.label[0] == '-' ? make_separator(mere) : make_entry(mere, text, nofo);
+    if (entry == nullptr) return 0;
+    XtManageChild(entry);
+    Tab_objet[Nb_objet++] = entry;
+    return 0;
+}
+
+INT grx_fin_menu_bar(void) {
+    if (Nb_objet != 0) forget_entries();
+    return 0;
+}
+
+INT grx_detruit_menu_bar(void) {
+    accelerators.clear(top_manager());
+    for (std::size_t i = 0; i < Nb_objet; ++i) XtDestroyWidget(Tab_objet[i]);
+    destroy_all(Tab_cascade, Nb_cascade);
+    destroy_all(Tab_pull, Nb_pull);
+    forget_entries(); // also a bar of menus without entries
+    return 0;
+}
+
+INT grx_recree_menu_bar(void) {
+    if (Glob_menu_bar == nullptr) return 0;
+    Bcree = 1;
+    grx_cree_menu_bar(nullptr);
+    Bcree = 0;
+    return 0;
 }
 
 Widget grx_get_Glob_menu_bar(void) {
@@ -63,7 +476,19 @@ INT grx_envoie_dernier_evenement_a_fenetre_menu(void) {
     const Window window = grx::window_of(grx_recup_objet_fen(grx_recup_nofen_principale()));
     if (window == None || grx::evt_menu.xkey.window == window) return 0; // never forwarded twice
     grx::evt_menu.xkey.window = window;
+    if (accelerators.activate(grx::evt_menu)) last_matched = grx::evt_menu.xkey.time;
     XSendEvent(x11_disp, window, True, KeyPressMask, &grx::evt_menu);
     return 0;
+}
+
+void grx_menu_est_active(Widget, XtPointer client_data, XtPointer) {
+    const INT nofo = static_cast<INT>(reinterpret_cast<intptr_t>(client_data));
+    GRX_DIGIT& record = grx::post(evt_global.bouton_appui, GRX_EVT_BOUTON_APPUI, grx_recup_nofen_principale());
+    record.bouton = GRX_SOURIS_GAUCHE;
+    record.no_fo = nofo;
+}
+
+void grx_menu_est_appuie(Widget, XtPointer, XEvent*, Boolean*) {
+    // kept as a hook
 }
 }

@@ -9,9 +9,12 @@
 
 #include "kit/batch.h"
 #include "kit/drawables.h"
+#include "kit/images.h"
 #include "kit/screen.h"
+#include "kit/transfer.h"
 #include "pure/axis.h"
 #include "pure/clip.h"
+#include "pure/pixels.h"
 #include "pure/triangle.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
@@ -776,5 +779,317 @@ INT grx_restore_fenetre(INT nofen) {
     if (slot->image == None) return 0;
     grx::copy_drawable(slot->image, window, g_c, size);
     return 1;
+}
+}
+
+// -------------------------------------------------------------------------------------------------------- pictures
+
+namespace {
+
+Window win_reel = None;
+Pixmap* pix_back = nullptr;
+
+// Where a picture goes: both the screen and the backing picture of a window or a control.
+struct PictureTarget {
+    Window window = None;
+    Pixmap* backing = nullptr;
+    grx::Size size;
+};
+
+PictureTarget target_of(INT type, INT bou_fen) {
+    if (type == GRX_CIBLE_FENETRE) {
+        const Backing backing = backing_of(bou_fen);
+        return {backing.window, backing.holder, window_size(bou_fen)};
+    }
+    const ButtonBacking backing = button_backing(bou_fen);
+    Pixmap* const image = backing.record != nullptr && backing.record->image != None ? &backing.record->image : nullptr;
+    return {backing.window, image, backing.size};
+}
+
+bool select_picture_target(INT type, INT bou_fen, PictureTarget& target) {
+    target = target_of(type, bou_fen);
+    if (target.window == None || g_c == nullptr) return false;
+    win_reel = target.window;
+    pix_back = target.backing;
+    forget_background();
+    apply_background();
+    return true;
+}
+
+// The part of a picture at (x, y) that lies on its target.
+struct Part {
+    int from_x, from_y; // in the picture
+    int x, y;           // on the target
+    grx::ImageSize size;
+    bool empty() const { return size.width <= 0 || size.height <= 0; }
+};
+
+Part part_on(const grx::Size& target, INT x, INT y, INT width, INT height) {
+    const int64_t left = std::max<int64_t>(x, 0);
+    const int64_t top = std::max<int64_t>(y, 0);
+    const int64_t right = std::min<int64_t>(int64_t{x} + width, target.width);
+    const int64_t bottom = std::min<int64_t>(int64_t{y} + height, target.height);
+    if (right <= left || bottom <= top) return {0, 0, 0, 0, {0, 0}};
+    return {static_cast<int>(left - x), static_cast<int>(top - y), static_cast<int>(left), static_cast<int>(top),
+        {static_cast<int>(right - left), static_cast<int>(bottom - top)}};
+}
+
+bool deep_screen() {
+    return grx_recup_profondeur_ecran() > GRX_PROFONDEUR_8;
+}
+
+std::size_t source_bytes() {
+    return deep_screen() ? 3 : 1;
+}
+
+template <class T>
+T* image_row(const XImage* image, int y) {
+    return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);
+}
+
+// Once into the backing picture, and from there to the window: the same pixels in both.
+void show_picture(grx::Transfer& t, const PictureTarget& target, const Part& part) {
+    const auto width = static_cast<unsigned int>(part.size.width);
+    const auto height = static_cast<unsigned int>(part.size.height);
+    grx::put(t, *target.backing, g_c, part.x, part.y);
+    XCopyArea(x11_disp, *target.backing, target.window, g_c, part.x, part.y, width, height, part.x, part.y);
+    XFlush(x11_disp);
+}
+
+// One row of the application's picture in the screen's form.
+class RowPacker {
+  public:
+    RowPacker() : deep_({dec_red, dec_green, dec_blue}) {}
+    void pack(const XImage* image, int y, const uchar* source, std::size_t count) const {
+        if (!deep_screen()) {
+            auto* const out = image_row<uchar>(image, y);
+            for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<uchar>(trace_pix[source[i]]);
+        } else if (image->bits_per_pixel == 32) {
+            deep_.row(image_row<uint32_t>(image, y), source, count);
+        } else {
+            pack_narrow(image, y, source, count);
+        }
+    }
+
+  private:
+    void pack_narrow(const XImage* image, int y, const uchar* source, std::size_t count) const {
+        auto* out = image_row<uchar>(image, y);
+        const auto bytes = static_cast<std::size_t>(image->bits_per_pixel / 8);
+        for (std::size_t i = 0; i < count; ++i, out += bytes) {
+            uint32_t pixel = 0;
+            deep_.row(&pixel, source + 3 * i, 1);
+            grx::store_pixel(out, pixel, bytes);
+        }
+    }
+    grx::DeepPacker deep_;
+};
+
+bool usable_picture(const uchar* pixels, INT width, INT height) {
+    return pixels != nullptr && width > 0 && height > 0;
+}
+
+void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, const Part& part) {
+    grx::Transfer t = grx::begin_transfer(part.size);
+    if (t.image == nullptr) return;
+    const RowPacker packer;
+    const std::size_t row_bytes = static_cast<std::size_t>(width) * source_bytes();
+    const uchar* source = pixels + static_cast<std::size_t>(part.from_y) * row_bytes
+                          + static_cast<std::size_t>(part.from_x) * source_bytes();
+    for (int y = 0; y < part.size.height; ++y, source += row_bytes)
+        packer.pack(t.image, y, source, static_cast<std::size_t>(part.size.width));
+    show_picture(t, target, part);
+    grx::end_transfer(t);
+}
+
+struct Stretch {
+    const uchar* pixels;
+    INT width, height;
+    grx::Block<int32_t> columns, rows;
+    grx::Block<uchar> chosen; // source pixels of one destination row
+
+    bool make(INT final_width, INT final_height) {
+        columns = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_width));
+        rows = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_height));
+        chosen = grx::Block<uchar>::raw(static_cast<std::size_t>(final_width) * source_bytes());
+        if (!columns || !rows || !chosen) return false;
+        grx::scale_map(columns.span(), width);
+        grx::scale_map(rows.span(), height);
+        return true;
+    }
+
+    // Picks the pixels of one row, from column `from` on.
+    const uchar* row(int destination, int from, std::size_t count) {
+        const std::size_t bytes = source_bytes();
+        const uchar* const source = pixels
+                                    + static_cast<std::size_t>(rows[static_cast<std::size_t>(destination)])
+                                          * static_cast<std::size_t>(width) * bytes;
+        uchar* out = chosen.data();
+        for (std::size_t i = 0; i < count; ++i, out += bytes) {
+            const auto column = static_cast<std::size_t>(columns[static_cast<std::size_t>(from) + i]);
+            std::memcpy(out, source + column * bytes, bytes);
+        }
+        return chosen.data();
+    }
+
+    bool repeats(int destination) const {
+        const auto at = static_cast<std::size_t>(destination);
+        return at > 0 && rows[at] == rows[at - 1];
+    }
+};
+
+void fill_stretched(const XImage* image, Stretch& stretch, const Part& part) {
+    const RowPacker packer;
+    const auto count = static_cast<std::size_t>(part.size.width);
+    for (int y = 0; y < part.size.height; ++y) {
+        if (y > 0 && stretch.repeats(part.from_y + y)) {
+            std::memcpy(image_row<uchar>(image, y), image_row<uchar>(image, y - 1),
+                static_cast<std::size_t>(image->bytes_per_line));
+            continue;
+        }
+        packer.pack(image, y, stretch.row(part.from_y + y, part.from_x, count), count);
+    }
+}
+
+// What memory drawing left is shown, and the picture made ready for the next.
+void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT efface_pas) {
+    forget_background();
+    apply_background();
+    grx::copy_drawable(picture, window, g_c, size);
+    XSync(x11_disp, False);
+    if (efface_pas == 0) grx::fill_drawable(picture, g_c, size);
+}
+
+uint32_t colour_mask() {
+    constexpr uint32_t component = 255;
+    return component << dec_red | component << dec_green | component << dec_blue;
+}
+
+void read_indices(const XImage* image, uchar* out, std::size_t out_row) {
+    const auto count = static_cast<std::size_t>(image->width);
+    const INT known = std::min<INT>(grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace(), GRX_NB_COULEURS);
+    const grx::IndexFinder finder(trace_pix, static_cast<std::size_t>(std::max<INT>(known, 0)), colour_mask());
+    for (int y = 0; y < image->height; ++y, out += out_row) {
+        if (image->bits_per_pixel == 32 && image->byte_order == grx::native_byte_order()) {
+            finder.row(out, image_row<uint32_t>(image, y), count);
+            continue;
+        }
+        for (std::size_t x = 0; x < count; ++x)
+            out[x] = finder.find(static_cast<uint32_t>(XGetPixel(const_cast<XImage*>(image), static_cast<int>(x), y)));
+    }
+}
+
+void read_bytes(const XImage* image, uchar* out, std::size_t out_row) {
+    for (int y = 0; y < image->height; ++y, out += out_row)
+        std::memcpy(out, image_row<uchar>(image, y), static_cast<std::size_t>(image->width));
+}
+
+// The part of a window that is on the screen: the server gives no more.
+grx::Size readable_size(Widget w, Window window) {
+    grx::Size size = grx::size_of(w);
+    int x = 0, y = 0;
+    Window child = None;
+    XTranslateCoordinates(x11_disp, window, grx::root_window(), 0, 0, &x, &y, &child);
+    size.width = std::min(size.width, grx_recup_lar_ecran() - x);
+    size.height = std::min(size.height, grx_recup_hau_ecran() - y);
+    return size;
+}
+
+} // namespace
+
+extern "C" {
+
+void grx_trace_image(INT efface_pas) {
+    if (grx_trace_memoire == 0) return;
+    const INT active = grx_recup_nofen_active();
+    const Backing backing = backing_of(active);
+    if (backing) show_memory_drawing(backing.window, *backing.holder, window_size(active), efface_pas);
+}
+
+void grx_trace_image_bouton(INT efface_pas) {
+    if (grx_trace_memoire_bouton == 0) return;
+    const ButtonBacking backing = button_backing(grx_recup_nobou_actif());
+    if (backing) show_memory_drawing(backing.window, backing.record->image, backing.size, efface_pas);
+}
+
+void grx_alloue_image_reel(INT type, INT bou_fen) {
+    PictureTarget target;
+    select_picture_target(type, bou_fen, target);
+}
+
+void grx_desalloue_image_reel(INT, INT) {
+    // the target stays selected
+}
+
+void grx_trace_image_dans_widget(INT type, INT bou_fen, uchar* tab_pix_fac, INT largeur, INT hauteur, INT x, INT y) {
+    PictureTarget target;
+    if (!select_picture_target(type, bou_fen, target)) return;
+    if (target.backing == nullptr || !usable_picture(tab_pix_fac, largeur, hauteur)) return;
+    const Part part = part_on(target.size, x, y, largeur, hauteur);
+    if (!part.empty()) draw_picture(target, tab_pix_fac, largeur, part);
+}
+
+void grx_trace_image_reel_xy(
+    INT type, INT bou_fen, uchar* tab_pixfac_24, uchar* tab_pixfac_8, INT largeur, INT hauteur, INT x, INT y) {
+    grx_trace_image_dans_widget(type, bou_fen, deep_screen() ? tab_pixfac_24 : tab_pixfac_8, largeur, hauteur, x, y);
+}
+
+void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix) {
+    Widget w = grx_recup_objet_fen(grx_recup_nofen_active());
+    const Window window = grx::window_of(w);
+    if (window == None || g_c == nullptr || !usable_picture(tab_pix, largeur, hauteur)) return;
+    set_copy_function();
+    const int64_t left = std::max<INT>(x, 0);
+    const int64_t top = std::max<INT>(y, 0);
+    const grx::Size size = readable_size(w, window);
+    const int64_t width = std::min<int64_t>(largeur, size.width - left);
+    const int64_t height = std::min<int64_t>(hauteur, size.height - top);
+    if (width <= 0 || height <= 0) return;
+    grx::Transfer t = grx::begin_transfer({static_cast<int>(width), static_cast<int>(height)});
+    if (t.image == nullptr) return;
+    const bool got = grx::get(t, window, static_cast<int>(left), static_cast<int>(top));
+    if (got && deep_screen()) read_indices(t.image, tab_pix, static_cast<std::size_t>(largeur));
+    if (got && !deep_screen()) read_bytes(t.image, tab_pix, static_cast<std::size_t>(largeur));
+    grx::end_transfer(t, got && !t.shared);
+}
+
+void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_pix_fac_8, INT largeur, INT hauteur,
+    INT dx, INT dy, INT l_finale, INT h_finale) {
+    if (l_finale == largeur && h_finale == hauteur) {
+        grx_trace_image_reel_xy(type, bou_fen, tab_pix_fac_24, tab_pix_fac_8, largeur, hauteur, dx, dy);
+        return;
+    }
+    PictureTarget target;
+    if (!select_picture_target(type, bou_fen, target) || target.backing == nullptr) return;
+    Stretch stretch{deep_screen() ? tab_pix_fac_24 : tab_pix_fac_8, largeur, hauteur, {}, {}, {}};
+    if (!usable_picture(stretch.pixels, largeur, hauteur) || l_finale <= 0 || h_finale <= 0) return;
+    const Part part = part_on(target.size, dx, dy, l_finale, h_finale);
+    if (part.empty() || !stretch.make(l_finale, h_finale)) return;
+    grx::Transfer t = grx::begin_transfer(part.size);
+    if (t.image == nullptr) return;
+    fill_stretched(t.image, stretch, part);
+    show_picture(t, target, part);
+    grx::end_transfer(t);
+}
+}
+
+// --------------------------------------------------------------------------------------------------- TrueType text
+// No outline font is to be had on this platform: the application falls back to its own vector text.
+
+extern "C" {
+
+INT get_contours_texte_truetype(GRX_TEXTE, DEF_CONTOURS**) {
+    return 0;
+}
+
+int grx_select_font_truetype(char*) {
+    return -1;
+}
+
+void grx_texte_extent_truetype(INT, char*, DOUBLE, DOUBLE, char*, DOUBLE*) {
+    // the advances stay as the caller filled them
+}
+
+INT grx_verifie_truetype(char*) {
+    return 0;
 }
 }

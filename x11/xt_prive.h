@@ -46,7 +46,6 @@ INT* stored_height(INT nofen);
 
 // -- menu bar (xt_fen03)
 extern XEvent evt_menu; // last key event that no control took
-void make_menu_bar(Widget main_window);
 
 // -- events (xt_ent02)
 extern XEvent Memo_event; // last key press
@@ -62,5 +61,11 @@ void forget_drawing_target(const Pixmap* image);
 
 // -- buttons (xt_bou01)
 extern INT Premier_bouton;
+STRUCTURE_BOUTON* button_record_at(XtPointer data); // the entry that callback data points at; null when it is none
+
+void forget_look(INT nobou); // a number given out again is not shown pressed
+
+// -- pictures of controls (xt_gfx02)
+extern Pixmap Mypixmap; // picture of the last label made without a number
 
 } // namespace grx

@@ -14,10 +14,16 @@ inline bool valid_in_locale(const char* text) {
     return MB_CUR_MAX == 1 || std::mbstowcs(nullptr, text, 0) != static_cast<std::size_t>(-1);
 }
 
+/// Set once the application has given a text that is Latin-1 in a multibyte locale: what the user types then goes
+/// back to it in Latin-1 as well.
+inline bool application_is_latin1 = false;
+
 class LocaleText {
   public:
     explicit LocaleText(const char* text) : text_(text ? text : "") {
-        if (!valid_in_locale(text_)) convert();
+        if (valid_in_locale(text_)) return;
+        application_is_latin1 = true;
+        convert();
     }
     const char* c_str() const { return converted_ ? converted_.data() : text_; }
     char* data() { return converted_ ? converted_.data() : const_cast<char*>(text_); }
@@ -38,6 +44,35 @@ class LocaleText {
             } else {
                 out += written;
             }
+        }
+        *out = '\0';
+    }
+
+    const char* text_;
+    Block<char> converted_;
+};
+
+/// A text of the toolkit in the application's encoding.
+class ApplicationText {
+  public:
+    explicit ApplicationText(const char* text) : text_(text ? text : "") {
+        if (application_is_latin1 && MB_CUR_MAX > 1) convert();
+    }
+    const char* c_str() const { return converted_ ? converted_.data() : text_; }
+
+  private:
+    void convert() {
+        converted_ = Block<char>(std::strlen(text_) + 1);
+        if (!converted_) return;
+        std::mbstate_t state{};
+        const char* in = text_;
+        char* out = converted_.data();
+        wchar_t character = 0;
+        constexpr wchar_t last_latin1 = 0xFF;
+        while (const std::size_t used = std::mbrtowc(&character, in, MB_CUR_MAX, &state)) {
+            if (used > MB_CUR_MAX) break; // not a character of the locale
+            *out++ = character <= last_latin1 ? static_cast<char>(character) : '?';
+            in += used;
         }
         *out = '\0';
     }

@@ -1,0 +1,48 @@
+// Pixels in bulk: no function call, no division and no search for each.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "host_t.h"
+#include "pure/palette.h"
+
+namespace grx {
+
+/// Rows of three bytes a pixel (blue, green, red) into rows of one 32-bit value a pixel.
+class DeepPacker {
+  public:
+    explicit DeepPacker(const Shifts& shifts);
+    void row(uint32_t* out, const uchar* in, std::size_t count) const;
+
+  private:
+    bool plain_; // blue lowest, red highest: a pixel is its three bytes
+    std::array<uint32_t, 256> red_, green_, blue_;
+};
+
+/// For each destination column (or row) the source one: source x i / destination, truncated.
+void scale_map(std::span<int32_t> map, int64_t source_size);
+
+/// Colour indices of pixels: the index of the first equal entry of a table, 0 for a pixel that it does not hold.
+class IndexFinder {
+  public:
+    IndexFinder(const INT* pixels, std::size_t count, uint32_t mask);
+    uchar find(uint32_t pixel) const;
+    void row(uchar* out, const uint32_t* in, std::size_t count) const;
+
+  private:
+    static constexpr std::size_t kPlaces = 1024;
+    static std::size_t first_place(uint32_t pixel) { return (pixel * 2654435761U) >> 22; }
+
+    struct Place {
+        uint32_t pixel;
+        bool used;
+        uchar index;
+    };
+    uint32_t mask_;
+    std::array<Place, kPlaces> places_{};
+};
+
+} // namespace grx
