@@ -27,8 +27,6 @@
 
 namespace {
 
-constexpr std::size_t kTitleBuffer = 255; // the caller's, at least
-
 INT no_fen_principale = GRX_AUCUN;
 INT nofen_active = GRX_AUCUN;
 INT memo_bouton = 0; // mouse button held down, 0 = none
@@ -493,7 +491,7 @@ INT grx_recup_titre_fenetre(INT nofen, char* titre) {
     titre[0] = '\0';
     Widget shell = shell_of(nofen);
     const char* const own = shell != nullptr ? grx::resource<char*>(shell, XmNtitle) : nullptr;
-    if (own != nullptr) std::snprintf(titre, kTitleBuffer, "%s", own);
+    if (own != nullptr) std::snprintf(titre, GRX_TITRE_MAX, "%s", own);
     return 0;
 }
 

@@ -280,6 +280,11 @@ unsigned int span(INT from, INT to) {
     return static_cast<unsigned int>(to - from);
 }
 
+// Both ends included; the widest that the protocol has reaches one pixel less far than its coordinates do.
+unsigned int covering(INT from, INT to) {
+    return std::min<unsigned int>(span(from, to) + 1, UINT16_MAX);
+}
+
 void outline_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
     const Corners c = corners_of(r);
@@ -289,7 +294,7 @@ void outline_rectangle(Drawable target, const GRX_RECTANGLE& r) {
 void fill_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
     const Corners c = corners_of(r);
-    grx::fill_rectangle(target, c.left, c.top, span(c.left, c.right) + 1, span(c.top, c.bottom) + 1);
+    grx::fill_rectangle(target, c.left, c.top, covering(c.left, c.right), covering(c.top, c.bottom));
 }
 
 // Arcs whose box does not fit the protocol are drawn as chords, cut like segments.

@@ -30,6 +30,12 @@ Taille taille_pour_ecran(Taille voulue) {
     return {static_cast<int>(grx_recup_lar_ecran() * kPart), static_cast<int>(grx_recup_hau_ecran() * kPart)};
 }
 
+// Titles are short: a long name leaves room for what follows it.
+std::string nom_court(const std::string& nom) {
+    constexpr std::size_t kLong = 44;
+    return nom.size() <= kLong ? nom : nom.substr(0, kLong) + "...";
+}
+
 void titre_de(GRX_FENETRE& f, const std::string& titre) {
     std::snprintf(f.titre, sizeof f.titre, "%s", titre.c_str());
 }
@@ -67,7 +73,7 @@ bool Atelier::cree_fenetres(Taille taille) {
     f.x = std::max(0, (grx_recup_lar_ecran() - taille.largeur) / 2);
     f.y = std::max(0, (grx_recup_hau_ecran() - taille.hauteur) / 2);
     f.curseur = GRX_CURS_CROIX_X;
-    titre_de(f, "atelier - " + nom_);
+    titre_de(f, "atelier - " + nom_court(nom_));
     if (grx_cree_fenetre(&f) != 0) return false;
     principale_ = f.nofen;
     grx_affecte_nofen_principale(principale_);
@@ -251,7 +257,7 @@ double Atelier::echelle_papier() const {
 }
 
 void Atelier::montre_titre() {
-    const std::string titre = "atelier - " + nom_ + " - " + texte_echelle(echelle_papier(), vue_.echelle());
+    const std::string titre = "atelier - " + nom_court(nom_) + " - " + texte_echelle(echelle_papier(), vue_.echelle());
     if (titre == titre_) return;
     titre_ = titre;
     std::array<char, GRX_TITRE_MAX> tampon{};

@@ -1,5 +1,7 @@
 #include "dxf_texte.h"
 
+#include <dxflib/dl_dxf.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -135,6 +137,7 @@ class Reduction {
     explicit Reduction(Paires paires) : reste_(paires) {}
 
     DxfReduit fait() {
+        ecrit(kCommentaire, "dxflib " DL_VERSION); // or angles of paragraphs are taken as its oldest files had them
         bool fini = false, entites = false;
         while (!reste_.empty() && !fini) {
             const Paires objet = prend();

@@ -16,6 +16,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -62,7 +63,9 @@ class Ecran {
     Ecran() : d_(XOpenDisplay(nullptr)) {
         if (d_ == nullptr) throw Echec("pas d'ecran");
         XSetErrorHandler(ignore_erreur);
-        XTestGrabControl(d_, True); // the window manager grabs the server while a window is moved
+        // The window manager may grab the server. Never drag what it draws itself: where a request waits at the moment
+        // of such a grab, the server forgets that this client need not care, and both wait for ever.
+        XTestGrabControl(d_, True);
     }
     ~Ecran() { XCloseDisplay(d_); }
     Ecran(const Ecran&) = delete;
@@ -174,6 +177,9 @@ class Ecran {
 
 // --- the visit ----------------------------------------------------------------------------------------------------
 
+// Decorations of mwm, in pixels.
+constexpr int kTitre = 17, kBord = 7;
+
 class Visite {
   public:
     explicit Visite(std::string repertoire) : repertoire_(std::move(repertoire)) {}
@@ -183,7 +189,7 @@ class Visite {
         etape("elastique de zoom", [this] { elastique(); });
         etape("deplacement au bouton du milieu", [this] { deplacement(); });
         etape("zoom a la molette", [this] { molette(); });
-        etape("changement de taille par le bord", [this] { taille(); });
+        etape("grande taille et retour", [this] { taille(); });
         etape("iconification et retour", [this] { icone(); });
         etape("vue d'ensemble au clavier", [this] { clavier(); });
         etape("fermeture par le gestionnaire", [this] { fermeture(); });
@@ -263,8 +269,9 @@ class Visite {
     void arrivee() {
         attend("la fenetre d'atelier", [&] { return (fenetre_ = cherche(ecran_.racine())) != None; });
         attend("la fenetre a l'ecran", [&] { return ecran_.visible(fenetre_); });
-        attend("l'echelle dans le titre", [&] { return ecran_.titre(fenetre_).find(':') != std::string::npos; });
-        attend("un dessin en couleurs", [&] { return couleurs(dessin()) >= 3; });
+        attend("l'echelle dans le titre",
+            [&] { return ecran_.titre(fenetre_).rfind(" - ") > std::string_view("atelier").size(); });
+        attend("un dessin", [&] { return couleurs(dessin()) > 1; });
         calme();
         photo("1-ensemble");
     }
@@ -312,22 +319,24 @@ class Visite {
         for (int i = 0; i < 6; ++i) attend_titre([&] { ecran_.clic(5); });
     }
 
-    // The corner of mwm's frame is a handle.
+    // The box on the right of the title makes a window as large as the screen, and small again.
+    void clic_maximise() {
+        const Cadre cadre = ecran_.place(ecran_.cadre_de(fenetre_));
+        ecran_.va(cadre.x + cadre.largeur - kBord - kTitre / 2, cadre.y + kBord + kTitre / 2);
+        ecran_.clic(1);
+    }
+
     void taille() {
-        constexpr int kDx = -170, kDy = -130, kDansLeCoin = 3, kJeu = 10;
-        const Cadre avant = ecran_.place(fenetre_), cadre = ecran_.place(ecran_.cadre_de(fenetre_));
-        const int x = cadre.x + cadre.largeur - kDansLeCoin, y = cadre.y + cadre.hauteur - kDansLeCoin;
-        ecran_.va(x, y);
-        ecran_.bouton(1, true);
-        ecran_.glisse(x, y, x + kDx, y + kDy);
-        ecran_.bouton(1, false);
-        attend("l'autre taille", [&] {
-            const Cadre c = ecran_.place(fenetre_);
-            return std::abs(c.largeur - avant.largeur - kDx) < kJeu && std::abs(c.hauteur - avant.hauteur - kDy) < kJeu;
-        });
-        attend("le dessin", [&] { return couleurs(dessin()) >= 3; });
+        const Cadre avant = ecran_.place(fenetre_);
+        clic_maximise();
+        attend("la grande taille", [&] { return ecran_.place(fenetre_).largeur > avant.largeur + kTitre; });
+        attend("le dessin", [&] { return couleurs(dessin()) > 1; });
         calme();
         photo("6-taille");
+        clic_maximise();
+        attend("la taille d'avant", [&] { return ecran_.place(fenetre_).largeur == avant.largeur; });
+        attend("le dessin", [&] { return couleurs(dessin()) > 1; });
+        calme();
     }
 
     // Small mapped windows on the root that were not there before.
@@ -339,7 +348,6 @@ class Visite {
     }
 
     void icone() {
-        constexpr int kTitre = 17, kBord = 7;
         const Image avant = calme();
         const std::vector<Window> connues = visibles();
         const Cadre cadre = ecran_.place(ecran_.cadre_de(fenetre_));
@@ -364,7 +372,6 @@ class Visite {
     }
 
     void clavier() {
-        constexpr int kTitre = 17, kBord = 7;
         const Cadre cadre = ecran_.place(ecran_.cadre_de(fenetre_));
         ecran_.va(cadre.x + cadre.largeur / 2, cadre.y + kBord + kTitre / 2);
         ecran_.clic(1); // mwm gives the focus to the window whose title is clicked

@@ -4,8 +4,11 @@
 #include "tests/support/triangle_model.h"
 
 #include "pure/triangle.h"
+#include "xt_gfx_f.h"
 
 #include <algorithm>
+#include <array>
+#include <climits>
 #include <cstdlib>
 #include <random>
 #include <vector>
@@ -217,6 +220,96 @@ TEST(LineStepping, HoldsBothEndsAndLeavesNoGap) {
 
 TEST(LineStepping, OfNoLengthIsOnePoint) {
     EXPECT_EQ(line({4, 5}, {4, 5}).size(), 1U);
+}
+
+// --- fills of pixel arrays ---------------------------------------------------------------------------------
+
+class ArrayFill : public testing::Test {
+  protected:
+    static constexpr int wide = 60, high = 40;
+    static constexpr uchar ground = 7;
+
+    using Picture = std::vector<uchar>;
+    Picture picture = Picture(wide * high, ground);
+
+    static uchar& at(Picture& of, int x, int y) { return of.at(static_cast<std::size_t>(y * wide + x)); }
+    std::ptrdiff_t painted() const { return std::count_if(picture.begin(), picture.end(), is_painted); }
+    static bool is_painted(uchar byte) { return byte != ground; }
+
+    static void paint(Picture& target, const TriangleModel::Spans& spans, uchar colour) {
+        for (const auto& [y, span] : spans) {
+            const auto [left, right] = std::minmax(span.first, span.second);
+            for (int x = std::max(0, left); x <= std::min(wide - 1, right); ++x) at(target, x, y) = colour;
+        }
+    }
+};
+
+TEST_F(ArrayFill, TrianglesAreTheSameRows) {
+    std::mt19937 random(8);
+    std::uniform_int_distribution<int> any(-25, 90);
+    TriangleModel model;
+    Picture expected = picture;
+    for (int i = 0; i < 400; ++i) {
+        std::array<GRX_POINT_POLY, 3> p{};
+        for (auto& corner : p) corner = {static_cast<short>(any(random)), static_cast<short>(any(random))};
+        const auto colour = static_cast<uchar>(i);
+        EXPECT_EQ(remplit_tableau_triangles_reel(picture.data(), wide, high, p[0], p[1], p[2], colour), 0);
+        paint(expected, model.fill(high, {{{p[0].x, p[0].y}, {p[1].x, p[1].y}, {p[2].x, p[2].y}}}), colour);
+        ASSERT_EQ(picture, expected) << "triangle " << i;
+    }
+}
+
+TEST_F(ArrayFill, OutlinesAreOpenAndExactOnStraightSides) {
+    GRX_POINT_POLY corners[4] = {{10, 10}, {30, 10}, {30, 25}, {15, 10}};
+    EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), wide, high, corners, 4, 3), 0);
+    for (int x = 10; x <= 30; ++x) EXPECT_EQ(at(picture, x, 10), 3);
+    for (int y = 10; y <= 25; ++y) EXPECT_EQ(at(picture, 30, y), 3);
+    for (int k = 0; k <= 15; ++k) EXPECT_EQ(at(picture, 15 + k, 10 + k), 3);
+    EXPECT_EQ(painted(), 21 + 15 + 14);
+}
+
+TEST_F(ArrayFill, OutlinesAreClipped) {
+    GRX_POINT_POLY corners[2] = {{-100, 5}, {200, 5}};
+    EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), wide, high, corners, 2, 3), 0);
+    EXPECT_EQ(painted(), wide);
+    GRX_POINT_POLY upright[2] = {{6, SHRT_MIN}, {6, SHRT_MAX}};
+    EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), wide, high, upright, 2, 3), 0);
+    EXPECT_EQ(painted(), wide + high - 1);
+}
+
+TEST_F(ArrayFill, FewPointsAndNoArraysAreNothing) {
+    GRX_POINT_POLY corners[2] = {{5, 5}, {9, 5}};
+    for (const int count : {1, 0, -1, INT_MIN})
+        EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), wide, high, corners, count, 3), 0);
+    EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), wide, high, nullptr, 2, 3), 0);
+    EXPECT_EQ(remplit_tableau_polygone_reel(nullptr, wide, high, corners, 2, 3), 0);
+    EXPECT_EQ(remplit_tableau_triangles_reel(nullptr, wide, high, {1, 1}, {9, 9}, {1, 9}, 3), 0);
+    for (const int size : {0, -1, INT_MIN}) {
+        EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), size, high, corners, 2, 3), 0);
+        EXPECT_EQ(remplit_tableau_polygone_reel(picture.data(), wide, size, corners, 2, 3), 0);
+        EXPECT_EQ(remplit_tableau_triangles_reel(picture.data(), size, high, {1, 1}, {9, 9}, {1, 9}, 3), 0);
+        EXPECT_EQ(remplit_tableau_triangles_reel(picture.data(), wide, size, {1, 1}, {9, 9}, {1, 9}, 3), 0);
+    }
+    EXPECT_EQ(painted(), 0);
+}
+
+TEST_F(ArrayFill, FarCornersStayInside) {
+    Picture guarded(wide * high + 2000, ground);
+    uchar* tab = guarded.data() + 1000;
+    for (const short x : {short{SHRT_MIN}, short{SHRT_MAX}, short{20}})
+        for (const short y : {short{SHRT_MIN}, short{SHRT_MAX}, short{20}})
+            remplit_tableau_triangles_reel(tab, wide, high, {x, y}, {SHRT_MAX, SHRT_MIN}, {SHRT_MIN, SHRT_MAX}, 3);
+    EXPECT_EQ(std::count(guarded.begin(), guarded.begin() + 1000, ground), 1000);
+    EXPECT_EQ(std::count(guarded.end() - 1000, guarded.end(), ground), 1000);
+    EXPECT_GT(std::count(guarded.begin(), guarded.end(), 3), 100);
+}
+
+TEST_F(ArrayFill, TallPicturesAreFilledDownToTheTables) {
+    constexpr int tall = 3000;
+    Picture strip(tall, ground);
+    EXPECT_EQ(remplit_tableau_triangles_reel(strip.data(), 1, tall, {0, 1}, {0, 2900}, {0, 2900}, 3), 0);
+    EXPECT_EQ(strip[1499], 3);
+    EXPECT_EQ(std::count(strip.begin(), strip.end(), 3), 1499);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "kit/protocol.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace grx {
@@ -13,17 +14,21 @@ namespace grx {
 struct BatchHead {
     CARD8 type;
     BYTE mode;
-    CARD16 length; // in units of 4 bytes
+    CARD16 length; // in units of kLengthUnit bytes
     CARD32 drawable;
     CARD32 context;
 };
 static_assert(sizeof(BatchHead) == sz_xPolyPointReq);
 
+inline constexpr std::size_t kLengthUnit = 4;
+inline constexpr std::size_t kLongestRequest = UINT16_MAX; // in units; the buffer can be made to hold more
+
 /// Whether `bytes` more can join the last request.
 inline bool can_join(const Display* dpy, CARD8 type, Drawable target, GC context, std::size_t bytes) {
     const auto* const head = reinterpret_cast<const BatchHead*>(dpy->last_req);
     return head->type == type && head->drawable == target && head->context == context->gid && context->dirty == 0
-           && dpy->synchandler == nullptr && dpy->bufptr + bytes <= dpy->bufmax;
+           && dpy->synchandler == nullptr && dpy->bufptr + bytes <= dpy->bufmax
+           && head->length + bytes / kLengthUnit <= kLongestRequest;
 }
 
 template <class Item>
@@ -34,7 +39,7 @@ bool join(CARD8 type, Drawable target, const Item& item) {
     if (type == X_PolyPoint && head->mode != CoordModeOrigin) return false; // a filler byte in the other requests
     std::memcpy(dpy->bufptr, &item, sizeof item);
     dpy->bufptr += sizeof item;
-    head->length = static_cast<CARD16>(head->length + sizeof item / 4);
+    head->length = static_cast<CARD16>(head->length + sizeof item / kLengthUnit);
     return true;
 }
 

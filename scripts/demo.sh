@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# demo.sh [FILE.dxf]: installs what is missing, builds, and opens the drawing table atelier: on the display of the
+# environment; or, without one, on an X server of its own under mwm, where a visit with real mouse and keys is played
+# and pictures of it are left in demo-output/.
+display=${DISPLAY:-}
+drawing=()
+[ $# -eq 0 ] || drawing=("$(realpath -m -- "$1")")
+source "$(dirname "$0")/common.sh"
+
+scripts/setup.sh || exit 1
+echo "Building in build/demo"
+quiet cmake -S . -B build/demo -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGRX_TESTS=OFF -DGRX_BENCH=OFF || exit 1
+quiet cmake --build build/demo -j "$jobs" --target atelier atelier_visite || exit 1
+
+if [ -n "$display" ]; then
+    DISPLAY=$display exec build/demo/demo/atelier "${drawing[@]}"
+fi
+
+mkdir -p demo-output
+echo '*' >demo-output/.gitignore
+rm -f demo-output/*.png
+scripts/with_x.sh --mwm demo/visite/visite.sh build/demo/demo demo-output "${drawing[@]}"
+code=$?
+echo "Pictures of the visit: $PWD/demo-output/"
+exit $code

@@ -1,0 +1,477 @@
+// Long runs of mixed primitives, between them whatever else an application sends, and coordinates that the protocol
+// cannot carry. The library joins primitives into one request where it can: nobody may see it.
+#include "tests/display/drawing.h"
+
+#include <Xm/PushB.h>
+#include <Xm/Xm.h>
+
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace grxtest;
+using Kind = Primitive::Kind;
+
+class LongRun : public DrawingTest {
+  protected:
+    // What a run draws into: a window, the backing picture of the active one, with what plain Xlib makes of it.
+    struct Target {
+        INT window;
+        std::unique_ptr<PlainPicture> plain;
+    };
+
+    Target target(int x, int y) {
+        return {graphic_window({x, y, width, height}),
+            std::make_unique<PlainPicture>(x11_disp, width, height, background())};
+    }
+
+    // Draws a list at once with the library, then the same with plain Xlib.
+    static void draw_both(Target& to, const std::vector<Primitive>& list) {
+        for (const auto& p : list) draw(to.window, p);
+        for (const auto& p : list) to.plain->draw(p);
+    }
+
+    static void expect_same(const Target& target) { EXPECT_TRUE(same(screen(target.window), target.plain->pixels())); }
+};
+
+TEST_F(LongRun, OfOneKindEach) {
+    Target to = target(40, 60);
+    for (int kind = 0; kind < Primitive::kinds; ++kind) {
+        RandomPrimitives random(static_cast<unsigned>(100 + kind), width, height);
+        std::vector<Primitive> list;
+        for (int i = 0; i < 700; ++i) list.push_back(random.next(static_cast<Kind>(kind)));
+        draw_both(to, list);
+        EXPECT_TRUE(same(screen(to.window), to.plain->pixels())) << "kind " << kind;
+    }
+}
+
+TEST_F(LongRun, OfOneKindEachInOneAttribute) {
+    Target to = target(40, 60);
+    for (const auto& attrib : {attributes(9), attributes(9, 0, xor_mode), attributes(9, 12, 0, 5, 0),
+             attributes(9, 12, 0, 2, 3), attributes(12, 0, xor_mode, 0, 4)}) {
+        for (int kind = 0; kind < Primitive::kinds; ++kind) {
+            RandomPrimitives random(static_cast<unsigned>(200 + kind), width, height);
+            std::vector<Primitive> list;
+            for (int i = 0; i < 150; ++i) {
+                list.push_back(random.next(static_cast<Kind>(kind)));
+                list.back().attrib = attrib;
+            }
+            draw_both(to, list);
+            ASSERT_TRUE(same(screen(to.window), to.plain->pixels()))
+                << "kind " << kind << ", mode " << attrib.mode << ", style " << attrib.type_trait;
+        }
+    }
+}
+
+// Arcs that end where the next one begins: one request of both would join them like the sides of a polyline.
+TEST_F(LongRun, ArcsThatTouchStayApart) {
+    Target to = target(40, 60);
+    for (const auto& attrib : {attributes(9, 0, 0, 0, 7), attributes(9, 0, xor_mode, 0, 7), attributes(9, 12, 0, 2, 7),
+             attributes(9, 12, 0, 5, 0)}) {
+        std::vector<Primitive> list;
+        for (int i = 0; i < 4; ++i) {
+            const int x = 20 + 50 * i;
+            list.push_back({Kind::arc, attrib, {x, 30, 80, 100, 0, 90}, {}});
+            list.push_back({Kind::arc, attrib, {x, 30, 80, 100, 90, 215}, {}});
+            list.push_back({Kind::arc, attrib, {x - 40, 80, 40, 40, 0, 90}, {}});
+            list.push_back({Kind::arc, attrib, {x, 30, 80, 100, 215, 360}, {}});
+        }
+        draw_both(to, list);
+        ASSERT_TRUE(same(screen(to.window), to.plain->pixels())) << attrib.mode << ' ' << attrib.type_trait;
+    }
+}
+
+TEST_F(LongRun, SegmentsThatTouchStayApart) {
+    Target to = target(40, 60);
+    for (const auto& attrib : {attributes(9, 0, 0, 0, 7), attributes(9, 0, xor_mode, 0, 7), attributes(9, 12, 0, 1, 0),
+             attributes(9, 12, 0, 6, 4)}) {
+        std::vector<Primitive> list;
+        for (INT i = 0; i < 60; ++i)
+            list.push_back({Kind::segment, attrib, {4 * i, 37 * i % 170, 4 * i + 4, 37 * (i + 1) % 170}, {}});
+        draw_both(to, list);
+        ASSERT_TRUE(same(screen(to.window), to.plain->pixels())) << attrib.mode << ' ' << attrib.type_trait;
+    }
+}
+
+TEST_F(LongRun, FillsOverlappingThemselves) {
+    Target to = target(40, 60);
+    std::vector<Primitive> list;
+    RandomPrimitives random(55, width, height);
+    for (int i = 0; i < 900; ++i) {
+        list.push_back(random.next(i % 2 ? Kind::filled_rectangle : Kind::filled_arc));
+        list.back().attrib = attributes(9 + i / 100, 0, xor_mode);
+    }
+    draw_both(to, list);
+    expect_same(to);
+}
+
+TEST_F(LongRun, OfThousandsMixed) {
+    Target to = target(40, 60);
+    RandomPrimitives random(1, width, height);
+    for (int round = 0; round < 6; ++round) {
+        random.keep_attributes(round * 20);
+        std::vector<Primitive> list;
+        for (int i = 0; i < 2000; ++i) list.push_back(random.next());
+        draw_both(to, list);
+        ASSERT_TRUE(same(screen(to.window), to.plain->pixels())) << "round " << round;
+    }
+}
+
+TEST_F(LongRun, OfManyThousandSegments) {
+    Target to = target(40, 60);
+    RandomPrimitives random(2, width, height);
+    std::vector<Primitive> list;
+    for (int i = 0; i < 60000; ++i) {
+        list.push_back(random.next(Kind::segment));
+        list.back().attrib = attributes(8 + i / 7000);
+    }
+    draw_both(to, list);
+    expect_same(to);
+}
+
+// Xlib's buffer can hold more than one request can: the environment says how much.
+class BigBuffer : public LongRun {
+    void before_start() override { setenv("XLIBBUFFERSIZE", "4000000", 1); }
+};
+
+TEST_F(BigBuffer, RunsLongerThanARequest) {
+    Target to = target(40, 60);
+    RandomPrimitives random(21, width, height);
+    for (const Kind kind : {Kind::segment, Kind::point, Kind::filled_rectangle, Kind::rectangle}) {
+        std::vector<Primitive> list;
+        for (int i = 0; i < 80000; ++i) {
+            list.push_back(random.next(kind));
+            list.back().attrib = attributes(9 + static_cast<int>(kind));
+        }
+        for (const auto& p : list) draw(to.window, p);
+        XSync(x11_disp, False);
+        for (const auto& p : list) to.plain->draw(p);
+        ASSERT_TRUE(same(screen(to.window), to.plain->pixels())) << static_cast<int>(kind);
+    }
+}
+
+class MixedRun : public LongRun {
+  protected:
+    MixedRun() : random_(3, width, height) {}
+
+    void SetUp() override {
+        LongRun::SetUp();
+        if (HasFatalFailure()) return;
+        one_ = target(20, 40);
+        two_ = target(300, 40);
+        side_ = std::make_unique<PlainPicture>(x11_disp, width, height, background());
+        side_plain_ = std::make_unique<PlainPicture>(x11_disp, width, height, background());
+        controls_ = window_of(GRX_FEN_BOUTONS, {20, 300, 300, 200});
+        label_ = label_in(controls_, {20, 100, width, 90});
+        push_ = XmCreatePushButton(grx_recup_objet_fen(controls_), const_cast<char*>("push"), nullptr, 0);
+        XtManageChild(push_);
+        area_ = std::make_unique<PlainPicture>(x11_disp, width, height, background());
+        grx_affecte_nofen_active(one_.window);
+        backing_ = std::make_unique<PlainPicture>(x11_disp, width, height, background());
+        draw_on_button(label_, {Kind::filled_rectangle, attributes(0), {0, 0, width - 1, height - 1}, {}});
+        grx_sync_server();
+    }
+
+    // One thing that an application might do; the plain side does the same at once, on the other connection.
+    void act() {
+        const int what = random_.number(0, 99);
+        if (what < 40) return on_window(one_);
+        if (what < 70) return on_window(two_);
+        if (what < 80) return on_label();
+        if (what < 84) return in_memory();
+        if (what < 88) return plain_drawing();
+        if (what < 91) return void(XFlush(x11_disp));
+        if (what < 92) return void(XSync(x11_disp, False));
+        if (what < 94) return change_label();
+        if (what < 95) return drain();
+        if (what < 97) return text_in(two_);
+        if (what < 98) return void(XNoOp(x11_disp));
+        if (what < 99) return void(XClearArea(x11_disp, x_window(controls_), 0, 60, 20, 20, False));
+        grx_reinit_gc();
+    }
+
+    void expect_all_same() {
+        EXPECT_TRUE(same(screen(one_.window), one_.plain->pixels())) << "first window";
+        EXPECT_TRUE(same(screen(two_.window), two_.plain->pixels())) << "second window";
+        EXPECT_TRUE(same(memory(one_.window), backing_->pixels())) << "backing picture";
+        EXPECT_TRUE(same(side_->pixels(), side_plain_->pixels())) << "the application's own pixmap";
+        EXPECT_TRUE(same(button_screen(label_), grab(x11_disp, area_->pixmap(), {0, 0, width, 90}))) << "label";
+    }
+
+    void run(int steps) {
+        for (int i = 0; i < steps; ++i) {
+            act();
+            if (later_.size() >= 200) settle();
+        }
+        settle();
+        expect_all_same();
+    }
+
+  private:
+    // The plain side draws later, so that the library's requests follow each other as an application's do.
+    struct Later {
+        PlainPicture* picture;
+        Primitive primitive;
+    };
+    void settle() {
+        for (const auto& [picture, primitive] : later_) picture->draw(primitive);
+        later_.clear();
+    }
+
+    void on_window(Target& to) {
+        const int count = random_.number(1, 12);
+        for (int i = 0; i < count; ++i) {
+            const Primitive p = random_.next();
+            draw(to.window, p);
+            later_.push_back({to.plain.get(), p});
+        }
+    }
+
+    void on_label() {
+        const Primitive p = random_.next();
+        if (!has_button_twin(p.kind)) return;
+        draw_on_button(label_, p);
+        later_.push_back({area_.get(), p});
+    }
+
+    void in_memory() {
+        settle();
+        grx_alloue_image(one_.window);
+        backing_->clear(background());
+        for (int i = 0; i < 10; ++i) {
+            const Primitive p = random_.next();
+            draw(i % 2 ? one_.window : two_.window, p); // whichever window it names
+            later_.push_back({backing_.get(), p});
+        }
+        grx_desalloue_image();
+    }
+
+    // The application's own drawing on the same connection, with a context of its own.
+    void plain_drawing() {
+        Primitive p = random_.next();
+        if (random_.number(0, 1) == 0) {
+            side_->draw(p);
+        } else { // without anything between it and the library's requests
+            p = random_.next(Kind::segment);
+            side_->apply(p.attrib);
+            XDrawLine(x11_disp, side_->pixmap(), side_->context(), p.v[0], p.v[1], p.v[2], p.v[3]);
+        }
+        later_.push_back({side_plain_.get(), p});
+    }
+
+    void change_label() {
+        XmString text = XmStringCreateLocalized(const_cast<char*>(random_.number(0, 1) ? "on" : "off"));
+        XtVaSetValues(push_, XmNlabelString, text, nullptr);
+        XmStringFree(text);
+    }
+
+    void text_in(Target& to) {
+        settle();
+        GRX_TEXTE text{};
+        text.nofen = to.window;
+        text.x = random_.number(0, width);
+        text.y = random_.number(0, height);
+        text.coul_trace = random_.number(0, 39);
+        text.chaine[0] = 'A';
+        text.chaine[1] = 'g';
+        grx_ecrit_fenetre(text);
+        to.plain->apply(attributes(0));
+        XSetForeground(x11_disp, to.plain->context(), pixel_of(text.coul_trace) & 0xFF);
+        XSetFont(x11_disp, to.plain->context(), fontstruct->fid);
+        XDrawString(x11_disp, to.plain->pixmap(), to.plain->context(), text.x, text.y, "Ag", 2);
+    }
+
+    RandomPrimitives random_;
+    std::vector<Later> later_;
+    Target one_{}, two_{};
+    std::unique_ptr<PlainPicture> side_, side_plain_, backing_, area_;
+    INT controls_ = 0, label_ = 0;
+    Widget push_ = nullptr;
+};
+
+TEST_F(MixedRun, BetweenXlibMotifAndFlushes) {
+    run(3000);
+}
+
+TEST_F(MixedRun, WithSynchronousRequests) {
+    grx_synchronise(1);
+    run(600);
+    grx_synchronise(0);
+    run(600);
+}
+
+// --- beyond 16 bits ------------------------------------------------------------------------------------------------
+
+class FarAway : public DrawingTest {
+  protected:
+    // Every painted pixel lies by the true line, and every column (row) that it crosses inside has one.
+    void expect_line(INT window, double x1, double y1, double x2, double y2, std::uint32_t pixel) {
+        const Pixels seen = screen(window);
+        const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
+        const double slope = flat ? (y2 - y1) / (x2 - x1) : (x2 - x1) / (y2 - y1);
+        const int along = flat ? width : height, across = flat ? height : width;
+        int painted = 0;
+        const double begin = flat ? std::min(x1, x2) : std::min(y1, y2);
+        for (int a = std::max(0, static_cast<int>(begin)); a < along; ++a) {
+            const double b = flat ? y1 + (a - x1) * slope : x1 + (a - y1) * slope;
+            for (int c = 0; c < across; ++c) {
+                if (seen.at(flat ? a : c, flat ? c : a) != pixel) continue;
+                EXPECT_LE(std::abs(c - b), 1.5) << a << ' ' << c;
+                ++painted;
+            }
+            const int middle = static_cast<int>(std::lround(b));
+            if (middle <= 1 || middle >= across - 2) continue;
+            int there = 0;
+            for (int c = middle - 1; c <= middle + 1; ++c) there += seen.at(flat ? a : c, flat ? c : a) == pixel;
+            EXPECT_EQ(there, 1) << "at " << a;
+        }
+        EXPECT_EQ(painted, seen.count(pixel));
+    }
+};
+
+TEST_F(FarAway, WhatFitsIsPassedUntouched) {
+    const INT window = graphic_window();
+    PlainPicture plain(x11_disp, width, height, background());
+    RandomPrimitives random(9, width, height);
+    for (int i = 0; i < 300; ++i) {
+        Primitive p{i % 3 == 0 ? Kind::rectangle : Kind::segment, attributes(8 + i % 30), {}, {}};
+        const bool edge = i % 5 == 0;
+        for (auto& v : p.v) v = edge ? (random.number(0, 1) ? 32767 : -32768) : random.number(-32768, 32767);
+        if (p.kind == Kind::rectangle) p.v[2] = p.v[0] + random.number(0, 300);
+        draw(window, p);
+        plain.draw(p);
+    }
+    EXPECT_TRUE(same(screen(window), plain.pixels()));
+}
+
+TEST_F(FarAway, LinesAcrossTheWindowAreTrue) {
+    const INT window = graphic_window();
+    const std::vector<std::array<INT, 4>> lines{{-100000, 50, 100000, 50}, {77, -2000000000, 77, 2000000000},
+        {-1000000, -1000000, 1000000, 1000000}, {-65536, 20, 65600, 150}, {INT_MIN, 90, INT_MAX, 90},
+        {-40000, -39900, 40000, 40080}, {20, 170, 1000000, -600000},
+        {-2147483647, -1073741823, 2147483647, 1073741823}};
+    for (const auto& v : lines) {
+        grx_efface_zone_graphique(window);
+        draw(window, {Kind::segment, attributes(9), {v[0], v[1], v[2], v[3]}, {}});
+        expect_line(window, v[0], v[1], v[2], v[3], pixel_of(9));
+        EXPECT_GT(screen(window).count(pixel_of(9)), 40);
+    }
+}
+
+TEST_F(FarAway, NothingComesRoundFromTheOtherSide) {
+    const INT window = graphic_window();
+    const auto attrib = attributes(9, 0, 0, 0, 7);
+    const auto far = 65536 + 50; // as 50 in 16 bits
+    draw(window, {Kind::point, attrib, {far, 50}, {}});
+    draw(window, {Kind::point, attrib, {50, far}, {}});
+    draw(window, {Kind::point, attrib, {INT_MIN + 50, INT_MIN + 50}, {}});
+    draw(window, {Kind::segment, attrib, {far, 50, far + 60, 90}, {}});
+    draw(window, {Kind::segment, attrib, {50, -far, 90, -far - 20}, {}});
+    draw(window, {Kind::segment, attrib, {far, 0, 0, far}, {}}); // past the corner
+    draw(window, {Kind::rectangle, attrib, {far, 50, far + 60, 90}, {}});
+    draw(window, {Kind::filled_rectangle, attrib, {far, 50, far + 60, 90}, {}});
+    draw(window, {Kind::filled_rectangle, attrib, {50, far, 90, 3 * far}, {}});
+    draw(window, {Kind::arc, attrib, {far, 50, 60, 60, 0, 360}, {}});
+    draw(window, {Kind::filled_arc, attrib, {50, -far, 60, 60, 0, 360}, {}});
+    GRX_TEXTE text{};
+    text.nofen = window;
+    text.chaine[0] = 'M';
+    text.coul_trace = 9;
+    for (const auto& [x, y] : {std::pair{far, 50}, {50, far}, {INT_MAX, 50}, {50, INT_MIN}}) {
+        text.x = x;
+        text.y = y;
+        grx_ecrit_fenetre(text);
+    }
+    EXPECT_EQ(screen(window).count_other(background()), 0);
+}
+
+TEST_F(FarAway, FillsCoverWhatTheyHold) {
+    const INT window = graphic_window();
+    draw(window, {Kind::filled_rectangle, attributes(9), {-100000, -100000, 100000, 100000}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(9)), width * height);
+    draw(window, {Kind::filled_rectangle, attributes(12), {INT_MAX, 100, 30, INT_MAX}, {}});
+    EXPECT_EQ(screen(window).bounds(pixel_of(12)), (Area{30, 100, width - 30, height - 100}));
+    EXPECT_EQ(screen(window).count(pixel_of(12)), (width - 30) * (height - 100));
+    draw(window, {Kind::filled_rectangle, attributes(13), {INT_MIN, INT_MIN, 9, 9}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(13)), 100);
+}
+
+TEST_F(FarAway, OutlinesShowTheSidesThatAreThere) {
+    const INT window = graphic_window();
+    draw(window, {Kind::rectangle, attributes(9), {-100000, 20, 100000, 150}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(9)), 2 * width);
+    EXPECT_EQ(screen(window).at(100, 20), pixel_of(9));
+    EXPECT_EQ(screen(window).at(100, 150), pixel_of(9));
+    grx_efface_zone_graphique(window);
+    draw(window, {Kind::rectangle, attributes(9), {40, 30, INT_MAX, INT_MAX}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(9)), (width - 40) + (height - 30) - 1);
+    grx_efface_zone_graphique(window);
+    draw(window, {Kind::rectangle, attributes(9), {INT_MIN, INT_MIN, INT_MAX, INT_MAX}, {}});
+    EXPECT_EQ(screen(window).count_other(background()), 0);
+}
+
+TEST_F(FarAway, BigArcsAreTrue) {
+    const INT window = graphic_window();
+    const double radius = 50000; // its top lies at 90 of the window
+    draw(window, {Kind::arc, attributes(9), {120 - 50000, 90, 100000, 100000, 0, 360}, {}});
+    const Pixels seen = screen(window);
+    EXPECT_GE(seen.count(pixel_of(9)), width);
+    for (int x = 0; x < width; ++x)
+        for (int y = 0; y < height; ++y)
+            if (seen.at(x, y) == pixel_of(9))
+                EXPECT_NEAR(std::hypot(x - 120.0, y - (90 + radius)), radius, 1.5) << x << ' ' << y;
+    EXPECT_EQ(seen.at(120, 90), pixel_of(9));
+}
+
+TEST_F(FarAway, BigFilledArcsPaintNothingOutside) {
+    const INT window = graphic_window();
+    draw(window, {Kind::filled_arc, attributes(9), {120 - 50000, 90, 100000, 100000, 0, 360}, {}});
+    EXPECT_EQ(screen(window).part({0, 0, width, 89}).count_other(background()), 0);
+}
+
+TEST_F(FarAway, AFillAsWideAsTheProtocolCovers) {
+    const INT window = graphic_window();
+    draw(window, {Kind::filled_rectangle, attributes(9), {-32768, 20, 32767, 40}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(9)), width * 21);
+    draw(window, {Kind::filled_rectangle, attributes(12), {30, 32767, 40, -32768}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(12)), 11 * height);
+}
+
+TEST_F(FarAway, HugeArcsAreHarmless) {
+    const INT window = graphic_window();
+    for (const auto kind : {Kind::arc, Kind::filled_arc})
+        for (const INT at : {INT_MIN, INT_MAX, 0, -40000})
+            for (const INT size : {INT_MAX, -1, 40000, 65536}) // -1: the greatest unsigned size
+                draw(window, {kind, attributes(9), {at, at, size, size, -90, 271}, {}});
+    grx_efface_zone_graphique(window);
+    draw(window, {Kind::point, attributes(9), {3, 3}, {}});
+    EXPECT_EQ(screen(window).count(pixel_of(9)), 1);
+}
+
+TEST_F(FarAway, TwinsOnButtonsAreCutTheSameWay) {
+    const INT window = window_of(GRX_FEN_BOUTONS, {40, 60, 400, 300});
+    const INT label = label_in(window, {20, 20, width, height});
+    draw_on_button(label, {Kind::filled_rectangle, attributes(12), {-100000, -100000, 100000, 100000}, {}});
+    EXPECT_EQ(button_screen(label).count(pixel_of(12)), width * height);
+    draw_on_button(label, {Kind::segment, attributes(9), {-100000, 50, 100000, 50}, {}});
+    EXPECT_EQ(button_screen(label).count(pixel_of(9)), width);
+    draw_on_button(label, {Kind::segment, attributes(13), {65536, 10, 65600, 50}, {}});
+    EXPECT_EQ(button_screen(label).count(pixel_of(13)), 0);
+    draw_on_button(label, {Kind::rectangle, attributes(13), {-100000, 20, 100000, 150}, {}});
+    EXPECT_EQ(button_screen(label).count(pixel_of(13)), 2 * width);
+    GRX_TEXTE text{};
+    text.nofen = label;
+    text.chaine[0] = 'M';
+    text.attrib = attributes(14);
+    text.x = 65536 + 50;
+    text.y = 50;
+    grx_trace_texte_bouton(text);
+    EXPECT_EQ(button_screen(label).count(pixel_of(14)), 0);
+}
+
+} // namespace
