@@ -523,7 +523,19 @@ void give_off_screen_copy(Widget w, const Control& c, INT nobou) {
     grx_cree_bitmap_backingstore_bouton(nobou, width, height, black, black);
 }
 
+// A scale learns its size when it is managed, and is refused it in a window that keeps its own.
+void give_wanted_size(Widget w) {
+    XtWidgetGeometry wanted{};
+    XtQueryGeometry(w, nullptr, &wanted);
+    const grx::Size size = grx::size_of(w);
+    grx::Args args;
+    if (size.width <= 1) args.set(XmNwidth, wanted.width);
+    if (size.height <= 1) args.set(XmNheight, wanted.height);
+    XtSetValues(w, args.list(), args.count());
+}
+
 void put_on_screen(Widget w, const Control& c, STRUCTURE_BOUTON* record) {
+    if (XmIsScale(w)) give_wanted_size(w);
     if (!has(c, GRX_BOU_ATT_VISIBLE)) XtSetMappedWhenManaged(grx::with_scroll_bars(w), False);
     XtManageChild(w);
     show_icon(w, c, record);

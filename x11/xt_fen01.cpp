@@ -457,7 +457,7 @@ bool make_scrolling(Build& b, Widget container) {
 using Maker = Widget (*)(Widget parent, grx::Args& args, const Build& b);
 
 Widget make_bulletin_board(Widget parent, grx::Args& args, const Build& b) {
-    if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0).set(XmNresizePolicy, XmRESIZE_NONE);
+    if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0);
     return XmCreateBulletinBoard(parent, const_cast<char*>("fenetre"), args.list(), args.count());
 }
 
@@ -471,7 +471,7 @@ void set_unused_shadows(grx::Args& args, const Build& b) {
 Widget make_drawing_area(Widget parent, grx::Args& args, const Build& b) {
     args.set(XmNbackground, static_cast<Pixel>(grx_recup_couleur(grx_recup_couleur_fond())));
     set_unused_shadows(args, b);
-    if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0).set(XmNresizePolicy, XmRESIZE_NONE);
+    if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0);
     return XmCreateDrawingArea(parent, const_cast<char*>("draw"), args.list(), args.count());
 }
 
@@ -481,17 +481,16 @@ Widget make_scrolled_text(Widget parent, grx::Args& args, const Build&) {
     return XmCreateScrolledText(parent, const_cast<char*>("texte"), args.list(), args.count());
 }
 
-Widget make_form(Widget parent, grx::Args& args, const char* name, const Build& b) {
-    if (b.sized()) args.set(XmNresizePolicy, XmRESIZE_NONE);
+Widget make_form(Widget parent, grx::Args& args, const char* name) {
     return XmCreateForm(parent, const_cast<char*>(name), args.list(), args.count());
 }
 
-Widget make_alpha(Widget parent, grx::Args& args, const Build& b) {
-    return make_form(parent, args, "fen_alpha", b);
+Widget make_alpha(Widget parent, grx::Args& args, const Build&) {
+    return make_form(parent, args, "fen_alpha");
 }
 
-Widget make_menu(Widget parent, grx::Args& args, const Build& b) {
-    return make_form(parent, args, "fen_menu", b);
+Widget make_menu(Widget parent, grx::Args& args, const Build&) {
+    return make_form(parent, args, "fen_menu");
 }
 
 void abandon(Widget, XtPointer box, XtPointer call) {
@@ -564,6 +563,7 @@ bool make_work_widget(Build& b, Widget container) {
     }
     grx::set_background(args, b.fen.coul_fond);
     give_empty_container_a_size(args, b);
+    if (b.nested && b.sized()) args.set(XmNresizePolicy, XmRESIZE_NONE); // else its controls would enlarge it
     b.work = maker_of(b.fen.type)(container, args, b);
     if (b.work == nullptr) return false;
     if (b.outer == nullptr) b.outer = b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work;

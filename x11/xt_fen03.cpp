@@ -247,6 +247,13 @@ XtPointer number_as_data(INT number) {
     return reinterpret_cast<XtPointer>(static_cast<intptr_t>(number));
 }
 
+// The toolkit warns of a letter that this keyboard does not have.
+KeySym mnemonic_key(char letter) {
+    if (letter == GRX_MENU_SANS_MNEMO) return NoSymbol;
+    const auto symbol = static_cast<KeySym>(static_cast<unsigned char>(letter));
+    return XKeysymToKeycode(x11_disp, symbol) != 0 ? symbol : NoSymbol;
+}
+
 Widget make_separator(Widget parent) {
     grx::Args args;
     args.set(XmNorientation, XmHORIZONTAL);
@@ -270,8 +277,7 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
         accelerator_translation(text.accelerator, translation, sizeof translation);
         args.set(XmNacceleratorText, shown.get()).set(XmNaccelerator, translation);
     }
-    if (text.mnemonic != GRX_MENU_SANS_MNEMO)
-        args.set(XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(text.mnemonic)));
+    if (const KeySym mnemonic = mnemonic_key(text.mnemonic); mnemonic != NoSymbol) args.set(XmNmnemonic, mnemonic);
     set_look(args);
     Widget entry = XmCreatePushButton(parent, const_cast<char*>("atome"), args.list(), args.count());
     if (entry == nullptr) return nullptr;
@@ -306,8 +312,8 @@ void close_pulldown(Widget& pulldown, const LI_MENU& line, Widget support) {
     pulldown = nullptr;
     if (cascade == nullptr || Nb_cascade >= kMostMenus) return;
     Tab_cascade[static_cast<std::size_t>(Nb_cascade++)] = cascade;
-    if (line.mneumonic != GRX_MENU_SANS_MNEMO)
-        grx::set_resource(cascade, XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(line.mneumonic)));
+    if (const KeySym mnemonic = mnemonic_key(line.mneumonic); mnemonic != NoSymbol)
+        grx::set_resource(cascade, XmNmnemonic, mnemonic);
 }
 
 void close_sub(Builder& b) {
