@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <span>
 
 #include "kit/batch.h"
 #include "kit/drawables.h"
@@ -852,13 +853,30 @@ T* image_row(const XImage* image, int y) {
     return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);
 }
 
-// Once into the backing picture, and from there to the window: the same pixels in both.
-void show_picture(grx::Transfer& t, const PictureTarget& target, const Part& part) {
+// A strip of rows, once into the backing picture and from there to the window: the same pixels in both. The server
+// works on one strip while the next is made.
+constexpr int kStripRows = 100;
+
+void show_strip(grx::Transfer& t, const PictureTarget& target, const Part& part, int first, int rows) {
     const auto width = static_cast<unsigned int>(part.size.width);
-    const auto height = static_cast<unsigned int>(part.size.height);
-    grx::put(t, *target.backing, g_c, part.x, part.y);
-    XCopyArea(x11_disp, *target.backing, target.window, g_c, part.x, part.y, width, height, part.x, part.y);
+    const int y = part.y + first;
+    grx::put_rows(t, *target.backing, g_c, part.x, part.y, first, rows);
+    XCopyArea(
+        x11_disp, *target.backing, target.window, g_c, part.x, y, width, static_cast<unsigned int>(rows), part.x, y);
     XFlush(x11_disp);
+}
+
+// Makes and shows a picture; `make_row(y)` fills row y of the image.
+template <class MakeRow>
+void show_picture(const PictureTarget& target, const Part& part, MakeRow make_row) {
+    grx::Transfer t = grx::begin_transfer(part.size);
+    if (t.image == nullptr) return;
+    for (int first = 0; first < part.size.height; first += kStripRows) {
+        const int rows = std::min(kStripRows, part.size.height - first);
+        for (int y = first; y < first + rows; ++y) make_row(t.image, y);
+        show_strip(t, target, part, first, rows);
+    }
+    grx::end_transfer(t);
 }
 
 // One row of the application's picture in the screen's form.
@@ -874,6 +892,15 @@ class RowPacker {
         } else {
             pack_narrow(image, y, source, count);
         }
+    }
+
+    // The pixel values themselves, whatever the image holds them in.
+    void pack_values(uint32_t* out, const uchar* source, std::size_t count) const {
+        if (deep_screen()) {
+            deep_.row(out, source, count);
+            return;
+        }
+        for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<uint32_t>(trace_pix[source[i]]) & 255U;
     }
 
   private:
@@ -894,66 +921,80 @@ bool usable_picture(const uchar* pixels, INT width, INT height) {
 }
 
 void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, const Part& part) {
-    grx::Transfer t = grx::begin_transfer(part.size);
-    if (t.image == nullptr) return;
     const RowPacker packer;
     const std::size_t row_bytes = static_cast<std::size_t>(width) * source_bytes();
-    const uchar* source = pixels + static_cast<std::size_t>(part.from_y) * row_bytes
-                          + static_cast<std::size_t>(part.from_x) * source_bytes();
-    for (int y = 0; y < part.size.height; ++y, source += row_bytes)
-        packer.pack(t.image, y, source, static_cast<std::size_t>(part.size.width));
-    show_picture(t, target, part);
-    grx::end_transfer(t);
+    const uchar* const first = pixels + static_cast<std::size_t>(part.from_y) * row_bytes
+                               + static_cast<std::size_t>(part.from_x) * source_bytes();
+    show_picture(target, part, [&](const XImage* image, int y) {
+        const uchar* const source = first + static_cast<std::size_t>(y) * row_bytes;
+        packer.pack(image, y, source, static_cast<std::size_t>(part.size.width));
+    });
 }
 
-struct Stretch {
-    const uchar* pixels;
-    INT width, height;
-    grx::Block<int32_t> columns, rows;
-    grx::Block<uchar> chosen; // source pixels of one destination row
+// A picture of the application and the sizes it is to be shown in.
+class Stretch {
+  public:
+    Stretch(const uchar* pixels, INT width, INT height) : pixels_(pixels), width_(width), height_(height) {}
 
-    bool make(INT final_width, INT final_height) {
-        columns = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_width));
-        rows = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_height));
-        chosen = grx::Block<uchar>::raw(static_cast<std::size_t>(final_width) * source_bytes());
-        if (!columns || !rows || !chosen) return false;
-        grx::scale_map(columns.span(), width);
-        grx::scale_map(rows.span(), height);
+    bool prepare(INT final_width, INT final_height, const Part& part) {
+        columns_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_width));
+        rows_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_height));
+        source_row_ = grx::Block<uint32_t>(static_cast<std::size_t>(width_) + grx::kSpreadSlack);
+        if (!columns_ || !rows_ || !source_row_) return false;
+        grx::scale_map(columns_.span(), width_);
+        grx::scale_map(rows_.span(), height_);
+        shown_ =
+            columns_.span().subspan(static_cast<std::size_t>(part.from_x), static_cast<std::size_t>(part.size.width));
+        prepare_steps();
         return true;
     }
 
-    // Picks the pixels of one row, from column `from` on.
-    const uchar* row(int destination, int from, std::size_t count) {
-        const std::size_t bytes = source_bytes();
-        const uchar* const source = pixels
-                                    + static_cast<std::size_t>(rows[static_cast<std::size_t>(destination)])
-                                          * static_cast<std::size_t>(width) * bytes;
-        uchar* out = chosen.data();
-        for (std::size_t i = 0; i < count; ++i, out += bytes) {
-            const auto column = static_cast<std::size_t>(columns[static_cast<std::size_t>(from) + i]);
-            std::memcpy(out, source + column * bytes, bytes);
-        }
-        return chosen.data();
-    }
-
-    bool repeats(int destination) const {
-        const auto at = static_cast<std::size_t>(destination);
-        return at > 0 && rows[at] == rows[at - 1];
-    }
-};
-
-void fill_stretched(const XImage* image, Stretch& stretch, const Part& part) {
-    const RowPacker packer;
-    const auto count = static_cast<std::size_t>(part.size.width);
-    for (int y = 0; y < part.size.height; ++y) {
-        if (y > 0 && stretch.repeats(part.from_y + y)) {
+    // A destination row that takes the same source row as the one before is copied from it.
+    void fill_row(const XImage* image, int y, const Part& part) {
+        const int32_t source = rows_[static_cast<std::size_t>(part.from_y + y)];
+        if (y > 0 && source == made_from_) {
             std::memcpy(image_row<uchar>(image, y), image_row<uchar>(image, y - 1),
                 static_cast<std::size_t>(image->bytes_per_line));
-            continue;
+            return;
         }
-        packer.pack(image, y, stretch.row(part.from_y + y, part.from_x, count), count);
+        made_from_ = source;
+        packer_.pack_values(source_row_.data(), row_of(source), static_cast<std::size_t>(width_));
+        spread(image, y);
     }
-}
+
+  private:
+    const uchar* row_of(int32_t source) const {
+        return pixels_ + static_cast<std::size_t>(source) * static_cast<std::size_t>(width_) * source_bytes();
+    }
+    // Without steps (memory is short, or the picture is reduced) the columns are taken one by one.
+    void prepare_steps() {
+        constexpr std::size_t group = 4;
+        if (shown_.size() < group) return;
+        steps_ = grx::Block<grx::SpreadStep>(shown_.size() / group);
+        if (steps_ && !grx::make_spread_steps(steps_.span(), shown_)) steps_.reset();
+    }
+    void spread(const XImage* image, int y) const {
+        if (image->bits_per_pixel == 32) {
+            grx::spread_row(image_row<uint32_t>(image, y), source_row_.data(), shown_, steps_.span());
+            return;
+        }
+        auto* out = image_row<uchar>(image, y);
+        const auto bytes = static_cast<std::size_t>(image->bits_per_pixel / 8);
+        for (const int32_t column : shown_) {
+            grx::store_pixel(out, source_row_[static_cast<std::size_t>(column)], bytes);
+            out += bytes;
+        }
+    }
+
+    const uchar* pixels_;
+    INT width_, height_;
+    RowPacker packer_;
+    grx::Block<int32_t> columns_, rows_;
+    std::span<int32_t> shown_; // columns of the part that is on the target
+    grx::Block<grx::SpreadStep> steps_;
+    grx::Block<uint32_t> source_row_; // the pixel values of one source row
+    int32_t made_from_ = -1;
+};
 
 // What memory drawing left is shown, and the picture made ready for the next.
 void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT efface_pas) {
@@ -1054,7 +1095,7 @@ void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix) {
     const bool got = grx::get(t, window, static_cast<int>(left), static_cast<int>(top));
     if (got && deep_screen()) read_indices(t.image, tab_pix, static_cast<std::size_t>(largeur));
     if (got && !deep_screen()) read_bytes(t.image, tab_pix, static_cast<std::size_t>(largeur));
-    grx::end_transfer(t, got && !t.shared);
+    grx::end_transfer(t, got && !t.shared());
 }
 
 void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_pix_fac_8, INT largeur, INT hauteur,
@@ -1065,15 +1106,12 @@ void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_
     }
     PictureTarget target;
     if (!select_picture_target(type, bou_fen, target) || target.backing == nullptr) return;
-    Stretch stretch{deep_screen() ? tab_pix_fac_24 : tab_pix_fac_8, largeur, hauteur, {}, {}, {}};
-    if (!usable_picture(stretch.pixels, largeur, hauteur) || l_finale <= 0 || h_finale <= 0) return;
+    const uchar* const pixels = deep_screen() ? tab_pix_fac_24 : tab_pix_fac_8;
+    if (!usable_picture(pixels, largeur, hauteur) || l_finale <= 0 || h_finale <= 0) return;
     const Part part = part_on(target.size, dx, dy, l_finale, h_finale);
-    if (part.empty() || !stretch.make(l_finale, h_finale)) return;
-    grx::Transfer t = grx::begin_transfer(part.size);
-    if (t.image == nullptr) return;
-    fill_stretched(t.image, stretch, part);
-    show_picture(t, target, part);
-    grx::end_transfer(t);
+    Stretch stretch(pixels, largeur, hauteur);
+    if (part.empty() || !stretch.prepare(l_finale, h_finale, part)) return;
+    show_picture(target, part, [&](const XImage* image, int y) { stretch.fill_row(image, y, part); });
 }
 }
 

@@ -5,6 +5,7 @@
 #include <X11/Intrinsic.h>
 
 #include "kit/widgets.h"
+#include "kit/x_errors.h"
 #include "xt_bou_t.h"
 #include "xt_ent_t.h"
 #include "xt_fen_t.h"
@@ -13,10 +14,6 @@
 #include "xt_mot_t.h"
 
 namespace grx {
-
-// -- display (xt_ini01)
-const char* last_x_error_text(); // text of the last protocol error, "" = none yet
-INT x_error_count();
 
 // -- colours (xt_ini03)
 extern INT system_pix[GRX_NB_COULEURS]; // pixel of each system position: icon, reserved, drawing, rendering colours

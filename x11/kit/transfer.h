@@ -12,8 +12,8 @@
 
 #include "kit/block.h"
 #include "kit/images.h"
+#include "kit/x_errors.h"
 #include "xt_ini_t.h"
-#include "xt_prive.h"
 
 namespace grx {
 
@@ -82,20 +82,24 @@ class SharedSegment {
 /// An image to be filled and put, or got and read.
 struct Transfer {
     XImage* image = nullptr;
-    Block<uchar> own; // its pixels when they are not shared
-    bool shared = false;
+    Block<uchar> own;                 // its pixels when they are not shared
+    SharedSegment* segment = nullptr; // where its pixels are shared
+    bool shared() const { return segment != nullptr; }
 };
 
 inline constexpr std::size_t kWorthSharing = 64 * 1024;
 
-inline SharedSegment& shared_segment() {
-    static SharedSegment segment;
-    return segment;
+/// Two in turn: while the server reads one picture, the next is made in the other segment.
+inline SharedSegment& next_segment() {
+    static SharedSegment segments[2];
+    static bool second = false;
+    second = !second;
+    return segments[second ? 1 : 0];
 }
 
 inline Transfer begin_shared(ImageSize size) {
     Transfer t;
-    auto& segment = shared_segment();
+    SharedSegment& segment = next_segment();
     const auto width = static_cast<unsigned int>(size.width);
     const auto height = static_cast<unsigned int>(size.height);
     const auto depth = static_cast<unsigned int>(profondeur_ecran);
@@ -109,14 +113,14 @@ inline Transfer begin_shared(ImageSize size) {
     segment.settle();
     image->data = segment.data();
     t.image = image;
-    t.shared = true;
+    t.segment = &segment;
     return t;
 }
 
 /// Room for a picture of the screen's depth; no image when memory is short.
 inline Transfer begin_transfer(ImageSize size) {
     Transfer t = begin_shared(size);
-    if (t.shared) return t;
+    if (t.shared()) return t;
     constexpr int pad = 32;
     t.image = make_image(nullptr, size, profondeur_ecran, pad, 0);
     if (t.image == nullptr) return t;
@@ -132,20 +136,21 @@ inline Transfer begin_transfer(ImageSize size) {
     return t;
 }
 
-inline void put(Transfer& t, Drawable target, GC context, int x, int y) {
+/// Puts `rows` rows of the image from row `first` on, its row 0 standing at (x, y).
+inline void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first, int rows) {
     const auto width = static_cast<unsigned int>(t.image->width);
-    const auto height = static_cast<unsigned int>(t.image->height);
-    if (t.shared) {
-        XShmPutImage(x11_disp, target, context, t.image, 0, 0, x, y, width, height, False);
-        shared_segment().mark_busy();
+    const auto height = static_cast<unsigned int>(rows);
+    if (t.shared()) {
+        XShmPutImage(x11_disp, target, context, t.image, 0, first, x, y + first, width, height, False);
+        t.segment->mark_busy();
     } else {
-        XPutImage(x11_disp, target, context, t.image, 0, 0, x, y, width, height);
+        XPutImage(x11_disp, target, context, t.image, 0, first, x, y + first, width, height);
     }
 }
 
 /// Reads a rectangle that lies inside the drawable; false when the server cannot give it.
 inline bool get(Transfer& t, Drawable from, int x, int y) {
-    if (t.shared) return XShmGetImage(x11_disp, from, t.image, x, y, AllPlanes) != 0;
+    if (t.shared()) return XShmGetImage(x11_disp, from, t.image, x, y, AllPlanes) != 0;
     const auto width = static_cast<unsigned int>(t.image->width);
     const auto height = static_cast<unsigned int>(t.image->height);
     XImage* const got = XGetImage(x11_disp, from, x, y, width, height, AllPlanes, ZPixmap);

@@ -1,31 +1,68 @@
 #include "pure/pixels.h"
 
-#include <bit>
-#include <cstring>
+#if defined(__x86_64__)
+#include <tmmintrin.h>
+#endif
 
 namespace grx {
 
 namespace {
 
-void pack_four(uint32_t* out, const uchar* in) {
-    std::array<uint32_t, 3> w{};
-    std::memcpy(w.data(), in, sizeof w);
-    out[0] = w[0] & 0xFFFFFFU;
-    out[1] = (w[0] >> 24) | ((w[1] & 0xFFFFU) << 8);
-    out[2] = (w[1] >> 16) | ((w[2] & 0xFFU) << 16);
-    out[3] = w[2] >> 8;
-}
-
 uint32_t pixel_at(const uchar* in) {
     return static_cast<uint32_t>(in[0]) | static_cast<uint32_t>(in[1]) << 8 | static_cast<uint32_t>(in[2]) << 16;
 }
 
-void pack_plain(uint32_t* out, const uchar* in, std::size_t count) {
+#if defined(__x86_64__)
+
+// Four pixels a step. A step reads 16 bytes and uses 12: the last few pixels are left to the caller.
+__attribute__((target("ssse3"))) std::size_t pack_shuffled(uint32_t* out, const uchar* in, std::size_t count) {
+    const __m128i spread = _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
     std::size_t i = 0;
-    if constexpr (std::endian::native == std::endian::little) {
-        for (; i + 4 <= count; i += 4) pack_four(out + i, in + 3 * i);
+    for (; i + 6 <= count; i += 4) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + 3 * i));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i), _mm_shuffle_epi8(bytes, spread));
     }
-    for (; i < count; ++i) out[i] = pixel_at(in + 3 * i);
+    return i;
+}
+
+__attribute__((target("ssse3"))) std::size_t spread_shuffled(
+    uint32_t* out, const uint32_t* in, std::span<const SpreadStep> steps) {
+    for (const SpreadStep& step : steps) {
+        const __m128i source = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + step.base));
+        const __m128i shuffle = _mm_loadu_si128(reinterpret_cast<const __m128i*>(step.shuffle.data()));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_shuffle_epi8(source, shuffle));
+        out += 4;
+    }
+    return 4 * steps.size();
+}
+
+bool shuffles() {
+    static const bool can = __builtin_cpu_supports("ssse3") != 0;
+    return can;
+}
+
+std::size_t pack_quickly(uint32_t* out, const uchar* in, std::size_t count) {
+    return shuffles() ? pack_shuffled(out, in, count) : 0;
+}
+
+std::size_t spread_quickly(uint32_t* out, const uint32_t* in, std::span<const SpreadStep> steps) {
+    return shuffles() ? spread_shuffled(out, in, steps) : 0;
+}
+
+#else
+
+std::size_t pack_quickly(uint32_t*, const uchar*, std::size_t) {
+    return 0;
+}
+
+std::size_t spread_quickly(uint32_t*, const uint32_t*, std::span<const SpreadStep>) {
+    return 0;
+}
+
+#endif
+
+void pack_plain(uint32_t* out, const uchar* in, std::size_t count) {
+    for (std::size_t i = pack_quickly(out, in, count); i < count; ++i) out[i] = pixel_at(in + 3 * i);
 }
 
 } // namespace
@@ -59,6 +96,28 @@ void scale_map(std::span<int32_t> map, int64_t source_size) {
         quotient += remainder / size;
         remainder %= size;
     }
+}
+
+bool make_spread_steps(std::span<SpreadStep> steps, std::span<const int32_t> columns) {
+    constexpr std::size_t group = 4;
+    for (std::size_t g = 0; g < steps.size(); ++g) {
+        const int32_t base = columns[g * group];
+        steps[g].base = base;
+        for (std::size_t i = 0; i < group; ++i) {
+            const int32_t offset = columns[g * group + i] - base;
+            if (offset < 0 || offset >= static_cast<int32_t>(group)) return false;
+            for (std::size_t byte = 0; byte < group; ++byte)
+                steps[g].shuffle[i * group + byte] =
+                    static_cast<uchar>(static_cast<std::size_t>(offset) * group + byte);
+        }
+    }
+    return true;
+}
+
+void spread_row(
+    uint32_t* out, const uint32_t* in, std::span<const int32_t> columns, std::span<const SpreadStep> steps) {
+    for (std::size_t i = spread_quickly(out, in, steps); i < columns.size(); ++i)
+        out[i] = in[static_cast<std::size_t>(columns[i])];
 }
 
 IndexFinder::IndexFinder(const INT* pixels, std::size_t count, uint32_t mask) : mask_(mask) {

@@ -25,6 +25,21 @@ class DeepPacker {
 /// For each destination column (or row) the source one: source x i / destination, truncated.
 void scale_map(std::span<int32_t> map, int64_t source_size);
 
+/// Four neighbouring pixels of an enlarged row: where their sources begin, and how those four are shuffled.
+struct SpreadStep {
+    std::array<uchar, 16> shuffle;
+    int32_t base;
+};
+
+/// Readable pixels that a source row must have behind its end.
+inline constexpr std::size_t kSpreadSlack = 4;
+
+/// Steps for a map of columns that never skips more than three; false when it does (a reduction).
+bool make_spread_steps(std::span<SpreadStep> steps, std::span<const int32_t> columns);
+
+/// A row enlarged or reduced: each pixel from the column that the map names. Steps may be empty.
+void spread_row(uint32_t* out, const uint32_t* in, std::span<const int32_t> columns, std::span<const SpreadStep> steps);
+
 /// Colour indices of pixels: the index of the first equal entry of a table, 0 for a pixel that it does not hold.
 class IndexFinder {
   public:
