@@ -121,6 +121,16 @@ TEST_F(BackingTest, MakingItSynchronisesOnce) {
     EXPECT_EQ(cost.round_trips(), 1U);
 }
 
+TEST_F(BackingTest, MakingItAgainFreesTheOneBefore) {
+    const INT window = graphic_window();
+    const Pixmap before = *record(window).image;
+    EXPECT_EQ(grx_cree_bitmap_backingstore(window), 1);
+    ASSERT_NE(*record(window).image, before);
+    EXPECT_EQ(x_error_count(x11_disp), 0);
+    permit_x_errors();
+    EXPECT_TRUE(grab(x11_disp, before).empty());
+}
+
 TEST_F(BackingTest, RecreatingEmptiesIt) {
     const INT window = active_window();
     grx_alloue_image(window);
@@ -348,6 +358,15 @@ TEST_F(BackingTest, SwitchedOnWithoutPictureDrawsOnTheScreen) {
     EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
 }
 
+TEST_F(BackingTest, TheSwitchOutlivesWindowsWithoutPicture) {
+    const INT window = window_of(GRX_FEN_ALPHA, {40, 60, width, height});
+    grx_enable_backingstore(0, 1);
+    grx_detruit_fenetre(window);
+    drain();
+    EXPECT_EQ(grx_backingstore_deja_cours(), 1);
+    grx_enable_backingstore(0, 0);
+}
+
 TEST_F(BackingTest, StartingEmptiesThePicture) {
     const INT window = active_window();
     for (int round = 0; round < 2; ++round) {
@@ -521,17 +540,16 @@ TEST_F(ButtonBacking, DestroyingFreesThePixmap) {
     EXPECT_TRUE(grab(x11_disp, made).empty());
 }
 
-TEST_F(ButtonBacking, UsingWhatWasDestroyedIsHarmless) {
+TEST_F(ButtonBacking, WhatWasDestroyedIsNotUsedAgain) {
     grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
     grx_detruit_bitmap_backingstore_bouton(button_);
-    permit_x_errors(); // the server refuses each of them
     grx_detruit_bitmap_backingstore_bouton(button_);
-    grx_affiche_bitmap_backingstore_bouton(button_);
+    EXPECT_EQ(grx_affiche_bitmap_backingstore_bouton(button_), 0);
     grx_memorise_bitmap_backingstore_bouton(button_);
     grx_affecte_nobou_actif(button_);
     grx_alloue_image_bouton(button_, 0);
-    draw_on_button(button_, box(9, 0, 0, 9, 9));
-    grx_desalloue_image_bouton();
+    EXPECT_EQ(grx::grx_trace_memoire_bouton, 0);
+    EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
     grx_cree_bitmap_backingstore_bouton(button_, wide, high, 13, 12);
     EXPECT_EQ(picture().count(pixel_of(13)), wide * high);
 }
@@ -621,8 +639,21 @@ TEST_F(ButtonBacking, TheActiveButtonMayDieMeanwhile) {
     grx_detruit_bouton(button_);
     drain();
     draw_on_button(other, box(13, 0, 0, 9, 9));
+    grx_alloue_image_bouton(button_, 0);
+    draw_on_button(other, box(13, 20, 0, 29, 9));
     grx_desalloue_image_bouton();
+    EXPECT_EQ(button_screen(other).count(pixel_of(13)), 200); // on the screen again
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
+}
+
+TEST_F(ButtonBacking, ItsPictureMayGoMeanwhile) {
+    grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
+    grx_affecte_nobou_actif(button_);
+    grx_alloue_image_bouton(button_, 0);
+    grx_detruit_bitmap_backingstore_bouton(button_);
+    draw_on_button(button_, box(13, 0, 0, 9, 9));
+    grx_desalloue_image_bouton();
+    EXPECT_EQ(button_screen(button_).count(pixel_of(13)), 100);
 }
 
 // --- putting a picture aside -----------------------------------------------------------------------------------------
