@@ -1045,4 +1045,62 @@ TEST_F(PictureWmTest, ResizedByTheUserItStartsAnew) {
     EXPECT_EQ(picture.count_other(pixel_of(0)), 0);
 }
 
+// --- before the library is started --------------------------------------------------------------------------------------
+
+class DrawingBeforeStartUp : public XTest {};
+
+TEST_F(DrawingBeforeStartUp, NothingIsDrawnAndNothingBreaks) {
+    ASSERT_EQ(x11_disp, nullptr);
+    RandomPrimitives random(5, 100, 100);
+    for (const INT number : {0, 1, 5}) {
+        for (int kind = 0; kind < Primitive::kinds; ++kind) {
+            const Primitive p = random.next(static_cast<Kind>(kind));
+            draw(number, p);
+            if (has_button_twin(p.kind)) draw_on_button(number, p);
+        }
+        GRX_TEXTE text{};
+        text.nofen = number;
+        text.chaine[0] = 'A';
+        grx_ecrit_fenetre(text);
+        grx_trace_texte_bouton(text);
+        grx_trace_texte(text);
+        grx_efface_chaine(text);
+        grx_efface_zone_graphique(number);
+        grx_efface_zone_graphique_bouton(number);
+    }
+    grx_affecte_gc(attributes(9));
+    grx_reinit_gc();
+    grx_init_memo_attrib();
+    dessine_rect(10, 10, 50, 50);
+    GRX_POINT_POLY points[3] = {{1, 1}, {50, 1}, {1, 50}};
+    EXPECT_EQ(remplit_tableau_polygone(points, 3, 9), 0);
+    EXPECT_EQ(remplit_tableau_triangles(points[0], points[1], points[2], 9), 0);
+    INT across = -1, above = -1, below = -1;
+    grx_recup_taille_chaine(const_cast<char*>("abc"), &across, &above, &below);
+    EXPECT_EQ(across + above + below, 0); // no font yet
+    EXPECT_EQ(g_c, nullptr);
+}
+
+TEST_F(DrawingBeforeStartUp, BackingOperationsGiveTheirAnswersForNothing) {
+    for (const INT number : {0, 1, 5, 100}) {
+        EXPECT_EQ(grx_cree_bitmap_backingstore(number), 0);
+        EXPECT_EQ(grx_affiche_bitmap_backingstore(number), 1);
+        EXPECT_EQ(grx_interdit_backingstore(number, 1), 0);
+        EXPECT_EQ(grx_alloue_image(number), 0);
+        EXPECT_EQ(grx_alloue_image_bouton(number, 0), 0);
+        EXPECT_EQ(grx_affiche_bitmap_backingstore_bouton(number), 0);
+        EXPECT_EQ(grx_sauve_fenetre(number), 0);
+        EXPECT_EQ(grx_restore_fenetre(number), 0);
+        grx_supprime_bitmap_backingstore(number);
+        grx_recree_bitmap_backingstore(number);
+        grx_memorise_bitmap_backingstore(number);
+        grx_cree_bitmap_backingstore_bouton(number, 10, 10, 9, 0);
+        grx_detruit_bitmap_backingstore_bouton(number);
+        grx_memorise_bitmap_backingstore_bouton(number);
+    }
+    EXPECT_EQ(grx_desalloue_image(), 0);
+    EXPECT_EQ(grx_desalloue_image_bouton(), 0);
+    EXPECT_EQ(grx_backingstore_deja_cours(), 0);
+}
+
 } // namespace
