@@ -141,6 +141,7 @@ INT grx_recup_indice_bout(Widget w) {
 INT grx_libere_indice_objet_bout(INT indice) {
     if (!in_base(indice)) return 0;
     grx_desinstalle_bitmap(structure_bouton[indice].nobou);
+    grx::forget_drawing_target(&structure_bouton[indice].image);
     Tableau_objet_bouton[indice] = nullptr;
     widget_dead[place(indice)] = false;
     make_free(structure_bouton[indice]);

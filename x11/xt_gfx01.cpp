@@ -157,9 +157,15 @@ void colours_changed() {
 }
 
 void forget_drawing_target(const Pixmap* image) {
-    if (image != image_redess) return;
-    image_redess = nullptr;
-    grx_trace_memoire = 0;
+    if (image == nullptr) return;
+    if (image == image_redess) {
+        image_redess = nullptr;
+        grx_trace_memoire = 0;
+    }
+    if (image == image_redess_bouton) {
+        image_redess_bouton = nullptr;
+        grx_trace_memoire_bouton = 0;
+    }
 }
 
 } // namespace grx
@@ -197,7 +203,8 @@ void select_target(Window window) {
 }
 
 void select_button_target(Window window) {
-    win_bidon_bouton = grx_trace_memoire_bouton != 0 && image_redess_bouton != nullptr ? *image_redess_bouton : window;
+    const bool unseen = grx_trace_memoire_bouton != 0 && image_redess_bouton != nullptr && *image_redess_bouton != None;
+    win_bidon_bouton = unseen ? *image_redess_bouton : window;
 }
 
 } // namespace
@@ -636,6 +643,7 @@ INT grx_cree_bitmap_backingstore(INT nofen) {
     if (!backing) return 0;
     XSync(x11_disp, False);
     const grx::Size size = window_size(nofen);
+    grx_supprime_bitmap_backingstore(nofen);
     *backing.holder = grx::make_pixmap(backing.window, size);
     grx::mark_dead_pixmap(nofen, false);
     apply_background();
@@ -651,8 +659,7 @@ void grx_supprime_bitmap_backingstore(INT nofen) {
 }
 
 void grx_recree_bitmap_backingstore(INT nofen) {
-    grx_supprime_bitmap_backingstore(nofen);
-    grx_cree_bitmap_backingstore(nofen);
+    grx_cree_bitmap_backingstore(nofen); // which frees the one before
 }
 
 INT grx_affiche_bitmap_backingstore(INT nofen) {
@@ -736,7 +743,9 @@ void grx_cree_bitmap_backingstore_bouton(INT nobou, INT lar, INT hau, INT coul_t
 
 void grx_detruit_bitmap_backingstore_bouton(INT nobou) {
     const ButtonBacking backing = button_backing(nobou);
-    if (backing) grx::free_pixmap(backing.record->image);
+    if (!backing) return;
+    grx::free_pixmap(backing.record->image);
+    backing.record->image = None;
 }
 
 INT grx_affiche_bitmap_backingstore_bouton(INT nobou) {

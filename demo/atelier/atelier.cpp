@@ -56,6 +56,8 @@ bool Atelier::ouvre(Taille taille) {
         std::fputs("atelier: pas d'ecran utilisable (variable DISPLAY)\n", stderr);
         return false;
     }
+    // The application colour of the settings is a pixel value, which says nothing on a screen with a palette.
+    if (grx_recup_profondeur_ecran() == GRX_PROFONDEUR_8) grx_affecte_couleur_application(kCoulGris);
     indices_ = pose_couleurs(dessin_.couleurs);
     if (cree_fenetres(taille_pour_ecran(taille))) return true;
     std::fputs("atelier: les fenetres n'ont pas pu etre creees\n", stderr);

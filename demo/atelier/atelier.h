@@ -67,7 +67,7 @@ class Atelier {
         Point coin, oppose;
     };
     std::optional<Elastique> elastique_;
-    std::optional<Point> prise_; // where the hand holds the drawing
+    std::optional<Point> prise_;    // where the hand holds the drawing
     std::optional<Point> pointeur_; // none before the first move
     int hauteur_fenetre_ = 1;
     bool cadree_ = false;

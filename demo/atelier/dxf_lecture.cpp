@@ -42,6 +42,11 @@ Matrice plan_de(const DL_Extrusion& extrusion) {
     return {ax, ay, y * az - z * ay, z * ax - x * az, 0, 0};
 }
 
+// The colour number without the sign that switches a layer off.
+int numero(int couleur) {
+    return couleur >= -kDuCalque && couleur <= kDuCalque ? std::abs(couleur) : kDuCalque;
+}
+
 class Lecture : public DL_CreationAdapter {
   public:
     Brut fait() {
@@ -54,7 +59,7 @@ class Lecture : public DL_CreationAdapter {
     void addLayer(const DL_LayerData& d) override {
         const DL_Attributes a = getAttributes();
         Calque c;
-        c.couleur = std::abs(a.getColor());
+        c.couleur = numero(a.getColor());
         c.rgb = a.getColor24();
         c.trait = majuscules(a.getLinetype());
         c.poids = std::max(0, a.getWidth());
@@ -214,7 +219,7 @@ class Lecture : public DL_CreationAdapter {
         const DL_Attributes a = getAttributes();
         Aspect r;
         r.calque = a.getLayer().empty() ? "0" : majuscules(a.getLayer());
-        r.couleur = std::abs(a.getColor());
+        r.couleur = numero(a.getColor());
         r.rgb = a.getColor24();
         r.trait = majuscules(a.getLinetype());
         r.poids = a.getWidth();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -27,6 +28,7 @@ enum Code {
     kX = 10,
     kXLisse = 11,
     kNoeud = 40,
+    kPoidsDePole = 41,
     kPapier = 67,
     kDrapeaux = 70,
     kNbNoeuds = 72,
@@ -37,6 +39,7 @@ enum Code {
     kVraieCouleur = 420,
 };
 
+constexpr int kVersOrdonnee = 10;     // from the code of an abscissa to that of its ordinate
 constexpr int kMaille = 16 | 64;      // POLYLINE: a mesh
 constexpr int kPoleDeLissage = 16;    // VERTEX: guides a smoothed polyline
 constexpr int kAttributInvisible = 1; // ATTRIB
@@ -60,6 +63,13 @@ std::optional<int> entier(std::string_view s) {
     const auto [fin, erreur] = std::from_chars(s.data(), s.data() + s.size(), v);
     if (erreur != std::errc{} || fin != s.data() + s.size()) return std::nullopt;
     return v;
+}
+
+bool nombre_fini(std::string_view s) {
+    s = sans_blancs(s);
+    if (s.starts_with('+')) s.remove_prefix(1);
+    double v = 0;
+    return std::from_chars(s.data(), s.data() + s.size(), v).ec == std::errc{} && std::isfinite(v);
 }
 
 // Lines ended by LF, CR LF or CR.
@@ -110,6 +120,10 @@ std::string_view valeur(Paires objet, int code) {
 
 int valeur_entiere(Paires objet, int code) {
     return entier(valeur(objet, code)).value_or(0);
+}
+
+std::ptrdiff_t compte_de(Paires objet, int code) {
+    return std::ranges::count(objet, code, &Paire::code);
 }
 
 template <std::size_t N>
@@ -226,9 +240,18 @@ class Reduction {
     void copie_comptee(std::string_view nom, Paires objet, const std::vector<Comptage>& comptages) {
         ecrit(0, nom);
         for (const Comptage& c : comptages)
-            if (const auto n = std::ranges::count(objet, c.chacun, &Paire::code)) ecrit(c.nombre, std::to_string(n));
-        for (const Paire& p : objet.subspan(1))
-            if (std::ranges::find(comptages, p.code, &Comptage::nombre) == comptages.end()) copie(p);
+            if (const auto n = compte_de(objet, c.chacun)) ecrit(c.nombre, std::to_string(n));
+        const bool poids = compte_de(objet, kPoidsDePole) == compte_de(objet, kX);
+        for (std::size_t i = 1; i < objet.size(); ++i) {
+            const Paire& p = objet[i];
+            if (std::ranges::find(comptages, p.code, &Comptage::nombre) != comptages.end()) continue;
+            if (p.code == kPoidsDePole && !poids) continue;
+            copie(p);
+            // dxflib reads what memory happens to hold for an ordinate that is missing.
+            const bool abscisse = p.code == kX || p.code == kXLisse;
+            const bool complete = i + 1 < objet.size() && objet[i + 1].code == p.code + kVersOrdonnee;
+            if (abscisse && !complete) ecrit(p.code + kVersOrdonnee, "0");
+        }
     }
 
     void copie(std::string_view nom, Paires objet) {
@@ -239,6 +262,8 @@ class Reduction {
     // Handles, links and extended data are of no use here.
     void copie(const Paire& p) {
         const bool utile = p.code > 0 && p.code < 300 && p.code != kIdentifiant && (p.code < 100 || p.code > 109);
+        const bool reel = (p.code >= 10 && p.code < 60) || (p.code >= 140 && p.code < 150) || p.code >= 210;
+        if (utile && reel && !nombre_fini(p.valeur)) return ecrit(p.code, "0"); // as above
         if (utile || p.code == kPoids || p.code == kVraieCouleur) ecrit(p.code, p.valeur);
     }
 

@@ -18,7 +18,7 @@ constexpr std::array<Rgb, 8> kReserve{{
     {255, 196, 64},
     {70, 82, 99},
     {140, 152, 168},
-    {128, 128, 128},
+    {192, 192, 192},
 }};
 
 std::vector<INT> triplets(const Rgb* debut, std::size_t nombre) {

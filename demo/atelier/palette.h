@@ -17,6 +17,7 @@ enum Reserve {
     kCoulElastique = 4, // rubber band
     kCoulFilet = 5,     // line above the strip
     kCoulDiscret = 6,   // less important texts
+    kCoulGris = 7,      // windows themselves
 };
 
 // Sets the reserved colours; before start-up.

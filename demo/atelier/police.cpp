@@ -295,13 +295,20 @@ Chemin accent(char32_t nom) {
     return dessin != std::end(kAccents) ? trace(dessin->traits) : Chemin{};
 }
 
+// Accents are wider than an i: the letter gets room for them.
+Glyphe compose(const Glyphe& base, const Chemin& accent, double leve) {
+    Glyphe g{std::max(base.largeur, accent.boite().largeur() * 0.8), 0, {}};
+    g.avance = g.largeur + kEspacement;
+    g.chemin.ajoute(base.chemin, Matrice::translation({(g.largeur - base.largeur) / 2, 0}));
+    g.chemin.ajoute(accent, Matrice::translation({g.largeur / 2, leve}));
+    return g;
+}
+
 void ajoute_composes(Glyphes& glyphes) {
     for (const auto& [caractere, base, nom] : kComposes) {
-        Glyphe g = glyphes.at(base);
-        const bool capitale = base < U'Z' + 1;
+        const bool capitale = base <= U'Z';
         const double leve = nom == U',' || !capitale ? 0 : kHauteur - kHauteurMinuscule;
-        g.chemin.ajoute(accent(nom), Matrice::translation({g.largeur / 2, leve}));
-        glyphes.emplace(caractere, std::move(g));
+        glyphes.emplace(caractere, compose(glyphes.at(base), accent(nom), leve));
     }
 }
 

@@ -15,6 +15,8 @@ constexpr double kTolerance = 0.2;       // pixels by which curves may be off
 constexpr double kDebord = 64;           // pixels drawn beyond the window: wider than any line
 constexpr double kTexteMin = 2.5;        // height in pixels below which a text is a smudge
 constexpr std::size_t kPointsMax = 2000; // of one request
+constexpr double kParEpaisseur = 20;     // height in pixels of a text for each width that its strokes gain
+constexpr int kEpaisseurTexteMax = 4;
 constexpr int kDemiCroix = 3;
 
 GRX_POINT_POLY pixel(Point p) {
@@ -86,14 +88,19 @@ Boite ecran(int largeur, int hauteur) {
     return Boite::entre({-kDebord, -kDebord}, {largeur + kDebord, hauteur + kDebord});
 }
 
+void trace_lettres(Plume plume, const Objet& o, const Vue& vue, const Boite& limites) {
+    const double hauteur = o.hauteur * vue.echelle();
+    if (hauteur < kTexteMin) return;
+    plume.attrib.epaisseur = static_cast<INT>(std::min<double>(hauteur / kParEpaisseur, kEpaisseurTexteMax));
+    trace_chemin(plume, o.chemin, vue.vers_ecran(), limites);
+}
+
 void trace_objet(const Plume& plume, const Objet& o, const Vue& vue, const Boite& limites) {
     const Matrice m = vue.vers_ecran();
     switch (o.genre) {
     case Genre::Plein: return remplit(plume, o.chemin, m, limites);
     case Genre::Point: return trace_croix(plume, m.applique(o.chemin.points().front()));
-    case Genre::Texte:
-        if (o.hauteur * vue.echelle() < kTexteMin) return;
-        [[fallthrough]];
+    case Genre::Texte: return trace_lettres(plume, o, vue, limites);
     case Genre::Trait: return trace_chemin(plume, o.chemin, m, limites);
     }
 }

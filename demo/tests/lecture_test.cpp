@@ -402,6 +402,13 @@ TEST(Casse, CountsThatLieDoNoHarm) {
     }
 }
 
+TEST(Casse, WhatIsNoNumberReadsAsNought) {
+    proche(seul(lu("0 POINT|8 0|10 nan|20 ")).boite.min, {0, 0});
+    proche(seul(lu("0 LWPOLYLINE|8 0|90 2|10 1|10 2|20 5")).chemin.points()[0], {1, 0});
+    proche(seul(lu("0 SPLINE|8 0|71 1|10 1|10 2|20 5|41 0.5")).chemin.points()[0], {1, 0});
+    EXPECT_EQ(couleur(lu("0 POINT|8 0|62 -2147483648|10 1|20 1"), Objet{}), kAvantPlan);
+}
+
 TEST(Casse, EndlessLinesAreCut) {
     const std::string longue(5'000'000, 'A');
     EXPECT_EQ(lu("0 TEXT|8 " + longue + "|10 0|20 0|40 1|1 " + longue).objets.size(), 1U);

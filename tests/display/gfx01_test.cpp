@@ -531,6 +531,17 @@ TEST_F(PrimitiveTest, CrossingPolygonsHaveHoles) {
     EXPECT_EQ(screen(window).at(60, 25), pixel_of(9));
 }
 
+TEST_F(PrimitiveTest, TrianglesMayHaveMoreCornersAndANotch) {
+    const INT window = graphic_window();
+    const Primitive arrow{Kind::triangle, attributes(9), {}, {{10, 10}, {110, 60}, {10, 110}, {60, 60}}};
+    draw(window, arrow);
+    PlainPicture plain(x11_disp, width, height, background());
+    plain.draw(arrow);
+    EXPECT_TRUE(same(screen(window), plain.pixels()));
+    EXPECT_EQ(screen(window).at(25, 60), background()); // the notch
+    EXPECT_EQ(screen(window).at(80, 60), pixel_of(9));
+}
+
 TEST_F(PrimitiveTest, ExclusiveOrTwiceRestoresThePicture) {
     const INT window = graphic_window();
     RandomPrimitives shapes(77, width, height);

@@ -113,13 +113,6 @@ TEST_F(StartUpOn16, TheSameWithoutBases) {
     EXPECT_EQ(outcome.printed, "GFX ERROR\nCode 5: Error on table color allocation\n");
 }
 
-TEST_F(StartUpOn16, GraphicsAloneRefusesTheSameWay) {
-    ASSERT_EQ(outcome_of(grx_init_application).result, 0);
-    const Outcome outcome = outcome_of(grx_init_graphique);
-    EXPECT_EQ(outcome.result, 0);
-    EXPECT_EQ(outcome.printed, "GFX ERROR\nCode 5: Error on table color allocation\n");
-}
-
 class NoMatchTest : public XTest {};
 
 TEST_F(NoMatchTest, NeitherVisualIsError5WhateverTheDefaultIs) {

@@ -4,6 +4,7 @@
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"
 
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <memory>
@@ -420,6 +421,13 @@ TEST_F(ColoursOn24, TheColormapIsAnewOfTheVisual) {
     EXPECT_EQ(cell.red >> 8, 0x80);
     EXPECT_EQ(cell.green >> 8, 0x40);
     EXPECT_EQ(cell.blue >> 8, 0x20);
+}
+
+TEST_F(ColoursOn24, TheColormapIsInstalled) {
+    int count = 0;
+    Colormap* installed = XListInstalledColormaps(x11_disp, DefaultRootWindow(x11_disp), &count);
+    EXPECT_EQ(std::count(installed, installed + count, x11_cmap), 1);
+    XFree(installed);
 }
 
 TEST_F(ColoursOn24, PixelsAreComputedFromThePalettes) {

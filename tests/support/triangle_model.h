@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <map>
 #include <utility>
+#include <vector>
 
 namespace grxtest {
 
@@ -21,20 +23,25 @@ class TriangleModel {
         std::stable_sort(corners.begin(), corners.end(), [](Corner a, Corner b) { return a.y > b.y; });
         const auto& [top, middle, bottom] = corners; // by the value of y
         height_ = height;
+        for (Table* table : {&long_, &short_})
+            table->resize(std::max(table->size(), static_cast<std::size_t>(std::max(height, 0))));
         walk(long_, top, bottom);
         walk(short_, top, middle);
         walk(short_, middle, bottom);
         Spans result;
         if (bottom.y >= height || top.y <= 0) return result;
-        for (int y = std::max(bottom.y, 0); y <= std::min(top.y, height - 1); ++y) result[y] = {short_[y], long_[y]};
+        for (int y = std::max(bottom.y, 0); y <= std::min(top.y, height - 1); ++y) result[y] = row(short_, long_, y);
         return result;
     }
 
   private:
-    using Table = std::map<int, int>; // a row never stored reads 0
+    using Table = std::vector<int>; // a row never stored reads 0
 
     void store(Table& table, int x, int y) const {
-        if (y > 0 && y < height_) table[y] = x;
+        if (y > 0 && y < height_) table[static_cast<std::size_t>(y)] = x;
+    }
+    static std::pair<int, int> row(const Table& first, const Table& last, int y) {
+        return {first[static_cast<std::size_t>(y)], last[static_cast<std::size_t>(y)]};
     }
 
     void walk(Table& table, Corner from, Corner to) const {

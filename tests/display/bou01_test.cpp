@@ -1,0 +1,538 @@
+// The button base, the probe of the first creation, and the two types that start-up measures with.
+#include "tests/display/window_kit.h"
+#include "tests/support/stdout_capture.h"
+
+#include "xt_prive.h"
+
+#include <climits>
+#include <functional>
+
+namespace {
+
+using namespace grxtest;
+
+constexpr const char* overflow_line = "Depassement de taille de la base des boutons\n";
+
+Widget fake_widget(std::uintptr_t n) {
+    return reinterpret_cast<Widget>(n);
+}
+
+STRUCTURE_BOUTON& button_record(INT n) {
+    STRUCTURE_BOUTON* record = nullptr;
+    grx_recup_structure_bouton(n, &record);
+    return *record;
+}
+
+void expect_free(INT n) {
+    EXPECT_EQ(button_record(n).nobou, -1) << n;
+    EXPECT_EQ(button_record(n).nofen, 1) << n;
+    EXPECT_EQ(button_record(n).no_fo, -1) << n;
+    EXPECT_EQ(button_record(n).valeur, 0) << n;
+}
+
+struct Outcome {
+    INT result;
+    std::string printed;
+};
+
+Outcome outcome_of(const std::function<INT()>& call) {
+    StdoutCapture capture;
+    const INT result = call();
+    return {result, capture.text()};
+}
+
+// --- the base without a display -----------------------------------------------------------------------------------
+
+class ButtonBase : public testing::Test {
+  protected:
+    void SetUp() override { ASSERT_EQ(grx_alloue_base_boutons(), 0); }
+    void TearDown() override { grx_desalloue_base_boutons(); }
+};
+
+TEST_F(ButtonBase, HasAThousandFreeEntries) {
+    for (INT n = 0; n < 1000; ++n) {
+        EXPECT_EQ(grx_recup_objet_bout(n), nullptr);
+        expect_free(n);
+    }
+    EXPECT_EQ(grx_affecte_objet_bout(999, fake_widget(8)), 1);
+    EXPECT_EQ(grx_affecte_objet_bout(1000, fake_widget(8)), 0);
+}
+
+TEST_F(ButtonBase, WidgetsAreStoredAndFound) {
+    EXPECT_EQ(grx_affecte_objet_bout(0, fake_widget(8)), 1);
+    EXPECT_EQ(grx_affecte_objet_bout(17, fake_widget(16)), 1);
+    EXPECT_EQ(grx_affecte_objet_bout(20, fake_widget(16)), 1);
+    for (INT n : {-1, -2, 1000, 1001, INT_MAX, INT_MIN}) {
+        EXPECT_EQ(grx_affecte_objet_bout(n, fake_widget(8)), 0) << n;
+        EXPECT_EQ(grx_recup_objet_bout(n), nullptr) << n;
+    }
+    EXPECT_EQ(grx_recup_objet_bout(0), fake_widget(8));
+    EXPECT_EQ(grx_recup_objet_bout(17), fake_widget(16));
+    EXPECT_EQ(grx_recup_objet_bout(1), nullptr);
+    EXPECT_EQ(grx_recup_indice_bout(fake_widget(8)), 0);
+    EXPECT_EQ(grx_recup_indice_bout(fake_widget(16)), 17) << "the first one";
+    EXPECT_EQ(grx_recup_indice_bout(fake_widget(24)), -1);
+    EXPECT_EQ(grx_recup_indice_bout(nullptr), -1) << "though free entries hold null";
+}
+
+TEST_F(ButtonBase, TheLowestFreeNumberComesFirst) {
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0);
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0) << "it is not reserved";
+    for (INT n = 0; n < 5; ++n) grx_affecte_objet_bout(n, fake_widget(8));
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 5);
+    grx_libere_indice_objet_bout(3);
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 3);
+}
+
+TEST_F(ButtonBase, UseIsTheWidgetsNotTheRecords) {
+    grx_affecte_structure_bouton(0, 5, 6, 7);
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0);
+}
+
+TEST_F(ButtonBase, AFullBasePrintsItsLine) {
+    for (INT n = 0; n < 1000; ++n) grx_affecte_objet_bout(n, fake_widget(8));
+    const Outcome outcome = outcome_of(grx_recup_indice_objet_bout_libre);
+    EXPECT_EQ(outcome.result, -1);
+    EXPECT_EQ(outcome.printed, overflow_line);
+    grx_libere_indice_objet_bout(999);
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 999);
+}
+
+TEST_F(ButtonBase, RecordsAreFilledInFourFields) {
+    button_record(17).image = 55;
+    button_record(17).type = 66;
+    grx_affecte_structure_bouton(17, 100, 200, 3);
+    EXPECT_EQ(button_record(17).nobou, 17);
+    EXPECT_EQ(button_record(17).nofen, 3);
+    EXPECT_EQ(button_record(17).no_fo, 100);
+    EXPECT_EQ(button_record(17).valeur, 200);
+    EXPECT_EQ(button_record(17).image, 55U);
+    EXPECT_EQ(button_record(17).type, 66);
+    button_record(17).image = 0;
+}
+
+TEST_F(ButtonBase, AFreedEntryKeepsTypeAndImage) {
+    grx_affecte_objet_bout(17, fake_widget(8));
+    grx_affecte_structure_bouton(17, 100, 200, 3);
+    button_record(17).type = 66;
+    EXPECT_EQ(grx_libere_indice_objet_bout(17), 1);
+    EXPECT_EQ(grx_recup_objet_bout(17), nullptr);
+    expect_free(17);
+    EXPECT_EQ(button_record(17).type, 66) << "until the next creation";
+    EXPECT_EQ(grx_libere_indice_objet_bout(17), 1) << "twice is harmless";
+    expect_free(17);
+    for (INT n : {-1, -2, 1000, INT_MAX, INT_MIN}) EXPECT_EQ(grx_libere_indice_objet_bout(n), 0) << n;
+}
+
+TEST_F(ButtonBase, RecordsOutsideAreNotTouched) {
+    STRUCTURE_BOUTON* record = nullptr;
+    for (INT n : {-1, 1000, INT_MAX, INT_MIN}) {
+        grx_recup_structure_bouton(n, &record);
+        EXPECT_EQ(record, nullptr) << n;
+        grx_affecte_structure_bouton(n, 1, 2, 3);
+    }
+}
+
+TEST_F(ButtonBase, RecordsNeverMove) {
+    STRUCTURE_BOUTON* first = &button_record(0);
+    for (INT n = 0; n < 1000; ++n) grx_affecte_structure_bouton(n, n, n, n);
+    EXPECT_EQ(&button_record(0), first);
+    EXPECT_EQ(&button_record(999), first + 999);
+}
+
+TEST(ActiveButton, IsOnlyKept) {
+    EXPECT_EQ(grx_recup_nobou_actif(), -1);
+    for (INT n : {5, 0, -9, INT_MAX}) {
+        grx_affecte_nobou_actif(n);
+        EXPECT_EQ(grx_recup_nobou_actif(), n);
+    }
+}
+
+TEST(NoButtonBase, AnswersBeforeItsAllocation) {
+    EXPECT_EQ(grx_recup_objet_bout(0), nullptr);
+    EXPECT_EQ(grx_recup_indice_bout(fake_widget(8)), -1);
+    EXPECT_EQ(grx_affecte_objet_bout(0, fake_widget(8)), 0);
+    EXPECT_EQ(grx_libere_indice_objet_bout(0), 0);
+    const Outcome outcome = outcome_of(grx_recup_indice_objet_bout_libre);
+    EXPECT_EQ(outcome.result, -1);
+    EXPECT_EQ(outcome.printed, overflow_line);
+    EXPECT_EQ(grx_desalloue_base_boutons(), 0);
+    EXPECT_EQ(grx_recup_couleur_init_fond_bouton(), 0);
+    EXPECT_EQ(grx_recup_couleur_init_trace_bouton(), 0);
+}
+
+TEST(NoButtonBase, MemoryComesFromTheHostAndGoesBack) {
+    const NoLeak no_leak;
+    ASSERT_EQ(grx_alloue_base_boutons(), 0);
+    EXPECT_GE(heap().blocks(), 3U) << "widgets, records, pictures";
+    EXPECT_EQ(grx_desalloue_base_boutons(), 0);
+    EXPECT_EQ(grx_desalloue_base_boutons(), 0) << "twice is harmless";
+}
+
+TEST(NoButtonBase, EachFailingAllocation) {
+    for (std::size_t n = 1; n <= 3; ++n) {
+        const NoLeak no_leak;
+        heap().fail_at(n);
+        const Outcome outcome = outcome_of(grx_alloue_base_boutons);
+        EXPECT_TRUE(heap().failed()) << n;
+        EXPECT_EQ(outcome.result, n == 3 ? 0 : 13) << n << ": the result of the picture table is not looked at";
+        EXPECT_EQ(outcome.printed, "") << n;
+        heap().fail_never();
+        grx_recup_objet_bout(5);
+        grx_affecte_objet_bout(5, nullptr);
+        grx_libere_indice_objet_bout(5);
+        grx_desinstalle_bitmap(5);
+        EXPECT_EQ(grx_desalloue_base_boutons(), 0);
+    }
+}
+
+// --- the description ------------------------------------------------------------------------------------------------
+
+TEST(ButtonDescription, HasItsDefaults) {
+    GRX_BOUTON button;
+    std::memset(static_cast<void*>(&button), 0x5A, sizeof button);
+    grx_init_bouton(&button);
+    EXPECT_EQ(button.nobou, -1);
+    EXPECT_EQ(button.x, -1);
+    EXPECT_EQ(button.y, -1);
+    EXPECT_EQ(button.largeur, -1);
+    EXPECT_EQ(button.hauteur, -1);
+    EXPECT_EQ(button.type, 1);
+    EXPECT_EQ(button.attrib, 8209);
+    EXPECT_EQ(button.coul_fond, -1);
+    EXPECT_EQ(button.coul_trace, -1);
+    EXPECT_EQ(button.fen_mere, -1);
+    for (INT value : button.tabi) EXPECT_EQ(value, 0);
+    EXPECT_EQ(button.no_fo, -1);
+    EXPECT_STREQ(button.titre, "");
+    EXPECT_STREQ(button.icone, "");
+    EXPECT_STREQ(button.icone2, "");
+    EXPECT_EQ(button.attache, 0);
+    EXPECT_EQ(button.ref_fen_mere, nullptr);
+    grx_init_bouton(nullptr);
+}
+
+// --- creation -----------------------------------------------------------------------------------------------------
+
+class Buttons : public DisplayTest {
+  protected:
+    void SetUp() override {
+        DisplayTest::SetUp();
+        window_ = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE, 400, 300);
+        ASSERT_TRUE(wait_visible(widget_of(window_)));
+        drain();
+        events.clear();
+    }
+
+    GRX_BOUTON described_button(INT type, const char* title = "test") const {
+        GRX_BOUTON button{};
+        grx_init_bouton(&button);
+        button.type = type;
+        button.fen_mere = window_;
+        button.x = 10;
+        button.y = 20;
+        std::snprintf(button.titre, sizeof button.titre, "%s", title);
+        return button;
+    }
+
+    Widget created(GRX_BOUTON button) {
+        EXPECT_EQ(grx_cree_bouton(&button), 0);
+        Widget widget = grx_recup_objet_bout(button.nobou);
+        EXPECT_NE(widget, nullptr);
+        return widget;
+    }
+
+    INT window_ = 0;
+};
+
+TEST_F(Buttons, AThousandLiveOnesFillTheBase) {
+    const INT board = make(GRX_FEN_BOUTONS, 0); // a form would lay them all out at each one
+    for (INT n = 0; n < 1000; ++n) {
+        GRX_BOUTON button = described_button(GRX_BOU_LABEL);
+        button.fen_mere = board;
+        ASSERT_EQ(grx_cree_bouton(&button), 0);
+        ASSERT_EQ(button.nobou, n);
+    }
+    GRX_BOUTON button = described_button(GRX_BOU_LABEL);
+    button.fen_mere = board;
+    const Outcome outcome = outcome_of([&] { return grx_cree_bouton(&button); });
+    EXPECT_EQ(outcome.result, -3);
+    EXPECT_EQ(outcome.printed, overflow_line);
+    grx_detruit_bouton(17);
+    EXPECT_EQ(grx_recup_objet_bout(17), nullptr);
+    EXPECT_EQ(grx_cree_bouton(&button), 0);
+    EXPECT_EQ(button.nobou, 17);
+}
+
+TEST_F(Buttons, TheRecordIsFilled) {
+    for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE}) {
+        GRX_BOUTON button = described_button(type);
+        button.no_fo = 321;
+        button.tabi[4] = 77;
+        ASSERT_EQ(grx_cree_bouton(&button), 0);
+        const STRUCTURE_BOUTON& record = button_record(button.nobou);
+        EXPECT_EQ(record.nobou, button.nobou);
+        EXPECT_EQ(record.nofen, window_);
+        EXPECT_EQ(record.no_fo, 321);
+        EXPECT_EQ(record.valeur, 77);
+        EXPECT_EQ(record.type, type);
+        EXPECT_EQ(record.image, 0U);
+    }
+}
+
+TEST_F(Buttons, AParentWidgetWinsOverTheWindow) {
+    GRX_BOUTON button = described_button(GRX_BOU_LABEL);
+    Widget parent = widget_of(make(GRX_FEN_ALPHA));
+    button.ref_fen_mere = parent;
+    ASSERT_EQ(grx_cree_bouton(&button), 0);
+    EXPECT_EQ(XtParent(grx_recup_objet_bout(button.nobou)), parent);
+    EXPECT_EQ(button_record(button.nobou).nofen, -1);
+    button.fen_mere = -1;
+    EXPECT_EQ(grx_cree_bouton(&button), 0);
+}
+
+TEST_F(Buttons, WithoutAParentNothingIsMade) {
+    const auto blocks = heap().blocks();
+    for (INT parent : {-1, 0, 50, 99, 100, INT_MAX, INT_MIN}) {
+        GRX_BOUTON button = described_button(GRX_BOU_LABEL);
+        button.fen_mere = parent;
+        EXPECT_EQ(grx_cree_bouton(&button), -1) << parent;
+    }
+    EXPECT_EQ(grx_cree_bouton(nullptr), -1);
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0);
+    EXPECT_EQ(heap().blocks(), blocks);
+}
+
+TEST_F(Buttons, UnknownTypesAreRefusedBeforeANumberIsTaken) {
+    for (INT type : {0, 3, 5, 7, 9, 15, 17, 33, 127, 257, 511, 513, 767, 769, 1023, 2048, 4097, -1, INT_MAX, INT_MIN}) {
+        GRX_BOUTON button = described_button(type);
+        EXPECT_EQ(grx_cree_bouton(&button), -2) << type;
+    }
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0);
+    EXPECT_EQ(resource<Cardinal>(widget_of(window_), XmNnumChildren), 0U) << "no widget is left";
+}
+
+// --- labels -----------------------------------------------------------------------------------------------------------
+
+TEST_F(Buttons, ALabel) {
+    Widget label = created(described_button(GRX_BOU_LABEL, "Layer"));
+    EXPECT_EQ(XtClass(label), xmLabelWidgetClass);
+    EXPECT_STREQ(XtName(label), "Layer") << "the title is the name too";
+    EXPECT_EQ(text_resource(label, XmNlabelString), "Layer");
+    EXPECT_EQ(resource<Dimension>(label, XmNmarginWidth), 0);
+    EXPECT_EQ(resource<Dimension>(label, XmNmarginHeight), 0);
+    EXPECT_EQ(resource<Dimension>(label, XmNhighlightThickness), 0);
+    EXPECT_EQ(resource<unsigned char>(label, XmNalignment), XmALIGNMENT_BEGINNING);
+    EXPECT_EQ(resource<Boolean>(label, XmNrecomputeSize), False);
+    EXPECT_EQ(resource<Position>(label, XmNx), 10);
+    EXPECT_EQ(resource<Position>(label, XmNy), 20);
+    EXPECT_TRUE(wait_visible(label));
+    EXPECT_EQ(resource<Dimension>(label, XmNheight), grx_recup_hau_exact_carac_alpha());
+    EXPECT_EQ(resource<Dimension>(label, XmNwidth), 5 * XTextWidth(fontstruct, "m", 1)) << "in the one font";
+}
+
+TEST_F(Buttons, SizePlaceAndColours) {
+    for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE}) {
+        GRX_BOUTON button = described_button(type);
+        button.x = 33;
+        button.y = 44;
+        button.largeur = 122;
+        button.hauteur = 55;
+        button.coul_fond = 3;
+        button.coul_trace = 4;
+        Widget widget = created(button);
+        ASSERT_TRUE(wait_visible(widget));
+        EXPECT_EQ(server_area(test_display(), XtWindow(widget)), (Area{133, 164, 122, 55}));
+        EXPECT_EQ(resource<Pixel>(widget, XmNbackground), static_cast<Pixel>(grx_recup_couleur(3)));
+        EXPECT_EQ(resource<Pixel>(widget, XmNforeground), static_cast<Pixel>(grx_recup_couleur(4)));
+    }
+}
+
+TEST_F(Buttons, WithoutAColourTheApplicationsIsTaken) {
+    grx_affecte_couleur_application(4);
+    for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE})
+        EXPECT_EQ(
+            resource<Pixel>(created(described_button(type)), XmNbackground), static_cast<Pixel>(grx_recup_couleur(4)));
+}
+
+TEST_F(Buttons, VisibleAndSensitive) {
+    for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE})
+        for (INT attrib : {0x0, 0x1, 0x10, 0x11}) {
+            GRX_BOUTON button = described_button(type);
+            button.attrib = attrib;
+            Widget widget = created(button);
+            drain();
+            EXPECT_EQ(visible(XtWindow(widget)), (attrib & 1) != 0) << attrib;
+            EXPECT_EQ(XtIsSensitive(widget) != 0, (attrib & 0x10) != 0) << attrib;
+            EXPECT_TRUE(XtIsManaged(widget));
+        }
+}
+
+TEST_F(Buttons, AttachmentsTakeTheirOffsets) {
+    GRX_BOUTON button = described_button(GRX_BOU_LABEL);
+    button.x = button.y = -1;
+    button.attache = GRX_ATTACHE_BAS | GRX_ATTACHE_HAUT | GRX_ATTACHE_DROITE | GRX_ATTACHE_GAUCHE;
+    button.tabi[0] = 5;
+    button.tabi[1] = 6;
+    button.tabi[2] = 7;
+    button.tabi[3] = 8;
+    Widget label = created(button);
+    ASSERT_TRUE(wait_visible(label));
+    EXPECT_TRUE(wait_for([&] {
+        return server_area(test_display(), XtWindow(label)) == Area{108, 126, 400 - 7 - 8, 300 - 5 - 6};
+    }));
+}
+
+// --- text fields ------------------------------------------------------------------------------------------------------
+
+TEST_F(Buttons, ATextField) {
+    GRX_BOUTON button = described_button(GRX_BOU_TEXTE, "12.5");
+    button.tabi[0] = 9;
+    Widget field = created(button);
+    EXPECT_EQ(XtClass(field), xmTextFieldWidgetClass);
+    EXPECT_STREQ(XtName(field), "12.5");
+    const std::unique_ptr<char, void (*)(char*)> text(XmTextFieldGetString(field), XtFree);
+    EXPECT_STREQ(text.get(), "12.5");
+    EXPECT_EQ(resource<short>(field, XmNcolumns), 9);
+    EXPECT_EQ(resource<Dimension>(field, XmNmarginWidth), 2);
+    EXPECT_EQ(resource<Dimension>(field, XmNmarginHeight), 2);
+    EXPECT_EQ(resource<Dimension>(field, XmNhighlightThickness), 0);
+    EXPECT_TRUE(resource<Boolean>(field, XmNeditable));
+    EXPECT_TRUE(wait_visible(field));
+    EXPECT_EQ(resource<Dimension>(field, XmNwidth), 9 * grx_recup_lar_carac_alpha() + grx_recup_lar_sup_alpha());
+    EXPECT_EQ(resource<Dimension>(field, XmNheight), grx_recup_hau_carac_alpha());
+}
+
+TEST_F(Buttons, ColumnsFromTheWidth) {
+    grx_affecte_lar_carac_alpha(8);
+    GRX_BOUTON button = described_button(GRX_BOU_TEXTE);
+    button.tabi[0] = -1;
+    button.largeur = 200;
+    EXPECT_EQ(resource<short>(created(button), XmNcolumns), 25);
+    grx_affecte_lar_carac_alpha(0);
+    EXPECT_NE(created(button), nullptr) << "without a measured character nothing is divided by it";
+}
+
+TEST_F(Buttons, AReadOnlyField) {
+    GRX_BOUTON button = described_button(GRX_BOU_TEXTE);
+    button.attrib = GRX_BOU_ATT_ACTIF | GRX_BOU_ATT_TEXTE_LECTURE;
+    EXPECT_FALSE(resource<Boolean>(created(button), XmNeditable));
+}
+
+TEST_F(Buttons, AScrolledText) {
+    GRX_BOUTON button = described_button(GRX_BOU_TEXTE, "one");
+    button.attrib = GRX_BOU_ATT_ACTIF | GRX_BOU_ATT_TEXTE_MULTI;
+    Widget text = created(button);
+    EXPECT_EQ(XtClass(text), xmTextWidgetClass);
+    EXPECT_TRUE(XmIsScrolledWindow(XtParent(text)));
+    EXPECT_EQ(resource<int>(text, XmNeditMode), XmMULTI_LINE_EDIT);
+    EXPECT_TRUE(wait_visible(text));
+}
+
+TEST_F(Buttons, TypingGoesIntoAField) {
+    Widget field = created(described_button(GRX_BOU_TEXTE, ""));
+    ASSERT_TRUE(wait_visible(field));
+    pointer().click_in(field);
+    drain();
+    keyboard().type("Ab 1");
+    const auto typed = [&] {
+        const std::unique_ptr<char, void (*)(char*)> text(XmTextFieldGetString(field), XtFree);
+        return std::string(text.get()) == "Ab 1";
+    };
+    EXPECT_TRUE(wait_for(typed));
+}
+
+// --- the probe of the first creation ----------------------------------------------------------------------------------
+
+class Probe : public Buttons {
+  protected:
+    // What a drawn button has when nobody says otherwise.
+    struct Colours {
+        INT background, foreground;
+    };
+    Colours toolkit_colours() {
+        Widget button = XmCreateDrawnButton(widget_of(window_), const_cast<char*>("other"), nullptr, 0);
+        const Colours colours{static_cast<INT>(resource<Pixel>(button, XmNbackground)),
+            static_cast<INT>(resource<Pixel>(button, XmNforeground))};
+        XtDestroyWidget(button);
+        return colours;
+    }
+};
+
+TEST_F(Probe, WasDoneByStartUp) {
+    EXPECT_EQ(grx::Premier_bouton, 0);
+    EXPECT_EQ(grx_recup_couleur_init_fond_bouton(), toolkit_colours().background);
+    EXPECT_EQ(grx_recup_couleur_init_trace_bouton(), toolkit_colours().foreground);
+    EXPECT_EQ(grx_recup_couleur_icone(8), toolkit_colours().background) << "the background of icons";
+}
+
+TEST_F(Probe, IsDoneWhileTheFlagIsSetAndClearsIt) {
+    grx_affecte_couleur_application(4);
+    created(described_button(GRX_BOU_LABEL));
+    EXPECT_EQ(grx_recup_couleur_init_fond_bouton(), toolkit_colours().background) << "later creations do not probe";
+    grx::Premier_bouton = 1;
+    created(described_button(GRX_BOU_LABEL));
+    EXPECT_EQ(grx::Premier_bouton, 0);
+    EXPECT_EQ(grx_recup_couleur_init_fond_bouton(), grx_recup_couleur(4)) << "the application's colour wins";
+    EXPECT_EQ(grx_recup_couleur_icone(8), grx_recup_couleur(4));
+    EXPECT_EQ(grx_recup_couleur_application(), 4) << "and stays as it is";
+    EXPECT_EQ(grx_recup_couleur_init_trace_bouton(), toolkit_colours().foreground);
+}
+
+TEST_F(Probe, LeavesNoWidgetAndNoNumber) {
+    grx::Premier_bouton = 1;
+    GRX_BOUTON button = described_button(GRX_BOU_LABEL);
+    ASSERT_EQ(grx_cree_bouton(&button), 0);
+    EXPECT_EQ(button.nobou, 0);
+    drain();
+    EXPECT_EQ(XtNameToWidget(widget_of(window_), "Premier_bouton"), nullptr);
+    EXPECT_EQ(resource<Cardinal>(widget_of(window_), XmNnumChildren), 1U);
+}
+
+class ApplicationColourProbe : public DisplayTest {
+    void before_start() override { grx_affecte_couleur_application(6); }
+};
+
+TEST_F(ApplicationColourProbe, TakesTheColourSetBeforeTheStart) {
+    EXPECT_EQ(grx_recup_couleur_init_fond_bouton(), grx_recup_couleur(6));
+    EXPECT_EQ(grx_recup_couleur_icone(8), grx_recup_couleur(6));
+    EXPECT_EQ(grx_recup_couleur_application(), 6);
+}
+
+// --- memory -----------------------------------------------------------------------------------------------------------
+
+TEST_F(Buttons, EachFailingAllocationIsSurvived) {
+    for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE}) {
+        const auto attempt = [&] {
+            const NoLeak no_leak;
+            GRX_BOUTON button = described_button(type);
+            const INT result = grx_cree_bouton(&button);
+            EXPECT_TRUE(result == 0 || result == -2) << result;
+            if (result == 0) grx_detruit_bouton(button.nobou);
+            drain();
+            EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0);
+        };
+        fail_each_allocation(attempt);
+    }
+}
+
+TEST_F(Buttons, FiveHundredOfEachLeaveNothing) {
+    for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE}) {
+        const auto round = [&] {
+            GRX_BOUTON button = described_button(type);
+            ASSERT_EQ(grx_cree_bouton(&button), 0);
+            ASSERT_EQ(button.nobou, 0);
+            grx_detruit_bouton(0);
+            drain();
+        };
+        const auto resources = [&] { return server_resources(test_display(), x_window(window_)); };
+        for (int i = 0; i < 3; ++i) round();
+        const auto blocks = heap().blocks();
+        const auto before = resources();
+        for (int i = 0; i < 500; ++i) round();
+        EXPECT_EQ(heap().blocks(), blocks);
+        EXPECT_EQ(resources(), before);
+    }
+}
+
+} // namespace
