@@ -277,7 +277,8 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
         accelerator_translation(text.accelerator, translation, sizeof translation);
         args.set(XmNacceleratorText, shown.get()).set(XmNaccelerator, translation);
     }
-    if (const KeySym mnemonic = mnemonic_key(text.mnemonic); mnemonic != NoSymbol) args.set(XmNmnemonic, mnemonic);
+    if (const KeySym mnemonic = mnemonic_key(text.mnemonic); mnemonic != NoSymbol)
+        args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
     set_look(args);
     Widget entry = XmCreatePushButton(parent, const_cast<char*>("atome"), args.list(), args.count());
     if (entry == nullptr) return nullptr;
@@ -312,8 +313,11 @@ void close_pulldown(Widget& pulldown, const LI_MENU& line, Widget support) {
     pulldown = nullptr;
     if (cascade == nullptr || Nb_cascade >= kMostMenus) return;
     Tab_cascade[static_cast<std::size_t>(Nb_cascade++)] = cascade;
-    if (const KeySym mnemonic = mnemonic_key(line.mneumonic); mnemonic != NoSymbol)
-        grx::set_resource(cascade, XmNmnemonic, mnemonic);
+    const KeySym mnemonic = mnemonic_key(line.mneumonic);
+    if (mnemonic == NoSymbol) return;
+    grx::Args args;
+    args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
+    XtSetValues(cascade, args.list(), args.count());
 }
 
 void close_sub(Builder& b) {

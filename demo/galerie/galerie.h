@@ -1,0 +1,57 @@
+// galerie: every control, cursor, colour, line and icon of the library in one window, with the event records as they
+// come.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "host_f.h"
+#include "host_g.h"
+#include "xt_f.h"
+
+namespace galerie {
+
+constexpr INT kLargeur = 1200, kHauteur = 880;
+
+// Function numbers: cursors 2000 + number, icon sizes 2100 + format.
+constexpr INT kFonctionCurseur = 2000;
+constexpr INT kFonctionIcones = 2100;
+constexpr INT kFonctionQuitter = 999;
+
+template <std::size_t N>
+void copie(char (&champ)[N], std::string_view texte) {
+    std::snprintf(champ, N, "%.*s", static_cast<int>(texte.size()), texte.data());
+}
+
+struct Boite {
+    INT x, y, largeur, hauteur;
+};
+
+// A control in a window; its number, or a negative result.
+INT bouton(INT fenetre, INT type, INT attrib, const Boite& boite, std::string_view titre, INT no_fo);
+
+// The controls of all types and attributes.
+void cree_controles(INT fenetre);
+
+// Cursor buttons and icons, and what pressing them does; true when the function number was theirs.
+void cree_curseurs(INT fenetre);
+void cree_icones(INT fenetre, const std::string& repertoire);
+bool action_outil(INT fenetre, INT no_fo);
+
+// Palette, lines, fills and pictures, drawn in memory and shown at once.
+void dessine(INT graphique);
+
+// The scrolling list of event records.
+class Journal {
+  public:
+    void cree(INT fenetre);
+    void note(const GRX_EVENEMENT& evenement);
+
+  private:
+    INT texte_ = -1;
+    INT position_ = -1;
+    int lignes_ = 0;
+};
+
+} // namespace galerie
