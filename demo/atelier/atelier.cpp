@@ -6,6 +6,8 @@
 #include <cstring>
 #include <utility>
 
+#include "fonctions.h"
+#include "host_g.h"
 #include "palette.h"
 #include "rendu.h"
 #include "texte.h"
@@ -46,7 +48,8 @@ void curseur(INT nofen, INT numero) {
 
 } // namespace
 
-Atelier::Atelier(Dessin dessin, std::string nom) : dessin_(std::move(dessin)), nom_(std::move(nom)) {}
+Atelier::Atelier(Dessin dessin, std::string nom, std::string icones)
+    : dessin_(std::move(dessin)), nom_(std::move(nom)), icones_(std::move(icones)) {}
 
 bool Atelier::ouvre(Taille taille) {
     if (grx_alloue_base_fenetres() != 0 || grx_alloue_base_boutons() != 0) return false;
@@ -64,7 +67,7 @@ bool Atelier::ouvre(Taille taille) {
     return false;
 }
 
-// A form that fills the main window holds the sheet, and above its foot the status strip.
+// A form that fills the main window holds the tools, the sheet beside them, and above its foot the status strip.
 bool Atelier::cree_fenetres(Taille taille) {
     GRX_FENETRE f;
     grx_init_fenetre(&f);
@@ -84,10 +87,11 @@ bool Atelier::cree_fenetres(Taille taille) {
     f.type = GRX_FEN_GRAPHIQUE;
     f.attrib = GRX_FEN_ATT_FILLE | GRX_FEN_ATT_VISIBLE;
     f.fen_mere = principale_;
-    f.attache = GRX_ATTACHE_BAS | GRX_ATTACHE_HAUT | GRX_ATTACHE_DROITE | GRX_ATTACHE_GAUCHE;
+    f.attache = GRX_ATTACHE_BAS | GRX_ATTACHE_HAUT | GRX_ATTACHE_DROITE;
+    f.droite = taille.largeur - Outils::kLargeur;
     if (grx_cree_fenetre(&f) != 0) return false;
     graphique_ = f.nofen;
-    return bandeau_.cree(principale_);
+    return outils_.cree(principale_, icones_, dessin_.calques) && bandeau_.cree(principale_);
 }
 
 int Atelier::boucle() {
@@ -109,7 +113,10 @@ void Atelier::traite(const GRX_EVENEMENT& e) {
     case GRX_EVT_BOUTON_APPUI: return appui(e.bouton_appui);
     case GRX_EVT_SOURIS_BOUGE: return bouge(e.souris_bouge);
     case GRX_EVT_BOUTON_RELACHE: return relache(e.bouton_relache);
-    case GRX_EVT_CARAC_APPUI: return touche(e.carac_appui.carac);
+    case GRX_EVT_CARAC_APPUI: return touche(e.carac_appui);
+    case GRX_EVT_EXEC_FONCTION:
+    case GRX_EVT_ECHELLE: return controle(e.exec_fonction);
+    case GRX_EVT_ELEMENT_CLIQUE: return couche_choisie(e.element_clique);
     case GRX_EVT_DESTRUCTION: fini_ = true; return;
     default: return;
     }
@@ -126,6 +133,7 @@ void Atelier::prend_taille() {
 
 // Drawn at once: the exposure that follows shows the backing picture, which a new size has emptied.
 void Atelier::taille_changee(INT nofen) {
+    if (nofen == principale_) return place_feuille();
     if (nofen == bandeau_.nofen()) return bandeau_.redessine();
     if (nofen != graphique_) return;
     elastique_.reset();
@@ -133,6 +141,13 @@ void Atelier::taille_changee(INT nofen) {
     if (!cadree_) vue_.cadre_tout(dessin_.boite);
     cadree_ = true;
     redessine();
+}
+
+// The sheet keeps to the right of the tools, whatever the size of the window.
+void Atelier::place_feuille() {
+    INT largeur = 0, hauteur = 0;
+    grx_recup_taille_fenetre_fille(principale_, &largeur, &hauteur);
+    grx_change_taille_fenetre_fille(graphique_, std::max(1, largeur - Outils::kLargeur), hauteur);
 }
 
 Point Atelier::du_haut(INT x, INT y) const {
@@ -147,7 +162,10 @@ void Atelier::ferme() {
 // --- mouse and keys -----------------------------------------------------------------------------------------------
 
 void Atelier::appui(const GRX_BOUTON_APPUI& e) {
+    // An entry of the menu comes as a press of the main window that names a function.
+    if (e.nofen == principale_ && e.nobou < 0 && e.no_fo >= 0) return action(e.no_fo);
     if (e.nofen != graphique_) return;
+    outils_.rend_le_clavier();
     const Point p = du_haut(e.x, e.y);
     if (elastique_) return;
     switch (e.bouton) {
@@ -178,22 +196,78 @@ void Atelier::relache(const GRX_BOUTON_RELACHE& e) {
     curseur(principale_, GRX_CURS_CROIX_X);
 }
 
-void Atelier::touche(INT carac) {
+void Atelier::touche(const GRX_CARAC_APPUI& e) {
+    if (outils_.est_champ(e.nobou)) return;
     const double dx = kPasTouche * vue_.largeur(), dy = kPasTouche * vue_.hauteur();
     if (elastique_) fin_elastique(false);
-    switch (carac) {
+    switch (e.carac) {
     case 'f':
-    case kDebut: vue_.cadre_tout(dessin_.boite); break;
-    case '+': vue_.zoome(kZoomTouche, vue_.milieu()); break;
-    case '-': vue_.zoome(1 / kZoomTouche, vue_.milieu()); break;
+    case kDebut: return action(kFonctionToutVoir);
+    case '+': return action(kFonctionAgrandir);
+    case '-': return action(kFonctionReduire);
     case kGauche: vue_.deplace({dx, 0}); break;
     case kDroite: vue_.deplace({-dx, 0}); break;
     case kHaut: vue_.deplace({0, dy}); break;
     case kBas: vue_.deplace({0, -dy}); break;
-    case 'q': return ferme();
+    case 'q': return action(kFonctionQuitter);
     default: return;
     }
     a_redessiner_ = true;
+}
+
+// --- menus, icons and controls --------------------------------------------------------------------------------------
+
+void Atelier::action(INT fonction) {
+    switch (fonction) {
+    case kFonctionToutVoir: vue_.cadre_tout(dessin_.boite); break;
+    case kFonctionAgrandir: vue_.zoome(kZoomTouche, vue_.milieu()); break;
+    case kFonctionReduire: vue_.zoome(1 / kZoomTouche, vue_.milieu()); break;
+    case kFonctionCouchesToutes: return montre_couches(true);
+    case kFonctionCouchesAucune: return montre_couches(false);
+    case kFonctionModuleCommun:
+    case kFonctionModuleMeca:
+    case kFonctionModuleArch: return change_module(fonction - kFonctionModuleCommun);
+    case kFonctionQuitter: return ferme();
+    default: return;
+    }
+    a_redessiner_ = true;
+}
+
+void Atelier::controle(const GRX_EXEC_FONCTION& e) {
+    switch (e.no_fo) {
+    case kFonctionZoom: vue_.fixe_rapport(Outils::rapport_de(e.valeur)); break;
+    case kFonctionChampX:
+    case kFonctionChampY:
+        if (const auto centre = outils_.centre()) vue_.centre_sur(*centre);
+        break;
+    default: return action(e.no_fo);
+    }
+    a_redessiner_ = true;
+}
+
+void Atelier::couche_choisie(const GRX_ELEMENT_CLIQUE& e) {
+    const int calque = e.double_click != 0 ? outils_.calque_de(e.nobou, e.chaine, dessin_.calques) : -1;
+    if (calque < 0) return;
+    bool& visible = dessin_.calques[static_cast<std::size_t>(calque)].visible;
+    visible = !visible;
+    outils_.montre_calques(dessin_.calques);
+    a_redessiner_ = true;
+}
+
+void Atelier::montre_couches(bool visibles) {
+    for (CalqueVu& calque : dessin_.calques) calque.visible = visibles;
+    outils_.montre_calques(dessin_.calques);
+    a_redessiner_ = true;
+}
+
+// The menus of another module, in the bar that is there.
+void Atelier::change_module(INT module) {
+    constexpr int kSelecteur = 233; // of the host's state: which menu file is read
+    if (module == module_) return;
+    module_ = module;
+    istate[kSelecteur] = module;
+    grx_detruit_menu_bar();
+    grx_recree_menu_bar();
 }
 
 // --- rubber band --------------------------------------------------------------------------------------------------
@@ -249,6 +323,7 @@ void Atelier::redessine() {
     grx_desalloue_image();
     grx_affiche_bitmap_backingstore(graphique_);
     montre_titre();
+    montre_outils();
 }
 
 // How many times smaller than in nature the drawing is seen, 0 when its unit has no length.
@@ -270,6 +345,12 @@ void Atelier::montre_titre() {
 std::string Atelier::texte_position(Point p) const {
     const int decimales = decimales_pour(vue_.echelle());
     return "X " + nombre(p.x, decimales) + "   Y " + nombre(p.y, decimales) + symbole(dessin_.unites);
+}
+
+void Atelier::montre_outils() {
+    const int decimales = decimales_pour(vue_.echelle());
+    outils_.montre_zoom(vue_.rapport());
+    outils_.montre_centre(nombre(vue_.centre().x, decimales), nombre(vue_.centre().y, decimales));
 }
 
 void Atelier::montre_bandeau() {

@@ -8,6 +8,7 @@
 
 #include "bandeau.h"
 #include "dessin.h"
+#include "outils.h"
 #include "vue.h"
 #include "xt_ent_t.h"
 
@@ -19,7 +20,8 @@ struct Taille {
 
 class Atelier {
   public:
-    Atelier(Dessin dessin, std::string nom);
+    // icones: folder of the icons.
+    Atelier(Dessin dessin, std::string nom, std::string icones);
 
     // Starts the library and makes the windows. Returns false, with a message on stderr, when that fails.
     bool ouvre(Taille taille);
@@ -34,7 +36,13 @@ class Atelier {
     void appui(const GRX_BOUTON_APPUI& e);
     void bouge(const GRX_SOURIS_BOUGE& e);
     void relache(const GRX_BOUTON_RELACHE& e);
-    void touche(INT carac);
+    void touche(const GRX_CARAC_APPUI& e);
+    void action(INT fonction);
+    void controle(const GRX_EXEC_FONCTION& e);
+    void couche_choisie(const GRX_ELEMENT_CLIQUE& e);
+    void montre_couches(bool visibles);
+    void change_module(INT module);
+    void place_feuille();
     void taille_changee(INT nofen);
     void ferme();
 
@@ -47,6 +55,7 @@ class Atelier {
     void rafraichit();
     void redessine();
     void montre_bandeau();
+    void montre_outils();
     void montre_titre();
     double echelle_papier() const;
     std::string texte_position(Point p) const;
@@ -62,6 +71,9 @@ class Atelier {
     std::vector<int> indices_;
     INT principale_ = -1, graphique_ = -1;
     Bandeau bandeau_;
+    Outils outils_;
+    std::string icones_;
+    INT module_ = 0;
 
     struct Elastique {
         Point coin, oppose;

@@ -85,13 +85,21 @@ struct Objet {
     Chemin chemin;
     Boite boite;
     int couleur = 0;   // index into Dessin::couleurs
+    int calque = 0;    // index into Dessin::calques
     int trait = 0;     // GRX_TRAIT_...
     int epaisseur = 0; // line-width index
     double hauteur = 0;
 };
 
+// A layer that has something on it, and whether the user wants to see it.
+struct CalqueVu {
+    std::string nom;
+    bool visible = true;
+};
+
 struct Dessin {
     std::vector<Objet> objets; // in the order in which they are drawn
+    std::vector<CalqueVu> calques;
     std::vector<Rgb> couleurs; // the most used ones first
     Boite boite;
     int unites = 0;

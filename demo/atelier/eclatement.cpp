@@ -95,6 +95,7 @@ class Eclatement {
         }
         o.boite = o.chemin.boite();
         o.couleur = place_couleur(passe.couleur);
+        o.calque = place_calque(passe.calque);
         o.trait = f.genre == Genre::Trait ? passe.trait : 0;
         o.epaisseur = f.genre == Genre::Trait ? passe.epaisseur : 0;
         o.hauteur = f.hauteur * passe.place.grandeur();
@@ -134,6 +135,12 @@ class Eclatement {
         return place->second;
     }
 
+    int place_calque(const std::string& nom) {
+        const auto [place, neuf] = calques_.try_emplace(nom, static_cast<int>(dessin_.calques.size()));
+        if (neuf) dessin_.calques.push_back({nom, true});
+        return place->second;
+    }
+
     // The most used colours first, so that a small palette holds what matters.
     void trie_couleurs() {
         std::vector<int> usages(dessin_.couleurs.size()), ordre(usages.size()), place(usages.size());
@@ -159,6 +166,7 @@ class Eclatement {
     const Brut& brut_;
     Dessin dessin_;
     std::map<Rgb, int> couleurs_;
+    std::map<std::string, int> calques_;
     std::set<std::string> en_cours_;
     std::size_t points_ = 0;
     std::size_t insertions_ = 0;

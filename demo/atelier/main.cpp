@@ -77,6 +77,7 @@ int main(int nombre, char** textes) {
     if (!dessin) return kLectureManquee;
     sstate[SST_REP_SYSTEME] = config.data();
     sstate[SST_REP_MENU] = config.data();
-    atelier::Atelier application(std::move(*dessin), std::filesystem::path(a->fichier).filename().string());
+    atelier::Atelier application(
+        std::move(*dessin), std::filesystem::path(a->fichier).filename().string(), repertoire() + "/icones");
     return application.ouvre(a->taille) ? application.boucle() : kPasDEcran;
 }

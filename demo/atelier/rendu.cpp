@@ -120,7 +120,7 @@ void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::ve
     const Boite visible = vue.visible();
     Plume plume{nofen, {}};
     for (const Objet& o : dessin.objets) {
-        if (!o.boite.touche(visible)) continue;
+        if (!dessin.calques[static_cast<std::size_t>(o.calque)].visible || !o.boite.touche(visible)) continue;
         plume.attrib.coul_trace = indices[static_cast<std::size_t>(o.couleur)];
         plume.attrib.type_trait = o.trait;
         plume.attrib.epaisseur = o.epaisseur;

@@ -21,7 +21,11 @@ class Vue {
 
     int largeur() const { return largeur_; }
     int hauteur() const { return hauteur_; }
-    double echelle() const { return echelle_; } // pixels per unit
+    double echelle() const { return echelle_; }              // pixels per unit
+    double rapport() const { return echelle_ / reference_; } // to the whole drawing
+    void fixe_rapport(double rapport) { zoome(rapport / this->rapport(), milieu()); }
+    Point centre() const { return centre_; } // in the drawing
+    void centre_sur(Point p) { centre_ = p; }
     Point milieu() const { return {largeur_ / 2.0, hauteur_ / 2.0}; }
     Matrice vers_ecran() const;
     Point vers_dessin(Point ecran) const;

@@ -180,6 +180,10 @@ class Ecran {
 // Decorations of mwm, in pixels.
 constexpr int kTitre = 17, kBord = 7;
 
+// What atelier has at the left of its window: tools this wide, in them a row of icons.
+constexpr int kOutils = 212;
+constexpr int kBarre = 32, kIconePlus = 65, kIcones = 29; // height of the menu bar, middle of the icon
+
 class Visite {
   public:
     explicit Visite(std::string repertoire) : repertoire_(std::move(repertoire)) {}
@@ -189,6 +193,7 @@ class Visite {
         etape("elastique de zoom", [this] { elastique(); });
         etape("deplacement au bouton du milieu", [this] { deplacement(); });
         etape("zoom a la molette", [this] { molette(); });
+        etape("icone, menu et touche de menu", [this] { outils(); });
         etape("grande taille et retour", [this] { taille(); });
         etape("iconification et retour", [this] { icone(); });
         etape("vue d'ensemble au clavier", [this] { clavier(); });
@@ -222,10 +227,12 @@ class Visite {
         return None;
     }
 
-    // The drawing sheet: the window without the menu bar above and the status strip below.
+    // The drawing sheet: the window without the tools at the left, the menu bar above and the status strip below.
     Cadre feuille() const {
         constexpr int kMarge = 40;
         Cadre c = ecran_.place(fenetre_);
+        c.x += kOutils;
+        c.largeur -= kOutils;
         c.y += kMarge;
         c.hauteur -= 2 * kMarge;
         return c;
@@ -319,6 +326,21 @@ class Visite {
         for (int i = 0; i < 6; ++i) attend_titre([&] { ecran_.clic(5); });
     }
 
+    // An icon, an entry of a menu and its key do the same.
+    void outils() {
+        const Cadre c = ecran_.place(fenetre_);
+        ecran_.va(c.x + kIconePlus, c.y + kBarre + kIcones);
+        attend_titre([&] { ecran_.clic(1); });
+        attend_titre([&] { ecran_.touche(XK_F3, XK_Control_L); });
+        const Cadre sous_la_barre{c.x, c.y + kBarre, c.largeur / 3, c.hauteur / 4};
+        const Image avant = ecran_.image(sous_la_barre);
+        ecran_.touche(XK_a, XK_Alt_L);
+        attend("le menu", [&] { return retrouves(avant, ecran_.image(sous_la_barre), 0, 0) < 0.9; });
+        photo("6-menu");
+        attend_titre([&] { ecran_.touche(XK_a); });
+        calme();
+    }
+
     // The box on the right of the title makes a window as large as the screen, and small again.
     void clic_maximise() {
         const Cadre cadre = ecran_.place(ecran_.cadre_de(fenetre_));
@@ -332,7 +354,7 @@ class Visite {
         attend("la grande taille", [&] { return ecran_.place(fenetre_).largeur > avant.largeur + kTitre; });
         attend("le dessin", [&] { return couleurs(dessin()) > 1; });
         calme();
-        photo("6-taille");
+        photo("7-taille");
         clic_maximise();
         attend("la taille d'avant", [&] { return ecran_.place(fenetre_).largeur == avant.largeur; });
         attend("le dessin", [&] { return couleurs(dessin()) > 1; });
@@ -360,7 +382,7 @@ class Visite {
                 if (std::ranges::find(connues, w) == connues.end()) icone = w;
             return icone != None;
         });
-        photo("7-icone");
+        photo("8-icone");
         const Cadre c = ecran_.place(icone);
         ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur / 2);
         ecran_.clic(1);
@@ -368,7 +390,7 @@ class Visite {
         attend("le retour", [&] { return ecran_.etat(fenetre_) == NormalState && ecran_.visible(fenetre_); });
         ecran_.va(cadre.x + cadre.largeur / 2, cadre.y + kBord + kTitre / 2);
         attend("le meme dessin", [&] { return retrouves(avant, dessin(), 0, 0) > 0.999; });
-        photo("8-retour");
+        photo("9-retour");
     }
 
     void clavier() {
@@ -377,7 +399,7 @@ class Visite {
         ecran_.clic(1); // mwm gives the focus to the window whose title is clicked
         attend_titre([&] { ecran_.touche(XK_f); });
         calme();
-        photo("9-clavier");
+        photo("10-clavier");
     }
 
     void fermeture() {

@@ -1,0 +1,52 @@
+// The tools at the left of the window: icons, coordinate fields, zoom scale, layers.
+#ifndef ATELIER_OUTILS_H
+#define ATELIER_OUTILS_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dessin.h"
+#include "geometrie.h"
+#include "host_t.h"
+
+namespace atelier {
+
+class Outils {
+  public:
+    static constexpr int kLargeur = 212; // pixels
+
+    // Makes the panel in window mere; icones is the folder of the icon sizes. Returns false when it cannot be made.
+    bool cree(INT mere, std::string icones, const std::vector<CalqueVu>& calques);
+
+    // The list anew: there is no way to change an entry.
+    void montre_calques(const std::vector<CalqueVu>& calques);
+    // How many times larger than at first the drawing is seen.
+    void montre_zoom(double rapport);
+    // What the fields show while nobody types in them.
+    void montre_centre(const std::string& x, const std::string& y);
+
+    // The numbers that the fields hold, nothing when they hold none.
+    std::optional<Point> centre() const;
+    static double rapport_de(INT valeur);
+    // The layer that an entry of the list stands for, -1 for an entry of another list.
+    int calque_de(INT nobou, const char* entree, const std::vector<CalqueVu>& calques) const;
+    bool est_champ(INT nobou) const { return nobou == champ_x_ || nobou == champ_y_; }
+    // Keys go to the drawing again, not into a field.
+    void rend_le_clavier() const;
+
+  private:
+    void cree_icones(const std::string& icones);
+    void cree_champs();
+    void cree_zoom();
+
+    INT nofen_ = -1;
+    INT premiere_icone_ = -1, champ_x_ = -1, champ_y_ = -1, zoom_ = -1, liste_ = -1;
+    INT hauteur_ = 0;
+    int valeur_zoom_ = -1;
+    std::string x_, y_;
+};
+
+} // namespace atelier
+
+#endif
