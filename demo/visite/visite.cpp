@@ -335,7 +335,7 @@ class Visite {
         const Cadre sous_la_barre{c.x, c.y + kBarre, c.largeur / 3, c.hauteur / 4};
         const Image avant = ecran_.image(sous_la_barre);
         ecran_.touche(XK_a, XK_Alt_L);
-        attend("le menu", [&] { return retrouves(avant, ecran_.image(sous_la_barre), 0, 0) < 0.9; });
+        attend("le menu", [&] { return retrouves(avant, ecran_.image(sous_la_barre), 0, 0) < 0.98; });
         photo("6-menu");
         attend_titre([&] { ecran_.touche(XK_a); });
         calme();
