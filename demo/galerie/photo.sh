@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# photo.sh GALERIE PICTURE: runs galerie on the display of the environment and leaves a picture of the screen.
+set -uo pipefail
+
+ready=$(mktemp -u)
+"$1" --pret "$ready" &
+galerie=$!
+trap 'kill "$galerie" 2>/dev/null; rm -f "$ready"' EXIT
+for _ in $(seq 400); do
+    [ -e "$ready" ] && break
+    kill -0 "$galerie" 2>/dev/null || { echo "galerie ended by itself" >&2; exit 1; }
+    sleep 0.05
+done
+[ -e "$ready" ] || { echo "galerie shows nothing" >&2; exit 1; }
+import -window root "$2"
