@@ -450,6 +450,20 @@ TEST_F(BackingTest, TheActiveWindowMayDieMeanwhile) {
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 
+TEST_F(BackingTest, SwitchedOnAgainAfterItsWindowDiedDrawsOnTheScreen) {
+    const INT other = graphic_window({400, 60, width, height});
+    const INT active = active_window();
+    grx_alloue_image(active);
+    grx_detruit_fenetre(active);
+    drain();
+    grx_enable_backingstore(0, 1);
+    draw(other, box(9, 0, 0, 9, 9));
+    grx_enable_backingstore(0, 0);
+    EXPECT_EQ(grx::image_redess, nullptr);
+    EXPECT_EQ(screen(other).count(pixel_of(9)), 100);
+    EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
+}
+
 TEST_F(BackingTest, AResizeMeanwhileFollowsTheNewPicture) {
     const INT window = active_window();
     grx_alloue_image(window);
