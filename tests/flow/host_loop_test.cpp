@@ -141,37 +141,7 @@ class User {
     Keyboard& keyboard() { return keyboard_; }
     Display* display() { return connection_.display(); }
 
-    // Drags a part of a frame. The manager shows a window of its own meanwhile and holds the server: from its coming to
-    // its going nothing is asked, only input is sent and events are read.
-    void drag_frame(Point from, Point to) {
-        XSelectInput(display(), DefaultRootWindow(display()), SubstructureNotifyMask);
-        pointer_.move(from.x, from.y);
-        while (XPending(display()) > 0) next_event();
-        pointer_.press();
-        pointer_.move((from.x + to.x) / 2, (from.y + to.y) / 2);
-        wait_top_window_event(MapNotify);
-        pointer_.move(to.x, to.y);
-        pointer_.release();
-        wait_top_window_event(UnmapNotify);
-        XSelectInput(display(), DefaultRootWindow(display()), NoEventMask);
-    }
-
   private:
-    int next_event() {
-        XEvent event{};
-        XNextEvent(display(), &event);
-        return event.type;
-    }
-
-    void wait_top_window_event(int type) {
-        const auto came = [&] {
-            while (XPending(display()) > 0)
-                if (next_event() == type) return true;
-            return false;
-        };
-        wait_until(came, [this] { wait_readable(ConnectionNumber(display()), Milliseconds{20}); });
-    }
-
     InputConnection connection_;
     Pointer pointer_;
     Keyboard keyboard_;
@@ -289,7 +259,7 @@ TEST_F(SessionWmTest, DrawResizeIconifyClose) {
     EXPECT_TRUE(user_does(
         [&](User& user) {
             const Point corner{frame_before.x + frame_before.width - 3, frame_before.y + frame_before.height - 3};
-            user.drag_frame(corner, {corner.x + 80, corner.y + 50});
+            EXPECT_TRUE(user.pointer().drag_frame(corner, {corner.x + 80, corner.y + 50}));
         },
         [&] { return app.count(GRX_EVT_CHGT_TAILLE, plan) == 1; }));
     EXPECT_EQ(app.redraws(), redraws + 1);
