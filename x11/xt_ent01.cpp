@@ -124,7 +124,8 @@ INT grx_flush_tous_evenements(void) {
 INT grx_translate_touche(XEvent* ev, INT* touche) {
     INT unread = 0;
     if (touche == nullptr) touche = &unread;
-    if (ev == nullptr || (ev->type != KeyPress && ev->type != KeyRelease)) return no_code(touche);
+    const bool is_key = ev != nullptr && (ev->type == KeyPress || ev->type == KeyRelease);
+    if (!is_key || ev->xkey.display == nullptr) return no_code(touche);
     XKeyEvent* const key = &ev->xkey;
     if (left_to_menus(key)) {
         key->state &= kModifiers;

@@ -165,7 +165,7 @@ void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean
 }
 
 void grx_scroll_change(Widget w, XtPointer client, XtPointer call) {
-    if (client == nullptr || call == nullptr) return;
+    if (w == nullptr || client == nullptr || call == nullptr) return;
     const INT nofen = *static_cast<INT*>(client);
     GRX_EXEC_FONCTION& record = grx::post(evt_global.exec_fonction, GRX_EVT_ECHELLE, nofen);
     record.valeur = static_cast<XmScrollBarCallbackStruct*>(call)->value;
@@ -174,7 +174,7 @@ void grx_scroll_change(Widget w, XtPointer client, XtPointer call) {
 }
 
 void grx_shell_est_detruit(Widget w, XtPointer client, XtPointer) {
-    if (client == nullptr) return;
+    if (w == nullptr || client == nullptr) return;
     const INT nofen = *static_cast<INT*>(client);
     grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, nofen);
     if (grx_recup_objet_fen(nofen) == w) grx_libere_indice_objet_fen(nofen); // else the number is another's by now

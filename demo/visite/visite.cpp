@@ -251,8 +251,8 @@ class Visite {
 
     static std::size_t couleurs(const Image& image) {
         std::vector<unsigned long> c = image.points;
-        std::ranges::sort(c);
-        return static_cast<std::size_t>(std::ranges::unique(c).begin() - c.begin());
+        std::sort(c.begin(), c.end());
+        return static_cast<std::size_t>(std::unique(c.begin(), c.end()) - c.begin());
     }
 
     // Part of the pixels of avant that are found again in apres, moved by dx, dy.
@@ -379,7 +379,7 @@ class Visite {
         Window icone = None;
         attend("la fenetre de l'icone", [&] {
             for (const Window w : visibles())
-                if (std::ranges::find(connues, w) == connues.end()) icone = w;
+                if (std::find(connues.begin(), connues.end(), w) == connues.end()) icone = w;
             return icone != None;
         });
         photo("8-icone");

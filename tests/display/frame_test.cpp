@@ -154,7 +154,7 @@ TEST_F(FrameWmTest, AWindowIsDraggedByItsTitle) {
     events.clear();
     const Area before = frame_area(shell);
     const Point title{before.x + before.width / 2, before.y + 15};
-    pointer().drag(title, {title.x + 80, title.y + 40});
+    ASSERT_TRUE(pointer().drag_frame(title, {title.x + 80, title.y + 40}));
     ASSERT_TRUE(events.wait(GRX_EVT_DEPLACEMENT)) << events.describe();
     EXPECT_EQ(frame_area(shell), (Area{before.x + 80, before.y + 40, before.width, before.height}));
 }

@@ -134,6 +134,61 @@ TEST_F(LongRun, OfManyThousandSegments) {
     expect_same(to);
 }
 
+// The application draws in the library's window with a context of its own, right between two primitives.
+TEST_F(LongRun, BetweenOtherContextsOnTheSameWindow) {
+    Target to = target(40, 60);
+    const Window window = x_window(to.window);
+    XGCValues values{};
+    values.foreground = pixel_of(12);
+    values.graphics_exposures = False;
+    const GC own = XCreateGC(x11_disp, window, GCForeground | GCGraphicsExposures, &values);
+    for (int i = 0; i < 40; ++i) {
+        const INT x = 6 * i, y = 4 * i;
+        draw(to.window, {Kind::point, attributes(9), {x, 5}, {}});
+        XDrawPoint(x11_disp, window, own, x + 2, 5);
+        draw(to.window, {Kind::point, attributes(9), {x + 4, 5}, {}});
+        XDrawLine(x11_disp, window, own, x, 20, x, 30);
+        draw(to.window, {Kind::segment, attributes(9), {x + 2, 20, x + 2, 30}, {}});
+        XDrawRectangle(x11_disp, window, own, x, 40, 3, 5);
+        draw(to.window, {Kind::rectangle, attributes(9), {x, 50, x + 3, 55}, {}});
+        XFillRectangle(x11_disp, window, own, x, 60, 3, 5);
+        draw(to.window, {Kind::filled_rectangle, attributes(9), {x, 70, x + 3, 75}, {}});
+        XFillArc(x11_disp, window, own, 200, y, 6, 6, 0, 360 * 64);
+        draw(to.window, {Kind::filled_arc, attributes(9), {210, y, 6, 6, 0, 360}, {}});
+    }
+    const Pixels seen = screen(to.window);
+    for (int i = 0; i < 30; ++i) {
+        const INT x = 6 * i;
+        EXPECT_EQ(seen.at(x, 5), pixel_of(9));
+        EXPECT_EQ(seen.at(x + 2, 5), pixel_of(12));
+        EXPECT_EQ(seen.at(x + 4, 5), pixel_of(9));
+        EXPECT_EQ(seen.at(x, 25), pixel_of(12));
+        EXPECT_EQ(seen.at(x + 2, 25), pixel_of(9));
+        EXPECT_EQ(seen.at(x, 42), pixel_of(12));
+        EXPECT_EQ(seen.at(x, 52), pixel_of(9));
+        EXPECT_EQ(seen.at(x + 1, 62), pixel_of(12));
+        EXPECT_EQ(seen.at(x + 1, 72), pixel_of(9));
+    }
+    EXPECT_EQ(seen.at(203, 103), pixel_of(12));
+    EXPECT_EQ(seen.at(213, 103), pixel_of(9));
+    XFreeGC(x11_disp, own);
+}
+
+// The context is exported: points relative to each other may be pending in it.
+TEST_F(LongRun, AfterRelativePointsInTheSharedContext) {
+    Target to = target(40, 60);
+    draw(to.window, {Kind::point, attributes(9), {1, 1}, {}});
+    XPoint steps[3] = {{20, 20}, {1, 1}, {1, 1}};
+    XDrawPoints(x11_disp, x_window(to.window), g_c, steps, 3, CoordModePrevious);
+    draw(to.window, {Kind::point, attributes(9), {50, 60}, {}});
+    draw(to.window, {Kind::point, attributes(9), {51, 61}, {}});
+    const Pixels seen = screen(to.window);
+    EXPECT_EQ(seen.count(pixel_of(9)), 6);
+    EXPECT_EQ(seen.at(22, 22), pixel_of(9));
+    EXPECT_EQ(seen.at(50, 60), pixel_of(9));
+    EXPECT_EQ(seen.at(51, 61), pixel_of(9));
+}
+
 // Xlib's buffer can hold more than one request can: the environment says how much.
 class BigBuffer : public LongRun {
     void before_start() override { setenv("XLIBBUFFERSIZE", "4000000", 1); }
@@ -296,6 +351,16 @@ class MixedRun : public LongRun {
 
 TEST_F(MixedRun, BetweenXlibMotifAndFlushes) {
     run(3000);
+}
+
+TEST_F(LongRun, SynchronousPrimitivesAreThereAtOnce) {
+    const INT window = graphic_window();
+    grx_synchronise(1);
+    for (INT i = 0; i < 20; ++i) {
+        draw(window, {Kind::segment, attributes(9), {0, i, 9, i}, {}});
+        EXPECT_EQ(grab(test_display(), x_window(window)).count(pixel_of(9)), 10 * (i + 1));
+    }
+    grx_synchronise(0);
 }
 
 TEST_F(MixedRun, WithSynchronousRequests) {

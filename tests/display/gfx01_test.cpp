@@ -533,13 +533,13 @@ TEST_F(PrimitiveTest, CrossingPolygonsHaveHoles) {
 
 TEST_F(PrimitiveTest, TrianglesMayHaveMoreCornersAndANotch) {
     const INT window = graphic_window();
-    const Primitive arrow{Kind::triangle, attributes(9), {}, {{10, 10}, {110, 60}, {10, 110}, {60, 60}}};
-    draw(window, arrow);
+    const Primitive wedge{Kind::triangle, attributes(9), {}, {{10, 10}, {60, 60}, {110, 10}, {60, 110}}};
+    draw(window, wedge);
     PlainPicture plain(x11_disp, width, height, background());
-    plain.draw(arrow);
+    plain.draw(wedge);
     EXPECT_TRUE(same(screen(window), plain.pixels()));
-    EXPECT_EQ(screen(window).at(25, 60), background()); // the notch
-    EXPECT_EQ(screen(window).at(80, 60), pixel_of(9));
+    EXPECT_EQ(screen(window).at(60, 25), background()); // the notch
+    EXPECT_EQ(screen(window).at(60, 80), pixel_of(9));
 }
 
 TEST_F(PrimitiveTest, ExclusiveOrTwiceRestoresThePicture) {

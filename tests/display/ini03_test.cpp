@@ -655,14 +655,14 @@ TEST_F(ColoursOn8, FullIntensityReads257) {
     XColor cell{};
     cell.pixel = pixel_of(12);
     cell.red = 65535;
-    cell.green = 257 * 100;
+    cell.green = 257 * 127; // one below 128 times 255
     cell.blue = 0;
     cell.flags = DoRed | DoGreen | DoBlue;
     XStoreColor(x11_disp, x11_cmap, &cell);
-    EXPECT_EQ(colour(12), (Triple{257, (25700 + 1) / 255, 0}));
+    EXPECT_EQ(colour(12), (Triple{257, 128, 0}));
     cell.pixel = static_cast<unsigned long>(grx::icone_pix[12]);
     XStoreColor(x11_disp, x11_cmap, &cell);
-    EXPECT_EQ(icon(12), (Triple{257, (25700 + 1) / 255, 0}));
+    EXPECT_EQ(icon(12), (Triple{257, 128, 0}));
 }
 
 // KEEP: the pixel is composed as on a deep screen, the shifts being 0.
@@ -698,6 +698,27 @@ TEST_F(ColoursOn8, BuildingAgainTakesMoreCells) {
     EXPECT_EQ(capture.text(), "");
     XSync(x11_disp, False);
     EXPECT_EQ(other().cell(trace_pix[8 + 5]), OtherClient::stored(drawing_colour(5)));
+}
+
+class OtherMapInstalledOn8 : public On8 {
+    void before_start() override {
+        Display* display = test_display();
+        const int screen = DefaultScreen(display);
+        other_ = XCreateColormap(display, RootWindow(display, screen), DefaultVisual(display, screen), AllocNone);
+        XInstallColormap(display, other_);
+        XSync(display, False);
+    }
+
+  protected:
+    Colormap other_ = None;
+};
+
+TEST_F(OtherMapInstalledOn8, TheDefaultOneReplacesIt) {
+    int count = 0;
+    Colormap* installed = XListInstalledColormaps(x11_disp, DefaultRootWindow(x11_disp), &count);
+    EXPECT_EQ(std::count(installed, installed + count, x11_cmap), 1);
+    XFree(installed);
+    EXPECT_NE(x11_cmap, other_);
 }
 
 class RenderingOn8 : public On8 {

@@ -47,7 +47,8 @@ TEST_F(SecondManagerWmTest, OpensMovesResizesIconifiesAndCloses) {
     EXPECT_TRUE(wait_for([&] {
         grx_recup_position_fenetre(nofen, &x, &y);
         return x == 400 && y == 800;
-    })) << x << ' ' << y;
+    })) << x
+        << ' ' << y;
 
     grx_change_taille_fenetre(nofen, 500, 300);
     const auto resized = events.wait(GRX_EVT_CHGT_TAILLE);

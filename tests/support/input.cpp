@@ -1,5 +1,7 @@
 #include "tests/support/input.h"
 
+#include "tests/support/wait.h"
+
 #include "tests/support/child.h"
 #include "tests/support/xserver.h"
 
@@ -121,6 +123,35 @@ void Pointer::drag(Point from, Point to, unsigned button, int steps, const std::
     }
     release(button);
     follow();
+}
+
+bool Pointer::top_window_event(int type) {
+    Display* const display = input_.display();
+    const auto came = [=] {
+        while (XPending(display) > 0) {
+            XEvent event{};
+            XNextEvent(display, &event);
+            if (event.type == type) return true;
+        }
+        return false;
+    };
+    return wait_until(came, [=] { wait_readable(ConnectionNumber(display), Milliseconds{20}); });
+}
+
+bool Pointer::drag_frame(Point from, Point to) {
+    Display* const display = input_.display();
+    XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
+    move(from.x, from.y);
+    XEvent old{};
+    while (XPending(display) > 0) XNextEvent(display, &old);
+    press();
+    move((from.x + to.x) / 2, (from.y + to.y) / 2);
+    const bool begun = top_window_event(MapNotify);
+    move(to.x, to.y);
+    release();
+    const bool ended = top_window_event(UnmapNotify);
+    XSelectInput(display, DefaultRootWindow(display), NoEventMask);
+    return begun && ended;
 }
 
 void Pointer::wheel(int notches) {

@@ -54,7 +54,12 @@ class Pointer {
     void drag(Point from, Point to, unsigned button = 1, int steps = 8, const std::function<void()>& between = {});
     void wheel(int notches); // up when positive
 
+    // Drags what the window manager draws. It shows a window of its own meanwhile and holds the server: from that one's
+    // coming to its going nothing is asked, only input is sent and events are read. False when neither came.
+    bool drag_frame(Point from, Point to);
+
   private:
+    bool top_window_event(int type);
     const InputConnection& input_;
 };
 

@@ -98,7 +98,7 @@ double gap(const Line& whole, const Line& cut, double x) {
     return std::abs(y_at(whole) - y_at(cut));
 }
 
-TEST(ClipSegment, StaysWithinAPixelOfTheTrueLine) {
+TEST(ClipSegment, StaysWithinHalfAPixelOfTheTrueLine) {
     std::mt19937 random(11);
     std::uniform_int_distribution<int> any(INT_MIN, INT_MAX), inside(0, 2000);
     int seen = 0;
@@ -111,7 +111,7 @@ TEST(ClipSegment, StaysWithinAPixelOfTheTrueLine) {
         const auto cut = clip_segment(whole);
         ASSERT_TRUE(cut);
         for (const int v : {cut->x1, cut->y1, cut->x2, cut->y2}) ASSERT_LE(std::abs(v), kBox);
-        for (const double x : {0.0, 700.0, 2000.0}) EXPECT_LE(gap(whole, *cut, x), 1.0);
+        for (const double x : {0.0, 700.0, 2000.0}) EXPECT_LE(gap(whole, *cut, x), 0.51); // the ends are rounded
         ++seen;
     }
     EXPECT_GT(seen, 5000);
