@@ -2,6 +2,7 @@
 #include "xt_prive.h"
 
 #include <X11/Xutil.h>
+#include <Xm/Label.h>
 #include <Xm/Xm.h>
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <cstring>
 
 #include "host_f.h"
+#include "kit/args.h"
 #include "kit/block.h"
 #include "kit/bmp_file.h"
 #include "kit/drawables.h"
@@ -325,6 +327,13 @@ void put_picture(Pixmap pixmap, const Picture& picture) {
     grx_reinit_gc();
 }
 
+// A label redraws what it shows: a released pixmap it must not.
+void take_off_label(INT nobou, Pixmap pixmap) {
+    Widget w = grx_recup_objet_bout(nobou);
+    if (w == nullptr || !XmIsLabel(w) || grx::resource<Pixmap>(w, XmNlabelPixmap) != pixmap) return;
+    grx::set_resource(w, XmNlabelPixmap, Pixmap{XmUNSPECIFIED_PIXMAP});
+}
+
 INT no_picture(INT nobou) {
     Mypixmap = XmUNSPECIFIED_PIXMAP;
     if (Picture* const old = picture_of(nobou)) drop_picture(*old);
@@ -392,7 +401,10 @@ void grx_desinstalle_bitmap(INT nobou) {
     Picture* const picture = picture_of(nobou);
     if (record == nullptr || picture == nullptr) return;
     const bool held = record->image != XmUNSPECIFIED_PIXMAP && record->image != picture->released;
-    if (held) grx::free_pixmap(record->image); // the record keeps the id
+    if (held && record->image != None) {
+        take_off_label(nobou, record->image);
+        grx::free_pixmap(record->image); // the record keeps the id
+    }
     picture->released = record->image;
     drop_picture(*picture);
 }
