@@ -521,6 +521,8 @@ void give_off_screen_copy(Widget w, const Control& c, INT nobou) {
     }
     const INT width = c.bou.largeur > 0 ? c.bou.largeur : size.width;
     const INT height = c.bou.hauteur > 0 ? c.bou.hauteur : size.height;
+    grx_desinstalle_bitmap(nobou); // an icon, which the copy replaces
+    structure_bouton[nobou].image = None;
     grx_cree_bitmap_backingstore_bouton(nobou, width, height, black, black);
 }
 
