@@ -3,6 +3,7 @@
 
 #include <X11/StringDefs.h>
 #include <Xm/DrawnB.h>
+#include <Xm/Form.h>
 #include <Xm/Label.h>
 #include <Xm/List.h>
 #include <Xm/PushB.h>
@@ -11,6 +12,7 @@
 #include <Xm/TextF.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -143,9 +145,11 @@ void dispatch(Widget w, const STRUCTURE_BOUTON& button, XEvent& event) {
 
 extern "C" {
 
-void grx_bouton_est_enfonce(Widget w, XtPointer client, XtPointer call) {
+void grx_bouton_est_enfonce(Widget, XtPointer client, XtPointer call) {
     const STRUCTURE_BOUTON* const button = live_control(client);
-    if (button == nullptr || (XmIsDrawnButton(w) && pressed_by_key(call))) return; // drawn ones follow the pointer only
+    if (button == nullptr) return;
+    Widget w = grx_recup_objet_bout(button->nobou);
+    if (XmIsDrawnButton(w) && pressed_by_key(call)) return; // drawn ones follow the pointer only
     if (grx::holds_text(w)) {
         post_text(GRX_EVT_EXEC_FONCTION, *button, w);
         return;
@@ -185,9 +189,9 @@ void grx_bouton_est_affiche(Widget, XtPointer client, XtPointer) {
         post_control(evt_global.bouton_affiche, GRX_EVT_BOUTON_AFFICHE, *button);
 }
 
-void grx_gere_evenements_bouton(Widget w, XtPointer client, XEvent* ev, Boolean*) {
+void grx_gere_evenements_bouton(Widget, XtPointer client, XEvent* ev, Boolean*) {
     const STRUCTURE_BOUTON* const button = live_control(client);
-    if (button != nullptr && ev != nullptr) dispatch(w, *button, *ev);
+    if (button != nullptr && ev != nullptr) dispatch(grx_recup_objet_bout(button->nobou), *button, *ev);
 }
 }
 
@@ -206,6 +210,23 @@ void set_mapped(INT nobou, bool mapped) {
     Widget w = grx::with_scroll_bars(grx_recup_objet_bout(nobou));
     if (w == nullptr) return;
     XtSetMappedWhenManaged(w, mapped ? True : False); // the toolkit knows, so that Tab does not walk into a hidden one
+}
+
+// Managed with what it stands in; that is what its parent is asked to manage.
+Widget with_scrolled_window(Widget w) {
+    Widget outer = grx::with_scroll_bars(w);
+    if (outer != w) XtManageChild(w);
+    return outer;
+}
+
+// One toolkit call for controls of one parent: others in the same call would be passed over.
+void manage_by_parent(Widget* widgets, std::size_t count) {
+    for (Widget* const end = widgets + count; widgets != end;) {
+        Widget parent = XtParent(*widgets);
+        Widget* const next = std::find_if(widgets, end, [parent](Widget w) { return XtParent(w) != parent; });
+        XtManageChildren(widgets, static_cast<Cardinal>(next - widgets));
+        widgets = next;
+    }
 }
 
 Widget text_of(INT nobou) {
@@ -258,13 +279,20 @@ void swap_shadows(Widget w) {
 
 void set_look(INT nobou, unsigned char shadow) {
     Widget w = grx_recup_objet_bout(nobou);
-    if (w == nullptr) return;
+    if (w == nullptr || (!XmIsDrawnButton(w) && !XmIsPushButton(w))) return;
     const bool pressed = shadow == XmSHADOW_IN;
     if (XmIsPushButton(w) && pressed != shown_pressed[place(nobou)]) swap_shadows(w);
     shown_pressed[place(nobou)] = pressed;
     grx::Args args;
     args.set(XmNpushButtonEnabled, False).set(XmNshadowType, shadow);
     XtSetValues(w, args.list(), args.count());
+}
+
+// A form puts its children back where their attachments want them: the place of one that hangs on the form's left (or
+// upper) edge alone is its offset.
+bool hangs_on(Widget w, const char* edge, const char* opposite) {
+    return XmIsForm(XtParent(w)) && grx::resource<unsigned char>(w, edge) == XmATTACH_FORM
+           && grx::resource<unsigned char>(w, opposite) == XmATTACH_NONE;
 }
 
 // Takes the old icon away and puts the named one in; true when there is a picture to show.
@@ -300,11 +328,11 @@ INT grx_affiche_boutons(INT* nobou, INT nb_bout) {
     if (nobou == nullptr || nb_bout <= 0) return 0;
     grx::Block<Widget> widgets(static_cast<std::size_t>(nb_bout));
     if (!widgets) return 0;
-    Cardinal count = 0;
+    std::size_t count = 0;
     for (INT i = 0; i < nb_bout; ++i) {
-        if (Widget w = grx_recup_objet_bout(nobou[i])) widgets[count++] = w;
+        if (Widget w = grx_recup_objet_bout(nobou[i])) widgets[count++] = with_scrolled_window(w);
     }
-    XtManageChildren(widgets.data(), count);
+    manage_by_parent(widgets.data(), count);
     return 0;
 }
 
@@ -407,16 +435,14 @@ INT grx_ajoute_element_dans_liste(INT nobou, char* texte) {
 }
 
 INT grx_recup_nombre_elements_dans_list(INT nobou) {
-    if (grx_recup_objet_bout(nobou) == nullptr) return GRX_AUCUN;
     Widget w = list_of(nobou);
-    return w != nullptr ? grx::resource<int>(w, XmNitemCount) : 0;
+    return w != nullptr ? grx::resource<int>(w, XmNitemCount) : GRX_AUCUN;
 }
 
 INT grx_recup_element_dans_liste(INT nobou, INT position, char* texte) {
-    if (grx_recup_objet_bout(nobou) == nullptr) return GRX_AUCUN;
     Widget w = list_of(nobou);
-    if (w == nullptr || texte == nullptr) return 0;
-    if (position < 1 || position > grx::resource<int>(w, XmNitemCount)) return 0;
+    if (w == nullptr) return GRX_AUCUN;
+    if (texte == nullptr || position < 1 || position > grx::resource<int>(w, XmNitemCount)) return 0;
     const grx::PlainText text(grx::resource<XmStringTable>(w, XmNitems)[position - 1]);
     std::strcpy(texte, text.c_str());
     return 1;
@@ -479,6 +505,8 @@ INT grx_change_position_bouton(INT nobou, INT x, INT y) {
     if (w == nullptr) return 0;
     grx::Args args;
     args.set(XmNx, grx::as_position(x)).set(XmNy, grx::as_position(y));
+    if (hangs_on(w, XmNleftAttachment, XmNrightAttachment)) args.set(XmNleftOffset, int{grx::as_position(x)});
+    if (hangs_on(w, XmNtopAttachment, XmNbottomAttachment)) args.set(XmNtopOffset, int{grx::as_position(y)});
     XtSetValues(w, args.list(), args.count());
     return 0;
 }
