@@ -843,6 +843,7 @@ TEST_F(Creation, NinetyNineRealWindowsFitAndTheNextDoesNot) {
 // --- main windows ---------------------------------------------------------------------------------------------
 
 TEST_F(Creation, AMainWindowHasAnEmptyMenuBar) {
+    write_menu("#:ZONE_MENU_BAR\n{\n}\n");
     for (INT kind : all_kinds) {
         const INT n = make(kind, visible_bit | main_bit, 400, 300);
         ASSERT_TRUE(wait_visible(widget_of(n)));
