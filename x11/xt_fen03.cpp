@@ -383,9 +383,10 @@ Widget make_bar(Widget parent) {
     return bar;
 }
 
+// The youngest first: the shell of a submenu goes with the menu that holds it.
 template <std::size_t N>
 void destroy_all(std::array<Widget, N>& widgets, int count) {
-    for (int i = 0; i < count; ++i) XtDestroyWidget(widgets[static_cast<std::size_t>(i)]);
+    for (int i = count - 1; i >= 0; --i) XtDestroyWidget(widgets[static_cast<std::size_t>(i)]);
 }
 
 } // namespace
