@@ -3,7 +3,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include "xt_ent_t.h"
@@ -21,7 +20,7 @@ Member& post(Member& member, INT type, INT nofen) {
 template <std::size_t N>
 void copy_text(char (&field)[N], std::string_view text) {
     const auto length = std::min(text.size(), N - 1);
-    std::memcpy(field, text.data(), length);
+    std::copy_n(text.data(), length, field); // an empty view may have no data
     field[length] = '\0';
 }
 
