@@ -175,7 +175,8 @@ GRX_API void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uch
     INT hauteur, INT dx, INT dy, INT l_finale, INT h_finale);
 
 /* Reads a rectangle of the active window as colour indices, clipped to the window; a colour that is
- * in no palette reads as 0. tab_pix: largeur x hauteur bytes. Untouched when it cannot be read. */
+ * in no palette reads as 0. On 8 planes the bytes are pixel values, which grx_image_system_to_oxa
+ * converts. tab_pix: largeur x hauteur bytes. Untouched when it cannot be read. */
 GRX_API void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix);
 
 /* Pixel values of black and white, 0 without display. */

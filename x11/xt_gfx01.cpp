@@ -1103,6 +1103,7 @@ void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix) {
     if (t.image == nullptr) return;
     const bool got = grx::get(t, window, static_cast<int>(left), static_cast<int>(top));
     if (got && deep_screen()) read_indices(t.image, tab_pix, static_cast<std::size_t>(largeur));
+    // KEEP: 8 planes give the pixel values as they are.
     if (got && !deep_screen()) read_bytes(t.image, tab_pix, static_cast<std::size_t>(largeur));
     grx::end_transfer(t, got && !t.shared());
 }

@@ -1,0 +1,569 @@
+// Pictures: put, stretched and read back, against the same done pixel by pixel.
+#include "tests/display/drawing.h"
+
+#include <Xm/XmAll.h>
+
+#include <climits>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace grxtest;
+using Bytes = std::vector<uchar>;
+
+constexpr INT to_window = 1; // type of a target: a window, any other value a button
+constexpr INT to_button = 2;
+
+// One picture in both forms.
+struct Picture {
+    INT width = 0, height = 0;
+    Bytes deep;    // blue, green, red
+    Bytes indices; // colour indices
+
+    std::uint32_t pixel(INT x, INT y) const {
+        const auto i = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
+        if (grx_recup_profondeur_ecran() == 8) return pixel_of(indices[i]);
+        return std::uint32_t{deep[3 * i + 2]} << dec_red | std::uint32_t{deep[3 * i + 1]} << dec_green
+               | std::uint32_t{deep[3 * i]} << dec_blue;
+    }
+};
+
+Picture random_picture(INT width, INT height, unsigned seed = 1) {
+    std::mt19937 random(seed);
+    Picture picture{width, height, {}, {}};
+    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    for (std::size_t i = 0; i < 3 * count; ++i) picture.deep.push_back(static_cast<uchar>(random()));
+    for (std::size_t i = 0; i < count; ++i) picture.indices.push_back(static_cast<uchar>(random() % 32));
+    return picture;
+}
+
+// What the target shows after the picture was put, or stretched, on it.
+Pixels with_picture(Pixels target, const Picture& picture, INT x, INT y, INT final_width, INT final_height) {
+    for (INT j = 0; j < final_height; ++j)
+        for (INT i = 0; i < final_width; ++i) {
+            const long tx = long{x} + i, ty = long{y} + j;
+            if (tx < 0 || ty < 0 || tx >= target.width || ty >= target.height) continue;
+            target.values[static_cast<std::size_t>(ty * target.width + tx)] =
+                picture.pixel(static_cast<INT>(long{picture.width} * i / final_width),
+                    static_cast<INT>(long{picture.height} * j / final_height));
+        }
+    return target;
+}
+
+Pixels with_picture(const Pixels& target, const Picture& picture, INT x, INT y) {
+    return with_picture(target, picture, x, y, picture.width, picture.height);
+}
+
+void put(INT type, INT target, Picture picture, INT x, INT y) {
+    grx_trace_image_reel_xy(
+        type, target, picture.deep.data(), picture.indices.data(), picture.width, picture.height, x, y);
+}
+
+void stretch(INT type, INT target, Picture picture, INT x, INT y, INT width, INT height) {
+    grx_stretch_image(
+        type, target, picture.deep.data(), picture.indices.data(), picture.width, picture.height, x, y, width, height);
+}
+
+class PictureTest : public DrawingTest {
+  protected:
+    void expect_shown(INT window, const Pixels& expected, const std::string& what = "") {
+        drain();
+        EXPECT_TRUE(same(screen(window), expected)) << what;
+        EXPECT_TRUE(same(memory(window), expected)) << what << ", backing picture";
+    }
+
+    INT area_in(INT window, INT x, INT y, INT area_width, INT area_height) {
+        GRX_BOUTON area{};
+        grx_init_bouton(&area);
+        area.type = GRX_BOU_ZONE_DESSIN;
+        area.attrib = GRX_BOU_ATT_ACTIF;
+        area.fen_mere = window;
+        area.x = x;
+        area.y = y;
+        area.largeur = area_width;
+        area.hauteur = area_height;
+        EXPECT_EQ(grx_cree_bouton(&area), 0);
+        EXPECT_TRUE(wait_visible(grx_recup_objet_bout(area.nobou)));
+        drain();
+        return area.nobou;
+    }
+    static STRUCTURE_BOUTON& button_record(INT nobou) {
+        STRUCTURE_BOUTON* found = nullptr;
+        grx_recup_structure_bouton(nobou, &found);
+        return *found;
+    }
+};
+
+// --- putting --------------------------------------------------------------------------------------------------------
+
+TEST_F(PictureTest, StandsOnTheScreenAndInTheBackingPicture) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(37, 23);
+    const Pixels before = screen(window);
+    put(to_window, window, picture, 11, 17);
+    expect_shown(window, with_picture(before, picture, 11, 17));
+}
+
+TEST_F(PictureTest, ThirdByteIsRed) {
+    const INT window = graphic_window();
+    Picture picture{2, 1, {10, 20, 30, 0, 0, 255}, {4, 9}};
+    put(to_window, window, picture, 0, 0);
+    drain();
+    EXPECT_EQ(screen(window).at(0, 0), picture.pixel(0, 0));
+    EXPECT_EQ(screen(window).at(1, 0), picture.pixel(1, 0));
+    if (grx_recup_profondeur_ecran() == 24) {
+        EXPECT_EQ(screen(window).at(0, 0), 30U << 16 | 20U << 8 | 10U);
+    }
+}
+
+TEST_F(PictureTest, IsClippedAtEveryEdge) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(50, 40);
+    Pixels expected = screen(window);
+    for (const auto& [x, y] : std::vector<std::pair<INT, INT>>{{-20, 30}, {-49, -39}, {100, -15}, {width - 20, 60},
+             {width - 1, height - 1}, {70, height - 10}, {-10, height - 15}}) {
+        put(to_window, window, picture, x, y);
+        expected = with_picture(expected, picture, x, y);
+        expect_shown(window, expected, std::to_string(x) + ", " + std::to_string(y));
+    }
+}
+
+TEST_F(PictureTest, FarOutsideNothingIsDrawn) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(50, 40);
+    const Pixels before = screen(window);
+    for (INT far :
+        {INT_MIN, INT_MIN + 1, -65536, -65536 + 10, -32768, -50, 32767, 32768, 65536, 65546, INT_MAX - 20, INT_MAX}) {
+        put(to_window, window, picture, far, 10);
+        stretch(to_window, window, picture, far, 10, 20, 20);
+        if (far == -50) far = -40; // the height
+        put(to_window, window, picture, 10, far);
+        put(to_window, window, picture, far, far);
+    }
+    expect_shown(window, before);
+}
+
+TEST_F(PictureTest, LargerThanTheWindow) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(width * 3, height * 3);
+    for (const auto& [x, y] : std::vector<std::pair<INT, INT>>{{0, 0}, {-width, -height}, {-13, 5}}) {
+        const Pixels before = screen(window);
+        put(to_window, window, picture, x, y);
+        expect_shown(window, with_picture(before, picture, x, y));
+    }
+}
+
+TEST_F(PictureTest, EverySmallSize) {
+    const INT window = graphic_window();
+    Pixels expected = screen(window);
+    for (INT w = 1; w <= 18; ++w) {
+        const Picture picture = random_picture(w, 19 - w, static_cast<unsigned>(w));
+        put(to_window, window, picture, w * 11, w * 7);
+        expected = with_picture(expected, picture, w * 11, w * 7);
+    }
+    expect_shown(window, expected);
+}
+
+TEST_F(PictureTest, BadSizesAndNullDrawNothing) {
+    const INT window = graphic_window();
+    const Pixels before = screen(window);
+    Picture picture = random_picture(4, 4);
+    const NoLeak no_leak;
+    for (const auto& [w, h] : std::vector<std::pair<INT, INT>>{{0, 4}, {4, 0}, {-1, 4}, {4, -1}, {INT_MIN, INT_MIN}}) {
+        grx_trace_image_reel_xy(to_window, window, picture.deep.data(), picture.indices.data(), w, h, 0, 0);
+        grx_stretch_image(to_window, window, picture.deep.data(), picture.indices.data(), w, h, 0, 0, 9, 9);
+        grx_stretch_image(to_window, window, picture.deep.data(), picture.indices.data(), 4, 4, 0, 0, w, h);
+    }
+    grx_stretch_image(to_window, window, picture.deep.data(), picture.indices.data(), 4, 4, 0, 0, 0, 0);
+    grx_trace_image_reel_xy(to_window, window, nullptr, nullptr, 4, 4, 0, 0);
+    grx_trace_image_dans_widget(to_window, window, nullptr, 4, 4, 0, 0);
+    grx_stretch_image(to_window, window, nullptr, nullptr, 4, 4, 0, 0, 9, 9);
+    expect_shown(window, before);
+}
+
+TEST_F(PictureTest, UnknownTargetsDrawNothing) {
+    const INT window = graphic_window();
+    const Pixels before = screen(window);
+    for (INT number : {-1, 0, 77, 100, 999, 1000, INT_MIN, INT_MAX}) {
+        if (number != window) put(to_window, number, random_picture(4, 4), 0, 0);
+        put(to_button, number, random_picture(4, 4), 0, 0);
+        if (number != window) stretch(to_window, number, random_picture(4, 4), 0, 0, 9, 9);
+        stretch(to_button, number, random_picture(4, 4), 0, 0, 9, 9);
+        grx_alloue_image_reel(to_button, number);
+        grx_desalloue_image_reel(to_button, number);
+    }
+    expect_shown(window, before);
+}
+
+TEST_F(PictureTest, TargetWithoutBackingPictureGetsNothing) {
+    const INT plain = window_of(GRX_FEN_ALPHA, {40, 60, width, height});
+    const Pixels before = screen(plain);
+    ASSERT_TRUE(record(plain).image == nullptr || *record(plain).image == 0);
+    put(to_window, plain, random_picture(30, 30), 5, 5);
+    stretch(to_window, plain, random_picture(30, 30), 5, 5, 60, 60);
+    drain();
+    EXPECT_TRUE(same(screen(plain), before));
+    const INT label = label_in(plain, {10, 10, 60, 40});
+    const Pixels empty = button_screen(label);
+    put(to_button, label, random_picture(30, 30), 5, 5);
+    drain();
+    EXPECT_TRUE(same(button_screen(label), empty));
+}
+
+TEST_F(PictureTest, AButtonIsATarget) {
+    const INT window = window_of(GRX_FEN_ALPHA, {40, 60, width, height});
+    const INT area = area_in(window, 20, 10, 100, 80);
+    const Picture picture = random_picture(37, 23), large = random_picture(300, 200);
+    ASSERT_NE(button_record(area).image, 0U);
+    for (INT type : {0, 2, -1}) {
+        Pixels expected = button_screen(area);
+        const Pixels memory_before = grab(x11_disp, button_record(area).image);
+        put(type, area, picture, -5, 70);
+        drain();
+        EXPECT_TRUE(same(button_screen(area), with_picture(expected, picture, -5, 70)));
+        EXPECT_TRUE(same(grab(x11_disp, button_record(area).image), with_picture(memory_before, picture, -5, 70)));
+        expected = button_screen(area);
+        stretch(type, area, large, 3, 4, 50, 61);
+        drain();
+        EXPECT_TRUE(same(button_screen(area), with_picture(expected, large, 3, 4, 50, 61)));
+    }
+}
+
+TEST_F(PictureTest, PutWhileUnmappedItIsInTheBackingPicture) {
+    const INT window = graphic_window();
+    grx_cache_fenetre(window);
+    ASSERT_TRUE(wait_for([&] { return !visible(x_window(window)); }));
+    const Pixels before = memory(window);
+    const Picture picture = random_picture(40, 30);
+    put(to_window, window, picture, 5, 6);
+    const Pixels expected = with_picture(before, picture, 5, 6);
+    EXPECT_TRUE(same(memory(window), expected));
+    grx_affiche_fenetre(window);
+    ASSERT_TRUE(wait_visible(grx_recup_objet_fen(window)));
+    expect_shown(window, expected);
+}
+
+TEST_F(PictureTest, CoveredWindowGetsItsPicture) {
+    const INT window = graphic_window();
+    const INT cover = graphic_window({60, 80, 100, 70});
+    grx_reaffiche_fenetre(cover);
+    drain();
+    const Pixels before = memory(window);
+    const Picture picture = random_picture(200, 150), small = random_picture(20, 15);
+    put(to_window, window, picture, 5, 6);
+    put(to_window, window, small, 40, 40);
+    const Pixels expected = with_picture(with_picture(before, picture, 5, 6), small, 40, 40);
+    grx_cache_fenetre(cover);
+    drain();
+    expect_shown(window, expected);
+}
+
+TEST_F(PictureTest, NothingIsLeftOnTheHeap) {
+    const INT window = graphic_window();
+    put(to_window, window, random_picture(200, 150), 0, 0);
+    stretch(to_window, window, random_picture(20, 15), 0, 0, 200, 100);
+    stretch(to_window, window, random_picture(200, 150), 0, 0, 30, 20);
+    const auto bytes = heap().bytes();
+    for (int i = 0; i < 10; ++i) {
+        put(to_window, window, random_picture(200, 150), 0, 0);
+        stretch(to_window, window, random_picture(20, 15), 0, 0, 200, 100);
+        stretch(to_window, window, random_picture(200, 150), 0, 0, 30, 20);
+    }
+    EXPECT_EQ(heap().bytes(), bytes);
+}
+
+TEST_F(PictureTest, ShortageDrawsNothingOrAll) {
+    const INT window = graphic_window();
+    const Pixels before = screen(window);
+    const Picture picture = random_picture(60, 50);
+    const Pixels after = with_picture(before, picture, 3, 4);
+    grx_affecte_nofen_active(window);
+    fail_each_allocation([&] {
+        put(to_window, window, picture, 3, 4);
+        drain();
+        EXPECT_TRUE(screen(window) == before || screen(window) == after);
+    });
+    fail_each_allocation([&] { stretch(to_window, window, picture, 3, 4, 100, 90); });
+    EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
+}
+
+// --- stretching -----------------------------------------------------------------------------------------------------
+
+struct Stretch {
+    INT width, height, final_width, final_height;
+};
+
+void PrintTo(const Stretch& s, std::ostream* out) {
+    *out << s.width << " x " << s.height << " to " << s.final_width << " x " << s.final_height;
+}
+
+class Stretching : public PictureTest, public testing::WithParamInterface<Stretch> {};
+
+TEST_P(Stretching, TakesTheTruncatedQuotient) {
+    const auto [w, h, fw, fh] = GetParam();
+    const INT window = graphic_window();
+    const Picture picture = random_picture(w, h);
+    for (const auto& [x, y] : std::vector<std::pair<INT, INT>>{{7, 5}, {-9, -11}, {width - 12, height - 14}}) {
+        const Pixels before = screen(window);
+        stretch(to_window, window, picture, x, y, fw, fh);
+        expect_shown(window, with_picture(before, picture, x, y, fw, fh), std::to_string(x));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, Stretching,
+    testing::Values(Stretch{10, 10, 10, 10}, Stretch{10, 10, 20, 20}, Stretch{10, 10, 21, 33}, Stretch{10, 10, 1, 1},
+        Stretch{1, 1, 50, 40}, Stretch{100, 80, 33, 27}, Stretch{100, 80, 99, 79}, Stretch{99, 79, 100, 80},
+        Stretch{7, 5, 230, 170}, Stretch{640, 480, 200, 150}, Stretch{3, 200, 200, 3}, Stretch{10, 10, 10, 30},
+        Stretch{10, 10, 30, 10}, Stretch{50, 50, 700, 600}, Stretch{2, 3, 5, 7}, Stretch{1000, 1, 240, 180}));
+
+TEST_F(PictureTest, HugeEnlargementShowsItsPart) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(8, 8);
+    const Pixels before = screen(window);
+    const NoLeak no_leak;
+    stretch(to_window, window, picture, -9000, -9000, 20000, 20000);
+    expect_shown(window, with_picture(before, picture, -9000, -9000, 20000, 20000));
+}
+
+// --- both ways of sending -------------------------------------------------------------------------------------------
+
+class WithoutSharedMemory : public PictureTest {
+  protected:
+    XServerOptions server_options() const override { return {.arguments = {"-extension", "MIT-SHM"}}; }
+};
+
+TEST_F(WithoutSharedMemory, PixelsAreTheSame) {
+    int opcode = 0, event = 0, error = 0;
+    ASSERT_FALSE(XQueryExtension(x11_disp, "MIT-SHM", &opcode, &event, &error));
+    const INT window = graphic_window({40, 60, 700, 500});
+    for (const auto& [w, h] : std::vector<std::pair<INT, INT>>{{20, 20}, {300, 200}, {690, 480}}) {
+        const Pixels before = screen(window);
+        const Picture picture = random_picture(w, h);
+        put(to_window, window, picture, 6, 7);
+        expect_shown(window, with_picture(before, picture, 6, 7));
+        stretch(to_window, window, picture, -20, 30, 650, 430);
+        expect_shown(window, with_picture(with_picture(before, picture, 6, 7), picture, -20, 30, 650, 430));
+    }
+    grx_affecte_nofen_active(window);
+    Bytes read(650 * 430, 0x77);
+    grx_recup_image(0, 30, 600, 400, read.data());
+    EXPECT_NE(read[0], 0x77);
+}
+
+TEST_F(PictureTest, LargePicturesInARowAreTheSame) {
+    const INT window = graphic_window({40, 60, 700, 500});
+    Pixels expected = screen(window);
+    for (unsigned i = 0; i < 6; ++i) {
+        const INT shift = static_cast<INT>(i) * 30 - 40;
+        const Picture picture = random_picture(600, 450, i + 1);
+        put(to_window, window, picture, shift, shift); // at once: each must have left its memory before the next
+        expected = with_picture(expected, picture, shift, shift);
+    }
+    expect_shown(window, expected);
+}
+
+// --- reading --------------------------------------------------------------------------------------------------------
+
+class Reading : public PictureTest {
+  protected:
+    // Indices shown everywhere in the window, and what they are.
+    INT patterned_window(const Area& area = {40, 60, width, height}) {
+        const INT window = graphic_window(area);
+        std::mt19937 random(3);
+        pattern.resize(static_cast<std::size_t>(area.width) * static_cast<std::size_t>(area.height));
+        Picture picture{area.width, area.height, {}, {}};
+        for (auto& index : pattern) {
+            index = static_cast<uchar>(random() % 32);
+            const auto pixel = pixel_of(index);
+            for (INT shift : {dec_blue, dec_green, dec_red})
+                picture.deep.push_back(static_cast<uchar>(shift < 32 ? pixel >> shift : 0));
+            picture.indices.push_back(index);
+        }
+        put(to_window, window, picture, 0, 0);
+        drain();
+        grx_affecte_nofen_active(window);
+        pattern_width = area.width;
+        return window;
+    }
+    // On 8 planes the bytes are the screen's own. Else: the pixel of an index may be that of a lower one as well: the lowest is read.
+    static uchar lowest(uchar index) {
+        uchar i = 0;
+        while (pixel_of(i) != pixel_of(index)) ++i;
+        return i;
+    }
+    uchar expected(INT x, INT y) const {
+        const uchar index = pattern[static_cast<std::size_t>(y * pattern_width + x)];
+        return grx_recup_profondeur_ecran() == 8 ? static_cast<uchar>(pixel_of(index)) : lowest(index);
+    }
+
+    Bytes pattern;
+    INT pattern_width = 0;
+};
+
+TEST_F(Reading, GivesIndicesOrThePixelsOf8Planes) {
+    patterned_window();
+    Bytes read(30 * 20, 0x77);
+    grx_recup_image(13, 17, 30, 20, read.data());
+    for (INT y = 0; y < 20; ++y)
+        for (INT x = 0; x < 30; ++x)
+            ASSERT_EQ(read[static_cast<std::size_t>(y * 30 + x)], expected(13 + x, 17 + y)) << x << ", " << y;
+}
+
+TEST_F(Reading, TheWholeWindow) {
+    patterned_window();
+    Bytes read(static_cast<std::size_t>(width) * height + 1, 0x77);
+    grx_recup_image(0, 0, width, height, read.data());
+    for (INT y = 0; y < height; ++y)
+        for (INT x = 0; x < width; ++x) ASSERT_EQ(read[static_cast<std::size_t>(y * width + x)], expected(x, y));
+    EXPECT_EQ(read.back(), 0x77);
+}
+
+TEST_F(Reading, EndsAtTheEdges) {
+    patterned_window();
+    Bytes read(60 * 50, 0), other(60 * 50, 0xFF); // a byte that stays is different in both
+    for (Bytes* into : {&read, &other}) grx_recup_image(width - 10, height - 5, 60, 50, into->data());
+    std::size_t written = 0;
+    for (std::size_t i = 0; i < read.size(); ++i) written += read[i] == other[i] ? 1U : 0U;
+    EXPECT_EQ(written, 50U); // 10 x 5 pixels
+    for (INT x = 0; x < 10; ++x)
+        EXPECT_EQ(read[static_cast<std::size_t>(x)], expected(width - 10 + x, height - 5)) << x;
+}
+
+TEST_F(Reading, OutsideNothingIsWritten) {
+    patterned_window();
+    Bytes read(100, 0x77);
+    for (const auto& [x, y] : std::vector<std::pair<INT, INT>>{{width, 0}, {0, height}, {5000, 0}, {INT_MAX, INT_MAX}})
+        grx_recup_image(x, y, 10, 10, read.data());
+    for (const auto& [w, h] : std::vector<std::pair<INT, INT>>{{0, 5}, {5, 0}, {-1, 5}, {INT_MIN, INT_MIN}})
+        grx_recup_image(0, 0, w, h, read.data());
+    grx_recup_image(0, 0, 10, 10, nullptr);
+    EXPECT_EQ(read, Bytes(100, 0x77));
+}
+
+TEST_F(Reading, HugeSizesAreThoseOfTheWindow) {
+    patterned_window();
+    Bytes read(static_cast<std::size_t>(width) * height, 0x77);
+    grx_recup_image(0, 0, width, INT_MAX, read.data());
+    EXPECT_EQ(read[0], expected(0, 0));
+    EXPECT_EQ(read.back(), expected(width - 1, height - 1));
+}
+
+TEST_F(Reading, NegativePlacesAreRaisedToZero) {
+    patterned_window();
+    Bytes read(20 * 20, 0x77);
+    grx_recup_image(-5, -7, 20, 20, read.data());
+    EXPECT_EQ(read[0], expected(0, 0));
+    EXPECT_EQ(read[1], expected(1, 0));
+}
+
+TEST_F(Reading, UnmappedWindowOrNoneWritesNothing) {
+    const INT window = patterned_window();
+    Bytes read(100, 0x77);
+    for (INT none : {-1, 0, 77, 100, INT_MAX, INT_MIN}) {
+        grx_affecte_nofen_active(none);
+        grx_recup_image(0, 0, 10, 10, read.data());
+    }
+    grx_affecte_nofen_active(window);
+    grx_cache_fenetre(window);
+    ASSERT_TRUE(wait_for([&] { return !visible(x_window(window)); }));
+    permit_x_errors();
+    grx_recup_image(0, 0, 10, 10, read.data());
+    EXPECT_EQ(read, Bytes(100, 0x77));
+}
+
+TEST_F(Reading, PartlyOffTheScreen) {
+    patterned_window({1280 - 100, 60, width, height});
+    Bytes read(static_cast<std::size_t>(width) * height, 0x77);
+    grx_recup_image(0, 0, 90, 20, read.data());
+    EXPECT_EQ(read[0], expected(0, 0));
+    EXPECT_EQ(read[89], expected(89, 0));
+    grx_recup_image(50, 0, width - 50, 20, read.data()); // beyond the edge: some answer, no error
+    EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
+}
+
+TEST_F(Reading, UnknownColourReadsAs0) {
+    if (grx_recup_profondeur_ecran() == 8) return; // every pixel is a cell there
+    const INT window = patterned_window();
+    put(to_window, window, Picture{1, 1, {0x13, 0x57, 0x9B}, {0}}, 0, 0);
+    drain();
+    uchar read = 0x77;
+    grx_recup_image(0, 0, 1, 1, &read);
+    EXPECT_EQ(read, 0);
+}
+
+// --- memory drawing -------------------------------------------------------------------------------------------------
+
+class MemoryPicture : public PictureTest {
+  protected:
+    INT active_window() {
+        const INT window = graphic_window();
+        grx_affecte_nofen_active(window);
+        return window;
+    }
+    static void box(INT window, INT colour) {
+        draw(window, {Primitive::Kind::filled_rectangle, attributes(colour), {20, 20, 90, 70}, {}});
+    }
+};
+
+TEST_F(MemoryPicture, EndsByShowingThePicture) {
+    const INT window = active_window();
+    grx_alloue_image(window);
+    box(window, 4);
+    drain();
+    EXPECT_EQ(screen(window).count(pixel_of(4)), 0);
+    const Pixels drawn = memory(window);
+    EXPECT_GT(drawn.count(pixel_of(4)), 1000);
+    grx_trace_image(1);
+    EXPECT_TRUE(same(screen(window), drawn));
+    EXPECT_TRUE(same(memory(window), drawn));
+    box(window, 9);
+    grx_trace_image(0);
+    EXPECT_GT(screen(window).count(pixel_of(9)), 1000);
+    EXPECT_EQ(memory(window).count_other(background()), 0); // ready for the next
+    grx_desalloue_image();
+}
+
+TEST_F(MemoryPicture, WithoutMemoryDrawingNothingHappens) {
+    const INT window = active_window();
+    box(window, 4);
+    drain();
+    const Pixels before = screen(window), kept = memory(window);
+    XClearWindow(x11_disp, x_window(window));
+    const Pixels cleared = screen(window);
+    grx_trace_image(0);
+    grx_trace_image(1);
+    EXPECT_TRUE(same(screen(window), cleared));
+    EXPECT_TRUE(same(memory(window), kept));
+    EXPECT_FALSE(cleared == before);
+}
+
+// --- constants ------------------------------------------------------------------------------------------------------
+
+TEST_F(PictureTest, BlackAndWhiteAreTheScreens) {
+    EXPECT_EQ(static_cast<unsigned long>(grx_noir_systeme()), BlackPixel(x11_disp, DefaultScreen(x11_disp)));
+    EXPECT_EQ(static_cast<unsigned long>(grx_blanc_systeme()), WhitePixel(x11_disp, DefaultScreen(x11_disp)));
+}
+
+TEST_F(PictureTest, ThereIsNoOutlineFont) {
+    char nothing[] = "", arial[] = "Arial", chars[] = "abc";
+    for (char* font : {nothing, arial}) {
+        EXPECT_EQ(grx_select_font_truetype(font), -1);
+        EXPECT_EQ(grx_verifie_truetype(font), 0);
+    }
+    EXPECT_EQ(grx_select_font_truetype(nullptr), -1);
+    EXPECT_EQ(grx_verifie_truetype(nullptr), 0);
+    DOUBLE extents[3] = {1.5, 2.5, 3.5};
+    grx_texte_extent_truetype(3, chars, 10.0, 1.0, arial, extents);
+    EXPECT_EQ(extents[0], 1.5);
+    EXPECT_EQ(extents[1], 2.5);
+    EXPECT_EQ(extents[2], 3.5);
+    DEF_CONTOURS mark{};
+    DEF_CONTOURS* outlines = &mark;
+    EXPECT_EQ(get_contours_texte_truetype(GRX_TEXTE{}, &outlines), 0);
+    EXPECT_EQ(outlines, &mark);
+}
+
+} // namespace
