@@ -476,6 +476,7 @@ INT register_control(const Control& c, Widget w) {
     structure_bouton[nobou].type = c.bou.type;
     structure_bouton[nobou].image = None;
     grx::forget_look(nobou);
+    grx::note_encoding(nobou, grx::FieldText(c.bou.titre).c_str());
     XtAddCallback(w, XmNdestroyCallback, note_death, reinterpret_cast<XtPointer>(static_cast<intptr_t>(nobou)));
     return nobou;
 }

@@ -49,10 +49,17 @@ Member& post_control(Member& member, INT type, const STRUCTURE_BOUTON& button) {
     return record;
 }
 
+std::size_t place(INT nobou) {
+    return static_cast<std::size_t>(nobou);
+}
+
+// Of the text that each field was given last: its content goes back the same way.
+std::array<grx::TextEncoding, GRX_NB_BOUTONS> given_encoding{};
+
 // The text of a field in the application's encoding; freed with the object.
 class FieldContent {
   public:
-    explicit FieldContent(Widget w) : text_(XmTextGetString(w)), encoded_(text_) {}
+    FieldContent(Widget w, INT nobou) : text_(XmTextGetString(w)), encoded_(text_, given_encoding[place(nobou)]) {}
     FieldContent(const FieldContent&) = delete;
     FieldContent& operator=(const FieldContent&) = delete;
     ~FieldContent() { XtFree(text_); }
@@ -64,7 +71,7 @@ class FieldContent {
 };
 
 void post_text(INT type, const STRUCTURE_BOUTON& button, Widget w) {
-    const FieldContent content(w);
+    const FieldContent content(w, button.nobou);
     grx::copy_text(post_control(evt_global.exec_fonction, type, button).chaine, content.c_str());
 }
 
@@ -202,10 +209,6 @@ namespace {
 // The toolkit's push buttons have no shadow type: what they show is kept here.
 std::array<bool, GRX_NB_BOUTONS> shown_pressed{};
 
-std::size_t place(INT nobou) {
-    return static_cast<std::size_t>(nobou);
-}
-
 void set_mapped(INT nobou, bool mapped) {
     Widget w = grx::with_scroll_bars(grx_recup_objet_bout(nobou));
     if (w == nullptr) return;
@@ -244,9 +247,16 @@ Widget scale_of(INT nobou) {
     return w != nullptr && XmIsScale(w) ? w : nullptr;
 }
 
-void set_text(Widget w, const char* texte) {
+void set_text(Widget w, INT nobou, const char* texte) {
     grx::LocaleText text(texte);
     XmTextSetString(w, text.data());
+    grx::note_encoding(nobou, texte);
+}
+
+// A text without accents says nothing about what it is inserted into.
+void insert(Widget w, INT nobou, const char* texte) {
+    grx::insert_text(w, texte);
+    if (grx::encoding_of(texte) != grx::TextEncoding::Unknown) grx::note_encoding(nobou, texte);
 }
 
 void select_all(Widget w) {
@@ -320,6 +330,10 @@ void forget_look(INT nobou) {
     shown_pressed[place(nobou)] = false;
 }
 
+void note_encoding(INT nobou, const char* text) {
+    given_encoding[place(nobou)] = encoding_of(text);
+}
+
 } // namespace grx
 
 extern "C" {
@@ -380,7 +394,7 @@ INT grx_change_texte(INT nobou, char* texte) {
         set_label(w, label.get());
         return 0;
     }
-    set_text(w, texte);
+    set_text(w, nobou, texte);
     XmTextSetInsertionPosition(w, XmTextGetLastPosition(w));
     return 0;
 }
@@ -394,19 +408,19 @@ INT grx_affecte_champ_bouton(INT ind, char* s) {
 }
 
 INT grx_affecte_champ_texte(INT ind, char* s) {
-    if (Widget w = text_of(ind)) set_text(w, s);
+    if (Widget w = text_of(ind)) set_text(w, ind, s);
     return 0;
 }
 
 INT grx_ajoute_texte(INT nobou, char* texte) {
-    if (Widget w = text_of(nobou)) grx::insert_text(w, texte);
+    if (Widget w = text_of(nobou)) insert(w, nobou, texte);
     return 0;
 }
 
 INT grx_recup_texte_bouton(INT nobou, char* texte) {
     Widget w = text_of(nobou);
     if (w == nullptr || texte == nullptr) return 0;
-    const FieldContent content(w);
+    const FieldContent content(w, nobou);
     std::strcpy(texte, content.c_str()); // the caller's buffer is as large as the text
     return 0;
 }

@@ -60,7 +60,8 @@ void forget_drawing_target(const Pixmap* image);
 extern INT Premier_bouton;
 STRUCTURE_BOUTON* button_record_at(XtPointer data); // the entry that callback data points at; null when it is none
 
-void forget_look(INT nobou); // a number given out again is not shown pressed
+void forget_look(INT nobou);                     // a number given out again is not shown pressed
+void note_encoding(INT nobou, const char* text); // the text that a field was given last
 
 // -- pictures of controls (xt_gfx02)
 extern Pixmap Mypixmap; // picture of the last label made without a number

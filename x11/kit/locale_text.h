@@ -14,8 +14,20 @@ inline bool valid_in_locale(const char* text) {
     return MB_CUR_MAX == 1 || std::mbstowcs(nullptr, text, 0) != static_cast<std::size_t>(-1);
 }
 
+/// What a text tells of its encoding.
+enum class TextEncoding : char { Unknown, Locale, Latin1 };
+
+inline TextEncoding encoding_of(const char* text) {
+    if (text == nullptr || MB_CUR_MAX == 1) return TextEncoding::Unknown;
+    if (!valid_in_locale(text)) return TextEncoding::Latin1;
+    constexpr unsigned char first_beyond_ascii = 0x80;
+    const char* byte = text;
+    while (*byte != '\0' && static_cast<unsigned char>(*byte) < first_beyond_ascii) ++byte;
+    return *byte == '\0' ? TextEncoding::Unknown : TextEncoding::Locale; // ASCII is both
+}
+
 /// Set once the application has given a text that is Latin-1 in a multibyte locale: what the user types then goes
-/// back to it in Latin-1 as well.
+/// back to it in Latin-1 as well, unless the field holds a text of the locale's own encoding.
 inline bool application_is_latin1 = false;
 
 class LocaleText {
@@ -52,11 +64,12 @@ class LocaleText {
     Block<char> converted_;
 };
 
-/// A text of the toolkit in the application's encoding.
+/// A text of the toolkit in the application's encoding: that of the text it gave before, where one is known.
 class ApplicationText {
   public:
-    explicit ApplicationText(const char* text) : text_(text ? text : "") {
-        if (application_is_latin1 && MB_CUR_MAX > 1) convert();
+    explicit ApplicationText(const char* text, TextEncoding given = TextEncoding::Unknown) : text_(text ? text : "") {
+        const bool latin1 = given == TextEncoding::Unknown ? application_is_latin1 : given == TextEncoding::Latin1;
+        if (latin1 && MB_CUR_MAX > 1) convert();
     }
     const char* c_str() const { return converted_ ? converted_.data() : text_; }
 
