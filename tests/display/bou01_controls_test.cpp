@@ -594,6 +594,23 @@ TEST_F(ControlCreation, ScalesAreVerticalWithTheMaximumBelowUnlessHorizontal) {
     EXPECT_EQ(resource<Dimension>(horizontal, XmNscaleWidth), 120);
 }
 
+TEST_F(ControlCreation, ScalesAreSeenWhateverTheirWindow) {
+    for (INT kind : {GRX_FEN_BOUTONS, GRX_FEN_GRAPHIQUE, GRX_FEN_ALPHA}) {
+        const INT parent = shown(kind);
+        for (INT bits : {0, 0x200, 0x400, 0x600})
+            for (INT size : {-1, 60}) {
+                GRX_BOUTON description = scale(parent, bits, 0, 100, 50);
+                description.largeur = description.hauteur = size;
+                const INT n = placed(description);
+                drain();
+                const int least = size == -1 ? 10 : 15;
+                EXPECT_GT(extent_of(control(n)).width, least) << kind << " " << bits << " " << size;
+                EXPECT_GT(extent_of(control(n)).height, least) << kind << " " << bits << " " << size;
+                grx_detruit_bouton(n);
+            }
+    }
+}
+
 TEST_F(ControlCreation, AScaleThatShowsItsValueHasATitleAndNoSizeOfItsOwn) {
     creations.clear();
     const Widget w = make_widget(scale(window, GRX_BOU_ATT_ECHELLE_VALEUR | GRX_BOU_ATT_ECHELLE_HORIZ, 0, 100, 50));
@@ -899,6 +916,38 @@ TEST_F(ControlCreation, WithoutAParentNothingIsMade) {
         EXPECT_EQ(grx_cree_bouton(&description), -1) << parent;
         EXPECT_EQ(description.nobou, -1) << parent;
         EXPECT_TRUE(creations.empty()) << parent;
+    }
+}
+
+// Not every window can hold controls; none of them may be harmed by the attempt.
+TEST_F(ControlCreation, InEveryKindOfWindow) {
+    const bool holds[] = {true, true, false, true};
+    const INT kinds[] = {GRX_FEN_BOUTONS, GRX_FEN_GRAPHIQUE, GRX_FEN_TEXTE, GRX_FEN_ALPHA};
+    for (std::size_t i = 0; i < std::size(kinds); ++i) {
+        const INT parent = shown(kinds[i]);
+        for (const ControlKind& kind : control_kinds) {
+            GRX_BOUTON description = control_of(kind, parent);
+            const INT result = grx_cree_bouton(&description);
+            if (holds[i]) {
+                EXPECT_EQ(result, 0) << kinds[i] << " " << kind.name;
+                EXPECT_TRUE(wait_visible(control(description.nobou))) << kinds[i] << " " << kind.name;
+            } else {
+                EXPECT_TRUE(result == -1 || result == -2 || result == 0) << result;
+            }
+            drain();
+            grx_detruit_bouton(description.nobou);
+        }
+        EXPECT_EQ(grx_detruit_fenetre(parent), 0);
+        drain();
+    }
+    for (INT kind : {GRX_FEN_MESSAGE, GRX_FEN_MENU}) {
+        const INT parent = make(kind);
+        const INT n = make(control_of(GRX_BOU_SIMPLE, 0, parent));
+        drain();
+        EXPECT_GE(n, -2) << kind;
+        grx_detruit_bouton(n);
+        grx_detruit_fenetre(parent);
+        drain();
     }
 }
 
@@ -1212,6 +1261,20 @@ TEST_F(ControlCreation, ControlsOfADestroyedWindowKeepTheirNumbersAndDoNothing) 
     for (INT n : numbers) EXPECT_EQ(grx_libere_indice_objet_bout(n), 1) << n;
     EXPECT_EQ(placed(a(GRX_BOU_LABEL)), numbers.front());
     drain();
+}
+
+TEST_F(ControlCreation, ControlsOfAClosedWindowDoNothing) {
+    const INT dying = shown();
+    GRX_BOUTON description = a(GRX_BOU_SIMPLE);
+    description.fen_mere = dying;
+    const INT n = placed(description);
+    ask_to_close(test_display(), XtWindow(shell_of(dying)));
+    ASSERT_TRUE(events.wait(GRX_EVT_DESTRUCTION));
+    drain();
+    EXPECT_EQ(grx_recup_objet_bout(n), nullptr);
+    try_every_operation(n);
+    EXPECT_EQ(grx_libere_indice_objet_bout(n), 1);
+    EXPECT_EQ(placed(a(GRX_BOU_LABEL)), n);
 }
 
 TEST_F(ControlCreation, DestroyingTheControlsOfADestroyedWindowFreesTheirNumbers) {

@@ -4,6 +4,7 @@
 #include "xt_prive.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cstddef>
 
 namespace {
@@ -458,6 +459,23 @@ TEST_F(ControlEvents, SpaceActivatesRealPushButtonsButNotDrawnOnes) {
     }
 }
 
+TEST_F(ControlEvents, SpaceTurnsTogglesAndArrows) {
+    for (INT type : {GRX_BOU_BASCULE, GRX_BOU_FLECHE}) {
+        const INT n = made(type, type == GRX_BOU_FLECHE ? GRX_BOU_ATT_FLECHE_HAUT : 0);
+        focus(n);
+        forget();
+        keyboard().key(XK_space);
+        const auto done = next(GRX_EVT_EXEC_FONCTION);
+        ASSERT_TRUE(done) << type << ": " << events.describe();
+        EXPECT_TRUE(same_head(value_record(6, window, n, application_value), *done, up_to_value)) << type;
+        if (type == GRX_BOU_BASCULE) {
+            EXPECT_TRUE(XmToggleButtonGetState(control(n)));
+        }
+        grx_detruit_bouton(n);
+        settle();
+    }
+}
+
 TEST_F(ControlEvents, AKeyOnAButton) {
     const INT n = made(GRX_BOU_SIMPLE);
     focus(n);
@@ -735,6 +753,67 @@ TEST_F(FieldTraversal, LeavingAFieldPostsNothing) {
     EXPECT_TRUE(same_record(before, evt_global));
 }
 
+class FieldsInUtf8 : public ControlEvents {
+  protected:
+    void before_start() override {
+        ControlEvents::before_start();
+        ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
+    }
+};
+
+TEST_F(FieldsInUtf8, PostTheBytesThatTheyWereGiven) {
+    for (const char* text : {"\xe9t\xe9", "\u00e9t\u00e9"}) {
+        const INT n = made(GRX_BOU_TEXTE, 0, text);
+        focus(n);
+        keyboard().key(XK_Return);
+        const auto done = next(GRX_EVT_EXEC_FONCTION);
+        ASSERT_TRUE(done);
+        EXPECT_EQ(std::string(done->exec_fonction.chaine), text);
+        keyboard().key(XK_Tab);
+        const auto tab = next(GRX_EVT_TAB);
+        ASSERT_TRUE(tab);
+        EXPECT_EQ(std::string(tab->exec_fonction.chaine), text);
+        grx_detruit_bouton(n);
+        settle();
+    }
+}
+
+// The manager gives the focus to the new window, wherever the pointer is.
+class ControlEventsWmTest : public WmTest {};
+
+TEST_F(ControlEventsWmTest, TabsAndSpaceUnderAManager) {
+    const INT window = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE, 400, 300);
+    ASSERT_TRUE(wait_visible(widget_of(window)));
+    INT numbers[3];
+    constexpr INT types[] = {GRX_BOU_TEXTE, GRX_BOU_TEXTE, GRX_BOU_SIMPLE};
+    for (INT i = 0; i < 3; ++i) {
+        GRX_BOUTON description = control_of(types[i], 0, window, i == 0 ? "un" : "deux");
+        description.y = 10 + 60 * i;
+        description.hauteur = 30;
+        numbers[i] = make(description);
+        ASSERT_TRUE(wait_visible(control(numbers[i])));
+    }
+    pointer().click_in(control(numbers[0]), 60, 10);
+    ASSERT_TRUE(wait_for([&] { return XmGetFocusWidget(control(numbers[0])) == control(numbers[0]); }));
+    events.clear();
+    keyboard().key(XK_Tab);
+    const auto tab = events.wait(GRX_EVT_TAB);
+    ASSERT_TRUE(tab) << events.describe();
+    EXPECT_EQ(tab->exec_fonction.nobou, numbers[0]);
+    EXPECT_EQ(std::string(tab->exec_fonction.chaine), "un");
+    EXPECT_TRUE(wait_for([&] {
+        XmTextPosition left = 0, right = 0;
+        return XmTextFieldGetSelectionPosition(control(numbers[1]), &left, &right) && right - left == 4;
+    }));
+    keyboard().key(XK_Tab);
+    ASSERT_TRUE(wait_for([&] { return XmGetFocusWidget(control(numbers[2])) == control(numbers[2]); }));
+    keyboard().key(XK_space);
+    const auto done = events.wait(GRX_EVT_EXEC_FONCTION);
+    ASSERT_TRUE(done) << events.describe();
+    EXPECT_EQ(done->exec_fonction.nobou, numbers[2]);
+    EXPECT_EQ(done->exec_fonction.valeur, application_value);
+}
+
 // --- lists --------------------------------------------------------------------------------------------------------
 
 class ListEvents : public ControlEvents {
@@ -937,8 +1016,23 @@ TEST_F(ScaleEvents, DraggingPostsTheWayAndReleasingTheEnd) {
     EXPECT_GT(value(), 60);
 }
 
-TEST_F(ScaleEvents, DraggingWithoutPattern) {
-    // Neither of the two writes the text.
+TEST_F(ControlEvents, AVerticalScaleGrowsDownwards) {
+    GRX_BOUTON description = a(GRX_BOU_ECHELLE);
+    description.largeur = 30;
+    description.hauteur = 220;
+    description.tabi[GRX_BOU_TABI_INITIAL] = 50;
+    const INT n = made(description);
+    const Point origin = root_position(control(n));
+    const Extent size = extent_of(control(n));
+    const Point from{origin.x + size.width / 2, origin.y + size.height / 2};
+    pointer().drag(from, {from.x, from.y + 60}, 1, 8, [&] { drain(); });
+    const auto done = next(GRX_EVT_EXEC_FONCTION);
+    ASSERT_TRUE(done) << events.describe();
+    EXPECT_GT(done->exec_fonction.valeur, 60);
+    EXPECT_GE(events.count(GRX_EVT_ECHELLE), 3);
+}
+
+TEST_F(ScaleEvents, NeitherOfItsCallbacksWritesTheText) {
     const GRX_EVENEMENT before = patterned_event();
     XmScaleCallbackStruct call{};
     call.value = 77;

@@ -680,6 +680,24 @@ TEST_F(ControlOperations, ThePressedLookSurvivesANewBackground) {
     EXPECT_TRUE(same(raised, picture(n))) << "raised again, not upside down";
 }
 
+TEST_F(ControlOperations, ALookStaysWhenTheUserClicks) {
+    for (const ControlKind& kind : control_kinds) {
+        if (!is_drawn(kind) && !is_real_push(kind)) continue;
+        const INT n = placed(control_of(kind, window));
+        for (auto look : {grx_enfonce_bouton, grx_relache_bouton}) {
+            look(n);
+            pointer().move(1270, 1000);
+            const Pixels before = picture(n);
+            pointer().click_in(control(n), 60, 40);
+            drain();
+            pointer().move(1270, 1000);
+            EXPECT_TRUE(wait_for([&] { return picture(n) == before; })) << kind.name;
+            EXPECT_EQ(grx_bouton_est_il_enfonce(n), look == grx_enfonce_bouton ? 1 : 0) << kind.name;
+        }
+        grx_detruit_bouton(n);
+    }
+}
+
 TEST_F(ControlOperations, OtherKindsHaveNoPressedLook) {
     for (const ControlKind& kind : control_kinds) {
         if (is_drawn(kind) || is_real_push(kind)) continue;
@@ -1091,12 +1109,17 @@ TEST_F(TextBytes, AreUnchangedInTheCLocale) {
 }
 
 TEST_F(TextBytes, AreTypedInTheCLocale) {
+    keyboard().layout("fr");
     const INT field = made(text_type, 0, "");
     pointer().click_in(control(field), 10, 10);
+    settle();
+    keyboard().type("aé");
     drain();
-    keyboard().type("abc");
-    drain();
-    EXPECT_EQ(text_of(field), "abc");
+    EXPECT_EQ(text_of(field), "a\xe9");
+    std::vector<INT> codes;
+    for (const GRX_EVENEMENT& e : events.seen())
+        if (e.type_evenement == GRX_EVT_CARAC_APPUI) codes.push_back(e.carac_appui.carac);
+    EXPECT_EQ(codes, (std::vector<INT>{'a', 0xE9}));
 }
 
 class TextBytesInUtf8 : public TextBytes {
@@ -1121,6 +1144,49 @@ TEST_F(TextBytesInUtf8, AllBytesAreUnchanged) {
 TEST_F(TextBytesInUtf8, Utf8TextIsUnchanged) {
     through_all("d\u00e9j\u00e0 \u20ac 10\nfin", "d\u00e9j\u00e0 \u20ac 10 fin");
     as_titles("d\u00e9j\u00e0 \u20ac 10 fin");
+}
+
+// One Latin-1 text does not make Latin-1 of the texts of other fields.
+TEST_F(TextBytesInUtf8, EachFieldKeepsTheEncodingItWasGiven) {
+    const std::string utf8 = "d\u00e9j\u00e0", latin = "d\xe9j\xe0";
+    const INT first = made(text_type, 0, utf8.c_str()), second = made(text_type), third = made(text_type),
+              multi = made(text_type, GRX_BOU_ATT_TEXTE_MULTI);
+    grx_change_texte(second, writable(latin.c_str()));
+    grx_change_texte(third, writable(utf8.c_str()));
+    grx_ajoute_texte(multi, writable(utf8.c_str()));
+    EXPECT_EQ(text_of(first), utf8);
+    EXPECT_EQ(text_of(second), latin);
+    EXPECT_EQ(text_of(third), utf8);
+    EXPECT_EQ(text_of(multi), "Text" == text_of(multi).substr(0, 4) ? "Text" + utf8 : utf8 + "Text");
+    grx_affecte_champ_texte(second, writable(utf8.c_str()));
+    grx_affecte_champ_texte(third, writable(latin.c_str()));
+    EXPECT_EQ(text_of(second), utf8);
+    EXPECT_EQ(text_of(third), latin);
+    grx_detruit_bouton(third);
+    EXPECT_EQ(made(text_type, 0, utf8.c_str()), third);
+    EXPECT_EQ(text_of(third), utf8) << "a new field of an old number";
+}
+
+TEST_F(TextBytesInUtf8, LatinTextThatLooksLikeUtf8IsUnchanged) {
+    const INT field = made(text_type);
+    for (const char* text : {"\xe9t\xe9", "\xc3\xa9", "abc", "\xc3\xa9", "\xe9"}) {
+        grx_change_texte(field, writable(text));
+        EXPECT_EQ(text_of(field), text);
+    }
+}
+
+TEST_F(TextBytesInUtf8, WhatIsTypedComesInTheEncodingOfTheField) {
+    keyboard().layout("fr");
+    const INT field = made(text_type, 0, "");
+    pointer().click_in(control(field), 10, 10);
+    drain();
+    keyboard().type("é");
+    drain();
+    EXPECT_EQ(text_of(field), "\u00e9") << "the application has shown nothing but UTF-8";
+    grx_change_texte(field, writable("\xe0"));
+    keyboard().type("é");
+    drain();
+    EXPECT_EQ(text_of(field), "\xe0\xe9");
 }
 
 TEST_F(TextBytesInUtf8, TheCursorGoesToTheEndOfALatinText) {
