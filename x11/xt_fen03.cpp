@@ -10,7 +10,6 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
@@ -24,6 +23,7 @@
 #include "kit/screen.h"
 #include "kit/xmstring.h"
 #include "pure/menu_line.h"
+#include "pure/number.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 
@@ -61,12 +61,6 @@ LI_MENU empty_line() {
     return line;
 }
 
-INT number_in(std::string_view field) {
-    char text[16] = "";
-    grx::copy_text(text, field);
-    return static_cast<INT>(std::strtol(text, nullptr, 10));
-}
-
 // The mark goes, the letter behind it becomes the mnemonic.
 void set_label(LI_MENU& line, std::string_view label) {
     const auto mark = label.find('&');
@@ -94,10 +88,10 @@ INT decode_fields(LI_MENU& line, const Keyword& keyword, std::string_view after)
     if (number.empty()) {
         set_label(line, text);
     } else {
-        set_label_of_message(line, number_in(number));
+        set_label_of_message(line, grx::number_of(number));
     }
     grx::copy_text(line.accelerateur, accelerator);
-    line.no_fo = number_in(function);
+    line.no_fo = grx::number_of(function);
     return kTaken;
 }
 

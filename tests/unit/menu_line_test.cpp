@@ -129,7 +129,8 @@ TEST(MenuLine, FieldsAreTrimmed) {
 
 TEST(MenuLine, FunctionNumberIsADecimalInteger) {
     const std::vector<std::pair<std::string, INT>> numbers{{"", 0}, {"0", 0}, {"007", 7}, {"-5", -5}, {"+5", 5},
-        {"12abc", 12}, {"abc", 0}, {"0x10", 0}, {"2147483647", INT_MAX}, {"-2147483648", INT_MIN}};
+        {"12abc", 12}, {"abc", 0}, {"0x10", 0}, {"2147483647", INT_MAX}, {std::string(60, '0') + "42", 42},
+        {"-2147483648", INT_MIN}};
     for (const auto& [text, number] : numbers)
         EXPECT_EQ(decoded("ITEM||x||" + text + "|"), item("x", "", number)) << text;
 }
