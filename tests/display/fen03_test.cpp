@@ -528,11 +528,13 @@ TEST_F(MenuTest, AcceleratorsReadBackAsStated) {
         XtVaGetValues(entry_named(label), XmNaccelerator, &value, nullptr);
         ASSERT_NE(value, nullptr) << label;
         EXPECT_EQ(value, translation);
+        XtFree(value);
         EXPECT_EQ(text_resource(entry_named(label), XmNacceleratorText), text);
     }
     char* none = nullptr;
     XtVaGetValues(entry_named("plain"), XmNaccelerator, &none, nullptr);
     EXPECT_TRUE(none == nullptr || *none == '\0');
+    XtFree(none);
 }
 
 const std::string keys = zone("POPUP||A|\n{\nITEM||s|Ctrl+S|11|\nITEM||f5|F5|12|\nITEM||x|Alt+X|13|\n"
