@@ -821,6 +821,10 @@ class ListEvents : public ControlEvents {
     void SetUp() override {
         ControlEvents::SetUp();
         if (HasFatalFailure()) return;
+        make_list();
+    }
+
+    void make_list() {
         list = made(GRX_BOU_LISTE);
         for (const char* text : {"trois", "deux", "un"}) grx_ajoute_element_dans_liste(list, writable(text));
         drain();
@@ -857,6 +861,9 @@ class ListEvents : public ControlEvents {
 };
 
 TEST_F(ListEvents, AClickChoosesAnItem) {
+    XtSetMultiClickTime(x11_disp, 0); // or two quick clicks on different items are a double click, too
+    grx_detruit_bouton(list);
+    make_list();
     for (const auto& [position, text] : {std::pair{1, "un"}, std::pair{3, "trois"}, std::pair{2, "deux"}}) {
         over_item(position);
         forget();
@@ -866,8 +873,6 @@ TEST_F(ListEvents, AClickChoosesAnItem) {
         EXPECT_TRUE(same_head(expected(0, text), *chosen, head(text))) << text;
         drain();
         EXPECT_EQ(events.count(GRX_EVT_ELEMENT_CLIQUE), 1) << events.describe();
-        // The next click must not be the second of a double click.
-        ASSERT_TRUE(wait_for([start = Clock::now()] { return Clock::now() - start > Milliseconds(300); }));
     }
 }
 
