@@ -421,7 +421,7 @@ INT grx_recup_texte_bouton(INT nobou, char* texte) {
     Widget w = text_of(nobou);
     if (w == nullptr || texte == nullptr) return 0;
     const FieldContent content(w, nobou);
-    std::strcpy(texte, content.c_str()); // the caller's buffer is as large as the text
+    std::memcpy(texte, content.c_str(), std::strlen(content.c_str()) + 1); // the caller has room for it
     return 0;
 }
 
@@ -458,7 +458,7 @@ INT grx_recup_element_dans_liste(INT nobou, INT position, char* texte) {
     if (w == nullptr) return GRX_AUCUN;
     if (texte == nullptr || position < 1 || position > grx::resource<int>(w, XmNitemCount)) return 0;
     const grx::PlainText text(grx::resource<XmStringTable>(w, XmNitems)[position - 1]);
-    std::strcpy(texte, text.c_str());
+    std::memcpy(texte, text.c_str(), std::strlen(text.c_str()) + 1);
     return 1;
 }
 

@@ -960,7 +960,8 @@ class Stretch {
 
     // A destination row that takes the same source row as the one before is copied from it.
     void fill_row(const XImage* image, int y, const Part& part) {
-        const int32_t source = rows_[static_cast<std::size_t>(part.from_y + y)];
+        const int destination = part.from_y + y;
+        const int32_t source = rows_[static_cast<std::size_t>(destination)];
         if (y > 0 && source == made_from_) {
             std::memcpy(image_row<uchar>(image, y), image_row<uchar>(image, y - 1),
                 static_cast<std::size_t>(image->bytes_per_line));

@@ -42,7 +42,6 @@ class Outils {
 
     INT nofen_ = -1;
     INT premiere_icone_ = -1, champ_x_ = -1, champ_y_ = -1, zoom_ = -1, liste_ = -1;
-    INT hauteur_ = 0;
     int valeur_zoom_ = -1;
     std::string x_, y_;
 };
