@@ -173,13 +173,14 @@ GRX_API INT grx_relache_bouton_ras(INT nobou);
 /* 1 when a button looks pressed, else 0. */
 GRX_API INT grx_bouton_est_il_enfonce(INT nobou);
 
-/* Replaces the icon by the file nom_icone (a whole path); one that cannot be read leaves the look. */
+/* Replaces the icon by the file nom_icone (a whole path); one that cannot be read leaves
+ * the button without a picture. */
 GRX_API INT grx_change_icone_bouton(INT nobou, char* nom_icone);
 
 /* The same with icon colour `couleur` as background of the icon, -1 = the usual one. */
 GRX_API INT grx_change_couleur_fond_icone_bouton(INT nobou, char* nom_icone, int couleur);
 
-/* Shows the icon of button 1 on button 2 as well, which shares the picture. */
+/* Shows the icon of button 1 on button 2 as well, which shares the picture until it is released. */
 GRX_API INT grx_affecte_icone_bouton1_bouton2(INT nobou1, INT nobou2);
 
 /* --- scales ------------------------------------------------------------------------------ */

@@ -580,6 +580,7 @@ INT grx_affecte_icone_bouton1_bouton2(INT nobou1, INT nobou2) {
     Widget to = grx_recup_objet_bout(nobou2);
     if (from == nullptr || to == nullptr || !XmIsLabel(from) || !XmIsLabel(to)) return 0;
     grx::set_resource(to, XmNlabelPixmap, grx::resource<Pixmap>(from, XmNlabelPixmap));
+    grx::share_picture(nobou1);
     return 0;
 }
 

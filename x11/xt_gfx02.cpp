@@ -216,6 +216,7 @@ struct Picture {
     uchar* pixels;
     std::size_t bytes;
     Pixmap released;
+    bool shared; // another control's label shows it too
 };
 grx::Kept<grx::Block<Picture>> kept_pictures;
 grx::Block<Picture>& Tab_image = kept_pictures.value;
@@ -334,6 +335,12 @@ void take_off_label(INT nobou, Pixmap pixmap) {
     grx::set_resource(w, XmNlabelPixmap, Pixmap{XmUNSPECIFIED_PIXMAP});
 }
 
+void take_off_labels(INT nobou, const Picture& picture, Pixmap pixmap) {
+    take_off_label(nobou, pixmap);
+    if (!picture.shared) return;
+    for (INT other = 0; picture_of(other) != nullptr; ++other) take_off_label(other, pixmap);
+}
+
 INT no_picture(INT nobou) {
     Mypixmap = XmUNSPECIFIED_PIXMAP;
     if (Picture* const old = picture_of(nobou)) drop_picture(*old);
@@ -374,6 +381,14 @@ bool usable_number(INT nobou) {
 
 } // namespace
 
+namespace grx {
+
+void share_picture(INT nobou) {
+    if (Picture* const picture = ::picture_of(nobou)) picture->shared = true;
+}
+
+} // namespace grx
+
 extern "C" {
 
 INT grx_alloue_tab_image_boutons(INT maxbouton) {
@@ -402,10 +417,11 @@ void grx_desinstalle_bitmap(INT nobou) {
     if (record == nullptr || picture == nullptr) return;
     const bool held = record->image != XmUNSPECIFIED_PIXMAP && record->image != picture->released;
     if (held && record->image != None) {
-        take_off_label(nobou, record->image);
+        take_off_labels(nobou, *picture, record->image);
         grx::free_pixmap(record->image); // the record keeps the id
     }
     picture->released = record->image;
+    picture->shared = false;
     drop_picture(*picture);
 }
 }

@@ -64,6 +64,7 @@ void forget_look(INT nobou);                     // a number given out again is 
 void note_encoding(INT nobou, const char* text); // the text that a field was given last
 
 // -- pictures of controls (xt_gfx02)
-extern Pixmap Mypixmap; // picture of the last label made without a number
+extern Pixmap Mypixmap;        // picture of the last label made without a number
+void share_picture(INT nobou); // its release takes it off every label that shows it
 
 } // namespace grx

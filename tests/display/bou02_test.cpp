@@ -804,6 +804,21 @@ TEST_F(ControlOperations, OneIconForTwoButtons) {
     }
 }
 
+TEST_F(ControlOperations, AReleasedIconIsTakenOffEveryButtonThatSharedIt) {
+    const std::string path = plain_icon("icon.bmp", 12);
+    const INT first = made(GRX_BOU_SIMPLE), second = made(GRX_BOU_DESSINE), third = made(GRX_BOU_SIMPLE);
+    grx_change_icone_bouton(first, writable(path.c_str()));
+    const Pixmap icon = control_record(first).image;
+    ASSERT_NE(icon, 0U);
+    grx_affecte_icone_bouton1_bouton2(first, second);
+    grx_affecte_icone_bouton1_bouton2(second, third);
+    ASSERT_EQ(resource<Pixmap>(control(third), XmNlabelPixmap), icon);
+    grx_detruit_bouton(first);
+    EXPECT_NE(resource<Pixmap>(control(second), XmNlabelPixmap), icon);
+    EXPECT_NE(resource<Pixmap>(control(third), XmNlabelPixmap), icon);
+    drain();
+}
+
 TEST_F(ControlOperations, IconsOnKindsWithoutLabelAreSurvived) {
     const std::string path = plain_icon("icon.bmp", 12);
     for (const ControlKind& kind : control_kinds) {
