@@ -44,6 +44,9 @@ GRX_DEBUT_C
 
 /* --- file dialogs: they run a loop of their own and return with the answer ----------------- */
 
+/* What happens in the application's windows meanwhile is not told, except that a window went:
+ * grx_digitaliseur tells that next (type 7). So does grx_file_editeur_bloquant. */
+
 /* Lets the user choose a file to read or write (scat.type_operation, HOST_CATAL_...), title
  * scat.titre. sfic_def: directory and file proposed; sfiltre: the kinds of files, 20 at most. When
  * writing, the name is put in capitals with the filter's extension, and replacing a file is asked

@@ -27,8 +27,8 @@ GRX_API void grx_cree_fenetre_info(GRX_FENETRE* fen_info);
  * height of one row, for the application to resize the window. */
 GRX_API void grx_cree_boutons_fenetre_info(GRX_ZONE_INFO* zone_info, INT* haut_fenetre);
 
-/* Shows the second row, or hides it. *haut_fenetre: out, the height that the window fen_liste.nofen
- * should get: its own, or half of it; untouched for an unknown window. */
+/* Shows the second row, or hides it. *haut_fenetre: out, the present height of the window
+ * fen_liste.nofen, or half of it; untouched for an unknown window. The application resizes it. */
 GRX_API void grx_agrandit_fenetre_info(GRX_FENETRE fen_liste, GRX_ZONE_INFO zone_info, INT* haut_fenetre);
 GRX_API void grx_reduit_fenetre_info(GRX_FENETRE fen_liste, GRX_ZONE_INFO zone_info, INT* haut_fenetre);
 

@@ -64,7 +64,8 @@ GRX_API void grx_demande_taille_optimale_panel(INT* lar, INT* hau);
  * its place in pixels from the top left, largeur and hauteur in characters, titre its texts, nobou
  * the PANEL and prebou the ITEM number, couleur 0 = insensitive. Writes x + 1, y + 1, and prebou: the
  * field's button number for a kind with an entry field, else 0. The item's events carry the function
- * number clef + GRX_BASE_NOFO_... . */
+ * number clef + GRX_BASE_NOFO_... ; those of toggles and drop-down choices name no window (nofen -1) and
+ * their choice, from 0, in valeur. */
 GRX_API INT grx_cree_item(GRX_MSG* message);
 
 /* The two composite kinds: a drop-down choice, a group of toggles. titre: title and choices,
@@ -93,10 +94,10 @@ GRX_API INT test_realloue_Tab_liste(void);
 GRX_API INT test_liste_deja_affichee(INT ipan, INT cle);
 
 /* Create a list in window fen_mere from the host's tables. In the record: clef = item key +
- * GRX_BASE_CLEF_LISTE, nobou the panel, type GRX_LISTE_..., x, y, largeur, hauteur in pixels, negative
- * = distance from left, top, right, bottom edge. Choosing posts type 32: no_fo = slot, nobou =
- * position from 0, double_click; nofen is not written; caracs_entree follows. cas is not used.
- * Return the list, null when it cannot be made. */
+ * GRX_BASE_CLEF_LISTE, nb_cara its number of entries, nobou the panel, type GRX_LISTE_..., x, y,
+ * largeur, hauteur in pixels, negative = distance from left, top, right, bottom edge. Choosing posts
+ * type 32: no_fo = slot, nobou = position from 0, double_click; nofen is not written; caracs_entree
+ * follows. cas is not used. Return the list, null when it cannot be made. */
 GRX_API Widget grx_cree_item_liste(GRX_MSG* msg);
 GRX_API Widget grx_cree_item_liste_general(INT cas, GRX_MSG* msg);
 

@@ -9,20 +9,21 @@
 
 /* Kinds of panel items (GRX_MSG.type, ITEM_PANEL.type). Any kind not named here is a label with,
  * when nb_cara > 0, an entry field for a text (10..19), a real (30, 34..39) or an integer (40..49). */
-#define GRX_ITEM_BOUTON 20         /* small press button with its label beside it */
-#define GRX_ITEM_BASCULES 21       /* group of toggles one below the other */
-#define GRX_ITEM_ICONE 22          /* icon button ("@" first in titre) or text button */
-#define GRX_ITEM_BASCULES_HORIZ 23 /* group of toggles side by side */
-#define GRX_ITEM_CHOIX 31          /* drop-down choice */
-#define GRX_ITEM_ECHELLE_H 32      /* horizontal scale 0..100 */
-#define GRX_ITEM_ECHELLE_V 33      /* vertical scale 0..100 */
-#define GRX_ITEM_FONCTION 50       /* 50..59: push button, function number nobou + base */
-#define GRX_ITEM_FONCTION_CLEF 60  /* 60..69: push button, function number clef */
-#define GRX_ITEM_LISTE 70          /* 70..79: list, the units digit is the selection mode */
-#define GRX_ITEM_SEPARATEUR 80     /* 80..82: separators */
-#define GRX_ITEM_SEPARATEUR_MAX 82
-#define GRX_ITEM_TITRE 90        /* 90..99: labels */
-#define GRX_ITEM_ZONE_DESSIN 100 /* 100..109: drawing area */
+#define GRX_ITEM_BOUTON 20            /* small press button with its label beside it */
+#define GRX_ITEM_BASCULES 21          /* group of toggles one below the other */
+#define GRX_ITEM_ICONE 22             /* icon button ("@" first in titre) or text button */
+#define GRX_ITEM_BASCULES_HORIZ 23    /* group of toggles side by side */
+#define GRX_ITEM_CHOIX 31             /* drop-down choice */
+#define GRX_ITEM_ECHELLE_H 32         /* horizontal scale 0..100 */
+#define GRX_ITEM_ECHELLE_V 33         /* vertical scale 0..100 */
+#define GRX_ITEM_FONCTION 50          /* 50..59: push button, function number nobou + base */
+#define GRX_ITEM_FONCTION_CLEF 60     /* 60..69: push button, function number clef */
+#define GRX_ITEM_LISTE 70             /* 70..79: list, the units digit is the selection mode */
+#define GRX_ITEM_SEPARATEUR 80        /* horizontal line */
+#define GRX_ITEM_SEPARATEUR_V 81      /* vertical line */
+#define GRX_ITEM_SEPARATEUR_DOUBLE 82 /* horizontal double line */
+#define GRX_ITEM_TITRE 90             /* 90..99: labels */
+#define GRX_ITEM_ZONE_DESSIN 100      /* 100..109: drawing area */
 
 /* Family (tens) of the items with an entry field. */
 #define GRX_ITEM_FAMILLE_TEXTE 1

@@ -24,6 +24,12 @@ code=$?
 for planes in 24 8; do
     scripts/with_x.sh --planes $planes --mwm demo/galerie/photo.sh build/demo/demo/galerie \
         demo-output/galerie-$planes.png || code=1
+    for page in panneaux fichiers dialogue; do
+        scripts/with_x.sh --planes $planes --mwm demo/galerie/photo.sh build/demo/demo/galerie \
+            demo-output/$page-$planes.png --$page || code=1
+    done
 done
+scripts/with_x.sh --mwm demo/galerie/photo.sh build/demo/demo/galerie demo-output/panneaux-grand.png --panneaux \
+    --config demo/galerie/grand || code=1
 echo "Pictures of the visit: $PWD/demo-output/"
 exit $code

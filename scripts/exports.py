@@ -2,11 +2,11 @@
 """Compares what the public headers promise with what the shared library exports and imports.
 
 exports.py --check LIB [--host HOSTLIB]   say what is wrong; status 1 when anything is
-exports.py --update LIB                   rewrite tests/abi/exports.txt and tests/abi/not_yet.txt
+exports.py --update                       rewrite tests/abi/exports.txt
 
-exports.txt: every name marked GRX_API, sorted.  not_yet.txt: those that the library does not export
-yet; a name may leave that list but never enter it.  Imported names that no linked library brings
-must be the host's, declared in host/host_f.h and host/host_g.h.
+Every name marked GRX_API in inc/ must be exported, and nothing else.  exports.txt: these names,
+sorted.  Imported names that no linked library brings must be the host's, declared in host/host_f.h
+and host/host_g.h.
 """
 import argparse
 import re
@@ -16,7 +16,6 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 EXPORTS = ROOT / "tests" / "abi" / "exports.txt"
-NOT_YET = ROOT / "tests" / "abi" / "not_yet.txt"
 
 
 def run(*command):
@@ -69,42 +68,14 @@ def read_list(path):
     return path.read_text(encoding="utf-8").split() if path.exists() else []
 
 
-def write_list(path, names):
-    path.write_text("".join(name + "\n" for name in names), encoding="utf-8")
-
-
-def earlier_list(path, now):
-    """The list as last committed, or the one before when nothing changed since; None without history."""
-    relative = path.relative_to(ROOT)
-    log = subprocess.run(["git", "-C", ROOT, "log", "--format=%H", "--", relative],
-                         capture_output=True, text=True, check=False)
-    for commit in log.stdout.split() if log.returncode == 0 else []:
-        shown = subprocess.run(["git", "-C", ROOT, "show", f"{commit}:{relative}"],
-                               capture_output=True, text=True, check=False)
-        if shown.returncode == 0 and shown.stdout.split() != now:
-            return shown.stdout.split()
-    return None
-
-
-def grown(path):
-    now = read_list(path)
-    before = earlier_list(path, now)
-    return [] if before is None else sorted(set(now) - set(before))
-
-
 def findings(library, host):
     """Pairs of a complaint and the names that it is about."""
-    public, exported, later = set(public_names()), set(defined_names(library)), set(read_list(NOT_YET))
-    listed = set(read_list(EXPORTS))
+    public, exported, listed = set(public_names()), set(defined_names(library)), set(read_list(EXPORTS))
     yield "exported, but not declared in inc/", exported - public
-    yield "declared in inc/, but neither exported nor in not_yet.txt", public - exported - later
-    yield "in not_yet.txt, but exported: take it out", later & exported
-    yield "in not_yet.txt, but not declared in inc/", later - public
-    yield "new in not_yet.txt, which may only shrink", grown(NOT_YET)
+    yield "declared in inc/, but not exported", public - exported
     yield "declared in inc/, but not in exports.txt", public - listed
     yield "in exports.txt, but no longer declared in inc/", listed - public
-    strangers = set(unresolved_names(library)) - set(host_names()) - later
-    yield "imported, but neither the host's nor of a linked library", strangers
+    yield "imported, but neither the host's nor of a linked library", set(unresolved_names(library)) - set(host_names())
     if host:
         yield "service or global of the host that it does not define", set(host_names()) - set(defined_names(host))
 
@@ -113,14 +84,12 @@ def check(library, host):
     wrong = [(complaint, sorted(names)) for complaint, names in findings(library, host) if names]
     for complaint, names in wrong:
         print(f"{complaint}:", *(f"  {name}" for name in names), sep="\n")
-    print(f"{len(public_names())} public names, {len(read_list(NOT_YET))} not there yet, {len(wrong)} complaints")
+    print(f"{len(public_names())} public names, {len(wrong)} complaints")
     return 1 if wrong else 0
 
 
-def update(library):
-    public = public_names()
-    write_list(EXPORTS, public)
-    write_list(NOT_YET, sorted(set(public) - set(defined_names(library))))
+def update():
+    EXPORTS.write_text("".join(name + "\n" for name in public_names()), encoding="utf-8")
     return 0
 
 
@@ -128,10 +97,10 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     what = parser.add_mutually_exclusive_group(required=True)
     what.add_argument("--check", metavar="LIB", type=Path)
-    what.add_argument("--update", metavar="LIB", type=Path)
+    what.add_argument("--update", action="store_true")
     parser.add_argument("--host", metavar="HOSTLIB", type=Path, help="default host to compare with host/")
     options = parser.parse_args()
-    return check(options.check, options.host) if options.check else update(options.update)
+    return check(options.check, options.host) if options.check else update()
 
 
 if __name__ == "__main__":

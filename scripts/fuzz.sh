@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# fuzz.sh [seconds]: coverage-guided fuzzing of the menu line and bitmap file readers with libFuzzer of clang 14, each
-# for that long (60 without it), starting from tests/fuzz/corpus_*. An input that fails is left in build/fuzz/.
+# fuzz.sh [seconds]: coverage-guided fuzzing of what reads menu lines, bitmap files, texts of panel items and questions, and of
+# the quoting for the shell, with libFuzzer of clang 14, each for that long (60 without it), starting from
+# tests/fuzz/corpus_*. An input that fails is left in build/fuzz/.
 source "$(dirname "$0")/common.sh"
 
 seconds=${1:-60}
@@ -18,7 +19,7 @@ for source in x11/*.cpp x11/pure/*.cpp host/standalone/*.cpp; do
 done
 
 code=0
-for name in menu_line:menu bitmap:bitmap; do
+for name in menu_line:menu bitmap:bitmap item_text:item question:question quote:quote; do
     target=${name%:*}
     corpus=$out/corpus_${name#*:}
     mkdir -p "$corpus"

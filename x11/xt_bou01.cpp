@@ -20,6 +20,7 @@
 
 #include "kit/args.h"
 #include "kit/controls.h"
+#include "kit/drawables.h"
 #include "kit/field_text.h"
 #include "kit/locale_text.h"
 #include "kit/post.h"
@@ -47,6 +48,9 @@ constexpr INT kFreeWindow = 1; // KEEP: a free entry names window 1
 
 // The widget of a number died with its window: the number stays taken until somebody frees it.
 std::array<bool, GRX_NB_BOUTONS> widget_dead{};
+
+// Numbers that only the library knows go with their widgets.
+std::array<bool, GRX_NB_BOUTONS> goes_with_widget{};
 
 bool in_base(INT nobou) {
     return nobou >= 0 && nobou < MAXOBJETBOUTON && Tableau_objet_bouton != nullptr && structure_bouton != nullptr;
@@ -78,6 +82,10 @@ void release(T*& table) {
 namespace grx {
 
 INT Premier_bouton = 1;
+
+void free_with_widget(INT nobou) {
+    if (in_base(nobou)) goes_with_widget[place(nobou)] = true;
+}
 
 STRUCTURE_BOUTON* button_record_at(XtPointer data) {
     const auto* const record = static_cast<STRUCTURE_BOUTON*>(data);
@@ -121,7 +129,7 @@ INT grx_recup_indice_objet_bout_libre(void) {
 INT grx_affecte_objet_bout(INT iden, Widget w) {
     if (!in_base(iden)) return 0;
     Tableau_objet_bouton[iden] = w;
-    widget_dead[place(iden)] = false;
+    widget_dead[place(iden)] = goes_with_widget[place(iden)] = false;
     return 1;
 }
 
@@ -372,7 +380,7 @@ Widget make_list(const Control& c, grx::Args& args, char* name) {
     args.set(XmNlistSizePolicy, XmCONSTANT);
     if (has(c, GRX_BOU_ATT_LISTE_SCROLL)) {
         args.set(XmNscrollingPolicy, XmAPPLICATION_DEFINED).set(XmNscrollBarDisplayPolicy, XmSTATIC);
-        args.set(XmNvisualPolicy, XmVARIABLE);
+        args.set(XmNvisualPolicy, XmCONSTANT);
     }
     return XmCreateScrolledList(c.parent, name, args.list(), args.count());
 }
@@ -464,8 +472,10 @@ Widget make_widget(const Control& c, const ControlClass& control_class) {
 }
 
 void note_death(Widget w, XtPointer client, XtPointer) {
-    const INT nobou = static_cast<INT>(reinterpret_cast<intptr_t>(client));
-    if (in_base(nobou) && Tableau_objet_bouton[nobou] == w) widget_dead[place(nobou)] = true;
+    const INT nobou = grx::number_in(client);
+    if (!in_base(nobou) || Tableau_objet_bouton[nobou] != w) return;
+    widget_dead[place(nobou)] = true;
+    if (goes_with_widget[place(nobou)]) grx_libere_indice_objet_bout(nobou);
 }
 
 INT register_control(const Control& c, Widget w) {
@@ -477,7 +487,7 @@ INT register_control(const Control& c, Widget w) {
     structure_bouton[nobou].image = None;
     grx::forget_look(nobou);
     grx::note_encoding(nobou, grx::FieldText(c.bou.titre).c_str());
-    XtAddCallback(w, XmNdestroyCallback, note_death, reinterpret_cast<XtPointer>(static_cast<intptr_t>(nobou)));
+    XtAddCallback(w, XmNdestroyCallback, note_death, grx::as_client_data(nobou));
     return nobou;
 }
 
@@ -527,19 +537,8 @@ void give_off_screen_copy(Widget w, const Control& c, INT nobou) {
     grx_cree_bitmap_backingstore_bouton(nobou, width, height, black, black);
 }
 
-// A scale learns its size when it is managed, and is refused it in a window that keeps its own.
-void give_wanted_size(Widget w) {
-    XtWidgetGeometry wanted{};
-    XtQueryGeometry(w, nullptr, &wanted);
-    const grx::Size size = grx::size_of(w);
-    grx::Args args;
-    if (size.width <= 1) args.set(XmNwidth, wanted.width);
-    if (size.height <= 1) args.set(XmNheight, wanted.height);
-    XtSetValues(w, args.list(), args.count());
-}
-
 void put_on_screen(Widget w, const Control& c, STRUCTURE_BOUTON* record) {
-    if (XmIsScale(w)) give_wanted_size(w);
+    if (XmIsScale(w)) grx::give_wanted_size(w);
     if (!has(c, GRX_BOU_ATT_VISIBLE)) XtSetMappedWhenManaged(grx::with_scroll_bars(w), False);
     XtManageChild(w);
     show_icon(w, c, record);
@@ -570,6 +569,11 @@ Widget make_bare_separator(Widget parent, const GRX_BOUTON& bou) {
     return XmCreateSeparator(parent, const_cast<char*>("Gadget_Separateur"), args.list(), args.count());
 }
 
+// The picture of a label without a number goes with the label.
+void release_icon(Widget, XtPointer client, XtPointer) {
+    grx::free_pixmap(reinterpret_cast<Pixmap>(client));
+}
+
 Widget make_bare_label(Widget parent, const GRX_BOUTON& bou) {
     grx::FieldText title(bou.titre);
     grx::FieldText icon(bou.icone);
@@ -577,9 +581,12 @@ Widget make_bare_label(Widget parent, const GRX_BOUTON& bou) {
     grx::Args args;
     set_bare(args, bou);
     args.set(XmNlabelString, label.get()).set(XmNalignment, XmALIGNMENT_BEGINNING);
-    if (icon.c_str()[0] != '\0' && grx_installe_bitmap(icon.data(), GRX_AUCUN) == 1)
-        args.set(XmNlabelType, XmPIXMAP).set(XmNlabelPixmap, grx::Mypixmap);
-    return XmCreateLabel(parent, title.data(), args.list(), args.count());
+    const bool shown = icon.c_str()[0] != '\0' && grx_installe_bitmap(icon.data(), GRX_AUCUN) == 1;
+    if (shown) args.set(XmNlabelType, XmPIXMAP).set(XmNlabelPixmap, grx::Mypixmap);
+    Widget w = XmCreateLabel(parent, title.data(), args.list(), args.count());
+    if (shown && w != nullptr)
+        XtAddCallback(w, XmNdestroyCallback, release_icon, reinterpret_cast<XtPointer>(grx::Mypixmap));
+    return w;
 }
 
 // -- the character cell

@@ -107,11 +107,10 @@ bool is_tab(INT key) {
     return key == GRX_TOUCHE_TAB || key == GRX_TOUCHE_BACKTAB;
 }
 
-void on_key(Widget w, const STRUCTURE_BOUTON& button, XEvent& event) {
+void on_key(Widget w, const STRUCTURE_BOUTON& button, XEvent& event, Boolean* go_on) {
     INT key = 0;
     if (grx_translate_touche(&event, &key) == 0) {
-        grx::evt_menu = event;
-        grx_envoie_dernier_evenement_a_fenetre_menu();
+        if (grx::forward_to_menu(event) && go_on != nullptr) *go_on = False; // a field types nothing of it
         return;
     }
     if (is_tab(key) && XmIsTextField(w)) {
@@ -132,12 +131,12 @@ void on_key_release(Widget w, const STRUCTURE_BOUTON& button, XEvent& event) {
     if (is_tab(key) && XmIsTextField(w)) grx_selectionne_champ_focus(button.nobou);
 }
 
-void dispatch(Widget w, const STRUCTURE_BOUTON& button, XEvent& event) {
+void dispatch(Widget w, const STRUCTURE_BOUTON& button, XEvent& event, Boolean* go_on) {
     switch (event.type) {
     case ButtonPress: post_button(button, event.xbutton, GRX_EVT_BOUTON_APPUI); break;
     case ButtonRelease: post_button(button, event.xbutton, GRX_EVT_BOUTON_RELACHE); break;
     case MotionNotify: post_motion(button, event.xmotion); break;
-    case KeyPress: on_key(w, button, event); break;
+    case KeyPress: on_key(w, button, event, go_on); break;
     case KeyRelease: on_key_release(w, button, event); break;
     case EnterNotify: post_control(evt_global.sortie, GRX_EVT_ENTREE, button); break;
     case LeaveNotify: post_control(evt_global.sortie, GRX_EVT_SORTIE, button); break;
@@ -196,9 +195,9 @@ void grx_bouton_est_affiche(Widget, XtPointer client, XtPointer) {
         post_control(evt_global.bouton_affiche, GRX_EVT_BOUTON_AFFICHE, *button);
 }
 
-void grx_gere_evenements_bouton(Widget, XtPointer client, XEvent* ev, Boolean*) {
+void grx_gere_evenements_bouton(Widget, XtPointer client, XEvent* ev, Boolean* cont) {
     const STRUCTURE_BOUTON* const button = live_control(client);
-    if (button != nullptr && ev != nullptr) dispatch(grx_recup_objet_bout(button->nobou), *button, *ev);
+    if (button != nullptr && ev != nullptr) dispatch(grx_recup_objet_bout(button->nobou), *button, *ev, cont);
 }
 }
 
@@ -437,7 +436,7 @@ INT grx_selectionne_champ_focus(INT nobou) {
 
 INT grx_calc_larg_saisie(INT nbcar) {
     const int64_t width = int64_t{grx_recup_lar_carac_alpha()} * (int64_t{nbcar} + 1); // one more, as margin
-    return static_cast<INT>(std::clamp<int64_t>(width, INT32_MIN, INT32_MAX));
+    return grx::saturated(width);
 }
 
 INT grx_ajoute_element_dans_liste(INT nobou, char* texte) {

@@ -4,6 +4,8 @@
 #include <X11/Intrinsic.h>
 #include <sys/time.h>
 
+#include "kit/nested_loop.h"
+#include "kit/post.h"
 #include "kit/queue.h"
 #include "kit/screen.h"
 #include "pure/axis.h"
@@ -81,9 +83,23 @@ INT poll_timers(GRX_EVENEMENT* evt) {
     return evt_global.type_evenement != GRX_EVT_AUCUN ? deliver(evt) : deliver_nothing(evt);
 }
 
+// The end of a window that came while a dialog had the loop; not of one whose number is in use again.
+bool post_untold_end() {
+    const auto gone = grx::untold_ends & ~grx::windows_in_use();
+    grx::untold_ends.reset();
+    if (gone.none()) return false;
+    std::size_t first = 1;
+    while (!gone.test(first)) ++first;
+    grx::untold_ends = gone;
+    grx::untold_ends.reset(first);
+    grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, static_cast<INT>(first));
+    return true;
+}
+
 INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
     grx_init_evenement(&evt_global);
+    if (grx::untold_ends.any() && post_untold_end()) return deliver(evt);
     if (attente == 0 && grx::queue_empty()) return poll_timers(evt);
     XEvent event;
     XtAppNextEvent(contexte, &event);

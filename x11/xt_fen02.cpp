@@ -19,6 +19,7 @@
 #include "kit/screen.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
+#include "pure/out.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -120,8 +121,7 @@ void on_motion(const STRUCTURE_FENETRE& window, const XMotionEvent& event) {
 void on_key(const STRUCTURE_FENETRE& window, XEvent& event) {
     INT key = 0;
     if (grx_translate_touche(&event, &key) == 0) {
-        grx::evt_menu = event;
-        grx_envoie_dernier_evenement_a_fenetre_menu();
+        grx::forward_to_menu(event);
         return;
     }
     // KEEP: keys count y from the top, the pointer from the bottom.
@@ -256,15 +256,11 @@ void set_widget_size(Widget w, INT largeur, INT hauteur) {
     XtSetValues(w, args.list(), args.count());
 }
 
-void give(INT* place, INT value) {
-    if (place != nullptr) *place = value;
-}
-
 void give_size(Widget w, INT* largeur, INT* hauteur) {
     if (w == nullptr) return;
     const grx::Size size = grx::size_of(w);
-    give(largeur, size.width);
-    give(hauteur, size.height);
+    grx::give(largeur, size.width);
+    grx::give(hauteur, size.height);
 }
 
 Window parent_window(Window window, Window* root) {
@@ -285,14 +281,6 @@ Window frame_of(Window window) {
         if (parent == None || parent == root) return window;
         window = parent;
     }
-}
-
-// The frame is noted with the window that the shell was made for; nested windows share the shell.
-bool in_frame(Widget shell) {
-    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen) {
-        if (grx::is_framed(nofen) && shell_of(nofen) == shell) return true;
-    }
-    return false;
 }
 
 // Root coordinates of a window that no window manager has put into a frame.
@@ -336,6 +324,26 @@ void set_increments(Widget bar, INT valeur) {
 }
 
 } // namespace
+
+namespace grx {
+
+// The frame is noted with the window that the shell was made for; nested windows share the shell.
+bool in_frame(Widget shell) {
+    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen) {
+        if (grx::is_framed(nofen) && shell_of(nofen) == shell) return true;
+    }
+    return false;
+}
+
+void frame_place(Widget shell, INT& x, INT& y) {
+    const Window window = window_of(shell);
+    if (window == None) return;
+    const Origin origin = origin_of(frame_of(window));
+    x = origin.x;
+    y = origin.y;
+}
+
+} // namespace grx
 
 extern "C" {
 
@@ -443,19 +451,19 @@ INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur) {
 INT grx_recup_position_fenetre(INT nofen, INT* x, INT* y) {
     const Window window = grx::window_of(shell_of(nofen));
     if (window == None) return 0;
-    const Origin origin = in_frame(shell_of(nofen)) ? origin_of(frame_of(window)) : root_origin_of(window);
-    give(x, origin.x);
-    give(y, grx::turn_over_y(grx_recup_hau_ecran(), origin.y));
+    const Origin origin = grx::in_frame(shell_of(nofen)) ? origin_of(frame_of(window)) : root_origin_of(window);
+    grx::give(x, origin.x);
+    grx::give(y, grx::turn_over_y(grx_recup_hau_ecran(), origin.y));
     return 0;
 }
 
 INT grx_recup_position_fenetre_fille(INT nofen, INT* x, INT* y) {
-    give(x, 0);
-    give(y, 0);
+    grx::give(x, 0);
+    grx::give(y, 0);
     Widget w = grx_recup_objet_fen(nofen);
     if (w == nullptr) return 0;
-    give(x, grx::resource<Position>(w, XmNx));
-    give(y, grx::resource<Position>(w, XmNy));
+    grx::give(x, grx::resource<Position>(w, XmNx));
+    grx::give(y, grx::resource<Position>(w, XmNy));
     return 0;
 }
 
@@ -496,8 +504,8 @@ INT grx_recup_titre_fenetre(INT nofen, char* titre) {
 }
 
 INT grx_coord_relative_to_absolues(INT nofen, INT x1, INT y1, INT* x2, INT* y2) {
-    give(x2, x1);
-    give(y2, y1);
+    grx::give(x2, x1);
+    grx::give(y2, y1);
     Widget w = grx_recup_objet_fen(nofen);
     const Window window = grx::window_of(w);
     if (window == None) return 0;
@@ -505,8 +513,8 @@ INT grx_coord_relative_to_absolues(INT nofen, INT x1, INT y1, INT* x2, INT* y2) 
     Window child = None;
     const INT from_top = grx::turn_over_y(height_of(w), y1);
     XTranslateCoordinates(x11_disp, window, grx::root_window(), x1, from_top, &root_x, &root_y, &child);
-    give(x2, root_x);
-    give(y2, grx::turn_over_y(grx_recup_hau_ecran(), root_y));
+    grx::give(x2, root_x);
+    grx::give(y2, grx::turn_over_y(grx_recup_hau_ecran(), root_y));
     return 0;
 }
 
@@ -523,7 +531,7 @@ INT grx_recup_carac_scroll_fenetre(INT nofen, INT orient, INT* len, INT* min, IN
     };
     const Field fields[] = {{len, XmNsliderSize}, {min, XmNminimum}, {max, XmNmaximum}, {val, XmNvalue}};
     Widget bar = scroll_bar_of(nofen, orient != GRX_SCROLL_HORIZONTAL);
-    for (const auto& field : fields) give(field.place, bar != nullptr ? grx::resource<int>(bar, field.name) : 0);
+    for (const auto& field : fields) grx::give(field.place, bar != nullptr ? grx::resource<int>(bar, field.name) : 0);
     return 0;
 }
 
@@ -537,8 +545,8 @@ INT grx_affecte_carac_scroll_fenetre(INT nofen, INT orient, INT, INT min, INT ma
 }
 
 INT grx_recup_taille_scrollbars_fenetre(INT nofen, INT* lar, INT* hau) {
-    if (Widget bar = scroll_bar_of(nofen, false)) give(lar, grx::size_of(bar).height);
-    if (Widget bar = scroll_bar_of(nofen, true)) give(hau, grx::size_of(bar).width);
+    if (Widget bar = scroll_bar_of(nofen, false)) grx::give(lar, grx::size_of(bar).height);
+    if (Widget bar = scroll_bar_of(nofen, true)) grx::give(hau, grx::size_of(bar).width);
     return 0;
 }
 
@@ -558,12 +566,12 @@ INT grx_supprime_sauvegarde_auto(INT nofen) {
 }
 
 INT grx_affecte_largeur_fenetre(INT nofen, INT valeur) {
-    give(grx::stored_width(nofen), valeur);
+    grx::give(grx::stored_width(nofen), valeur);
     return 0;
 }
 
 INT grx_affecte_hauteur_fenetre(INT nofen, INT valeur) {
-    give(grx::stored_height(nofen), valeur);
+    grx::give(grx::stored_height(nofen), valeur);
     return 0;
 }
 

@@ -19,6 +19,7 @@
 #include "kit/args.h"
 #include "kit/block.h"
 #include "kit/kept.h"
+#include "kit/option_menu.h"
 #include "kit/post.h"
 #include "kit/screen.h"
 #include "kit/xmstring.h"
@@ -172,6 +173,8 @@ grx::Kept<grx::AcceleratorTable> kept_accelerators;
 grx::AcceleratorTable& accelerators = kept_accelerators.value;
 Time last_matched = 0; // time of the key press that was matched when it was forwarded
 
+bool entry_chosen = false; // by the key forwarded last
+
 Widget top_manager() {
     return Glob_menu_bar != nullptr ? XtParent(Glob_menu_bar) : nullptr;
 }
@@ -180,6 +183,14 @@ void forget_entries() {
     Tab_objet.reset();
     Nb_objet = 0;
     Nb_cascade = Nb_pull = 0;
+}
+
+// The application may destroy what it made with grx_cree_atome.
+void forget_entry(Widget entry, XtPointer, XtPointer) {
+    accelerators.forget(entry);
+    for (std::size_t i = 0; i < Nb_objet; ++i) {
+        if (Tab_objet[i] == entry) Tab_objet[i] = nullptr;
+    }
 }
 
 void forget_bar(Widget bar, XtPointer, XtPointer) {
@@ -193,17 +204,29 @@ bool matched_when_forwarded(const XKeyEvent& event) {
     return event.send_event != 0 && event.time == last_matched;
 }
 
+// The toolkit takes a key that it grabs for held until its release: the user's comes to another window, maybe before
+// the press that is sent, and the keys after it would be lost.
+void send_release(Window window, XEvent event) {
+    event.type = KeyRelease;
+    XSendEvent(x11_disp, window, True, KeyPressMask, &event);
+}
+
 void on_accelerator_key(Widget, XtPointer, XEvent* event, Boolean*) {
     if (event->type == KeyPress && !matched_when_forwarded(event->xkey)) accelerators.activate(*event);
 }
 
-void set_look(grx::Args& args) {
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
-    grx::set_screen(args);
+XtEventDispatchProc dispatch_mapping = nullptr; // what the toolkit does with a new keyboard layout
+
+// The toolkit has read the new layout when this is called.
+Boolean on_mapping(XEvent* event) {
+    const Boolean handled = dispatch_mapping(event);
+    if (Glob_menu_bar != nullptr) accelerators.follow_keyboard(top_manager());
+    return handled;
 }
 
-bool usable_parent(Widget w) {
-    return w != nullptr && XtIsComposite(w);
+void watch_keyboard() {
+    const XtEventDispatchProc before = XtSetEventDispatcher(x11_disp, MappingNotify, on_mapping);
+    if (before != on_mapping) dispatch_mapping = before;
 }
 
 const char* menu_file_name() {
@@ -237,10 +260,6 @@ void accelerator_translation(std::string_view text, char* out, std::size_t size)
     }
 }
 
-XtPointer number_as_data(INT number) {
-    return reinterpret_cast<XtPointer>(static_cast<intptr_t>(number));
-}
-
 // The toolkit warns of a letter that this keyboard does not have.
 KeySym mnemonic_key(char letter) {
     if (letter == GRX_MENU_SANS_MNEMO) return NoSymbol;
@@ -251,7 +270,7 @@ KeySym mnemonic_key(char letter) {
 Widget make_separator(Widget parent) {
     grx::Args args;
     args.set(XmNorientation, XmHORIZONTAL);
-    set_look(args);
+    grx::set_menu_look(args);
     return XmCreateSeparator(parent, const_cast<char*>("Gadget_Separateur"), args.list(), args.count());
 }
 
@@ -273,11 +292,11 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
     }
     if (const KeySym mnemonic = mnemonic_key(text.mnemonic); mnemonic != NoSymbol)
         args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
-    set_look(args);
+    grx::set_menu_look(args);
     Widget entry = XmCreatePushButton(parent, const_cast<char*>("atome"), args.list(), args.count());
     if (entry == nullptr) return nullptr;
-    XtAddEventHandler(entry, ButtonPressMask, False, grx_menu_est_appuie, number_as_data(nofo));
-    XtAddCallback(entry, XmNactivateCallback, grx_menu_est_active, number_as_data(nofo));
+    XtAddEventHandler(entry, ButtonPressMask, False, grx_menu_est_appuie, grx::as_client_data(nofo));
+    XtAddCallback(entry, XmNactivateCallback, grx_menu_est_active, grx::as_client_data(nofo));
     if (text.accelerator[0] != '\0' && top_manager() != nullptr)
         accelerators.add(top_manager(), grx::accelerator_for(entry, text.accelerator));
     return entry;
@@ -374,7 +393,35 @@ Widget make_bar(Widget parent) {
     if (bar == nullptr) return nullptr;
     XtAddCallback(bar, XmNdestroyCallback, forget_bar, nullptr);
     XtAddEventHandler(parent, KeyPressMask, False, on_accelerator_key, nullptr);
+    watch_keyboard();
     return bar;
+}
+
+Widget make_cascade(Widget support, const char* text, Widget submenu) {
+    const grx::CompoundString label(text);
+    grx::Args args;
+    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, submenu);
+    grx::set_menu_look(args);
+    return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
+}
+
+// The toolkit forgets its arrow pictures, without freeing them, when the last cascade button of a look goes: one that
+// nobody sees, with the look of now, stays while the menus are taken down and built again. It goes with the main window.
+Widget spare_menu = nullptr;
+
+void forget_spare(Widget menu, XtPointer, XtPointer) {
+    if (menu == spare_menu) spare_menu = nullptr;
+}
+
+void keep_a_cascade() {
+    Widget const before = spare_menu;
+    if (top_manager() == nullptr) return;
+    spare_menu = grx_debut_sous_menu_bar(top_manager());
+    if (spare_menu != nullptr) {
+        XtAddCallback(spare_menu, XmNdestroyCallback, forget_spare, nullptr);
+        make_cascade(spare_menu, " ", grx_debut_sous_menu_bar(spare_menu));
+    }
+    if (before != nullptr) XtDestroyWidget(before);
 }
 
 // The youngest first: the shell of a submenu goes with the menu that holds it.
@@ -384,6 +431,17 @@ void destroy_all(std::array<Widget, N>& widgets, int count) {
 }
 
 } // namespace
+
+namespace grx {
+
+bool forward_to_menu(const XEvent& event) {
+    evt_menu = event;
+    entry_chosen = false;
+    grx_envoie_dernier_evenement_a_fenetre_menu();
+    return entry_chosen;
+}
+
+} // namespace grx
 
 extern "C" {
 
@@ -409,36 +467,30 @@ INT grx_cree_menu_bar(Widget parent) {
 }
 
 Widget grx_debut_menu_bar(Widget mere) {
-    if (!usable_parent(mere)) return nullptr;
+    if (!grx::can_hold_children(mere)) return nullptr;
     grx::Args args;
-    set_look(args);
+    grx::set_menu_look(args);
     return XmCreateMenuBar(mere, const_cast<char*>("Menu_bar"), args.list(), args.count());
 }
 
 Widget grx_debut_sous_menu_bar(Widget mere) {
-    if (!usable_parent(mere)) return nullptr;
-    grx::Args args;
-    set_look(args);
-    return XmCreatePulldownMenu(mere, const_cast<char*>("Sous_menu_bar"), args.list(), args.count());
+    return grx::make_pulldown(mere, "Sous_menu_bar");
 }
 
 Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
-    if (mere == nullptr || !usable_parent(support)) return nullptr;
-    const grx::CompoundString label(texte);
-    grx::Args args;
-    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, mere);
-    set_look(args);
-    Widget cascade = XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
+    if (mere == nullptr || !grx::can_hold_children(support)) return nullptr;
+    Widget cascade = make_cascade(support, texte, mere);
     if (cascade != nullptr) XtManageChild(cascade);
     return cascade;
 }
 
 INT grx_cree_atome(char* texte, char* acce, char mneu, int nofo, Widget mere) {
-    if (!usable_parent(mere) || !room_for_entry()) return 0;
+    if (!grx::can_hold_children(mere) || !room_for_entry()) return 0;
     EntryText text{texte != nullptr ? texte : "", "", mneu};
     grx::copy_text(text.accelerator, grx::first_accelerator(view_of(acce)));
     Widget entry = text.label[0] == '-' ? make_separator(mere) : make_entry(mere, text, nofo);
     if (entry == nullptr) return 0;
+    XtAddCallback(entry, XmNdestroyCallback, forget_entry, nullptr);
     XtManageChild(entry);
     Tab_objet[Nb_objet++] = entry;
     return 0;
@@ -451,7 +503,10 @@ INT grx_fin_menu_bar(void) {
 
 INT grx_detruit_menu_bar(void) {
     accelerators.clear(top_manager());
-    for (std::size_t i = 0; i < Nb_objet; ++i) XtDestroyWidget(Tab_objet[i]);
+    keep_a_cascade();
+    for (std::size_t i = 0; i < Nb_objet; ++i) {
+        if (Tab_objet[i] != nullptr) XtDestroyWidget(Tab_objet[i]);
+    }
     destroy_all(Tab_cascade, Nb_cascade);
     destroy_all(Tab_pull, Nb_pull);
     forget_entries(); // also a bar of menus without entries
@@ -481,13 +536,15 @@ INT grx_envoie_dernier_evenement_a_fenetre_menu(void) {
     const Window window = grx::window_of(grx_recup_objet_fen(grx_recup_nofen_principale()));
     if (window == None || grx::evt_menu.xkey.window == window) return 0; // never forwarded twice
     grx::evt_menu.xkey.window = window;
-    if (accelerators.activate(grx::evt_menu)) last_matched = grx::evt_menu.xkey.time;
+    entry_chosen = accelerators.activate(grx::evt_menu);
+    if (entry_chosen) last_matched = grx::evt_menu.xkey.time;
     XSendEvent(x11_disp, window, True, KeyPressMask, &grx::evt_menu);
+    if (accelerators.has(grx::evt_menu.xkey)) send_release(window, grx::evt_menu);
     return 0;
 }
 
 void grx_menu_est_active(Widget, XtPointer client_data, XtPointer) {
-    const INT nofo = static_cast<INT>(reinterpret_cast<intptr_t>(client_data));
+    const INT nofo = grx::number_in(client_data);
     GRX_DIGIT& record = grx::post(evt_global.bouton_appui, GRX_EVT_BOUTON_APPUI, grx_recup_nofen_principale());
     record.bouton = GRX_SOURIS_GAUCHE;
     record.no_fo = nofo;

@@ -514,9 +514,7 @@ void grx_efface_chaine(GRX_TEXTE texte) {
     char* const text = texte.chaine;
     text[sizeof texte.chaine - 1] = '\0';
     grx_recup_taille_chaine(text, &width, &above, &below);
-    const auto add = [](INT a, INT b) {
-        return static_cast<INT>(std::clamp<int64_t>(int64_t{a} + b, INT32_MIN, INT32_MAX));
-    };
+    const auto add = [](INT a, INT b) { return grx::saturated(int64_t{a} + b); };
     GRX_RECTANGLE box{};
     box.nofen = texte.nofen;
     box.x1 = texte.x;
@@ -736,16 +734,13 @@ void grx_cree_bitmap_backingstore_bouton(INT nobou, INT lar, INT hau, INT coul_t
     const ButtonBacking backing = button_backing(nobou);
     if (backing.window == None || g_c == nullptr || lar <= 0 || hau <= 0) return;
     const grx::Size size{lar, hau};
-    backing.record->image = grx::make_pixmap(backing.window, size);
+    grx::give_pixmap(nobou, grx::make_pixmap(backing.window, size));
     grx_affecte_gc(plain(coul_fond, coul_trace));
     grx::fill_drawable(backing.record->image, g_c, size);
 }
 
 void grx_detruit_bitmap_backingstore_bouton(INT nobou) {
-    const ButtonBacking backing = button_backing(nobou);
-    if (!backing) return;
-    grx::free_pixmap(backing.record->image);
-    backing.record->image = None;
+    if (button_backing(nobou)) grx::give_pixmap(nobou, None);
 }
 
 INT grx_affiche_bitmap_backingstore_bouton(INT nobou) {
@@ -862,29 +857,27 @@ T* image_row(const XImage* image, int y) {
     return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);
 }
 
-// A strip of rows, once into the backing picture and from there to the window: the same pixels in both. The server
-// works on one strip while the next is made.
-constexpr int kStripRows = 100;
-
+// A strip of rows, once into the backing picture and from there to the window: the same pixels in both.
 void show_strip(grx::Transfer& t, const PictureTarget& target, const Part& part, int first, int rows) {
     const auto width = static_cast<unsigned int>(part.size.width);
     const int y = part.y + first;
     grx::put_rows(t, *target.backing, g_c, part.x, part.y, first, rows);
     XCopyArea(
         x11_disp, *target.backing, target.window, g_c, part.x, y, width, static_cast<unsigned int>(rows), part.x, y);
-    XFlush(x11_disp);
+    if (t.shared()) XFlush(x11_disp); // pixels that are sent flush by themselves
 }
 
-// Makes and shows a picture; `make_row(y)` fills row y of the image.
+// Makes and shows a picture; `make_row(image, row, y)` fills a row of the image with row y of the picture.
 template <class MakeRow>
 void show_picture(const PictureTarget& target, const Part& part, MakeRow make_row) {
     grx::Transfer t = grx::begin_transfer(part.size);
     if (t.image == nullptr) return;
-    for (int first = 0; first < part.size.height; first += kStripRows) {
-        const int rows = std::min(kStripRows, part.size.height - first);
-        for (int y = first; y < first + rows; ++y) make_row(t.image, y);
+    for (int first = 0; first < part.size.height; first += t.strip_rows) {
+        const int rows = std::min(t.strip_rows, part.size.height - first);
+        for (int i = 0; i < rows; ++i) make_row(t.image, t.place_of(first) + i, first + i);
         show_strip(t, target, part, first, rows);
     }
+    XFlush(x11_disp);
     grx::end_transfer(t);
 }
 
@@ -934,9 +927,9 @@ void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, c
     const std::size_t row_bytes = static_cast<std::size_t>(width) * source_bytes();
     const uchar* const first = pixels + static_cast<std::size_t>(part.from_y) * row_bytes
                                + static_cast<std::size_t>(part.from_x) * source_bytes();
-    show_picture(target, part, [&](const XImage* image, int y) {
+    show_picture(target, part, [&](const XImage* image, int row, int y) {
         const uchar* const source = first + static_cast<std::size_t>(y) * row_bytes;
-        packer.pack(image, y, source, static_cast<std::size_t>(part.size.width));
+        packer.pack(image, row, source, static_cast<std::size_t>(part.size.width));
     });
 }
 
@@ -959,17 +952,16 @@ class Stretch {
     }
 
     // A destination row that takes the same source row as the one before is copied from it.
-    void fill_row(const XImage* image, int y, const Part& part) {
-        const int destination = part.from_y + y;
+    void fill_row(const XImage* image, int row, int destination) {
         const int32_t source = rows_[static_cast<std::size_t>(destination)];
-        if (y > 0 && source == made_from_) {
-            std::memcpy(image_row<uchar>(image, y), image_row<uchar>(image, y - 1),
+        if (row > 0 && source == made_from_) {
+            std::memcpy(image_row<uchar>(image, row), image_row<uchar>(image, row - 1),
                 static_cast<std::size_t>(image->bytes_per_line));
             return;
         }
         made_from_ = source;
         packer_.pack_values(source_row_.data(), row_of(source), static_cast<std::size_t>(width_));
-        spread(image, y);
+        spread(image, row);
     }
 
   private:
@@ -1020,24 +1012,32 @@ uint32_t colour_mask() {
     return component << dec_red | component << dec_green | component << dec_blue;
 }
 
-void read_indices(const XImage* image, uchar* out, std::size_t out_row) {
-    const auto count = static_cast<std::size_t>(image->width);
-    const INT known = std::min<INT>(grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace(), GRX_NB_COULEURS);
-    const grx::IndexFinder finder(trace_pix, static_cast<std::size_t>(std::max<INT>(known, 0)), colour_mask());
-    for (int y = 0; y < image->height; ++y, out += out_row) {
-        if (image->bits_per_pixel == 32 && image->byte_order == grx::native_byte_order()) {
-            finder.row(out, image_row<uint32_t>(image, y), count);
-            continue;
+// Rows of what the screen shows, as colour indices.
+class RowReader {
+  public:
+    RowReader() : finder_(trace_pix, known_colours(), colour_mask()) {}
+    void read(uchar* out, const XImage* image, int y) const {
+        const auto count = static_cast<std::size_t>(image->width);
+        if (!deep_screen()) { // KEEP: 8 planes give the pixel values as they are.
+            std::memcpy(out, image_row<uchar>(image, y), count);
+        } else if (image->bits_per_pixel == 32 && image->byte_order == grx::native_byte_order()) {
+            finder_.row(out, image_row<uint32_t>(image, y), count);
+        } else {
+            read_pixels(out, image, y);
         }
-        for (std::size_t x = 0; x < count; ++x)
-            out[x] = finder.find(static_cast<uint32_t>(XGetPixel(const_cast<XImage*>(image), static_cast<int>(x), y)));
     }
-}
 
-void read_bytes(const XImage* image, uchar* out, std::size_t out_row) {
-    for (int y = 0; y < image->height; ++y, out += out_row)
-        std::memcpy(out, image_row<uchar>(image, y), static_cast<std::size_t>(image->width));
-}
+  private:
+    static std::size_t known_colours() {
+        const INT known = grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace();
+        return static_cast<std::size_t>(std::clamp<INT>(known, 0, GRX_NB_COULEURS));
+    }
+    void read_pixels(uchar* out, const XImage* image, int y) const {
+        for (int x = 0; x < image->width; ++x)
+            *out++ = finder_.find(static_cast<uint32_t>(XGetPixel(const_cast<XImage*>(image), x, y)));
+    }
+    grx::IndexFinder finder_;
+};
 
 // The part of a window that is on the screen: the server gives no more.
 grx::Size readable_size(Widget w, Window window) {
@@ -1100,13 +1100,13 @@ void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix) {
     const int64_t width = std::min<int64_t>(largeur, size.width - left);
     const int64_t height = std::min<int64_t>(hauteur, size.height - top);
     if (width <= 0 || height <= 0) return;
-    grx::Transfer t = grx::begin_transfer({static_cast<int>(width), static_cast<int>(height)});
-    if (t.image == nullptr) return;
-    const bool got = grx::get(t, window, static_cast<int>(left), static_cast<int>(top));
-    if (got && deep_screen()) read_indices(t.image, tab_pix, static_cast<std::size_t>(largeur));
-    // KEEP: 8 planes give the pixel values as they are.
-    if (got && !deep_screen()) read_bytes(t.image, tab_pix, static_cast<std::size_t>(largeur));
-    grx::end_transfer(t, got && !t.shared());
+    const RowReader reader;
+    const auto row_bytes = static_cast<std::size_t>(largeur);
+    grx::read_rectangle(window, static_cast<int>(left), static_cast<int>(top),
+        {static_cast<int>(width), static_cast<int>(height)}, [&](const XImage* image, int first) {
+            for (int y = 0; y < image->height; ++y)
+                reader.read(tab_pix + static_cast<std::size_t>(first + y) * row_bytes, image, y);
+        });
 }
 
 void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_pix_fac_8, INT largeur, INT hauteur,
@@ -1122,7 +1122,8 @@ void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_
     const Part part = part_on(target.size, dx, dy, l_finale, h_finale);
     Stretch stretch(pixels, largeur, hauteur);
     if (part.empty() || !stretch.prepare(l_finale, h_finale, part)) return;
-    show_picture(target, part, [&](const XImage* image, int y) { stretch.fill_row(image, y, part); });
+    show_picture(
+        target, part, [&](const XImage* image, int row, int y) { stretch.fill_row(image, row, part.from_y + y); });
 }
 }
 

@@ -328,17 +328,24 @@ void put_picture(Pixmap pixmap, const Picture& picture) {
     grx_reinit_gc();
 }
 
-// A label redraws what it shows: a released pixmap it must not.
-void take_off_label(INT nobou, Pixmap pixmap) {
-    Widget w = grx_recup_objet_bout(nobou);
-    if (w == nullptr || !XmIsLabel(w) || grx::resource<Pixmap>(w, XmNlabelPixmap) != pixmap) return;
-    grx::set_resource(w, XmNlabelPixmap, Pixmap{XmUNSPECIFIED_PIXMAP});
+// The pixmap of a control that is not yet released, else None.
+Pixmap living_pixmap(const STRUCTURE_BOUTON& record, const Picture& picture) {
+    const bool held = record.image != XmUNSPECIFIED_PIXMAP && record.image != picture.released;
+    return held ? record.image : None;
 }
 
-void take_off_labels(INT nobou, const Picture& picture, Pixmap pixmap) {
-    take_off_label(nobou, pixmap);
-    if (!picture.shared) return;
-    for (INT other = 0; picture_of(other) != nullptr; ++other) take_off_label(other, pixmap);
+// A label redraws what it shows: a released pixmap it must not.
+void show_instead(INT nobou, Pixmap old, Pixmap pixmap) {
+    Widget w = grx_recup_objet_bout(nobou);
+    if (w == nullptr || !XmIsLabel(w) || grx::resource<Pixmap>(w, XmNlabelPixmap) != old) return;
+    grx::set_resource(w, XmNlabelPixmap, pixmap);
+}
+
+void release_pixmap(INT nobou, const Picture& picture, Pixmap old, Pixmap instead) {
+    if (old == None) return;
+    show_instead(nobou, old, instead);
+    for (INT other = 0; picture.shared && picture_of(other) != nullptr; ++other) show_instead(other, old, instead);
+    grx::free_pixmap(old);
 }
 
 INT no_picture(INT nobou) {
@@ -353,9 +360,7 @@ bool keep_pixmap(INT nobou, Pixmap pixmap) {
         Mypixmap = pixmap;
         return pixmap != XmUNSPECIFIED_PIXMAP;
     }
-    STRUCTURE_BOUTON* const record = taken_record(nobou);
-    if (record == nullptr) return false;
-    record->image = pixmap == XmUNSPECIFIED_PIXMAP ? None : pixmap;
+    grx::give_pixmap(nobou, pixmap == XmUNSPECIFIED_PIXMAP ? None : pixmap);
     return pixmap != XmUNSPECIFIED_PIXMAP;
 }
 
@@ -370,6 +375,7 @@ INT install(const Indices& indices, INT nobou) {
         drop_picture(picture);
     } else {
         drop_picture(*kept);
+        picture.shared = kept->shared;
         *kept = picture;
     }
     return shown ? 1 : 0;
@@ -383,8 +389,31 @@ bool usable_number(INT nobou) {
 
 namespace grx {
 
+Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like) {
+    Indices indices;
+    if (x11_disp == nullptr || !read_indices(nom_fic, indices)) return None;
+    Picture picture = make_picture(indices);
+    Pixmap pixmap = XmUNSPECIFIED_PIXMAP; // no memory, no picture
+    if (picture.image != nullptr)
+        pixmap = make_pixmap(like, {static_cast<int32_t>(indices.width), static_cast<int32_t>(indices.height)});
+    if (pixmap != XmUNSPECIFIED_PIXMAP) put_picture(pixmap, picture);
+    drop_picture(picture);
+    grx_free(reinterpret_cast<char*>(indices.data), indices.bytes);
+    return pixmap != XmUNSPECIFIED_PIXMAP ? pixmap : None;
+}
+
 void share_picture(INT nobou) {
     if (Picture* const picture = ::picture_of(nobou)) picture->shared = true;
+}
+
+void give_pixmap(INT nobou, Pixmap pixmap) {
+    STRUCTURE_BOUTON* const record = taken_record(nobou);
+    if (record == nullptr) return;
+    const Picture* const place = ::picture_of(nobou);
+    const Picture picture = place != nullptr ? *place : Picture{};
+    const Pixmap old = living_pixmap(*record, picture);
+    record->image = pixmap;
+    release_pixmap(nobou, picture, old, pixmap != None ? pixmap : Pixmap{XmUNSPECIFIED_PIXMAP});
 }
 
 } // namespace grx
@@ -415,12 +444,8 @@ void grx_desinstalle_bitmap(INT nobou) {
     STRUCTURE_BOUTON* const record = taken_record(nobou);
     Picture* const picture = picture_of(nobou);
     if (record == nullptr || picture == nullptr) return;
-    const bool held = record->image != XmUNSPECIFIED_PIXMAP && record->image != picture->released;
-    if (held && record->image != None) {
-        take_off_labels(nobou, *picture, record->image);
-        grx::free_pixmap(record->image); // the record keeps the id
-    }
-    picture->released = record->image;
+    release_pixmap(nobou, *picture, living_pixmap(*record, *picture), XmUNSPECIFIED_PIXMAP);
+    picture->released = record->image; // the record keeps the id
     picture->shared = false;
     drop_picture(*picture);
 }

@@ -117,8 +117,11 @@ void copy_to_drawing_table() {
     for (INT k = first; k < last; ++k) trace_pix[k] = system_pix[k];
 }
 
+// What is read as 257 goes back whole.
+constexpr INT kMostStored = 0xFFFF / grx::kMaxComponent;
+
 unsigned short x_component(INT component) {
-    return static_cast<unsigned short>(std::clamp<INT>(component, 0, grx::kMaxComponent) * grx::kMaxComponent);
+    return static_cast<unsigned short>(std::clamp<INT>(component, 0, kMostStored) * grx::kMaxComponent);
 }
 
 XColor x_colour(INT pixel, const INT* rgb) {

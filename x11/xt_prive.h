@@ -41,8 +41,14 @@ Widget outer_widget(INT nofen); // outermost widget made for a nested window, el
 INT* stored_width(INT nofen);   // largeur_fen, hauteur_fen: null out of range
 INT* stored_height(INT nofen);
 
+// -- window events (xt_fen02)
+bool in_frame(Widget shell); // a window manager put it into a frame of its own
+void frame_place(
+    Widget shell, INT& x, INT& y); // root coordinates of the window manager's frame, or of the window itself
+
 // -- menu bar (xt_fen03)
-extern XEvent evt_menu; // last key event that no control took
+extern XEvent evt_menu;                    // last key event that no control took
+bool forward_to_menu(const XEvent& event); // true when it chose an entry
 
 // -- events (xt_ent02)
 extern XEvent Memo_event; // last key press
@@ -60,11 +66,17 @@ void forget_drawing_target(const Pixmap* image);
 extern INT Premier_bouton;
 STRUCTURE_BOUTON* button_record_at(XtPointer data); // the entry that callback data points at; null when it is none
 
+void free_with_widget(INT nobou);                // a number that the application does not know
 void forget_look(INT nobou);                     // a number given out again is not shown pressed
 void note_encoding(INT nobou, const char* text); // the text that a field was given last
 
 // -- pictures of controls (xt_gfx02)
-extern Pixmap Mypixmap;        // picture of the last label made without a number
-void share_picture(INT nobou); // its release takes it off every label that shows it
+extern Pixmap Mypixmap;                     // picture of the last label made without a number
+void share_picture(INT nobou);              // its release takes it off every label that shows it
+void give_pixmap(INT nobou, Pixmap pixmap); // to the record; labels that showed the former one show it, which is freed
+Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like); // picture of a bitmap file, the caller's; None when unreadable
+
+// -- panel lists (xt_pan02)
+INT host_list_length(INT clef); // entries that the application has for a list, 0 for an unknown key
 
 } // namespace grx

@@ -9,6 +9,7 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 namespace {
@@ -25,6 +26,7 @@ struct Creation {
     std::string name;
     WidgetClass widget_class;
     std::map<std::string, XtArgVal> arguments;
+    std::vector<std::string> names; // of the arguments, in order
 };
 
 struct Handler {
@@ -45,8 +47,11 @@ extern "C" {
 
 Widget XtCreateWidget(const char* name, WidgetClass kind, Widget parent, ArgList arguments, Cardinal count) {
     static const auto next = next_function<decltype(XtCreateWidget)>("XtCreateWidget");
-    Creation creation{name ? name : "", kind, {}};
-    for (Cardinal i = 0; i < count; ++i) creation.arguments[arguments[i].name] = arguments[i].value;
+    Creation creation{name ? name : "", kind, {}, {}};
+    for (Cardinal i = 0; i < count; ++i) {
+        creation.arguments[arguments[i].name] = arguments[i].value;
+        creation.names.emplace_back(arguments[i].name);
+    }
     if (noting && creation.name != "TipLabel") creations.push_back(creation); // the toolkit's own, for its tips
     if (!refused_name.empty() && creation.name == refused_name) return nullptr;
     return next(name, kind, parent, arguments, count);
@@ -65,7 +70,7 @@ namespace {
 EventMask listened_mask(INT nobou) {
     for (const Handler& handler : handlers)
         if (handler.widget == control(nobou) && handler.function == &grx_gere_evenements_bouton)
-            return handler.data == &control_record(nobou) ? handler.mask : 0;
+            return handler.data == &button_record(nobou) ? handler.mask : 0;
     return 0;
 }
 
@@ -137,7 +142,7 @@ TEST_F(ControlCreation, EachTypeIsOfItsClassAndPostsOnItsCallback) {
         EXPECT_EQ(callbacks_of(control(n)), row.callbacks) << row.kind.name;
         EXPECT_TRUE(XtIsManaged(control(n))) << row.kind.name;
         EXPECT_EQ(std::string(XtName(control(n))), "Text") << row.kind.name;
-        const STRUCTURE_BOUTON& record = control_record(n);
+        const STRUCTURE_BOUTON& record = button_record(n);
         EXPECT_EQ(record.nobou, n);
         EXPECT_EQ(record.nofen, window);
         EXPECT_EQ(record.no_fo, 700);
@@ -244,6 +249,38 @@ TEST_F(ControlCreation, MarginsAndHighlights) {
             EXPECT_EQ(resource<Dimension>(w, XmNhighlightThickness), 0) << row.kind.name;
         }
     }
+}
+
+// Kinds whose widget has no margin of that name, or another one inside: what they are asked for.
+TEST_F(ControlCreation, MarginsOfScalesArrowsAndLists) {
+    for (const Row& row : table()) {
+        const INT type = row.kind.type;
+        if (type != GRX_BOU_ECHELLE && type != GRX_BOU_FLECHE && type != GRX_BOU_LISTE) continue;
+        creations.clear();
+        const Widget w = make_widget(control_of(row.kind, window, "Marge"));
+        for (const auto& [name, value] :
+            {std::pair{XmNmarginWidth, 2}, std::pair{XmNmarginHeight, 2}, std::pair{XmNhighlightThickness, 0}}) {
+            ASSERT_TRUE(creation_of("Marge")->arguments.contains(name)) << row.kind.name;
+            EXPECT_EQ(creation_of("Marge")->arguments.at(name), value) << row.kind.name << " " << name;
+        }
+        if (type != GRX_BOU_LISTE) continue;
+        EXPECT_EQ(resource<Dimension>(w, XmNlistMarginWidth), 2);
+        EXPECT_EQ(resource<Dimension>(w, XmNlistMarginHeight), 2);
+    }
+}
+
+TEST_F(ControlCreation, GeneralResourcesComeInTheirOrderBeforeThoseOfTheType) {
+    GRX_BOUTON description = a(GRX_BOU_LABEL, 0, "Ordre");
+    description.coul_fond = 6;
+    description.coul_trace = 4;
+    description.attache = 15;
+    make_widget(description);
+    const std::vector<std::string> expected{XmNx, XmNy, XmNlabelString, XmNfillOnArm, XmNfontList, XmNrecomputeSize,
+        XmNcolormap, XmNdepth, XmNvisual, XmNforeground, XmNarmColor, XmNbackground, XmNheight, XmNwidth,
+        XmNbottomAttachment, XmNbottomOffset, XmNtopAttachment, XmNtopOffset, XmNrightAttachment, XmNrightOffset,
+        XmNleftAttachment, XmNleftOffset, XmNmarginWidth, XmNmarginHeight, XmNhighlightThickness, XmNalignment};
+    ASSERT_TRUE(creation_of("Ordre"));
+    EXPECT_EQ(creation_of("Ordre")->names, expected);
 }
 
 TEST_F(ControlCreation, TheLibrarysColormapDepthAndVisual) {
@@ -430,8 +467,8 @@ TEST_F(ControlCreation, ARecordWithDefaultsIsADrawnButton) {
         XmNpushButtonEnabled, True, nullptr);
     XmStringFree(label);
     EXPECT_EQ(extent_of(control(n)), extent_of(raw)) << "as large as the toolkit makes it";
-    EXPECT_EQ(control_record(n).no_fo, -1);
-    EXPECT_EQ(control_record(n).valeur, 0);
+    EXPECT_EQ(button_record(n).no_fo, -1);
+    EXPECT_EQ(button_record(n).valeur, 0);
 }
 
 // --- drawn buttons, toggles, push buttons, arrows, labels ---------------------------------------------------------
@@ -549,12 +586,33 @@ TEST_F(ControlCreation, AFieldWithoutUsableColumnsHasTheToolkitsNumber) {
         }
 }
 
+// No columns given is not the same as columns from the width.
+TEST_F(ControlCreation, ZeroColumnsAreNotTakenFromTheWidth) {
+    grx_affecte_lar_carac_alpha(8);
+    GRX_BOUTON description = a(GRX_BOU_TEXTE, 0, "Zero");
+    description.largeur = 200;
+    make_widget(description);
+    EXPECT_FALSE(creation_of("Zero")->arguments.contains(XmNcolumns));
+}
+
 TEST_F(ControlCreation, AScrolledTextScrollsUpAndDownOnly) {
     const INT n = placed(a(GRX_BOU_TEXTE, GRX_BOU_ATT_TEXTE_MULTI));
     const Widget scrolled = XtParent(control(n));
     ASSERT_TRUE(is_a(scrolled, xmScrolledWindowWidgetClass));
     EXPECT_NE(resource<Widget>(scrolled, XmNverticalScrollBar), nullptr);
     EXPECT_EQ(resource<Widget>(scrolled, XmNhorizontalScrollBar), nullptr);
+}
+
+TEST_F(ControlCreation, WhatScrolledTextsAreAskedFor) {
+    make_widget(a(GRX_BOU_TEXTE, GRX_BOU_ATT_TEXTE_MULTI, "Defile"));
+    const Creation* creation = creation_of("Defile");
+    ASSERT_TRUE(creation);
+    ASSERT_TRUE(creation->arguments.contains(XmNscrollBarDisplayPolicy));
+    EXPECT_EQ(creation->arguments.at(XmNscrollBarDisplayPolicy), 1);
+    ASSERT_TRUE(creation->arguments.contains(XmNscrollHorizontal));
+    EXPECT_EQ(creation->arguments.at(XmNscrollHorizontal), 0);
+    make_widget(a(GRX_BOU_TEXTE, 0, "Simple"));
+    EXPECT_FALSE(creation_of("Simple")->arguments.contains(XmNscrollBarDisplayPolicy));
 }
 
 // --- scales -------------------------------------------------------------------------------------------------------
@@ -658,6 +716,28 @@ TEST_F(ControlCreation, AScrolledListAlwaysShowsItsScrollBar) {
     EXPECT_EQ(resource<unsigned char>(scrolled, XmNscrollBarDisplayPolicy), XmSTATIC);
 }
 
+TEST_F(ControlCreation, WhatScrolledListsAreAskedFor) {
+    make_widget(a(GRX_BOU_LISTE, GRX_BOU_ATT_LISTE_SCROLL, "Defile"));
+    make_widget(a(GRX_BOU_LISTE, 0, "Simple"));
+    const Creation *scrolled = creation_of("Defile"), *plain = creation_of("Simple");
+    ASSERT_TRUE(scrolled && plain);
+    for (const auto& [name, value] :
+        {std::pair{XmNscrollingPolicy, 1}, std::pair{XmNscrollBarDisplayPolicy, 0}, std::pair{XmNvisualPolicy, 1}}) {
+        ASSERT_TRUE(scrolled->arguments.contains(name)) << name;
+        EXPECT_EQ(scrolled->arguments.at(name), value) << name;
+    }
+    EXPECT_EQ(plain->arguments.at(XmNlistSizePolicy), 1);
+}
+
+TEST_F(ControlCreation, AListWithoutThatBitShowsItsScrollBarWhenItIsNeeded) {
+    const INT n = placed(a(GRX_BOU_LISTE));
+    const Widget bar = resource<Widget>(XtParent(control(n)), XmNverticalScrollBar);
+    ASSERT_NE(bar, nullptr);
+    EXPECT_FALSE(XtIsManaged(bar));
+    for (int i = 0; i < 30; ++i) grx_ajoute_element_dans_liste(n, const_cast<char*>("element"));
+    EXPECT_TRUE(wait_for([&] { return XtIsManaged(bar); }));
+}
+
 // --- dialog buttons -----------------------------------------------------------------------------------------------
 
 class DialogButtons : public ControlCreation {
@@ -702,7 +782,7 @@ TEST_F(DialogButtons, StandInTheFormThreeLevelsUpByPosition) {
         EXPECT_EQ(positions_of(control(n)), expected[static_cast<std::size_t>(place - 1)]) << place;
         EXPECT_EQ(attachments_of(control(n)), (std::vector<int>(4, XmATTACH_POSITION))) << place;
         EXPECT_EQ(callbacks_of(control(n)), (std::set<std::string>{XmNactivateCallback}));
-        EXPECT_EQ(control_record(n).nofen, -1);
+        EXPECT_EQ(button_record(n).nofen, -1);
         EXPECT_NE(listened_mask(n), 0U);
     }
     EXPECT_EQ(resource<int>(widget_of(window), XmNfractionBase), 100);
@@ -748,10 +828,10 @@ TEST_F(ControlCreation, SeparatorsAreVerticalUnlessHorizontal) {
 TEST_F(ControlCreation, ADrawingAreaHasABlackCopyOfItsSize) {
     const INT n = placed(a(GRX_BOU_ZONE_DESSIN));
     int depth = 0;
-    EXPECT_EQ(pixmap_extent(control_record(n).image, &depth), (Extent{120, 80}));
+    EXPECT_EQ(pixmap_extent(button_record(n).image, &depth), (Extent{120, 80}));
     EXPECT_EQ(depth, grx_recup_profondeur_ecran());
     INT rgb[3] = {1, 1, 1};
-    const Pixels copy = grab(x11_disp, control_record(n).image);
+    const Pixels copy = grab(x11_disp, button_record(n).image);
     ASSERT_FALSE(copy.empty());
     EXPECT_EQ(copy.count(copy.at(0, 0)), 120 * 80) << "one colour all over";
     XColor colour{};
@@ -776,7 +856,7 @@ TEST_F(ControlCreation, ADrawingAreaWithoutSizeHasACopyOfItsOwn) {
     GRX_BOUTON description = a(GRX_BOU_ZONE_DESSIN);
     description.largeur = description.hauteur = -1;
     const INT n = placed(description);
-    EXPECT_EQ(pixmap_extent(control_record(n).image), extent_of(control(n)));
+    EXPECT_EQ(pixmap_extent(button_record(n).image), extent_of(control(n)));
 }
 
 TEST_F(ControlCreation, DrawingAreasOfStrangeSizesAreSurvived) {
@@ -797,7 +877,7 @@ TEST_F(ControlCreation, EveryTypeCanBeMadeInAHiddenWindow) {
     for (const ControlKind& kind : control_kinds) {
         const INT n = make(control_of(kind, hidden));
         EXPECT_GE(n, 0) << kind.name;
-        EXPECT_EQ(control_record(n).image != 0, kind.type == GRX_BOU_ZONE_DESSIN) << kind.name;
+        EXPECT_EQ(button_record(n).image != 0, kind.type == GRX_BOU_ZONE_DESSIN) << kind.name;
     }
     grx_detruit_fenetre(hidden);
     drain();
@@ -859,9 +939,9 @@ TEST_F(ControlCreation, AnIconStandsInsteadOfTheTitle) {
         path.copy(description.icone, GRX_TITRE_MAX - 1);
         const INT n = placed(description);
         EXPECT_EQ(resource<unsigned char>(control(n), XmNlabelType), XmPIXMAP) << row.kind.name;
-        EXPECT_NE(control_record(n).image, 0U) << row.kind.name;
-        EXPECT_EQ(resource<Pixmap>(control(n), XmNlabelPixmap), control_record(n).image) << row.kind.name;
-        const Pixels picture = grab(x11_disp, control_record(n).image);
+        EXPECT_NE(button_record(n).image, 0U) << row.kind.name;
+        EXPECT_EQ(resource<Pixmap>(control(n), XmNlabelPixmap), button_record(n).image) << row.kind.name;
+        const Pixels picture = grab(x11_disp, button_record(n).image);
         ASSERT_EQ(picture.width, 16);
         ASSERT_EQ(picture.height, 8);
         for (int y = 0; y < 8; ++y)
@@ -890,7 +970,7 @@ TEST_F(ControlCreation, AnIconThatCannotBeReadLeavesTheTitle) {
         const INT n = placed(description);
         EXPECT_EQ(resource<unsigned char>(control(n), XmNlabelType), XmSTRING) << name;
         EXPECT_EQ(label_of(control(n)), "Text") << name;
-        EXPECT_EQ(control_record(n).image, 0U) << name;
+        EXPECT_EQ(button_record(n).image, 0U) << name;
     }
 }
 
@@ -900,7 +980,7 @@ TEST_F(ControlCreation, AnIconOnAnAreaLeavesOneCopyOnly) {
     GRX_BOUTON description = a(GRX_BOU_ZONE_DESSIN);
     path.copy(description.icone, GRX_TITRE_MAX - 1);
     const INT n = placed(description);
-    EXPECT_EQ(pixmap_extent(control_record(n).image), (Extent{120, 80}));
+    EXPECT_EQ(pixmap_extent(button_record(n).image), (Extent{120, 80}));
     grx_detruit_bouton(n);
     drain();
     EXPECT_EQ(server_resources(test_display(), XtWindow(widget_of(window)))["PIXMAP"], before);
@@ -959,7 +1039,7 @@ TEST_F(ControlCreation, AParentWidgetWinsAndRecordsNoWindow) {
         description.ref_fen_mere = inner;
         const INT n = placed(description);
         EXPECT_EQ(XtParent(control(n)), inner);
-        EXPECT_EQ(control_record(n).nofen, -1);
+        EXPECT_EQ(button_record(n).nofen, -1);
     }
 }
 
@@ -1027,7 +1107,7 @@ TEST_F(ControlCreation, ANewOwnerOfANumberHasNothingOfTheOldOne) {
     GRX_BOUTON first = a(GRX_BOU_DESSINE);
     path.copy(first.icone, GRX_TITRE_MAX - 1);
     const INT n = placed(first);
-    ASSERT_NE(control_record(n).image, 0U);
+    ASSERT_NE(button_record(n).image, 0U);
     grx_enfonce_bouton(n);
     EXPECT_EQ(grx_bouton_est_il_enfonce(n), 1);
     grx_detruit_bouton(n);
@@ -1035,10 +1115,10 @@ TEST_F(ControlCreation, ANewOwnerOfANumberHasNothingOfTheOldOne) {
     second.no_fo = 12;
     second.tabi[GRX_BOU_TABI_VALEUR] = 9;
     ASSERT_EQ(placed(second), n);
-    EXPECT_EQ(control_record(n).image, 0U);
-    EXPECT_EQ(control_record(n).type, GRX_BOU_SIMPLE);
-    EXPECT_EQ(control_record(n).no_fo, 12);
-    EXPECT_EQ(control_record(n).valeur, 9);
+    EXPECT_EQ(button_record(n).image, 0U);
+    EXPECT_EQ(button_record(n).type, GRX_BOU_SIMPLE);
+    EXPECT_EQ(button_record(n).no_fo, 12);
+    EXPECT_EQ(button_record(n).valeur, 9);
     EXPECT_EQ(grx_bouton_est_il_enfonce(n), 0);
     grx_desinstalle_bitmap(n);
     drain();
@@ -1117,6 +1197,18 @@ TEST_F(ControlCreation, ALabelGadgetIsNamedAfterItsTitle) {
     ASSERT_TRUE(creation);
     EXPECT_EQ(creation->arguments.at(XmNarmColor), 6) << "the index itself";
     EXPECT_EQ(creation->arguments.at(XmNbackground), static_cast<XtArgVal>(pixel_of(6)));
+    EXPECT_EQ(creation->arguments.at(XmNfontList), reinterpret_cast<XtArgVal>(fontlist));
+    const std::vector<std::string> order{
+        XmNfontList, XmNx, XmNy, XmNheight, XmNwidth, XmNforeground, XmNarmColor, XmNbackground};
+    gadget.coul_trace = 4;
+    creations.clear();
+    EXPECT_EQ(grx_cree_gadget(&gadget), 0);
+    EXPECT_TRUE(std::ranges::equal(order, creation_of("Une note")->names | std::views::take(order.size())));
+    gadget.x = gadget.y = gadget.largeur = gadget.hauteur = gadget.coul_fond = gadget.coul_trace = -1;
+    creations.clear();
+    EXPECT_EQ(grx_cree_gadget(&gadget), 0);
+    const std::vector<std::string> least{XmNfontList, XmNlabelString, XmNalignment};
+    EXPECT_EQ(creation_of("Une note")->names, least);
     EXPECT_TRUE(
         std::ranges::none_of(handlers, [](const Handler& h) { return h.function == &grx_gere_evenements_bouton; }));
 }
@@ -1140,6 +1232,25 @@ TEST_F(ControlCreation, ALabelGadgetShowsItsIcon) {
     EXPECT_EQ(resource<unsigned char>(children_of(widget_of(window)).back(), XmNlabelType), XmSTRING);
 }
 
+TEST_F(ControlCreation, TheIconOfAGadgetGoesWithIt) {
+    const std::string path = plain_icon("icon.bmp", 12);
+    const auto pixmaps = [&] {
+        drain();
+        return server_resources(test_display(), XtWindow(widget_of(window)))["PIXMAP"];
+    };
+    const auto round = [&] {
+        GRX_BOUTON gadget = a(GRX_BOU_LABEL);
+        gadget.fen_mere = make(GRX_FEN_ALPHA);
+        path.copy(gadget.icone, GRX_TITRE_MAX - 1);
+        for (int i = 0; i < 3; ++i) EXPECT_EQ(grx_cree_gadget(&gadget), 0);
+        grx_detruit_fenetre(gadget.fen_mere);
+    };
+    round();
+    const auto before = pixmaps();
+    for (int i = 0; i < 5; ++i) round();
+    EXPECT_EQ(pixmaps(), before);
+}
+
 TEST_F(ControlCreation, AGadgetWithoutBackgroundTakesTheApplicationColour) {
     grx_affecte_couleur_application(6);
     GRX_BOUTON gadget = a(GRX_BOU_LABEL);
@@ -1157,7 +1268,9 @@ TEST_F(ControlCreation, GadgetsOfOtherTypesAndOtherWindows) {
     for (INT parent : {-1, 0, 50, 100, INT_MIN, INT_MAX}) {
         GRX_BOUTON gadget = a(GRX_BOU_LABEL);
         gadget.fen_mere = parent;
+        grx::Mypixmap = 4711;
         EXPECT_EQ(grx_cree_gadget(&gadget), -1) << parent;
+        EXPECT_EQ(grx::Mypixmap, 2U) << "even so";
     }
 }
 
@@ -1180,7 +1293,20 @@ TEST_F(ControlCreation, TheCharacterCellIsMeasuredWithThrowAwayControls) {
         set(-99);
     const std::size_t children = children_of(widget_of(window)).size();
     const INT free_number = grx_recup_indice_objet_bout_libre();
+    creations.clear();
     affecte_carac_font(widget_of(window));
+    ASSERT_EQ(creations.size(), 3U);
+    const auto made = [&](std::size_t i, const char* title, WidgetClass kind, INT place) {
+        EXPECT_EQ(creations[i].name, title) << i;
+        EXPECT_EQ(creations[i].widget_class, kind) << i;
+        EXPECT_EQ(creations[i].arguments.at(XmNx), place) << i;
+        EXPECT_EQ(creations[i].arguments.at(XmNy), place) << i;
+    };
+    made(0, "test", xmTextFieldWidgetClass, 0);
+    made(1, "test", xmTextFieldWidgetClass, 10);
+    made(2, "A", xmLabelWidgetClass, 0);
+    EXPECT_EQ(creations[0].arguments.at(XmNcolumns), 1);
+    EXPECT_EQ(creations[1].arguments.at(XmNcolumns), 2);
     EXPECT_EQ(grx_recup_hau_carac_alpha(), one.height);
     EXPECT_EQ(grx_recup_lar_carac_alpha(), two.width - one.width);
     EXPECT_EQ(grx_recup_lar_sup_alpha(), two.width - 2 * (two.width - one.width));
@@ -1322,7 +1448,7 @@ TEST_F(ControlCreation, DestroyingAControlTakesItsScrolledWindowAlong) {
         EXPECT_EQ(children_of(widget_of(window)).size(), before + 1) << kind.name;
         EXPECT_EQ(grx_detruit_bouton(n), 0);
         EXPECT_EQ(grx_recup_objet_bout(n), nullptr) << kind.name;
-        EXPECT_EQ(control_record(n).nobou, -1) << kind.name;
+        EXPECT_EQ(button_record(n).nobou, -1) << kind.name;
         drain();
         EXPECT_EQ(children_of(widget_of(window)).size(), before) << kind.name;
         EXPECT_EQ(grx_detruit_bouton(n), 0) << "a second time";

@@ -1,11 +1,11 @@
 // The button base, the probe of the first creation, and the two types that start-up measures with.
 #include "tests/display/window_kit.h"
+#include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
 
 #include "xt_prive.h"
 
 #include <climits>
-#include <functional>
 
 namespace {
 
@@ -15,30 +15,6 @@ constexpr const char* overflow_line = "Depassement de taille de la base des bout
 
 Widget fake_widget(std::uintptr_t n) {
     return reinterpret_cast<Widget>(n);
-}
-
-STRUCTURE_BOUTON& button_record(INT n) {
-    STRUCTURE_BOUTON* record = nullptr;
-    grx_recup_structure_bouton(n, &record);
-    return *record;
-}
-
-void expect_free(INT n) {
-    EXPECT_EQ(button_record(n).nobou, -1) << n;
-    EXPECT_EQ(button_record(n).nofen, 1) << n;
-    EXPECT_EQ(button_record(n).no_fo, -1) << n;
-    EXPECT_EQ(button_record(n).valeur, 0) << n;
-}
-
-struct Outcome {
-    INT result;
-    std::string printed;
-};
-
-Outcome outcome_of(const std::function<INT()>& call) {
-    StdoutCapture capture;
-    const INT result = call();
-    return {result, capture.text()};
 }
 
 // --- the base without a display -----------------------------------------------------------------------------------
@@ -225,13 +201,8 @@ class Buttons : public DisplayTest {
     }
 
     GRX_BOUTON described_button(INT type, const char* title = "test") const {
-        GRX_BOUTON button{};
-        grx_init_bouton(&button);
-        button.type = type;
-        button.fen_mere = window_;
-        button.x = 10;
-        button.y = 20;
-        std::snprintf(button.titre, sizeof button.titre, "%s", title);
+        GRX_BOUTON button = button_at(type, window_, {10, 20, -1, -1});
+        set_title(button, title);
         return button;
     }
 

@@ -20,25 +20,6 @@ char* writable(const char* text) {
 
 // --- records compared whole ---------------------------------------------------------------------------------------
 
-// A record as it is when the first handler of an event writes into it: old contents, and what each turn begins with.
-GRX_EVENEMENT old_record() {
-    GRX_EVENEMENT record = patterned_event();
-    grx_init_evenement(&record);
-    return record;
-}
-
-testing::AssertionResult same_record(const GRX_EVENEMENT& expected, const GRX_EVENEMENT& actual) {
-    const auto* a = reinterpret_cast<const unsigned char*>(&expected);
-    const auto* b = reinterpret_cast<const unsigned char*>(&actual);
-    const auto differing = std::mismatch(a, a + sizeof expected, b).first - a;
-    if (static_cast<std::size_t>(differing) == sizeof expected) return testing::AssertionSuccess();
-    const auto field = static_cast<std::size_t>(differing) / sizeof(INT);
-    INT wanted = 0, got = 0;
-    std::memcpy(&wanted, a + field * sizeof(INT), sizeof wanted);
-    std::memcpy(&got, b + field * sizeof(INT), sizeof got);
-    return testing::AssertionFailure() << "number " << field << " of the record is " << got << ", expected " << wanted;
-}
-
 GRX_EVENEMENT pointer_record(INT type, INT window, INT nobou, INT x, INT y, INT button, INT carac) {
     GRX_EVENEMENT record = old_record();
     GRX_DIGIT& digit = record.bouton_appui;
@@ -523,6 +504,8 @@ TEST_F(ControlEvents, KeysWithoutCodeGoToTheMenuBar) {
         drain();
         EXPECT_EQ(grx::evt_menu.type, KeyPress);
         EXPECT_EQ(grx::evt_menu.xkey.keycode, XKeysymToKeycode(x11_disp, symbol));
+        EXPECT_EQ(grx::evt_menu.xkey.state, modifiers);
+        EXPECT_EQ(grx::evt_menu.xkey.display, x11_disp);
         EXPECT_EQ(events.count(GRX_EVT_CARAC_APPUI), 0) << events.describe();
     }
 }
@@ -562,6 +545,113 @@ TEST_F(KeysForTheMenu, AnAcceleratorWorksWhileAButtonOfAnotherWindowHasTheFocus)
     drain();
     EXPECT_EQ(events.count(GRX_EVT_BOUTON_APPUI), 1) << "once: " << events.describe();
     EXPECT_EQ(events.count(GRX_EVT_CARAC_APPUI), 0) << events.describe();
+}
+
+// A text field with the focus: what its window's menu bar, or that of the main window, has a key for.
+class FieldKeysForTheMenu : public KeysForTheMenu {
+  protected:
+    void SetUp() override {
+        KeysForTheMenu::SetUp();
+        if (HasFatalFailure()) return;
+        GRX_FENETRE description = described(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE | GRX_FEN_ATT_PRINCIPALE, 300, 200);
+        description.x = 700;
+        main = make(description);
+        ASSERT_TRUE(wait_visible(widget_of(main)));
+        grx_affecte_nofen_principale(main);
+        settle();
+    }
+
+    INT focused_field(INT holder) {
+        GRX_BOUTON description = button_at(GRX_BOU_TEXTE, holder, {20, 20, 120, 40});
+        set_title(description, "abc");
+        description.no_fo = function_number;
+        const INT n = made(description);
+        pointer().click_in(control(n), 30, 15);
+        EXPECT_TRUE(wait_for([&] { return has_focus(n); }));
+        grx_change_texte(n, writable("abc"));
+        settle();
+        return n;
+    }
+
+    // The entry's event and no other of the kinds that a key or a menu posts.
+    void expect_chosen(INT n, KeySym symbol, unsigned modifiers, INT function) {
+        events.clear();
+        keyboard().key(symbol, modifiers);
+        drain();
+        EXPECT_EQ(events.count(GRX_EVT_BOUTON_APPUI), 1) << events.describe();
+        EXPECT_EQ(events.count(GRX_EVT_CARAC_APPUI), 0) << events.describe();
+        const auto chosen = next(GRX_EVT_BOUTON_APPUI);
+        ASSERT_TRUE(chosen);
+        EXPECT_EQ(chosen->bouton_appui.nofen, main);
+        EXPECT_EQ(chosen->bouton_appui.no_fo, function);
+        EXPECT_EQ(text_of(n), "abc") << "nothing is typed";
+        EXPECT_TRUE(has_focus(n));
+    }
+
+    void goes_to_the_menu(INT holder) {
+        const INT n = focused_field(holder);
+        for (int i = 0; i < 3; ++i) expect_chosen(n, XK_o, ControlMask, 4321);
+        keyboard().type("d");
+        drain();
+        EXPECT_EQ(text_of(n), "abcd") << "the field still takes its keys";
+        events.clear();
+        keyboard().key(XK_b, ControlMask);
+        drain();
+        EXPECT_EQ(events.count(GRX_EVT_BOUTON_APPUI), 0) << "no entry has it: " << events.describe();
+        EXPECT_EQ(events.count(GRX_EVT_CARAC_APPUI), 0) << events.describe();
+        EXPECT_EQ(grx::evt_menu.xkey.keycode, XKeysymToKeycode(x11_disp, XK_b)) << "but it was forwarded";
+    }
+
+    INT main = -1;
+};
+
+TEST_F(FieldKeysForTheMenu, AnAcceleratorInAFieldOfTheMainWindow) {
+    goes_to_the_menu(main);
+}
+
+TEST_F(FieldKeysForTheMenu, AnAcceleratorInAFieldOfAnotherWindow) {
+    goes_to_the_menu(window);
+}
+
+TEST_F(FieldKeysForTheMenu, AKeyHeldAWhileIsChosenOnce) {
+    const INT n = focused_field(window);
+    keyboard().press(XK_Control_L);
+    keyboard().press(XK_o);
+    ASSERT_TRUE(next(GRX_EVT_BOUTON_APPUI)) << events.describe();
+    keyboard().release(XK_o);
+    keyboard().release(XK_Control_L);
+    keyboard().type("d");
+    drain();
+    EXPECT_EQ(events.count(GRX_EVT_BOUTON_APPUI), 1) << events.describe();
+    EXPECT_EQ(text_of(n), "abcd");
+}
+
+// The toolkit takes the key of such an entry, too; the keys after it are still the field's.
+TEST_F(FieldKeysForTheMenu, AnEntryThatCannotBeChosenTakesNoOtherKey) {
+    const INT n = focused_field(window);
+    const Widget entry = XtNameToWidget(shell_of(main), "*atome");
+    ASSERT_NE(entry, nullptr);
+    ASSERT_EQ(text_resource(entry, XmNlabelString), "Open");
+    XtSetSensitive(entry, False);
+    keyboard().key(XK_o, ControlMask);
+    drain();
+    EXPECT_EQ(events.count(GRX_EVT_BOUTON_APPUI), 0) << events.describe();
+    grx_change_texte(n, writable("abc"));
+    keyboard().type("d");
+    drain();
+    EXPECT_EQ(text_of(n), "abcd");
+}
+
+// Of another window's keys only those are forwarded that have no code.
+TEST_F(FieldKeysForTheMenu, AFunctionKeyInAFieldOfAnotherWindowIsTheFields) {
+    const INT n = focused_field(window);
+    keyboard().key(XK_F5);
+    const auto press = next(GRX_EVT_CARAC_APPUI);
+    ASSERT_TRUE(press) << events.describe();
+    EXPECT_EQ(press->carac_appui.carac, 0xFFC2);
+    EXPECT_EQ(press->carac_appui.nobou, n);
+    drain();
+    EXPECT_EQ(events.count(GRX_EVT_BOUTON_APPUI), 0) << events.describe();
 }
 
 // --- fields -------------------------------------------------------------------------------------------------------
@@ -623,6 +713,25 @@ TEST_F(ControlEvents, ReturnInASeveralLineTextIsALineFeed) {
     drain();
     EXPECT_EQ(text_of(n), "a\nb");
     EXPECT_EQ(events.count(GRX_EVT_EXEC_FONCTION), 0) << events.describe();
+}
+
+// Tab is a sign of such a text, and no way to the next field.
+TEST_F(ControlEvents, TabInASeveralLineTextIsAKey) {
+    const INT n = made(GRX_BOU_TEXTE, GRX_BOU_ATT_TEXTE_MULTI, "");
+    focus(n);
+    for (const auto& [modifiers, code] : {std::pair{0U, 9}, std::pair{unsigned{ShiftMask}, 65396}}) {
+        events.clear();
+        focus(n);
+        keyboard().key(XK_Tab, modifiers);
+        const auto press = next(GRX_EVT_CARAC_APPUI);
+        ASSERT_TRUE(press) << events.describe();
+        EXPECT_EQ(press->carac_appui.carac, code);
+        EXPECT_EQ(press->carac_appui.nobou, n);
+        drain();
+        EXPECT_EQ(events.count(GRX_EVT_TAB) + events.count(GRX_EVT_BACKTAB), 0) << events.describe();
+        XmTextPosition left = -1, right = -1;
+        EXPECT_FALSE(XmTextGetSelectionPosition(control(n), &left, &right) && left != right) << "nor is it selected";
+    }
 }
 
 TEST_F(ControlEvents, ReadOnlyFieldsKeepTheirText) {
@@ -713,6 +822,7 @@ TEST_F(FieldTraversal, TabFromAButtonIsAKey) {
     EXPECT_EQ(press->carac_appui.carac, 9);
     EXPECT_EQ(press->carac_appui.nobou, n);
     EXPECT_TRUE(wait_for([&] { return has_focus(fields[0]); }));
+    EXPECT_TRUE(wait_for([&] { return wholly_selected(fields[0]); })) << "ready to be overwritten";
     EXPECT_EQ(events.count(GRX_EVT_TAB), 0);
     grx_force_focus_sur_bouton(n);
     ASSERT_TRUE(wait_for([&] { return has_focus(n); }));
@@ -749,7 +859,7 @@ TEST_F(FieldTraversal, LeavingAFieldPostsNothing) {
     drain();
     EXPECT_EQ(events.types(), (std::vector<INT>{2, 15})) << events.describe();
     const GRX_EVENEMENT before = evt_global = patterned_event();
-    grx_focus_quitte_bouton(control(fields[0]), &control_record(fields[0]), nullptr);
+    grx_focus_quitte_bouton(control(fields[0]), &button_record(fields[0]), nullptr);
     EXPECT_TRUE(same_record(before, evt_global));
 }
 
@@ -946,7 +1056,7 @@ TEST_F(ListEvents, OtherReasonsOnlyTakeTheFunctionNumberAway) {
     XmListCallbackStruct call{};
     call.reason = XmCR_SINGLE_SELECT;
     evt_global = patterned_event();
-    grx_element_liste_clique(control(list), &control_record(list), &call);
+    grx_element_liste_clique(control(list), &button_record(list), &call);
     GRX_EVENEMENT expected = patterned_event();
     expected.element_clique.no_fo = -1;
     EXPECT_TRUE(same_record(expected, evt_global));
@@ -957,7 +1067,7 @@ TEST_F(ListEvents, AnItemWithoutATextIsSurvived) {
     for (int reason : {XmCR_BROWSE_SELECT, XmCR_DEFAULT_ACTION}) {
         call.reason = reason;
         evt_global = patterned_event();
-        grx_element_liste_clique(control(list), &control_record(list), &call);
+        grx_element_liste_clique(control(list), &button_record(list), &call);
         EXPECT_EQ(evt_global.element_clique.nobou, list);
         EXPECT_EQ(evt_global.element_clique.double_click, reason == XmCR_DEFAULT_ACTION ? 1 : 0);
         EXPECT_LT(strnlen(evt_global.element_clique.chaine, GRX_EVT_CHAINE_MAX), 1U);
@@ -1042,7 +1152,7 @@ TEST_F(ScaleEvents, NeitherOfItsCallbacksWritesTheText) {
     XmScaleCallbackStruct call{};
     call.value = 77;
     evt_global = before;
-    grx_echelle_bouge(control(scale), &control_record(scale), &call);
+    grx_echelle_bouge(control(scale), &button_record(scale), &call);
     GRX_EVENEMENT expected = before;
     expected.exec_fonction.type_evenement = 64;
     expected.exec_fonction.nofen = window;
@@ -1051,7 +1161,7 @@ TEST_F(ScaleEvents, NeitherOfItsCallbacksWritesTheText) {
     expected.exec_fonction.valeur = 77;
     EXPECT_TRUE(same_record(expected, evt_global));
     evt_global = before;
-    grx_bouton_est_enfonce(control(scale), &control_record(scale), &call);
+    grx_bouton_est_enfonce(control(scale), &button_record(scale), &call);
     expected.exec_fonction.type_evenement = 6;
     EXPECT_TRUE(same_record(expected, evt_global));
 }
@@ -1087,15 +1197,15 @@ TEST_F(ControlEvents, AnAreaIsRepaintedFromItsCopy) {
     const INT n = made(GRX_BOU_ZONE_DESSIN);
     XGCValues values{};
     values.foreground = pixel_of(6);
-    const GC context = XCreateGC(x11_disp, control_record(n).image, GCForeground, &values);
-    XFillRectangle(x11_disp, control_record(n).image, context, 10, 20, 30, 15);
+    const GC context = XCreateGC(x11_disp, button_record(n).image, GCForeground, &values);
+    XFillRectangle(x11_disp, button_record(n).image, context, 10, 20, 30, 15);
     XFreeGC(x11_disp, context);
     settle();
     XClearArea(test_display(), XtWindow(control(n)), 0, 0, 0, 0, True);
     XSync(test_display(), False);
     drain();
     EXPECT_TRUE(events.seen().empty()) << "nothing is posted: " << events.describe();
-    EXPECT_TRUE(same(grab(x11_disp, control_record(n).image), picture(n)));
+    EXPECT_TRUE(same(grab(x11_disp, button_record(n).image), picture(n)));
     EXPECT_EQ(picture(n).bounds(static_cast<std::uint32_t>(pixel_of(6))), (Area{10, 20, 30, 15}));
 }
 
@@ -1105,7 +1215,7 @@ TEST_F(ControlEvents, AnAreaIsRepaintedWhenShownAgain) {
     drain();
     grx_affiche_bouton(n);
     ASSERT_TRUE(wait_visible(control(n)));
-    EXPECT_TRUE(wait_for([&] { return picture(n) == grab(x11_disp, control_record(n).image); }));
+    EXPECT_TRUE(wait_for([&] { return picture(n) == grab(x11_disp, button_record(n).image); }));
     EXPECT_EQ(picture(n).count(static_cast<std::uint32_t>(pixel_of(1))), 120 * 80) << "black, as it begins";
 }
 
@@ -1113,7 +1223,7 @@ TEST_F(ControlEvents, AnAreaIsRepaintedWhenShownAgain) {
 
 TEST_F(ControlEvents, AnExposedButtonIsToldWhereTheApplicationAsks) {
     const INT n = made(GRX_BOU_DESSINE);
-    XtAddCallback(control(n), XmNexposeCallback, grx_bouton_est_affiche, &control_record(n));
+    XtAddCallback(control(n), XmNexposeCallback, grx_bouton_est_affiche, &button_record(n));
     forget();
     XClearArea(test_display(), XtWindow(control(n)), 0, 0, 0, 0, True);
     XSync(test_display(), False);
@@ -1137,7 +1247,7 @@ TEST_F(ControlEvents, NobodyIsToldUnasked) {
 TEST_F(ControlEvents, CallbacksOfADestroyedControlDoNothing) {
     const INT n = made(GRX_BOU_SIMPLE);
     const Widget other = control(made(GRX_BOU_LABEL));
-    STRUCTURE_BOUTON* record = &control_record(n);
+    STRUCTURE_BOUTON* record = &button_record(n);
     grx_detruit_bouton(n);
     settle();
     XEvent event{};
@@ -1159,10 +1269,10 @@ TEST_F(ControlEvents, CallbacksOfADestroyedControlDoNothing) {
 TEST_F(ControlEvents, CallbacksWithoutDataAreSurvived) {
     const INT n = made(GRX_BOU_SIMPLE);
     const Widget w = control(n);
-    STRUCTURE_BOUTON foreign = control_record(n);
+    STRUCTURE_BOUTON foreign = button_record(n);
     Boolean go_on = True;
     XEvent event{};
-    for (XtPointer data : {XtPointer{nullptr}, XtPointer{&foreign}, XtPointer{&control_record(n)}}) {
+    for (XtPointer data : {XtPointer{nullptr}, XtPointer{&foreign}, XtPointer{&button_record(n)}}) {
         grx_bouton_est_enfonce(w, data, nullptr);
         grx_echelle_bouge(w, data, nullptr);
         grx_element_liste_clique(w, data, nullptr);

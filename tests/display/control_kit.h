@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/display/window_kit.h"
+#include "tests/support/controls.h"
 
 #include <Xm/XmAll.h>
 
@@ -9,7 +10,6 @@
 #include <cstring>
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace grxtest {
@@ -34,22 +34,10 @@ inline constexpr std::array control_kinds{ControlKind{"drawn", GRX_BOU_DESSINE, 
 
 inline constexpr std::array<INT, 7> no_controls{-1, -2, 999, 1000, 1001, INT_MIN, INT_MAX};
 
-inline void set_title(GRX_BOUTON& control, std::string_view title) {
-    const std::size_t n = title.copy(control.titre, GRX_TITRE_MAX - 1);
-    control.titre[n] = '\0';
-}
-
 // A visible and sensitive control with a place and a size, function 700, value 31.
 inline GRX_BOUTON control_of(INT type, INT bits, INT window, const char* title = "Text") {
-    GRX_BOUTON control{};
-    grx_init_bouton(&control);
-    control.type = type;
-    control.attrib = GRX_BOU_ATT_ACTIF | bits;
-    control.fen_mere = window;
-    control.x = 20;
-    control.y = 30;
-    control.largeur = 120;
-    control.hauteur = 80;
+    GRX_BOUTON control = button_at(type, window, {20, 30, 120, 80});
+    control.attrib |= bits;
     control.no_fo = 700;
     control.tabi[GRX_BOU_TABI_VALEUR] = 31;
     if (type == GRX_BOU_ECHELLE) control.tabi[GRX_BOU_TABI_MAXI] = 100;
@@ -69,12 +57,6 @@ inline INT make(GRX_BOUTON control) {
 
 inline Widget control(INT nobou) {
     return grx_recup_objet_bout(nobou);
-}
-
-inline STRUCTURE_BOUTON& control_record(INT nobou) {
-    STRUCTURE_BOUTON* record = nullptr;
-    grx_recup_structure_bouton(nobou, &record);
-    return *record;
 }
 
 inline bool is_a(Widget widget, WidgetClass kind) {

@@ -1,5 +1,7 @@
 #include "tests/display/drawing.h"
 
+#include "tests/support/controls.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -183,15 +185,7 @@ INT DrawingTest::graphic_window(const Area& area) {
 }
 
 INT DrawingTest::label_in(INT window, const Area& area) {
-    GRX_BOUTON label{};
-    grx_init_bouton(&label);
-    label.type = GRX_BOU_LABEL;
-    label.attrib = GRX_BOU_ATT_ACTIF;
-    label.fen_mere = window;
-    label.x = area.x;
-    label.y = area.y;
-    label.largeur = area.width;
-    label.hauteur = area.height;
+    GRX_BOUTON label = button_at(GRX_BOU_LABEL, window, area);
     EXPECT_EQ(grx_cree_bouton(&label), 0);
     EXPECT_TRUE(wait_visible(grx_recup_objet_bout(label.nobou)));
     drain();

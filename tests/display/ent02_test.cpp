@@ -1,5 +1,6 @@
 // The digitizing loop, double clicks, the pointer's place, and the re-sending of keys.
 #include "tests/display/window_kit.h"
+#include "tests/support/controls.h"
 
 #include "xt_prive.h"
 
@@ -412,6 +413,16 @@ class DoubleClick : public Digitizer {
         settle();
     }
 
+    // The clock moves on while the next event of the window is handled: by less than a tick it would still be in time.
+    void handle_slowly() {
+        const auto until_the_clock_moved = [](Widget, XtPointer, XEvent*, Boolean*) {
+            const auto start = Clock::now();
+            while (Clock::now() - start < std::chrono::microseconds(10)) continue;
+        };
+        XtAddEventHandler(
+            widget_of(window_), ButtonPressMask | ButtonReleaseMask, False, until_the_clock_moved, nullptr);
+    }
+
     INT decide(INT mode, INT button = 1, INT x = 100, INT y = 200) {
         arrive();
         const INT outcome = grx_double_clic(mode, x, y, button);
@@ -448,6 +459,7 @@ TEST_F(DoubleClick, TheSamePressTooLate) {
     first_press();
     pointer().release();
     settle();
+    handle_slowly();
     pointer().press();
     EXPECT_EQ(decide(3), 3);
 }
@@ -461,6 +473,7 @@ TEST_F(DoubleClick, TheReleaseInTime) {
 TEST_F(DoubleClick, TheReleaseTooLate) {
     limit(no_time);
     first_press();
+    handle_slowly();
     pointer().release();
     EXPECT_EQ(decide(0), 3);
 }
@@ -685,13 +698,7 @@ TEST_F(Digitizer, TheRedrawOfAnotherWindowDoesNotEndTheWait) {
 class Resending : public Digitizer {
   protected:
     INT field(INT y) {
-        GRX_BOUTON button{};
-        grx_init_bouton(&button);
-        button.type = GRX_BOU_TEXTE;
-        button.attrib = GRX_BOU_ATT_ACTIF;
-        button.fen_mere = window_;
-        button.x = 10;
-        button.y = y;
+        GRX_BOUTON button = button_at(GRX_BOU_TEXTE, window_, {10, y, -1, -1});
         button.tabi[0] = 10;
         EXPECT_EQ(grx_cree_bouton(&button), 0);
         EXPECT_TRUE(wait_visible(grx_recup_objet_bout(button.nobou)));

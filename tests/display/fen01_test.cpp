@@ -7,7 +7,6 @@
 
 #include <climits>
 #include <cstdlib>
-#include <functional>
 
 namespace {
 
@@ -21,18 +20,6 @@ constexpr const char* overflow_line = "Depassement de taille de la base des fene
 
 Widget fake_widget(std::uintptr_t n) {
     return reinterpret_cast<Widget>(n);
-}
-
-// What a call gives, and prints.
-struct Outcome {
-    INT result;
-    std::string printed;
-};
-
-Outcome outcome_of(const std::function<INT()>& call) {
-    StdoutCapture capture;
-    const INT result = call();
-    return {result, capture.text()};
 }
 
 // --- the base without a display -----------------------------------------------------------------------------

@@ -1,12 +1,9 @@
 // The cursors of windows, as the server shows them under the pointer.
-#include "tests/display/window_kit.h"
+#include "tests/display/cursor_kit.h"
 
 #include "pure/cursor_bits.h"
 
 #include <X11/cursorfont.h>
-#include <X11/extensions/Xfixes.h>
-
-#include <dlfcn.h>
 
 #include <climits>
 #include <cstdlib>
@@ -19,36 +16,6 @@ using namespace grxtest;
 constexpr std::uint32_t white = 0xFFFFFFFF; // opaque
 constexpr std::uint32_t clear = 0;
 
-// The picture of a cursor: 0 where it is clear, else 0xFF and the colour.
-struct Shape {
-    int width = 0, height = 0, hot_x = 0, hot_y = 0;
-    std::vector<std::uint32_t> pixels;
-    bool operator==(const Shape&) const = default;
-
-    std::set<std::uint32_t> colours() const {
-        std::set<std::uint32_t> all(pixels.begin(), pixels.end());
-        all.erase(clear);
-        return all;
-    }
-};
-
-void PrintTo(const Shape& shape, std::ostream* out) {
-    *out << shape.width << " x " << shape.height << ", hot spot " << shape.hot_x << "," << shape.hot_y << "\n";
-    for (int y = 0; y < shape.height; ++y) {
-        for (int x = 0; x < shape.width; ++x)
-            *out << (shape.pixels[static_cast<std::size_t>(y * shape.width + x)] ? '#' : '.');
-        *out << "\n";
-    }
-}
-
-// The extension's library comes with those of the toolkit, its development files need not.
-template <class Function>
-Function* in_xfixes(const char* name) {
-    static void* library = dlopen("libXfixes.so.3", RTLD_NOW);
-    void* address = library ? dlsym(library, name) : nullptr;
-    return reinterpret_cast<Function*>(address);
-}
-
 class Cursors : public DisplayTest {
   protected:
     // The shapes of the server's own font, not those of a theme, which have many colours.
@@ -56,22 +23,14 @@ class Cursors : public DisplayTest {
 
     void SetUp() override {
         DisplayTest::SetUp();
-        image_ = in_xfixes<decltype(XFixesGetCursorImage)>("XFixesGetCursorImage");
-        ASSERT_NE(image_, nullptr) << "no libXfixes.so.3";
+        ASSERT_NE(in_xfixes<decltype(XFixesGetCursorImage)>("XFixesGetCursorImage"), nullptr) << "no libXfixes.so.3";
         window_ = make(GRX_FEN_ALPHA);
         ASSERT_TRUE(wait_visible(widget_of(window_)));
         pointer().move_in(widget_of(window_), 100, 75);
         drain();
     }
 
-    Shape shown() {
-        XSync(x11_disp, False);
-        const std::unique_ptr<XFixesCursorImage, int (*)(void*)> image(image_(test_display()), XFree);
-        Shape shape{image->width, image->height, image->xhot, image->yhot, {}};
-        for (int i = 0; i < shape.width * shape.height; ++i)
-            shape.pixels.push_back(static_cast<std::uint32_t>(image->pixels[i]));
-        return shape;
-    }
+    Shape shown() { return shown_cursor(test_display()); }
 
     Shape shown_as(INT cursor) {
         EXPECT_EQ(grx_change_curseur(cursor, window_), 0);
@@ -91,17 +50,9 @@ class Cursors : public DisplayTest {
         return shape;
     }
 
-    std::uint32_t colour(INT index) {
-        XColor queried{};
-        queried.pixel = static_cast<unsigned long>(grx_recup_couleur(index));
-        XQueryColor(x11_disp, x11_cmap, &queried);
-        return 0xFF000000U | (queried.red >> 8U) << 16U | (queried.green >> 8U) << 8U | queried.blue >> 8U;
-    }
+    static std::uint32_t colour(INT index) { return cursor_colour(index); }
 
     INT window_ = 0;
-
-  private:
-    decltype(XFixesGetCursorImage)* image_ = nullptr;
 };
 
 template <std::size_t N>

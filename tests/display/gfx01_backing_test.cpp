@@ -1,5 +1,7 @@
 // Backing pictures, memory drawing, saving and restoring.
 #include "tests/display/drawing.h"
+#include "tests/display/window_kit.h"
+#include "tests/support/controls.h"
 
 #include <X11/Xutil.h>
 #include <Xm/DrawingA.h>
@@ -489,20 +491,15 @@ class ButtonBacking : public BackingTest {
         button_ = label_in(window_, {20, 30, wide, high});
     }
 
-    STRUCTURE_BOUTON& button_record() const {
-        STRUCTURE_BOUTON* found = nullptr;
-        grx_recup_structure_bouton(button_, &found);
-        return *found;
-    }
-    Pixels picture() const { return grab(x11_disp, button_record().image); }
+    Pixels picture() const { return grab(x11_disp, button_record(button_).image); }
 
     INT window_ = 0, button_ = 0;
 };
 
 TEST_F(ButtonBacking, StartsInTheDrawingColour) {
-    EXPECT_EQ(button_record().image, 0U);
+    EXPECT_EQ(button_record(button_).image, 0U);
     grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
-    ASSERT_NE(button_record().image, 0U);
+    ASSERT_NE(button_record(button_).image, 0U);
     const Pixels made = picture();
     EXPECT_EQ(made.width, wide);
     EXPECT_EQ(made.height, high);
@@ -522,6 +519,34 @@ TEST_F(ButtonBacking, ShowingGives1WhenDoneAnd0Without) {
     EXPECT_EQ(cost.round_trips(), 1U);
     expect_background_context();
     EXPECT_EQ(part_of_screen(test_display(), {60, 90, wide, high}).count(pixel_of(9)), wide * high);
+}
+
+// The button shows the picture of a file; a backing picture takes its place, and goes.
+TEST_F(ButtonBacking, AShownIconIsReplacedAndNeverShownReleased) {
+    std::vector<uchar> picture(wide * high, 4);
+    std::string directory = home().text(), name = "a.bmp", path = directory + "/" + name;
+    ASSERT_EQ(ecrit_fichier_bitmap(directory.data(), name.data(), picture.data(), wide, high), 0);
+    const auto pixmaps = [&] {
+        drain();
+        return server_resources(test_display(), x_window(window_))["PIXMAP"];
+    };
+    const auto shown = [&] { return resource<Pixmap>(grx_recup_objet_bout(button_), XmNlabelPixmap); };
+    const unsigned none = pixmaps();
+    grx_change_icone_bouton(button_, path.data());
+    for (int i = 0; i < 3; ++i) {
+        grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
+        EXPECT_EQ(shown(), button_record(button_).image);
+        EXPECT_EQ(pixmaps(), none + 1);
+    }
+    grx_detruit_bitmap_backingstore_bouton(button_);
+    EXPECT_EQ(button_record(button_).image, 0U);
+    EXPECT_EQ(shown(), Pixmap{XmUNSPECIFIED_PIXMAP});
+    EXPECT_EQ(pixmaps(), none);
+    grx_desinstalle_bitmap(button_);
+    grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
+    grx_desinstalle_bitmap(button_);
+    grx_detruit_bitmap_backingstore_bouton(button_); // the released id is not freed again
+    EXPECT_EQ(pixmaps(), none);
 }
 
 TEST_F(ButtonBacking, MemorisingCopiesTheButton) {
@@ -547,7 +572,7 @@ TEST_F(ButtonBacking, MemorisingSynchronisesInEveryCase) {
 TEST_F(ButtonBacking, DestroyingFreesThePixmap) {
     grx_detruit_bitmap_backingstore_bouton(button_); // there is none yet
     grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
-    const Pixmap made = button_record().image;
+    const Pixmap made = button_record(button_).image;
     grx_detruit_bitmap_backingstore_bouton(button_);
     EXPECT_EQ(x_error_count(x11_disp), 0);
     permit_x_errors();
@@ -574,7 +599,7 @@ TEST_F(ButtonBacking, MemoryDrawingGoesIntoThePicture) {
     const Pixels before = button_screen(button_);
     EXPECT_EQ(grx_alloue_image_bouton(button_, 0), 0);
     EXPECT_EQ(grx::grx_trace_memoire_bouton, 1);
-    EXPECT_EQ(grx::image_redess_bouton, &button_record().image);
+    EXPECT_EQ(grx::image_redess_bouton, &button_record(button_).image);
     EXPECT_EQ(picture().count(background()), wide * high); // emptied
     draw_on_button(button_, box(13, 0, 0, 9, 9));
     EXPECT_EQ(picture().count(pixel_of(13)), 100);
@@ -597,13 +622,42 @@ TEST_F(ButtonBacking, MemoryDrawingMayKeepThePicture) {
     grx_desalloue_image_bouton();
 }
 
+TEST_F(ButtonBacking, MemoryDrawingEndsByShowingThePicture) {
+    grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
+    grx_affecte_nobou_actif(button_);
+    grx_alloue_image_bouton(button_, 0);
+    draw_on_button(button_, box(13, 0, 0, 9, 9));
+    const Pixels drawn = picture();
+    grx_trace_image_bouton(1);
+    EXPECT_TRUE(same(button_screen(button_), drawn));
+    EXPECT_TRUE(same(picture(), drawn)); // kept
+    draw_on_button(button_, box(11, 20, 20, 29, 29));
+    EXPECT_EQ(button_screen(button_).count(pixel_of(11)), 0);
+    grx_trace_image_bouton(0);
+    EXPECT_EQ(button_screen(button_).count(pixel_of(11)), 100);
+    EXPECT_EQ(picture().count(background()), wide * high); // ready for the next
+    grx_desalloue_image_bouton();
+}
+
+TEST_F(ButtonBacking, ShowingWithoutMemoryDrawingDoesNothing) {
+    grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
+    grx_affecte_nobou_actif(button_);
+    const Pixels before = button_screen(button_), kept = picture();
+    const Cost cost(x11_disp);
+    grx_trace_image_bouton(0);
+    grx_trace_image_bouton(1);
+    EXPECT_EQ(cost.requests(), 0U);
+    EXPECT_TRUE(same(button_screen(button_), before));
+    EXPECT_TRUE(same(picture(), kept));
+}
+
 // KEEP: the active button, whatever the argument says.
 TEST_F(ButtonBacking, MemoryDrawingWorksOnTheActiveButton) {
     const INT other = label_in(window_, {150, 30, wide, high});
     grx_cree_bitmap_backingstore_bouton(button_, wide, high, 9, 12);
     grx_affecte_nobou_actif(button_);
     grx_alloue_image_bouton(other, 0);
-    EXPECT_EQ(grx::image_redess_bouton, &button_record().image);
+    EXPECT_EQ(grx::image_redess_bouton, &button_record(button_).image);
     draw_on_button(other, box(13, 0, 0, 9, 9));
     EXPECT_EQ(picture().count(pixel_of(13)), 100);
     EXPECT_EQ(button_screen(other).count(pixel_of(13)), 0);

@@ -1,5 +1,6 @@
 // Pictures: put, stretched and read back, against the same done pixel by pixel.
 #include "tests/display/drawing.h"
+#include "tests/support/controls.h"
 
 #include <Xm/XmAll.h>
 
@@ -76,24 +77,11 @@ class PictureTest : public DrawingTest {
     }
 
     INT area_in(INT window, INT x, INT y, INT area_width, INT area_height) {
-        GRX_BOUTON area{};
-        grx_init_bouton(&area);
-        area.type = GRX_BOU_ZONE_DESSIN;
-        area.attrib = GRX_BOU_ATT_ACTIF;
-        area.fen_mere = window;
-        area.x = x;
-        area.y = y;
-        area.largeur = area_width;
-        area.hauteur = area_height;
+        GRX_BOUTON area = button_at(GRX_BOU_ZONE_DESSIN, window, {x, y, area_width, area_height});
         EXPECT_EQ(grx_cree_bouton(&area), 0);
         EXPECT_TRUE(wait_visible(grx_recup_objet_bout(area.nobou)));
         drain();
         return area.nobou;
-    }
-    static STRUCTURE_BOUTON& button_record(INT nobou) {
-        STRUCTURE_BOUTON* found = nullptr;
-        grx_recup_structure_bouton(nobou, &found);
-        return *found;
     }
 };
 
@@ -232,6 +220,61 @@ TEST_F(PictureTest, AButtonIsATarget) {
     }
 }
 
+// Seen by another connection, while ours sends nothing more.
+TEST_F(PictureTest, PicturesAreSentAtOnce) {
+    const INT window = graphic_window();
+    const Pixels before = screen(window);
+    const Picture picture = random_picture(20, 10);
+    const auto shows = [&](const Pixels& expected) {
+        return wait_until([&] { return grab(test_display(), x_window(window)) == expected; }, [] {});
+    };
+    put(to_window, window, picture, 11, 17);
+    const Pixels one = with_picture(before, picture, 11, 17);
+    EXPECT_TRUE(shows(one));
+    stretch(to_window, window, picture, 60, 60, 30, 40);
+    EXPECT_TRUE(shows(with_picture(one, picture, 60, 60, 30, 40)));
+}
+
+// Whatever mode was drawn in last.
+TEST_F(PictureTest, ExclusiveOrDrawingBeforeDoesNotMatter) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(37, 23);
+    Pixels expected = screen(window);
+    grx_affecte_gc(attributes(5, 0, 2048));
+    put(to_window, window, picture, 11, 17);
+    expected = with_picture(expected, picture, 11, 17);
+    expect_shown(window, expected);
+    grx_affecte_gc(attributes(5, 0, 2048));
+    stretch(to_window, window, picture, 30, 40, 60, 50);
+    expect_shown(window, with_picture(expected, picture, 30, 40, 60, 50));
+}
+
+TEST_F(PictureTest, SelectingATargetSendsTheBackgroundColours) {
+    const INT window = graphic_window(), area = area_in(window_of(GRX_FEN_ALPHA, {400, 60, 200, 150}), 20, 10, 100, 80);
+    const auto colours = [] {
+        XGCValues values{};
+        XGetGCValues(x11_disp, g_c, GCForeground | GCBackground | GCFunction, &values);
+        return values;
+    };
+    const auto select = [&](INT type, INT number) {
+        grx_affecte_gc(attributes(5, 3));
+        grx_alloue_image_reel(type, number);
+        return colours();
+    };
+    for (const auto& [type, number] : std::vector<std::pair<INT, INT>>{{to_window, window}, {to_button, area}}) {
+        const XGCValues sent = select(type, number);
+        EXPECT_EQ(sent.foreground, background());
+        EXPECT_EQ(sent.background, background());
+        EXPECT_EQ(sent.function, GXcopy);
+        EXPECT_EQ(grx::memo_attrib.coul_fond, grx_recup_couleur_fond());
+    }
+    for (const auto& [type, number] : std::vector<std::pair<INT, INT>>{{to_window, 77}, {to_button, 77}}) {
+        const XGCValues untouched_values = select(type, number);
+        EXPECT_EQ(untouched_values.foreground, pixel_of(5));
+        EXPECT_EQ(untouched_values.background, pixel_of(3));
+    }
+}
+
 TEST_F(PictureTest, PutWhileUnmappedItIsInTheBackingPicture) {
     const INT window = graphic_window();
     grx_cache_fenetre(window);
@@ -353,15 +396,22 @@ TEST_F(WithoutSharedMemory, PixelsAreTheSame) {
     EXPECT_NE(read[0], 0x77);
 }
 
+// The server, which has other work to do first, reads none of them before the last is made.
 TEST_F(PictureTest, LargePicturesInARowAreTheSame) {
     const INT window = graphic_window({40, 60, 700, 500});
+    for (int i = 0; i < 2; ++i) put(to_window, window, random_picture(700, 500), 0, 0); // room for the largest
     Pixels expected = screen(window);
+    constexpr unsigned side = 1000;
+    const Pixmap elsewhere =
+        XCreatePixmap(x11_disp, x_window(window), side, side, static_cast<unsigned>(grx_recup_profondeur_ecran()));
+    for (int i = 0; i < 200; ++i) XCopyArea(x11_disp, elsewhere, elsewhere, g_c, 0, 0, side, side, 1, 1);
     for (unsigned i = 0; i < 6; ++i) {
         const INT shift = static_cast<INT>(i) * 30 - 40;
         const Picture picture = random_picture(600, 450, i + 1);
-        put(to_window, window, picture, shift, shift); // at once: each must have left its memory before the next
+        put(to_window, window, picture, shift, shift);
         expected = with_picture(expected, picture, shift, shift);
     }
+    XFreePixmap(x11_disp, elsewhere);
     expect_shown(window, expected);
 }
 
@@ -459,6 +509,16 @@ TEST_F(Reading, NegativePlacesAreRaisedToZero) {
     EXPECT_EQ(read[1], expected(1, 0));
 }
 
+TEST_F(Reading, LeavesTheContextCopying) {
+    patterned_window();
+    grx_affecte_gc(attributes(5, 0, 2048));
+    Bytes read(100, 0x77);
+    grx_recup_image(0, 0, 10, 10, read.data());
+    XGCValues values{};
+    XGetGCValues(x11_disp, g_c, GCFunction, &values);
+    EXPECT_EQ(values.function, GXcopy);
+}
+
 TEST_F(Reading, UnmappedWindowOrNoneWritesNothing) {
     const INT window = patterned_window();
     Bytes read(100, 0x77);
@@ -484,6 +544,22 @@ TEST_F(Reading, PartlyOffTheScreen) {
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 
+TEST_F(Reading, EveryColourIsKnownUpToTheLast) {
+    if (grx_recup_profondeur_ecran() == 8) return; // every pixel is a cell there
+    const INT window = patterned_window();
+    INT colour[3] = {0x13, 0x57, 0x9B};
+    for (const INT index : {0, grx_recup_max_couleur_reserve(), grx_recup_max_couleur_trace(),
+             grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace() - 1}) {
+        ++colour[0];
+        grx_modif_rgb(index, colour);
+        const auto component = [&](int i) { return static_cast<uchar>(colour[i]); };
+        put(to_window, window, Picture{1, 1, {component(2), component(1), component(0)}, {0}}, 0, 0);
+        uchar read = 0x77;
+        grx_recup_image(0, 0, 1, 1, &read);
+        EXPECT_EQ(read, index);
+    }
+}
+
 TEST_F(Reading, UnknownColourReadsAs0) {
     if (grx_recup_profondeur_ecran() == 8) return; // every pixel is a cell there
     const INT window = patterned_window();
@@ -492,6 +568,21 @@ TEST_F(Reading, UnknownColourReadsAs0) {
     uchar read = 0x77;
     grx_recup_image(0, 0, 1, 1, &read);
     EXPECT_EQ(read, 0);
+}
+
+class ReadingWithoutSharedMemory : public Reading {
+  protected:
+    XServerOptions server_options() const override { return {.arguments = {"-extension", "MIT-SHM"}}; }
+};
+
+TEST_F(ReadingWithoutSharedMemory, StripsFitTogether) {
+    constexpr INT across = 700, down = 500;
+    patterned_window({40, 60, across, down});
+    Bytes read(static_cast<std::size_t>(across) * down, 0x77);
+    grx_recup_image(3, 5, across - 3, down - 5, read.data());
+    for (INT y = 5; y < down; ++y)
+        for (INT x = 3; x < across; ++x)
+            ASSERT_EQ(read[static_cast<std::size_t>((y - 5) * (across - 3) + x - 3)], expected(x, y)) << x << ", " << y;
 }
 
 // --- memory drawing -------------------------------------------------------------------------------------------------
@@ -516,13 +607,26 @@ TEST_F(MemoryPicture, EndsByShowingThePicture) {
     EXPECT_EQ(screen(window).count(pixel_of(4)), 0);
     const Pixels drawn = memory(window);
     EXPECT_GT(drawn.count(pixel_of(4)), 1000);
+    const Cost cost(x11_disp);
     grx_trace_image(1);
+    EXPECT_EQ(cost.round_trips(), 1U); // the picture is there when it returns
     EXPECT_TRUE(same(screen(window), drawn));
     EXPECT_TRUE(same(memory(window), drawn));
     box(window, 9);
     grx_trace_image(0);
     EXPECT_GT(screen(window).count(pixel_of(9)), 1000);
     EXPECT_EQ(memory(window).count_other(background()), 0); // ready for the next
+    grx_desalloue_image();
+}
+
+TEST_F(MemoryPicture, ShowsAfterExclusiveOrDrawingToo) {
+    const INT window = active_window();
+    grx_alloue_image(window);
+    draw(window, {Primitive::Kind::filled_rectangle, attributes(4, 0, 2048), {20, 20, 90, 70}, {}});
+    const Pixels drawn = memory(window);
+    grx_trace_image(1);
+    EXPECT_TRUE(same(screen(window), drawn));
+    EXPECT_GT(drawn.count_other(background()), 1000);
     grx_desalloue_image();
 }
 

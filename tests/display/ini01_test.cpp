@@ -13,19 +13,6 @@ namespace {
 
 using namespace grxtest;
 
-// What a call gives, and prints.
-struct Outcome {
-    INT result;
-    std::string printed;
-};
-
-template <class Call>
-Outcome outcome_of(Call call) {
-    StdoutCapture capture;
-    const INT result = call();
-    return {result, capture.text()};
-}
-
 // --- refusals ---------------------------------------------------------------------------------------------
 
 class StartRefusedTest : public XTest {

@@ -8,7 +8,9 @@
 #undef min
 #undef max
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
 #include <map>
 #include <string>
@@ -162,6 +164,25 @@ inline GRX_EVENEMENT patterned_event() {
     GRX_EVENEMENT event;
     std::memset(static_cast<void*>(&event), 0x5A, sizeof event);
     return event;
+}
+
+// A record as it is when the first handler of an event writes into it: old contents, and what each turn begins with.
+inline GRX_EVENEMENT old_record() {
+    GRX_EVENEMENT record = patterned_event();
+    grx_init_evenement(&record);
+    return record;
+}
+
+inline testing::AssertionResult same_record(const GRX_EVENEMENT& expected, const GRX_EVENEMENT& actual) {
+    const auto* a = reinterpret_cast<const unsigned char*>(&expected);
+    const auto* b = reinterpret_cast<const unsigned char*>(&actual);
+    const auto differing = std::mismatch(a, a + sizeof expected, b).first - a;
+    if (static_cast<std::size_t>(differing) == sizeof expected) return testing::AssertionSuccess();
+    const auto field = static_cast<std::size_t>(differing) / sizeof(INT);
+    INT wanted = 0, got = 0;
+    std::memcpy(&wanted, a + field * sizeof(INT), sizeof wanted);
+    std::memcpy(&got, b + field * sizeof(INT), sizeof got);
+    return testing::AssertionFailure() << "number " << field << " of the record is " << got << ", expected " << wanted;
 }
 
 } // namespace grxtest

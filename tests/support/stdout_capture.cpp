@@ -44,4 +44,10 @@ void StdoutCapture::restore() {
     captured_ = -1;
 }
 
+Outcome outcome_of(const std::function<int()>& call) {
+    StdoutCapture capture;
+    const int result = call();
+    return {result, capture.text()};
+}
+
 } // namespace grxtest

@@ -1,6 +1,7 @@
 // What the process writes to its standard output (the descriptor, so printf of any library counts) while this lives.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,5 +23,12 @@ class StdoutCapture {
     int captured_ = -1;
     std::string text_;
 };
+
+// What a call gives, and prints.
+struct Outcome {
+    int result;
+    std::string printed;
+};
+Outcome outcome_of(const std::function<int()>& call);
 
 } // namespace grxtest

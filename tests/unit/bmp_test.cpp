@@ -1,7 +1,9 @@
 // Bitmap files, byte by byte. The 256-colour writer needs colours: it is tested with a display.
 #include <gtest/gtest.h>
 
+#include "tests/support/descriptors.h"
 #include "tests/support/heap.h"
+#include "tests/support/stdout_capture.h"
 #include "tests/support/temp_dir.h"
 #include "tests/unit/c_text.h"
 
@@ -83,15 +85,6 @@ struct Read {
     bool untouched() const { return pixels == nullptr && width == 77 && height == 77 && size == 77 && colours == 77; }
     Bytes picture() const { return pixels ? Bytes(pixels, pixels + size) : Bytes(); }
 };
-
-int open_descriptors() {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-        static_cast<void>(entry);
-        ++count;
-    }
-    return count;
-}
 
 class BitmapFile : public testing::Test {
   protected:
@@ -364,7 +357,7 @@ TEST_F(BitmapFile, TypeSizesAndCompressionAreNotChecked) {
 }
 
 TEST_F(BitmapFile, OtherDepthsAreRefused) {
-    const int before = open_descriptors();
+    const auto before = open_descriptors();
     for (const std::uint32_t bits : {0U, 1U, 2U, 5U, 16U, 24U, 32U, 0xFFFFU}) {
         const NoLeak no_leak;
         const Read& r = read(Packer().raw(headers({.width = 8, .height = 1, .bits = bits})).zeros(64).bytes());
@@ -439,8 +432,21 @@ INSTANTIATE_TEST_SUITE_P(All, HostileSize,
         Hostile{4, 0x80000000}, Hostile{0x80000000, 4}, Hostile{0x7FFFFFFF, 0x7FFFFFFF}, Hostile{0x10000, 0x10000},
         Hostile{0x7FFFFFFF, 2}, Hostile{65536, 65536}, Hostile{0xFFFFFFF8, 0xFFFFFFF8}));
 
+TEST_F(BitmapFile, FailuresReportNothing) {
+    StdoutCapture capture;
+    EXPECT_EQ(read_again("none.bmp").result, 1);
+    for (const Writer writer : {ecrit_fichier_bitmap, ecrit_fichier_bitmap_256, ecrit_fichier_bitmap_mono})
+        EXPECT_EQ(write(writer, Bytes(64, 1), 8, 8, "none/x.bmp"), 1);
+    ASSERT_EQ(read(four_bits(8, 1, {1, 2, 3, 4})).result, 0);
+    heap().fail_from(1);
+    const INT without_memory = read_again().result;
+    heap().fail_never();
+    EXPECT_EQ(without_memory, 1);
+    EXPECT_EQ(capture.text(), "");
+}
+
 TEST_F(BitmapFile, FilesLeaveNoDescriptorOpen) {
-    const int before = open_descriptors();
+    const auto before = open_descriptors();
     for (int i = 0; i < 20; ++i) {
         ASSERT_EQ(read(four_bits(8, 1, {1, 2, 3, 4})).result, 0);
         ASSERT_EQ(write(ecrit_fichier_bitmap, Bytes(8, 1), 8, 1), 0);
@@ -482,7 +488,7 @@ TEST_F(BitmapFile, OtherMissingBuffersGive1) {
 TEST_F(BitmapFile, MissingHeaderBufferLeavesTheFileOpen) {
     const Bytes file = four_bits(8, 1, {1, 2, 3, 4});
     for (const std::size_t n : {1U, 2U, 3U, 4U}) {
-        const int before = open_descriptors();
+        const auto before = open_descriptors();
         heap().fail_at(n);
         EXPECT_EQ(read(file).result, 1) << n;
         heap().fail_never();

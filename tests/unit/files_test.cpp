@@ -1,6 +1,7 @@
 // Files and directories.
 #include <gtest/gtest.h>
 
+#include "tests/support/descriptors.h"
 #include "tests/support/heap.h"
 #include "tests/support/temp_dir.h"
 #include "tests/unit/c_text.h"
@@ -268,10 +269,6 @@ TEST_F(Names, WithoutOpenDirectoryThereIsNone) {
     EXPECT_STREQ(name.data(), "");
     EXPECT_EQ(ferme_sysdir(), 0);
     EXPECT_EQ(ferme_sysdir(), 0);
-}
-
-long open_descriptors() {
-    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
 }
 
 TEST_F(Names, OpeningAgainClosesTheFormer) {

@@ -1,6 +1,7 @@
 // The default host's text files.
 #include <gtest/gtest.h>
 
+#include "tests/support/descriptors.h"
 #include "tests/support/temp_dir.h"
 #include "tests/unit/c_text.h"
 
@@ -181,14 +182,11 @@ TEST_F(HostText, ImplicitFileThatCannotBeOpenedIsNone) {
 
 TEST_F(HostText, ForgottenImplicitFileIsClosed) {
     dir_.write("file", "a\n");
-    const auto descriptors = [] {
-        return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
-    };
-    const auto before = descriptors();
+    const auto before = open_descriptors();
     for (int i = 0; i < 5; ++i) EXPECT_EQ(text_open(in(dir_.text()), in("file"), HOST_MODE_LECTURE), 0);
-    EXPECT_EQ(descriptors(), before + 1);
+    EXPECT_EQ(open_descriptors(), before + 1);
     text_close();
-    EXPECT_EQ(descriptors(), before);
+    EXPECT_EQ(open_descriptors(), before);
 }
 
 } // namespace

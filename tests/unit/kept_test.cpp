@@ -1,4 +1,6 @@
 // Deliberate oddities (docs/kept.md) that no test of their own area looks at.
+#include "tests/support/controls.h"
+
 #include <gtest/gtest.h>
 
 #include "xt_bou_f.h"
@@ -11,19 +13,6 @@ class ButtonBase : public testing::Test {
   protected:
     void SetUp() override { ASSERT_EQ(grx_alloue_base_boutons(), 0); }
     void TearDown() override { grx_desalloue_base_boutons(); }
-
-    static STRUCTURE_BOUTON& entry(INT number) {
-        STRUCTURE_BOUTON* found = nullptr;
-        grx_recup_structure_bouton(number, &found);
-        return *found;
-    }
-
-    static void expect_free(INT number) {
-        EXPECT_EQ(entry(number).nobou, -1) << number;
-        EXPECT_EQ(entry(number).nofen, 1) << number; // neither -1 nor 0
-        EXPECT_EQ(entry(number).no_fo, -1) << number;
-        EXPECT_EQ(entry(number).valeur, 0) << number;
-    }
 };
 
 TEST_F(ButtonBase, AFreeEntryNamesWindow1) {
@@ -32,14 +21,14 @@ TEST_F(ButtonBase, AFreeEntryNamesWindow1) {
 
 TEST_F(ButtonBase, AFreedEntryNamesWindow1AndKeepsTypeAndPicture) {
     grx_affecte_structure_bouton(7, 11, 22, 33);
-    EXPECT_EQ(entry(7).nobou, 7);
-    EXPECT_EQ(entry(7).nofen, 33);
-    entry(7).type = GRX_BOU_FLECHE;
-    const Pixmap picture = entry(7).image;
+    EXPECT_EQ(button_record(7).nobou, 7);
+    EXPECT_EQ(button_record(7).nofen, 33);
+    button_record(7).type = GRX_BOU_FLECHE;
+    const Pixmap picture = button_record(7).image;
     EXPECT_EQ(grx_libere_indice_objet_bout(7), 1);
     expect_free(7);
-    EXPECT_EQ(entry(7).type, GRX_BOU_FLECHE);
-    EXPECT_EQ(entry(7).image, picture);
+    EXPECT_EQ(button_record(7).type, GRX_BOU_FLECHE);
+    EXPECT_EQ(button_record(7).image, picture);
 }
 
 } // namespace

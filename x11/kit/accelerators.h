@@ -6,6 +6,7 @@
 #include <X11/XKBlib.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -17,8 +18,9 @@
 namespace grx {
 
 struct Accelerator {
-    Widget entry;
-    KeyCode key;
+    Widget entry; // null when it was destroyed
+    KeySym symbol;
+    KeyCode key; // where the symbol is on this keyboard, 0 when nowhere
     unsigned int modifiers;
     bool shifted; // the key's symbol is on its second level: Shift may be held
 };
@@ -60,16 +62,18 @@ inline KeySym keysym_named(std::string_view name) {
     return static_cast<unsigned char>(text[0]); // a sign is its own keysym
 }
 
-/// What an accelerator text asks for; a key of 0 when it names none of this keyboard.
+inline void find_key(Accelerator& a) {
+    a.key = XKeysymToKeycode(x11_disp, a.symbol);
+    KeySym lower = NoSymbol, upper = NoSymbol;
+    XtConvertCase(x11_disp, a.symbol, &lower, &upper);
+    a.shifted = a.key != 0 && XkbKeycodeToKeysym(x11_disp, a.key, 0, 0) != lower;
+}
+
+/// What an accelerator text asks for; no symbol when it names none.
 inline Accelerator accelerator_for(Widget entry, std::string_view text) {
     const KeyText parts = split_accelerator(text);
-    const KeySym symbol = keysym_named(parts.key);
-    Accelerator result{entry, 0, modifiers_named(parts.modifiers), false};
-    if (symbol == NoSymbol) return result;
-    result.key = XKeysymToKeycode(x11_disp, symbol);
-    KeySym lower = NoSymbol, upper = NoSymbol;
-    XtConvertCase(x11_disp, symbol, &lower, &upper);
-    if (result.key != 0) result.shifted = XkbKeycodeToKeysym(x11_disp, result.key, 0, 0) != lower;
+    Accelerator result{entry, keysym_named(parts.key), 0, modifiers_named(parts.modifiers), false};
+    if (result.symbol != NoSymbol) find_key(result);
     return result;
 }
 
@@ -90,10 +94,12 @@ void with_locks(const Accelerator& accelerator, Change change) {
 }
 
 inline void grab(Widget top, const Accelerator& a) {
+    if (a.key == 0) return;
     with_locks(a, [&](unsigned int m) { XtGrabKey(top, a.key, m, False, GrabModeAsync, GrabModeAsync); });
 }
 
 inline void ungrab(Widget top, const Accelerator& a) {
+    if (a.key == 0) return;
     with_locks(a, [&](unsigned int m) { XtUngrabKey(top, a.key, m); });
 }
 
@@ -101,9 +107,25 @@ inline void ungrab(Widget top, const Accelerator& a) {
 class AcceleratorTable {
   public:
     void add(Widget top, const Accelerator& accelerator) {
-        if (accelerator.key == 0 || !has_room()) return;
+        if (accelerator.symbol == NoSymbol || !has_room()) return;
         table_[count_++] = accelerator;
         grab(top, accelerator);
+    }
+
+    /// An entry that is destroyed: its key then does nothing.
+    void forget(Widget entry) {
+        for (std::size_t i = 0; i < count_; ++i) {
+            if (table_[i].entry == entry) table_[i].entry = nullptr;
+        }
+    }
+
+    /// The keys where a new layout of the keyboard has them.
+    void follow_keyboard(Widget top) {
+        for (std::size_t i = 0; i < count_; ++i) ungrab(top, table_[i]); // all of them before any: places are exchanged
+        for (std::size_t i = 0; i < count_; ++i) {
+            find_key(table_[i]);
+            grab(top, table_[i]);
+        }
     }
 
     void clear(Widget top) {
@@ -112,11 +134,17 @@ class AcceleratorTable {
         table_.reset();
     }
 
+    bool has(const XKeyEvent& event) const {
+        return std::any_of(
+            table_.data(), table_.data() + count_, [&event](const Accelerator& a) { return matches(a, event); });
+    }
+
     /// Activates the first entry of a key that is managed and sensitive.
     bool activate(XEvent& event) const {
         for (std::size_t i = 0; i < count_; ++i) {
             const Accelerator& a = table_[i];
-            if (!matches(a, event.xkey) || !XtIsManaged(a.entry) || !XtIsSensitive(a.entry)) continue;
+            if (a.entry == nullptr || !matches(a, event.xkey)) continue;
+            if (!XtIsManaged(a.entry) || !XtIsSensitive(a.entry)) continue;
             XmAnyCallbackStruct call{XmCR_ACTIVATE, &event};
             XtCallCallbacks(a.entry, const_cast<char*>(XmNactivateCallback), &call);
             return true;

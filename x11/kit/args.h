@@ -48,6 +48,15 @@ void set_resource(Widget w, const char* name, T value) {
     XtSetValues(w, args.list(), args.count());
 }
 
+/// A number as the client data of a callback, and back.
+inline XtPointer as_client_data(intptr_t number) {
+    return reinterpret_cast<XtPointer>(number);
+}
+
+inline int32_t number_in(XtPointer client_data) {
+    return static_cast<int32_t>(reinterpret_cast<intptr_t>(client_data));
+}
+
 /// Reads one resource by the type that the toolkit declares it with; `fallback` when the widget has none of that name.
 template <class T>
 T resource(Widget w, const char* name, T fallback = T{}) {

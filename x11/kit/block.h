@@ -106,4 +106,9 @@ class Block {
     std::size_t count_ = 0;
 };
 
+/// Elements to ask for where there may be none: a host need not give memory of no size.
+constexpr std::size_t room_for(INT count) {
+    return count > 1 ? static_cast<std::size_t>(count) : 1;
+}
+
 } // namespace grx

@@ -72,6 +72,8 @@ class ApplicationText {
         if (latin1 && MB_CUR_MAX > 1) convert();
     }
     const char* c_str() const { return converted_ ? converted_.data() : text_; }
+    /// False when a character of the text had none in the application's encoding.
+    bool lossless() const { return lossless_; }
 
   private:
     void convert() {
@@ -84,6 +86,7 @@ class ApplicationText {
         constexpr wchar_t last_latin1 = 0xFF;
         while (const std::size_t used = std::mbrtowc(&character, in, MB_CUR_MAX, &state)) {
             if (used > MB_CUR_MAX) break; // not a character of the locale
+            lossless_ = lossless_ && character <= last_latin1;
             *out++ = character <= last_latin1 ? static_cast<char>(character) : '?';
             in += used;
         }
@@ -92,6 +95,7 @@ class ApplicationText {
 
     const char* text_;
     Block<char> converted_;
+    bool lossless_ = true;
 };
 
 } // namespace grx

@@ -8,6 +8,7 @@
 #include <sys/ipc.h>
 #include <sys/shm.h>
 
+#include <algorithm>
 #include <cstddef>
 
 #include "kit/block.h"
@@ -79,15 +80,20 @@ class SharedSegment {
     bool unavailable_ = false;
 };
 
-/// An image to be filled and put, or got and read.
+/// An image to be filled and put strip by strip. A shared one holds all rows, for the server reads it later; any other
+/// holds one strip, which stays in the processor's cache.
 struct Transfer {
     XImage* image = nullptr;
     Block<uchar> own;                 // its pixels when they are not shared
     SharedSegment* segment = nullptr; // where its pixels are shared
+    int strip_rows = 0;
     bool shared() const { return segment != nullptr; }
+    /// Row of the image at which the strip from row `first` of the picture on stands.
+    int place_of(int first) const { return shared() ? first : 0; }
 };
 
 inline constexpr std::size_t kWorthSharing = 64 * 1024;
+inline constexpr int kSharedStripRows = 100; // the server works on one while the next is made
 
 /// Two in turn: while the server reads one picture, the next is made in the other segment.
 inline SharedSegment& next_segment() {
@@ -114,7 +120,15 @@ inline Transfer begin_shared(ImageSize size) {
     image->data = segment.data();
     t.image = image;
     t.segment = &segment;
+    t.strip_rows = kSharedStripRows;
     return t;
+}
+
+/// Rows of a strip: few enough for the processor's cache and for what a local connection takes at once.
+inline int rows_of_strip(std::size_t bytes_per_row, int height) {
+    constexpr std::size_t strip_bytes = 196 * 1024;
+    const auto rows = static_cast<int>(strip_bytes / std::max<std::size_t>(bytes_per_row, 1));
+    return std::clamp(rows, 1, std::max(height, 1));
 }
 
 /// Room for a picture of the screen's depth; no image when memory is short.
@@ -124,9 +138,10 @@ inline Transfer begin_transfer(ImageSize size) {
     constexpr int pad = 32;
     t.image = make_image(nullptr, size, profondeur_ecran, pad, 0);
     if (t.image == nullptr) return t;
+    const auto row_bytes = static_cast<std::size_t>(t.image->bytes_per_line);
+    t.strip_rows = t.image->height = rows_of_strip(row_bytes, size.height);
     t.image->byte_order = native_byte_order();
-    t.own =
-        Block<uchar>::raw(static_cast<std::size_t>(t.image->bytes_per_line) * static_cast<std::size_t>(size.height));
+    t.own = Block<uchar>::raw(row_bytes * static_cast<std::size_t>(t.strip_rows));
     if (!t.own) {
         drop_image(t.image);
         t.image = nullptr;
@@ -136,38 +151,43 @@ inline Transfer begin_transfer(ImageSize size) {
     return t;
 }
 
-/// Puts `rows` rows of the image from row `first` on, its row 0 standing at (x, y).
+/// Puts `rows` rows of the picture from row `first` on, whose row 0 stands at (x, y).
 inline void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first, int rows) {
     const auto width = static_cast<unsigned int>(t.image->width);
     const auto height = static_cast<unsigned int>(rows);
+    const int from = t.place_of(first);
     if (t.shared()) {
-        XShmPutImage(x11_disp, target, context, t.image, 0, first, x, y + first, width, height, False);
+        XShmPutImage(x11_disp, target, context, t.image, 0, from, x, y + first, width, height, False);
         t.segment->mark_busy();
     } else {
-        XPutImage(x11_disp, target, context, t.image, 0, first, x, y + first, width, height);
+        XPutImage(x11_disp, target, context, t.image, 0, from, x, y + first, width, height);
     }
 }
 
-/// Reads a rectangle that lies inside the drawable; false when the server cannot give it.
-inline bool get(Transfer& t, Drawable from, int x, int y) {
-    if (t.shared()) return XShmGetImage(x11_disp, from, t.image, x, y, AllPlanes) != 0;
-    const auto width = static_cast<unsigned int>(t.image->width);
-    const auto height = static_cast<unsigned int>(t.image->height);
-    XImage* const got = XGetImage(x11_disp, from, x, y, width, height, AllPlanes, ZPixmap);
-    if (got == nullptr) return false;
-    drop_image(t.image);
-    t.image = got;
-    return true;
-}
-
-inline void end_transfer(Transfer& t, bool owns_data = false) {
-    if (t.image == nullptr) return;
-    if (owns_data) {
-        XDestroyImage(t.image); // got from the server, with its pixels
-    } else {
-        drop_image(t.image);
-    }
+inline void end_transfer(Transfer& t) {
+    drop_image(t.image); // its pixels are the block's, or shared
     t.image = nullptr;
+}
+
+/// Reads a rectangle that lies inside the drawable: `use(image, first)` for each strip, from row `first` on. Ends early
+/// when the server cannot give it.
+template <class Use>
+void read_rectangle(Drawable from, int x, int y, ImageSize size, Use use) {
+    Transfer t = begin_shared(size);
+    if (t.shared()) {
+        if (XShmGetImage(x11_disp, from, t.image, x, y, AllPlanes) != 0) use(t.image, 0);
+        end_transfer(t);
+        return;
+    }
+    const int strip = rows_of_strip(static_cast<std::size_t>(size.width) * sizeof(UNSIGNED_INT4), size.height);
+    for (int first = 0; first < size.height; first += strip) {
+        const auto rows = static_cast<unsigned int>(std::min(strip, size.height - first));
+        XImage* const got =
+            XGetImage(x11_disp, from, x, y + first, static_cast<unsigned int>(size.width), rows, AllPlanes, ZPixmap);
+        if (got == nullptr) return;
+        use(got, first);
+        XDestroyImage(got);
+    }
 }
 
 } // namespace grx

@@ -24,9 +24,34 @@ inline Widget nearest_shell(Widget w) {
     return nearest_of_class(w, shellWidgetClass);
 }
 
+/// True when `wanted` is `root` or stands somewhere inside it. `wanted` is only compared: it may be gone.
+inline bool holds_widget(Widget root, Widget wanted) {
+    if (root == nullptr || wanted == nullptr) return false;
+    if (root == wanted) return true;
+    if (!XtIsComposite(root)) return false;
+    const auto* const children = resource<WidgetList>(root, XtNchildren);
+    const auto count = resource<Cardinal>(root, XtNnumChildren);
+    for (Cardinal i = 0; i < count; ++i) {
+        if (holds_widget(children[i], wanted)) return true;
+    }
+    return false;
+}
+
 /// The X window of a widget that has one by now, else None. Read from the widget: drawing asks for every primitive.
 inline Window window_of(Widget w) {
     return w != nullptr ? w->core.window : None;
+}
+
+/// Asks for the exposure of a widget and of everything in it.
+inline void redraw(Widget w) {
+    if (window_of(w) == None) return;
+    XClearArea(XtDisplay(w), window_of(w), 0, 0, 0, 0, True);
+    if (!XtIsComposite(w)) return;
+    const auto* const children = resource<WidgetList>(w, XtNchildren);
+    const auto count = resource<Cardinal>(w, XtNnumChildren);
+    for (Cardinal i = 0; i < count; ++i) {
+        if (XtIsWidget(children[i])) redraw(children[i]);
+    }
 }
 
 struct Size {
@@ -37,6 +62,26 @@ struct Size {
 
 inline Size size_of(Widget w) {
     return {resource<Dimension>(w, XtNwidth), resource<Dimension>(w, XtNheight)};
+}
+
+/// The size that a widget would like to have.
+inline Size wanted_size(Widget w) {
+    XtWidgetGeometry wanted{};
+    XtQueryGeometry(w, nullptr, &wanted);
+    return {wanted.width, wanted.height};
+}
+
+inline void set_size(Widget w, Size size) {
+    Args args;
+    args.set(XtNwidth, size.width).set(XtNheight, size.height);
+    XtSetValues(w, args.list(), args.count());
+}
+
+/// Gives a widget that has no size yet the one it wants: some learn theirs when they are managed, and are then refused
+/// it in a window that keeps its own.
+inline void give_wanted_size(Widget w) {
+    const Size size = size_of(w), wanted = wanted_size(w);
+    set_size(w, {size.width > 1 ? size.width : wanted.width, size.height > 1 ? size.height : wanted.height});
 }
 
 /// A scroll bar of the scrolled window around (or at) a widget; null when there is none.

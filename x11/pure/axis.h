@@ -20,13 +20,18 @@ constexpr int32_t top_of_box(int32_t container_height, int32_t y, int32_t box_he
 }
 
 /// What the toolkit can hold as a position (signed 16 bits).
-constexpr int16_t as_position(int32_t v) {
-    return static_cast<int16_t>(std::clamp<int32_t>(v, INT16_MIN, INT16_MAX));
+constexpr int16_t as_position(int64_t v) {
+    return static_cast<int16_t>(std::clamp<int64_t>(v, INT16_MIN, INT16_MAX));
 }
 
 /// What X accepts as a width or height of a window or pixmap.
-constexpr uint16_t as_size(int32_t v) {
-    return static_cast<uint16_t>(std::clamp<int32_t>(v, 1, INT16_MAX));
+constexpr uint16_t as_size(int64_t v) {
+    return static_cast<uint16_t>(std::clamp<int64_t>(v, 1, INT16_MAX));
+}
+
+/// What the application gets of a sum that 32 bits may not hold.
+constexpr int32_t saturated(int64_t v) {
+    return static_cast<int32_t>(std::clamp<int64_t>(v, INT32_MIN, INT32_MAX));
 }
 
 } // namespace grx

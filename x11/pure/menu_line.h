@@ -6,17 +6,9 @@
 #include <optional>
 #include <string_view>
 
+#include "pure/text.h"
+
 namespace grx {
-
-constexpr bool is_blank(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-
-constexpr std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
-    return text;
-}
 
 inline constexpr std::size_t kMostMenuFields = 4;
 

@@ -87,14 +87,18 @@ void DeepPacker::row(uint32_t* out, const uchar* in, std::size_t count) const {
 
 // Stepped instead of divided: quotient and remainder grow together.
 void scale_map(std::span<int32_t> map, int64_t source_size) {
+    if (map.empty()) return;
     const auto size = static_cast<int64_t>(map.size());
+    const int64_t whole = source_size / size;
+    const int64_t rest = source_size % size;
     int64_t quotient = 0;
     int64_t remainder = 0;
     for (int32_t& place : map) {
         place = static_cast<int32_t>(quotient);
-        remainder += source_size;
-        quotient += remainder / size;
-        remainder %= size;
+        remainder += rest;
+        const bool full = remainder >= size;
+        quotient += full ? whole + 1 : whole;
+        remainder -= full ? size : 0;
     }
 }
 

@@ -13,6 +13,16 @@ inline std::string_view view(const char* text) {
     return text ? std::string_view(text) : std::string_view();
 }
 
+constexpr bool is_blank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+constexpr std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
 // Copies what fits in size bytes, terminator included, and ends it; true when nothing was cut. The two may overlap.
 inline bool copy_text(char* destination, std::size_t size, std::string_view source) {
     if (!destination || size == 0) return false;

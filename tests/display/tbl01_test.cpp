@@ -1,0 +1,650 @@
+// The choice control above the application's tables.
+#include "tests/display/control_kit.h"
+#include "tests/support/fake_visual.h"
+#include "tests/support/stdout_capture.h"
+
+#include <X11/IntrinsicP.h>
+
+#include <functional>
+#include <optional>
+
+namespace {
+
+using namespace grxtest;
+
+constexpr INT function_number = 740;
+constexpr std::array<INT, 8> no_tables{-1, -2, 10, 11, 99, 1000, INT_MIN, INT_MAX};
+
+class TableChoices : public ControlsTest {
+  protected:
+    void SetUp() override {
+        ControlsTest::SetUp();
+        if (HasFatalFailure()) return;
+        Itbl = 3;
+        EXPECT_EQ(grx_tbl_init_boutons_choix(), 0);
+        window = shown();
+        pointer().move(1270, 1000);
+        settle();
+    }
+
+    // Texts as the application gives them.
+    struct Texts {
+        explicit Texts(std::vector<std::string> of) : texts(std::move(of)) {
+            for (std::string& text : texts) pointers.push_back(text.data());
+        }
+        INT count() const { return static_cast<INT>(texts.size()); }
+        std::vector<std::string> texts;
+        std::vector<char*> pointers;
+    };
+
+    INT create(Texts& texts, INT by_default = 1, INT x = 60, INT y = 70) {
+        return grx_tbl_cree_boutons_choix(
+            window, x, y, function_number, texts.count(), texts.pointers.data(), by_default);
+    }
+
+    static TBL_TABLEUR_AFF& table() { return Taffiche[Itbl]; }
+
+    static std::vector<INT> numbers() { return {table().tbou_choix, table().tbou_choix + table().nb_choix}; }
+
+    std::vector<Widget> option_menus() {
+        std::vector<Widget> found;
+        for (Widget child : children_of(widget_of(window)))
+            if (std::string(XtName(child)) == "OptionMenu" && !child->core.being_destroyed) found.push_back(child);
+        return found;
+    }
+
+    Cardinal popups() { return widget_of(window)->core.num_popups; } // pulldowns among them
+
+    Widget option() {
+        const auto found = option_menus();
+        EXPECT_EQ(found.size(), 1U);
+        return found.empty() ? nullptr : found[0];
+    }
+
+    std::string shown_text() { return text_resource(XmOptionButtonGadget(option()), XmNlabelString); }
+
+    std::map<std::string, unsigned> resources() {
+        auto counted = server_resources(test_display(), XtWindow(XmGetXmDisplay(x11_disp)));
+        counted.erase("GC"); // replaced drawing contexts are not freed, on purpose
+        return counted;
+    }
+
+    // Nothing on the screen, in the table or in the base of buttons.
+    void expect_none() {
+        drain();
+        EXPECT_TRUE(option_menus().empty());
+        EXPECT_EQ(table().nb_choix, 0);
+        EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0) << "no button is left";
+        grx_libere_indice_objet_bout(0);
+    }
+
+    // Opens the menu with a click, and clicks on a choice.
+    void choose(std::size_t i) {
+        const Widget box = XmOptionButtonGadget(option());
+        pointer().move_in(option(), resource<Position>(box, XmNx) + 8, resource<Position>(box, XmNy) + 8);
+        settle();
+        XtSetMultiClickTime(x11_disp, 0); // or a quick second click leaves the menu open
+        pointer().click(1);
+        ASSERT_TRUE(wait_visible(control(numbers()[i])));
+        pointer().move_in(control(numbers()[i]), 6, 5);
+        settle();
+        evt_global = patterned_event();
+        pointer().click(1);
+    }
+
+    GRX_EVENEMENT chosen_record(INT nobou, INT value) {
+        GRX_EVENEMENT record = old_record();
+        record.exec_fonction.type_evenement = 6;
+        record.exec_fonction.nofen = -1;
+        record.exec_fonction.nobou = nobou;
+        record.exec_fonction.no_fo = function_number;
+        record.exec_fonction.valeur = value;
+        return record;
+    }
+
+    INT window = -1;
+    Texts three{{"Largeur", "Hauteur maximale", "Prix"}};
+};
+
+// --- creation -----------------------------------------------------------------------------------------------------
+
+TEST_F(TableChoices, FillTheTable) {
+    EXPECT_EQ(create(three), 0);
+    EXPECT_EQ(table().nb_choix, 3);
+    ASSERT_NE(table().tbou_choix, nullptr);
+    EXPECT_EQ(numbers(), (std::vector<INT>{0, 1, 2}));
+}
+
+TEST_F(TableChoices, TouchNothingElseOfIt) {
+    std::memset(static_cast<void*>(&table()), 0x5A, sizeof table());
+    table().nb_choix = 0;
+    table().tbou_choix = nullptr;
+    TBL_TABLEUR_AFF before;
+    std::memcpy(static_cast<void*>(&before), &table(), sizeof before);
+    create(three);
+    before.nb_choix = 3;
+    before.tbou_choix = table().tbou_choix;
+    EXPECT_EQ(std::memcmp(static_cast<void*>(&before), &table(), sizeof before), 0);
+    grx_tbl_detruit_boutons_choix();
+    before.nb_choix = 0;
+    before.tbou_choix = table().tbou_choix;
+    EXPECT_EQ(std::memcmp(static_cast<void*>(&before), &table(), sizeof before), 0);
+    std::memset(static_cast<void*>(&table()), 0, sizeof table());
+}
+
+TEST_F(TableChoices, AreButtonsOfThePulldown) {
+    create(three);
+    const Widget pulldown = resource<Widget>(option(), XmNsubMenuId);
+    ASSERT_NE(pulldown, nullptr);
+    EXPECT_EQ(std::string(XtName(pulldown)), "PullMenu");
+    EXPECT_EQ(resource<unsigned char>(pulldown, XmNrowColumnType), XmMENU_PULLDOWN);
+    EXPECT_EQ(XtParent(XtParent(pulldown)), widget_of(window));
+    EXPECT_EQ(resource<int>(XtParent(pulldown), XmNdepth), grx_recup_profondeur_ecran());
+    for (std::size_t i = 0; i < 3; ++i) {
+        const INT n = numbers()[i];
+        EXPECT_TRUE(is_a(control(n), xmPushButtonWidgetClass));
+        EXPECT_EQ(XtParent(control(n)), pulldown);
+        EXPECT_EQ(label_of(control(n)), three.texts[i]);
+        EXPECT_TRUE(XtIsSensitive(control(n)));
+        EXPECT_TRUE(XtIsManaged(control(n)));
+        EXPECT_EQ(button_record(n).type, 512);
+        EXPECT_EQ(button_record(n).no_fo, function_number);
+        EXPECT_EQ(button_record(n).valeur, static_cast<INT>(i) + 1);
+        EXPECT_EQ(button_record(n).nofen, -1) << "the parent was given as a widget";
+    }
+    EXPECT_EQ(children_of(pulldown).size(), 3U);
+}
+
+TEST_F(TableChoices, AreAsHighAsACharacterLess4) {
+    create(three);
+    for (INT n : numbers()) EXPECT_EQ(extent_of(control(n)).height, grx_recup_hau_carac_alpha() - 4);
+}
+
+TEST_F(TableChoices, AreAllWideEnoughForTheLongest) {
+    Texts shorter{{"un", "deux"}};
+    create(shorter);
+    const int narrow = extent_of(control(numbers()[0])).width;
+    grx_tbl_detruit_boutons_choix();
+    for (std::size_t longest : {0U, 1U, 2U}) {
+        Texts texts{{"a", "b", "c"}};
+        texts.texts[longest] = "la plus longue des trois";
+        texts.pointers[longest] = texts.texts[longest].data();
+        create(texts);
+        const auto needed = XTextWidth(fontstruct, texts.pointers[longest], 24);
+        for (INT n : numbers()) {
+            EXPECT_GE(extent_of(control(n)).width, needed) << longest;
+            EXPECT_LT(extent_of(control(n)).width, 2 * needed) << longest;
+            EXPECT_EQ(extent_of(control(n)), extent_of(control(numbers()[0]))) << longest;
+        }
+        EXPECT_GE(extent_of(control(numbers()[0])).width - narrow, 19 * grx_recup_lar_carac_alpha()) << longest;
+        grx_tbl_detruit_boutons_choix();
+    }
+}
+
+TEST_F(TableChoices, AreShownInAnOptionMenu) {
+    create(three, 2);
+    const Widget menu = option();
+    EXPECT_EQ(resource<unsigned char>(menu, XmNrowColumnType), XmMENU_OPTION);
+    EXPECT_EQ(XtParent(menu), widget_of(window));
+    EXPECT_TRUE(XtIsManaged(menu));
+    ASSERT_TRUE(wait_visible(menu));
+    EXPECT_EQ(text_resource(XmOptionLabelGadget(menu), XmNlabelString), "") << "no label";
+    EXPECT_EQ(resource<Widget>(menu, XmNmenuHistory), control(numbers()[1]));
+}
+
+TEST_F(TableChoices, AreWhereTheyAreAskedToBe) {
+    for (const Point& at : {Point{60, 70}, Point{6, 2}, Point{200, 150}}) {
+        create(three, 1, at.x, at.y);
+        EXPECT_EQ(resource<Position>(option(), XmNx), at.x - 6);
+        EXPECT_EQ(resource<Position>(option(), XmNy), at.y - 2);
+        ASSERT_TRUE(wait_visible(option()));
+        const Point root = root_position(option()), origin = root_position(widget_of(window));
+        EXPECT_EQ((Point{root.x - origin.x, root.y - origin.y}), (Point{at.x - 6, at.y - 2}));
+        grx_tbl_detruit_boutons_choix();
+        drain();
+    }
+}
+
+TEST_F(TableChoices, TheirBoxStartsNearThePlace) {
+    create(three, 1, 60, 70);
+    ASSERT_TRUE(wait_visible(option()));
+    const Widget box = XmOptionButtonGadget(option());
+    // The margins taken off are fixed numbers, those of this toolkit are up to four pixels more.
+    EXPECT_NEAR(resource<Position>(option(), XmNx) + resource<Position>(box, XmNx), 60, 4);
+    EXPECT_NEAR(resource<Position>(option(), XmNy) + resource<Position>(box, XmNy), 70, 1);
+}
+
+TEST_F(TableChoices, ShowTheDefault) {
+    for (INT by_default : {1, 2, 3}) {
+        create(three, by_default);
+        const auto i = static_cast<std::size_t>(by_default) - 1;
+        EXPECT_EQ(resource<Widget>(option(), XmNmenuHistory), control(numbers()[i])) << by_default;
+        EXPECT_EQ(shown_text(), three.texts[i]);
+        grx_tbl_detruit_boutons_choix();
+        drain();
+    }
+}
+
+TEST_F(TableChoices, ShowTheFirstWhenTheDefaultIsNone) {
+    for (INT by_default : {0, -1, 4, 5, 1000, INT_MIN, INT_MAX}) {
+        create(three, by_default);
+        EXPECT_EQ(shown_text(), three.texts[0]) << by_default;
+        EXPECT_EQ(table().nb_choix, 3);
+        grx_tbl_detruit_boutons_choix();
+        drain();
+    }
+}
+
+TEST_F(TableChoices, ADefaultChosenIsDrawn) {
+    create(three, 2);
+    ASSERT_TRUE(wait_visible(option()));
+    drain();
+    const Pixels second = grab(x11_disp, XtWindow(option()));
+    grx_tbl_change_boutons_choix(window, 60, 70, function_number, 3, three.pointers.data(), 1);
+    ASSERT_TRUE(wait_visible(option()));
+    drain();
+    EXPECT_GT(differences(second, grab(x11_disp, XtWindow(option()))), 10);
+}
+
+TEST_F(TableChoices, OfEachTableAreTheirOwn) {
+    for (Itbl = 0; Itbl < GRX_NB_TABLES; ++Itbl) {
+        Texts texts{{"table " + std::to_string(Itbl), "autre"}};
+        EXPECT_EQ(create(texts, 1, 10, 5 + 28 * Itbl), 0);
+    }
+    EXPECT_EQ(option_menus().size(), 10U);
+    for (Itbl = 0; Itbl < GRX_NB_TABLES; ++Itbl) {
+        EXPECT_EQ(table().nb_choix, 2) << Itbl;
+        EXPECT_EQ(numbers(), (std::vector<INT>{2 * Itbl, 2 * Itbl + 1}));
+        EXPECT_EQ(label_of(control(2 * Itbl)), "table " + std::to_string(Itbl));
+    }
+    for (INT gone : {4, 0, 9, 5}) {
+        Itbl = gone;
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+        EXPECT_EQ(table().nb_choix, 0);
+        EXPECT_EQ(control(2 * gone), nullptr);
+        EXPECT_EQ(Taffiche[3].nb_choix, 2);
+    }
+    drain();
+    EXPECT_EQ(option_menus().size(), 6U);
+    for (Itbl = 0; Itbl < GRX_NB_TABLES; ++Itbl) grx_tbl_detruit_boutons_choix();
+    Itbl = 3;
+    expect_none();
+}
+
+// --- choosing -----------------------------------------------------------------------------------------------------
+
+TEST_F(TableChoices, AreChosenWithThePointer) {
+    create(three);
+    ASSERT_TRUE(wait_visible(option()));
+    for (std::size_t i : {2U, 0U, 1U}) {
+        choose(i);
+        const auto done = events.wait(GRX_EVT_EXEC_FONCTION);
+        ASSERT_TRUE(done) << events.describe();
+        GRX_EVENEMENT expected = chosen_record(numbers()[i], static_cast<INT>(i) + 1);
+        // The release comes in the same turn and leaves its traces behind the value.
+        std::memcpy(expected.exec_fonction.chaine, done->exec_fonction.chaine, sizeof expected.exec_fonction.chaine);
+        EXPECT_TRUE(same_record(expected, *done)) << i;
+        drain();
+        EXPECT_EQ(events.count(GRX_EVT_EXEC_FONCTION), 1) << events.describe();
+        EXPECT_EQ(shown_text(), three.texts[i]);
+        EXPECT_EQ(resource<Widget>(option(), XmNmenuHistory), control(numbers()[i]));
+    }
+}
+
+TEST_F(TableChoices, AChoiceOfOneTableIsNotTheOthers) {
+    create(three);
+    Itbl = 4;
+    Texts others{{"Autre", "Encore"}};
+    grx_tbl_cree_boutons_choix(window, 60, 170, 999, 2, others.pointers.data(), 1);
+    Itbl = 3;
+    const Widget first = option_menus().at(0);
+    grx_tbl_detruit_boutons_choix();
+    drain();
+    ASSERT_EQ(option_menus().size(), 1U);
+    EXPECT_NE(option(), first);
+    Itbl = 4;
+    choose(1);
+    const auto done = events.wait(GRX_EVT_EXEC_FONCTION);
+    ASSERT_TRUE(done) << events.describe();
+    EXPECT_EQ(done->exec_fonction.no_fo, 999);
+    EXPECT_EQ(done->exec_fonction.valeur, 2);
+    drain();
+    grx_tbl_detruit_boutons_choix();
+}
+
+// --- destruction and replacement ----------------------------------------------------------------------------------
+
+TEST_F(TableChoices, AreDestroyedWhole) {
+    const std::size_t blocks = heap().blocks(), bytes = heap().bytes();
+    const Cardinal before = popups();
+    create(three);
+    ASSERT_TRUE(wait_visible(option()));
+    EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+    expect_none();
+    EXPECT_EQ(popups(), before) << "the pulldown is gone, too";
+    EXPECT_EQ(heap().blocks(), blocks);
+    EXPECT_EQ(heap().bytes(), bytes);
+    for (INT n : {0, 1, 2}) EXPECT_EQ(control(n), nullptr);
+    EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0) << "a second time";
+    expect_none();
+}
+
+TEST_F(TableChoices, DestroyingNoneDoesNothing) {
+    const NoLeak no_leak;
+    const auto before = children_of(widget_of(window)).size();
+    for (Itbl = 0; Itbl < GRX_NB_TABLES; ++Itbl) {
+        table().nb_choix = 0;
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+    }
+    EXPECT_EQ(children_of(widget_of(window)).size(), before);
+}
+
+TEST_F(TableChoices, AreReplaced) {
+    create(three, 2);
+    Texts others{{"Un", "Deux", "Trois", "Quatre"}};
+    EXPECT_EQ(grx_tbl_change_boutons_choix(window, 80, 90, 33, 4, others.pointers.data(), 3), 0);
+    drain();
+    EXPECT_EQ(option_menus().size(), 1U);
+    EXPECT_EQ(table().nb_choix, 4);
+    EXPECT_EQ(numbers(), (std::vector<INT>{0, 1, 2, 3}));
+    EXPECT_EQ(shown_text(), "Trois");
+    EXPECT_EQ(resource<Position>(option(), XmNx), 74);
+    EXPECT_EQ(resource<Position>(option(), XmNy), 88);
+    for (INT n : numbers()) EXPECT_EQ(button_record(n).no_fo, 33);
+    grx_tbl_detruit_boutons_choix();
+    expect_none();
+}
+
+TEST_F(TableChoices, ReplacingNoneCreates) {
+    EXPECT_EQ(grx_tbl_change_boutons_choix(window, 60, 70, 33, 3, three.pointers.data(), 2), 0);
+    EXPECT_EQ(table().nb_choix, 3);
+    EXPECT_EQ(shown_text(), three.texts[1]);
+}
+
+TEST_F(TableChoices, CreatingTwiceLeavesOne) {
+    const NoLeak no_leak;
+    create(three);
+    Texts others{{"Un", "Deux"}};
+    create(others);
+    drain();
+    EXPECT_EQ(option_menus().size(), 1U);
+    EXPECT_EQ(numbers(), (std::vector<INT>{0, 1}));
+    grx_tbl_detruit_boutons_choix();
+    expect_none();
+}
+
+// What a callback of the application does, the widgets of which go only after it.
+void rebuild(Widget, XtPointer action, XtPointer) {
+    (*static_cast<std::function<void()>*>(action))();
+}
+
+TEST_F(TableChoices, AreRebuiltInsideACallback) {
+    create(three);
+    const INT trigger = placed(control_of(GRX_BOU_SIMPLE, 0, window));
+    Texts others{{"Un", "Deux"}};
+    std::function<void()> action = [&] {
+        grx_tbl_detruit_boutons_choix();
+        grx_tbl_detruit_boutons_choix();
+        create(others, 2);
+        grx_tbl_change_boutons_choix(window, 200, 90, function_number, 2, others.pointers.data(), 2);
+    };
+    const std::size_t blocks = heap().blocks();
+    XtAddCallback(control(trigger), XmNactivateCallback, rebuild, &action);
+    pointer().click_in(control(trigger));
+    ASSERT_TRUE(events.wait(GRX_EVT_EXEC_FONCTION)) << events.describe();
+    drain();
+    EXPECT_EQ(option_menus().size(), 1U);
+    EXPECT_EQ(popups(), 1U);
+    EXPECT_EQ(numbers().size(), 2U);
+    EXPECT_EQ(shown_text(), "Deux");
+    EXPECT_EQ(heap().blocks(), blocks);
+    choose(0);
+    const auto done =
+        events.wait([&](const GRX_EVENEMENT& e) { return e.type_evenement == 6 && e.exec_fonction.nobou != trigger; });
+    ASSERT_TRUE(done) << events.describe();
+    EXPECT_EQ(done->exec_fonction.valeur, 1);
+    grx_detruit_bouton(trigger);
+}
+
+TEST_F(TableChoices, AreForgotten) {
+    for (const bool all : {false, true}) {
+        create(three);
+        const auto made = numbers();
+        EXPECT_EQ(all ? grx_tbl_init_boutons_choix() : grx_tbl_init_bouton_choix(3), 0);
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+        drain();
+        EXPECT_EQ(option_menus().size(), 1U) << "not destroyed, for the library knows it no more";
+        for (INT n : made) EXPECT_NE(control(n), nullptr);
+        for (INT n : made) grx_detruit_bouton(n);
+        XtDestroyWidget(option());
+        grx_free(reinterpret_cast<char*>(table().tbou_choix), static_cast<UNSIGNED_INT>(3 * sizeof(INT)));
+        table().tbou_choix = nullptr;
+        drain();
+    }
+}
+
+TEST_F(TableChoices, ForgettingOneKeepsTheOthers) {
+    create(three);
+    for (INT other : {0, 1, 2, 4, 9}) EXPECT_EQ(grx_tbl_init_bouton_choix(other), 0);
+    for (INT none : no_tables) EXPECT_EQ(grx_tbl_init_bouton_choix(none), 0) << none;
+    grx_tbl_detruit_boutons_choix();
+    expect_none();
+}
+
+TEST_F(TableChoices, OfTablesThatAreNoneAreRefused) {
+    const NoLeak no_leak;
+    for (INT none : no_tables) {
+        Itbl = none;
+        EXPECT_EQ(create(three), 0) << none;
+        EXPECT_EQ(grx_tbl_change_boutons_choix(window, 1, 2, 3, 3, three.pointers.data(), 1), 0) << none;
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0) << none;
+    }
+    Itbl = 3;
+    expect_none();
+}
+
+TEST_F(TableChoices, InAnUnknownWindowAreRefused) {
+    const NoLeak no_leak;
+    for (INT unknown : {-1, 0, 2, 99, 100, INT_MIN, INT_MAX}) {
+        EXPECT_EQ(grx_tbl_cree_boutons_choix(unknown, 1, 2, 3, 3, three.pointers.data(), 1), 0) << unknown;
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+        expect_none();
+    }
+}
+
+TEST_F(TableChoices, GoWithTheirWindow) {
+    const auto round = [&](bool used) {
+        create(three);
+        ASSERT_TRUE(wait_visible(option()));
+        if (used) {
+            choose(1);
+            drain();
+        }
+        grx_detruit_fenetre(window);
+        drain();
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+        EXPECT_EQ(table().nb_choix, 0);
+        EXPECT_EQ(grx_recup_indice_objet_bout_libre(), 0) << "the numbers are free";
+        grx_libere_indice_objet_bout(0);
+        window = shown();
+    };
+    round(false);
+    const std::size_t blocks = heap().blocks();
+    round(true);
+    round(false);
+    EXPECT_EQ(heap().blocks(), blocks);
+}
+
+TEST_F(TableChoices, AreMadeAnewAfterTheirWindowWent) {
+    for (const bool change : {false, true}) {
+        create(three);
+        grx_detruit_fenetre(window);
+        drain();
+        window = shown();
+        EXPECT_EQ(
+            change ? grx_tbl_change_boutons_choix(window, 60, 70, 5, 3, three.pointers.data(), 3) : create(three, 3),
+            0);
+        ASSERT_TRUE(wait_visible(option()));
+        EXPECT_EQ(shown_text(), three.texts[2]);
+        EXPECT_EQ(numbers(), (std::vector<INT>{0, 1, 2}));
+        grx_tbl_detruit_boutons_choix();
+        expect_none();
+    }
+}
+
+// --- texts --------------------------------------------------------------------------------------------------------
+
+TEST_F(TableChoices, WithoutTexts) {
+    const NoLeak no_leak;
+    for (INT count : {0, -1, -1000, INT_MIN})
+        for (char** texts : {three.pointers.data(), static_cast<char**>(nullptr)}) {
+            EXPECT_EQ(grx_tbl_cree_boutons_choix(window, 60, 70, 5, count, texts, 1), 0) << count;
+            EXPECT_EQ(table().nb_choix, 0) << count;
+            EXPECT_EQ(option_menus().size(), 1U) << "empty, " << count;
+            EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+            expect_none();
+        }
+    EXPECT_EQ(grx_tbl_cree_boutons_choix(window, 60, 70, 5, 3, nullptr, 1), 0);
+    EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+    expect_none();
+}
+
+TEST_F(TableChoices, MissingTextsAreEmpty) {
+    three.pointers[1] = nullptr;
+    EXPECT_EQ(create(three, 3), 0);
+    EXPECT_EQ(numbers().size(), 3U);
+    EXPECT_EQ(shown_text(), "Prix");
+}
+
+TEST_F(TableChoices, TextsOfAllSorts) {
+    Texts texts{{"", "%s%n", std::string(79, 'l'), std::string(80, 'm'), std::string(3000, 'n'), "L\xE9gende"}};
+    EXPECT_EQ(create(texts, 2), 0);
+    EXPECT_EQ(numbers().size(), 6U);
+    EXPECT_EQ(shown_text(), "%s%n");
+    EXPECT_EQ(label_of(control(numbers()[2])), std::string(79, 'l'));
+    EXPECT_EQ(label_of(control(numbers()[3])), std::string(79, 'm')) << "as long as a title may be";
+    EXPECT_EQ(label_of(control(numbers()[4])), std::string(79, 'n'));
+    EXPECT_LT(extent_of(control(numbers()[0])).width, 1200) << "as wide as what is shown";
+    grx_tbl_detruit_boutons_choix();
+    expect_none();
+}
+
+TEST_F(TableChoices, MoreThanThereAreNumbers) {
+    std::vector<std::string> many;
+    for (int i = 0; i < 1100; ++i) many.push_back(std::to_string(i));
+    Texts texts{many};
+    const StdoutCapture silence;
+    EXPECT_EQ(create(texts), 0);
+    drain();
+    EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+    expect_none();
+}
+
+// --- memory -------------------------------------------------------------------------------------------------------
+
+TEST_F(TableChoices, AHundredLeaveNothing) {
+    const auto round = [&] {
+        create(three, 2);
+        grx_tbl_change_boutons_choix(window, 60, 70, 5, 2, three.pointers.data(), 1);
+        drain();
+        grx_tbl_detruit_boutons_choix();
+        drain();
+    };
+    for (int i = 0; i < 3; ++i) round();
+    const auto blocks = heap().blocks(), bytes = heap().bytes();
+    const auto before = resources();
+    for (int i = 0; i < 100; ++i) round();
+    EXPECT_EQ(heap().blocks(), blocks);
+    EXPECT_EQ(heap().bytes(), bytes);
+    EXPECT_EQ(resources(), before);
+}
+
+TEST_F(TableChoices, EachFailingAllocationIsSurvived) {
+    const Cardinal before = popups();
+    const int failures = fail_each_allocation([&] {
+        const NoLeak no_leak;
+        EXPECT_EQ(create(three, 2), 0);
+        EXPECT_EQ(grx_tbl_detruit_boutons_choix(), 0);
+        drain();
+        EXPECT_TRUE(option_menus().empty());
+        EXPECT_EQ(popups(), before) << "no pulldown is left";
+        EXPECT_EQ(table().nb_choix, 0);
+    });
+    EXPECT_GE(failures, 1);
+    expect_none();
+}
+
+// --- colours and visuals ------------------------------------------------------------------------------------------
+
+class TableChoiceColour : public TableChoices {
+  protected:
+    // Option menu and pulldown, drawn and as they say.
+    void expect_background(Pixel pixel) {
+        create(three);
+        ASSERT_TRUE(wait_visible(option()));
+        drain();
+        EXPECT_EQ(resource<Pixel>(option(), XmNbackground), pixel);
+        EXPECT_EQ(resource<int>(option(), XmNdepth), grx_recup_profondeur_ecran());
+        EXPECT_GT(grab(x11_disp, XtWindow(option())).count(static_cast<std::uint32_t>(pixel)), 100);
+        for (INT n : numbers()) EXPECT_EQ(resource<Pixel>(control(n), XmNbackground), pixel);
+        grx_tbl_detruit_boutons_choix();
+        drain();
+    }
+};
+
+TEST_F(TableChoiceColour, IsTheApplications) {
+    for (INT colour : {6, 3}) {
+        grx_affecte_couleur_application(colour);
+        expect_background(pixel_of(colour));
+    }
+}
+
+TEST_F(TableChoiceColour, IsTheToolkitsWhenNoneIsSet) {
+    grx_affecte_couleur_application(0);
+    const Widget plain = XmCreateRowColumn(widget_of(window), const_cast<char*>("plain"), nullptr, 0);
+    expect_background(resource<Pixel>(plain, XmNbackground));
+    XtDestroyWidget(plain);
+}
+
+class TableChoiceColourOn24 : public TableChoiceColour {};
+
+TEST_F(TableChoiceColourOn24, MayBeAPixel) {
+    grx_affecte_couleur_application(12632256);
+    expect_background(12632256);
+}
+
+class TableChoiceVisualOn24 : public TableChoices {
+  protected:
+    void before_start() override {
+        TableChoices::before_start();
+        visual.emplace(FakeVisual::Kind::alt32);
+    }
+
+    void expect_visual(Widget widget) {
+        XWindowAttributes attributes{};
+        ASSERT_NE(XtWindow(widget), None) << XtName(widget);
+        ASSERT_TRUE(XGetWindowAttributes(test_display(), XtWindow(widget), &attributes));
+        EXPECT_EQ(attributes.depth, vtemp.depth) << XtName(widget);
+        EXPECT_EQ(XVisualIDFromVisual(attributes.visual), vtemp.visualid) << XtName(widget);
+        EXPECT_EQ(attributes.colormap, x11_cmap) << XtName(widget);
+    }
+
+    std::optional<FakeVisual> visual;
+};
+
+TEST_F(TableChoiceVisualOn24, OptionMenuAndPulldownHaveIt) {
+    for (INT colour : {0, 6}) {
+        grx_affecte_couleur_application(colour);
+        create(three);
+        ASSERT_TRUE(wait_visible(option()));
+        const Widget pulldown = resource<Widget>(option(), XmNsubMenuId);
+        choose(1);
+        ASSERT_TRUE(events.wait(GRX_EVT_EXEC_FONCTION)) << events.describe();
+        for (Widget widget : {option(), pulldown, XtParent(pulldown), control(numbers()[0])}) expect_visual(widget);
+        EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
+        grx_tbl_detruit_boutons_choix();
+        settle();
+    }
+}
+
+} // namespace

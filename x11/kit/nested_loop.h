@@ -1,0 +1,44 @@
+// A loop inside the application's own, for a dialog that returns with its answer.
+#pragma once
+
+#include <X11/IntrinsicP.h>
+
+#include <bitset>
+#include <cstddef>
+
+#include "xt_ent_t.h"
+#include "xt_fen_f.h"
+#include "xt_ini_t.h"
+
+namespace grx {
+
+/// True for a widget whose destruction has begun. Inside a callback its callbacks come only when that callback returns:
+/// a loop that runs there and waits for them would not end.
+inline bool is_dying(Widget w) {
+    return w->core.being_destroyed != False;
+}
+
+using WindowNumbers = std::bitset<GRX_NB_FENETRES>;
+
+/// Windows that went while such a loop ran: the application has not been told yet.
+inline WindowNumbers untold_ends;
+
+inline WindowNumbers windows_in_use() {
+    WindowNumbers numbers;
+    for (INT nofen = 1; nofen < GRX_NB_FENETRES; ++nofen)
+        numbers[static_cast<std::size_t>(nofen)] = grx_recup_objet_fen(nofen) != nullptr;
+    return numbers;
+}
+
+/// Handles events until `done` says so. The application's pending record is as it was afterwards: what happened in the
+/// meantime was the dialog's, but for the ends of windows.
+template <class Done>
+void run_until(Done done) {
+    const GRX_EVENEMENT pending = evt_global;
+    const WindowNumbers before = windows_in_use();
+    while (!done()) XtAppProcessEvent(contexte, XtIMAll); // one at a time: a timer may be what ends it
+    untold_ends |= before & ~windows_in_use();
+    evt_global = pending;
+}
+
+} // namespace grx
