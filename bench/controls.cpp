@@ -1,6 +1,7 @@
 // Controls and menus against plain Motif making the same, in one process on one server.
 // Usage: bench_controls [--gate]
 #include "bench/chrono.h"
+#include "bench/session.h"
 
 #include "host_f.h"
 #include "host_g.h"
@@ -28,12 +29,8 @@ constexpr double kNoise = 0.10;
 int above = 0;
 
 INT open_window(INT attributes) {
-    GRX_FENETRE fenetre;
-    grx_init_fenetre(&fenetre);
-    fenetre.type = GRX_FEN_BOUTONS;
-    fenetre.attrib |= attributes;
-    fenetre.droite = fenetre.haut = 600;
-    return grx_cree_fenetre(&fenetre) == 0 ? fenetre.nofen : -1;
+    constexpr INT side = 600;
+    return grxbench::make_window(GRX_FEN_BOUTONS, side, side, attributes);
 }
 
 void report(const char* name, const grxbench::Comparison& c, double most) {
@@ -179,9 +176,7 @@ int main(int argc, char** argv) {
     char directory[] = "/tmp/grx_bench_XXXXXX";
     if (mkdtemp(directory) == nullptr || !write_menu(directory)) return 2;
     sstate[SST_REP_MENU] = directory;
-    grx_alloue_base_fenetres();
-    grx_alloue_base_boutons();
-    if (grx_init_application() == 0) return 2;
+    if (!grxbench::start_library()) return 2;
     const INT nofen = open_window(0);
     report("900 push buttons",
         grxbench::compare(

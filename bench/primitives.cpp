@@ -1,6 +1,7 @@
 // Each drawing primitive against plain Xlib sending the same requests, in one process on one server.
 // Usage: bench_primitives [--gate]   (--gate: fail when one falls clearly below 0.95 of plain Xlib)
 #include "bench/chrono.h"
+#include "bench/session.h"
 
 #include "host_f.h"
 #include "xt_f.h"
@@ -147,17 +148,8 @@ int report(const char* where, const std::vector<Row>& rows) {
 }
 
 bool open_window() {
-    grx_alloue_base_fenetres();
-    grx_alloue_base_boutons();
-    if (grx_init_application() == 0) return false;
-    GRX_FENETRE fenetre;
-    grx_init_fenetre(&fenetre);
-    fenetre.type = GRX_FEN_GRAPHIQUE;
-    fenetre.droite = fenetre.haut = kSide;
-    if (grx_cree_fenetre(&fenetre) != 0) return false;
-    window_number = fenetre.nofen;
-    grx_affecte_nofen_active(window_number);
-    grx_attend_creation_fenetre(window_number);
+    window_number = grxbench::start_with_plan(kSide, kSide);
+    if (window_number == GRX_AUCUN) return false;
     grx_affecte_gc(attributes());
     make_scene();
     return true;

@@ -1,6 +1,7 @@
 // Process start to the first exposure of an empty main window: the library against a plain Motif program that opens
 // the same window. Usage: bench_startup [--gate]   (--gate: fail when it is clearly above 1.2 times)
 #include "bench/chrono.h"
+#include "bench/session.h"
 
 #include "host_f.h"
 #include "xt_f.h"
@@ -53,16 +54,8 @@ void print_round_trips() {
 }
 
 bool run_library() {
-    grx_alloue_base_fenetres();
-    grx_alloue_base_boutons();
-    if (grx_init_application() == 0) return false;
-    GRX_FENETRE fenetre;
-    grx_init_fenetre(&fenetre);
-    fenetre.type = GRX_FEN_GRAPHIQUE;
-    fenetre.attrib |= GRX_FEN_ATT_PRINCIPALE;
-    fenetre.droite = kWidth;
-    fenetre.haut = kHeight;
-    if (grx_cree_fenetre(&fenetre) != 0) return false;
+    if (!grxbench::start_library()) return false;
+    if (grxbench::make_window(GRX_FEN_GRAPHIQUE, kWidth, kHeight, GRX_FEN_ATT_PRINCIPALE) == GRX_AUCUN) return false;
     GRX_EVENEMENT evt{};
     do {
         grx_digitaliseur(&evt, 1);
