@@ -48,8 +48,10 @@ void curseur(INT nofen, INT numero) {
 
 } // namespace
 
-Atelier::Atelier(Dessin dessin, std::string nom, std::string icones)
-    : dessin_(std::move(dessin)), nom_(std::move(nom)), icones_(std::move(icones)) {}
+Atelier::Atelier(Dessin dessin, const std::filesystem::path& chemin, std::string icones, Panneaux& panneaux)
+    : dessin_(std::move(dessin)), chemin_(std::filesystem::absolute(chemin)), nom_(chemin.filename().string()),
+      icones_(std::move(icones)), panneaux_(panneaux), panneau_reglages_(panneaux), panneau_couches_(panneaux),
+      panneau_table_(panneaux) {}
 
 bool Atelier::ouvre(Taille taille) {
     if (grx_alloue_base_fenetres() != 0 || grx_alloue_base_boutons() != 0) return false;
@@ -60,8 +62,12 @@ bool Atelier::ouvre(Taille taille) {
         return false;
     }
     // The application colour of the settings is a pixel value, which says nothing on a screen with a palette.
-    if (grx_recup_profondeur_ecran() == GRX_PROFONDEUR_8) grx_affecte_couleur_application(kCoulGris);
+    if (grx_recup_profondeur_ecran() == GRX_PROFONDEUR_8) {
+        grx_affecte_couleur_application(kCoulGris);
+        grx_init_palette_icone(grx_recup_couleur(kCoulGris)); // start-up learned the background of icons before
+    }
     indices_ = pose_couleurs(dessin_.couleurs);
+    prepare_panneaux();
     if (cree_fenetres(taille_pour_ecran(taille))) return true;
     std::fputs("atelier: les fenetres n'ont pas pu etre creees\n", stderr);
     return false;
@@ -101,12 +107,14 @@ int Atelier::boucle() {
         for (INT attente = 1; !fini_ && grx_digitaliseur(&e, attente) != 0; attente = 0) traite(e);
         if (!fini_) rafraichit();
     }
+    libere_panneaux();
     grx_desalloue_base_boutons();
     grx_desalloue_base_fenetres();
     return 0;
 }
 
 void Atelier::traite(const GRX_EVENEMENT& e) {
+    if (couleurs_prennent(e)) return;
     switch (e.type_evenement) {
     case GRX_EVT_AFFICHAGE:
     case GRX_EVT_CHGT_TAILLE: return taille_changee(e.affichage.nofen);
@@ -116,8 +124,8 @@ void Atelier::traite(const GRX_EVENEMENT& e) {
     case GRX_EVT_CARAC_APPUI: return touche(e.carac_appui);
     case GRX_EVT_EXEC_FONCTION:
     case GRX_EVT_ECHELLE: return controle(e.exec_fonction);
-    case GRX_EVT_ELEMENT_CLIQUE: return couche_choisie(e.element_clique);
-    case GRX_EVT_DESTRUCTION: fini_ = true; return;
+    case GRX_EVT_ELEMENT_CLIQUE: return element_choisi(e.element_clique);
+    case GRX_EVT_DESTRUCTION: return detruite(e.destruction.nofen);
     default: return;
     }
 }
@@ -155,6 +163,7 @@ Point Atelier::du_haut(INT x, INT y) const {
 }
 
 void Atelier::ferme() {
+    libere_panneaux();
     grx_detruit_fenetre(principale_);
     fini_ = true;
 }
@@ -162,10 +171,11 @@ void Atelier::ferme() {
 // --- mouse and keys -----------------------------------------------------------------------------------------------
 
 void Atelier::appui(const GRX_BOUTON_APPUI& e) {
-    // An entry of the menu comes as a press of the main window that names a function.
-    if (e.nofen == principale_ && e.nobou < 0 && e.no_fo >= 0) return action(e.no_fo);
+    // An entry of the menu comes as a press of the main window that names a function; nobou is that of an older event.
+    if (e.nofen == principale_ && e.no_fo >= 0) return action(e.no_fo);
     if (e.nofen != graphique_) return;
     outils_.rend_le_clavier();
+    dit("");
     const Point p = du_haut(e.x, e.y);
     if (elastique_) return;
     switch (e.bouton) {
@@ -197,6 +207,7 @@ void Atelier::relache(const GRX_BOUTON_RELACHE& e) {
 }
 
 void Atelier::touche(const GRX_CARAC_APPUI& e) {
+    if (panneau_tient(e.nofen)) return panneau_touche(e);
     if (outils_.est_champ(e.nobou)) return;
     const double dx = kPasTouche * vue_.largeur(), dy = kPasTouche * vue_.hauteur();
     if (elastique_) fin_elastique(false);
@@ -218,12 +229,25 @@ void Atelier::touche(const GRX_CARAC_APPUI& e) {
 // --- menus, icons and controls --------------------------------------------------------------------------------------
 
 void Atelier::action(INT fonction) {
+    dit("");
+    fonction_ = fonction;
     switch (fonction) {
     case kFonctionToutVoir: vue_.cadre_tout(dessin_.boite); break;
     case kFonctionAgrandir: vue_.zoome(kZoomTouche, vue_.milieu()); break;
     case kFonctionReduire: vue_.zoome(1 / kZoomTouche, vue_.milieu()); break;
     case kFonctionCouchesToutes: return montre_couches(true);
     case kFonctionCouchesAucune: return montre_couches(false);
+    case kFonctionOuvrir: return ouvre_plan();
+    case kFonctionImage: return enregistre_image();
+    case kFonctionPieces: return edite_pieces();
+    case kFonctionTracer: return trace_plan();
+    case kFonctionReglages: return ouvre_reglages();
+    case kFonctionCouleurs: return ouvre_couleurs();
+    case kFonctionBande: return bascule_bande();
+    case kFonctionTitre: return bascule_titre();
+    case kFonctionBord: return bascule_bord();
+    case kFonctionCouchesPanneau: return panneau_couches_.ouvre(dessin_.calques);
+    case kFonctionNomenclature: return panneau_table_.ouvre(principale_, dessin_);
     case kFonctionModuleCommun:
     case kFonctionModuleMeca:
     case kFonctionModuleArch: return change_module(fonction - kFonctionModuleCommun);
@@ -234,11 +258,12 @@ void Atelier::action(INT fonction) {
 }
 
 void Atelier::controle(const GRX_EXEC_FONCTION& e) {
+    if (bande_controle(e) || panneau_controle(e)) return;
     switch (e.no_fo) {
     case kFonctionZoom: vue_.fixe_rapport(Outils::rapport_de(e.valeur)); break;
     case kFonctionChampX:
     case kFonctionChampY:
-        if (const auto centre = outils_.centre()) vue_.centre_sur(*centre);
+        if (const auto centre = outils_.centre()) vue_.centre_sur(1 / montre_en() * *centre);
         break;
     default: return action(e.no_fo);
     }
@@ -246,17 +271,22 @@ void Atelier::controle(const GRX_EXEC_FONCTION& e) {
 }
 
 void Atelier::couche_choisie(const GRX_ELEMENT_CLIQUE& e) {
-    const int calque = e.double_click != 0 ? outils_.calque_de(e.nobou, e.chaine, dessin_.calques) : -1;
+    const int calque = outils_.calque_de(e.nobou, e.chaine, dessin_.calques);
     if (calque < 0) return;
+    calque_choisi_ = calque;
+    suit_choix();
+    if (e.double_click == 0) return;
     bool& visible = dessin_.calques[static_cast<std::size_t>(calque)].visible;
     visible = !visible;
     outils_.montre_calques(dessin_.calques);
+    panneau_couches_.montre(dessin_.calques);
     a_redessiner_ = true;
 }
 
 void Atelier::montre_couches(bool visibles) {
     for (CalqueVu& calque : dessin_.calques) calque.visible = visibles;
     outils_.montre_calques(dessin_.calques);
+    panneau_couches_.montre(dessin_.calques);
     a_redessiner_ = true;
 }
 
@@ -319,11 +349,28 @@ void Atelier::redessine() {
     a_redessiner_ = false;
     grx_affecte_nofen_active(graphique_);
     grx_alloue_image(graphique_);
-    trace_dessin(graphique_, dessin_, vue_, indices_);
+    trace_feuille();
     grx_desalloue_image();
     grx_affiche_bitmap_backingstore(graphique_);
     montre_titre();
     montre_outils();
+}
+
+void Atelier::trace_feuille() {
+    Plume plume{graphique_, {}};
+    const std::vector<PlumeNommee> connues = plumes();
+    plume.attrib.coul_trace = connues[static_cast<std::size_t>(reglages_.plume)].couleur;
+    plume.attrib.type_trait = trait_grille(reglages_.trait);
+    if (reglages_.grille) trace_grille(plume, vue_, reglages_.pas);
+    trace_dessin(graphique_, dessin_, vue_, indices_, agrandissement_textes(reglages_.textes));
+}
+
+double Atelier::montre_en() const {
+    return facteur(reglages_, dessin_.unites);
+}
+
+int Atelier::decimales() const {
+    return decimales_pour(vue_.echelle() / montre_en());
 }
 
 // How many times smaller than in nature the drawing is seen, 0 when its unit has no length.
@@ -343,14 +390,15 @@ void Atelier::montre_titre() {
 }
 
 std::string Atelier::texte_position(Point p) const {
-    const int decimales = decimales_pour(vue_.echelle());
-    return "X " + nombre(p.x, decimales) + "   Y " + nombre(p.y, decimales) + symbole(dessin_.unites);
+    const Point q = montre_en() * accroche(reglages_, p);
+    return "X " + nombre(q.x, decimales()) + "   Y " + nombre(q.y, decimales())
+           + symbole(unite_montree(reglages_, dessin_.unites));
 }
 
 void Atelier::montre_outils() {
-    const int decimales = decimales_pour(vue_.echelle());
+    const Point centre = montre_en() * vue_.centre();
     outils_.montre_zoom(vue_.rapport());
-    outils_.montre_centre(nombre(vue_.centre().x, decimales), nombre(vue_.centre().y, decimales));
+    outils_.montre_centre(nombre(centre.x, decimales()), nombre(centre.y, decimales()));
 }
 
 void Atelier::montre_bandeau() {
@@ -359,7 +407,9 @@ void Atelier::montre_bandeau() {
     if (pointeur_) c.position = en_unicode(texte_position(vue_.vers_dessin(*pointeur_)));
     c.echelle = en_unicode("\u00C9chelle " + texte_echelle(echelle_papier(), vue_.echelle()));
     c.nom = en_unicode(nom_);
+    c.message = en_unicode(message_);
     bandeau_.montre(c);
+    montre_bande();
 }
 
 } // namespace atelier

@@ -68,8 +68,10 @@ void Bandeau::redessine() {
     texte(nofen_, contenu_.position, kMarge, kCoulTexte);
     const double echelle = std::max<double>(kTabulation, kMarge + longueur(contenu_.position) + kEcart);
     texte(nofen_, contenu_.echelle, echelle, kCoulTexte);
+    const double message = echelle + longueur(contenu_.echelle) + kEcart;
+    texte(nofen_, contenu_.message, message, kCoulElastique);
     const double nom = largeur - kMarge - longueur(contenu_.nom);
-    if (nom > echelle + longueur(contenu_.echelle) + kEcart) texte(nofen_, contenu_.nom, nom, kCoulDiscret);
+    if (nom > message + longueur(contenu_.message) + kEcart) texte(nofen_, contenu_.nom, nom, kCoulDiscret);
     grx_desalloue_image();
     grx_affiche_bitmap_backingstore(nofen_);
 }

@@ -16,9 +16,10 @@ class Bandeau {
     bool cree(INT mere);
     INT nofen() const { return nofen_; }
 
-    // What it shows: the position on the left, then the scale, and the name of the drawing on the right.
+    // What it shows: the position on the left, then the scale and a message, and the name of the drawing on the
+    // right; each as far as there is room.
     struct Contenu {
-        std::u32string position, echelle, nom;
+        std::u32string position, echelle, message, nom;
         bool operator==(const Contenu&) const = default;
     };
     // Draws it when it differs from what is shown.

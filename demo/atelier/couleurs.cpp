@@ -69,4 +69,12 @@ std::vector<int> places(const std::vector<Rgb>& couleurs, std::size_t nb) {
     return r;
 }
 
+int couleur_du_calque(const Dessin& dessin, int calque) {
+    std::vector<int> comptes(dessin.couleurs.size());
+    for (const Objet& o : dessin.objets)
+        if (o.calque == calque) ++comptes[static_cast<std::size_t>(o.couleur)];
+    const auto plus = std::ranges::max_element(comptes);
+    return plus != comptes.end() && *plus > 0 ? static_cast<int>(plus - comptes.begin()) : -1;
+}
+
 } // namespace atelier

@@ -20,6 +20,9 @@ Rgb lisible(Rgb couleur);
 // For each of the colours its place among the first nb of them: its own, or the most similar one.
 std::vector<int> places(const std::vector<Rgb>& couleurs, std::size_t nb);
 
+// The colour that most objects of a layer have, as an index into those of the drawing; -1 for an empty layer.
+int couleur_du_calque(const Dessin& dessin, int calque);
+
 } // namespace atelier
 
 #endif

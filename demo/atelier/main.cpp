@@ -1,14 +1,12 @@
 // atelier [--geometry WxH] [FILE.dxf]: shows a drawing and lets the user move about in it.
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
-#include <filesystem>
 #include <optional>
 #include <string>
 
 #include "atelier.h"
-#include "dxf_lecture.h"
 #include "host_g.h"
+#include "ouverture.h"
 
 namespace {
 
@@ -52,16 +50,11 @@ std::string repertoire() {
     return voulu != nullptr ? voulu : ATELIER_REP_DEFAUT;
 }
 
-std::optional<atelier::Dessin> dessin_de(const std::string& fichier) try {
-    atelier::Dessin dessin = atelier::lit_dessin(fichier);
-    for (const std::string& remarque : dessin.remarques) std::printf("%s\n", remarque.c_str());
-    if (const std::string bilan = atelier::bilan(dessin.non_dessinees); !bilan.empty())
-        std::printf("%s\n", bilan.c_str());
-    std::fflush(stdout);
-    return dessin;
-} catch (const std::exception& e) {
-    std::fprintf(stderr, "atelier: %s : %s\n", fichier.c_str(), e.what());
-    return std::nullopt;
+// The sample spooling command is found where the user has none.
+void ajoute_commandes(const std::string& repertoire) {
+    constexpr const char* kRechercheUsuelle = "/usr/local/bin:/usr/bin:/bin";
+    const char* const recherche = std::getenv("PATH");
+    setenv("PATH", ((recherche != nullptr ? recherche : kRechercheUsuelle) + (":" + repertoire)).c_str(), 1);
 }
 
 } // namespace
@@ -73,11 +66,16 @@ int main(int nombre, char** textes) {
         std::fputs("usage: atelier [--geometry LxH] [FICHIER.dxf]\n", stderr);
         return kUsage;
     }
-    auto dessin = dessin_de(a->fichier);
-    if (!dessin) return kLectureManquee;
+    auto ouverture = atelier::ouvre_fichier(a->fichier);
+    if (!ouverture.dessin) {
+        std::fprintf(stderr, "atelier: %s : %s\n", a->fichier.c_str(), ouverture.raison.c_str());
+        return kLectureManquee;
+    }
+    ajoute_commandes(repertoire() + "/bin");
     sstate[SST_REP_SYSTEME] = config.data();
     sstate[SST_REP_MENU] = config.data();
-    atelier::Atelier application(
-        std::move(*dessin), std::filesystem::path(a->fichier).filename().string(), repertoire() + "/icones");
+    atelier::Panneaux panneaux;
+    for (const std::string& raison : panneaux.lit(config)) std::fprintf(stderr, "atelier: %s\n", raison.c_str());
+    atelier::Atelier application(std::move(*ouverture.dessin), a->fichier, repertoire() + "/icones", panneaux);
     return application.ouvre(a->taille) ? application.boucle() : kPasDEcran;
 }

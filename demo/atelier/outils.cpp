@@ -4,10 +4,10 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 #include "fonctions.h"
+#include "unites.h"
 #include "xt_bou_f.h"
 #include "xt_bou_t.h"
 #include "xt_fen_f.h"
@@ -19,7 +19,7 @@ namespace atelier {
 namespace {
 
 constexpr int kMarge = 10, kCote = 34, kPas = 38;
-constexpr int kYIcones = 12, kYChamps = 62, kYZoom = 150, kYCouches = 216, kHauteurListe = 230;
+constexpr int kYIcones = 12, kYChamps = 100, kYZoom = 188, kYCouches = 254, kHauteurListe = 230;
 constexpr int kZoomMax = 100;          // of the scale; its middle is the whole drawing
 constexpr double kZoomParMoitie = 2.0; // powers of ten from the middle to an end
 constexpr std::string_view kVue = "[x] ", kCachee = "[ ] ";
@@ -28,13 +28,22 @@ struct Icone {
     const char* nom;
     INT fonction;
 };
-constexpr std::array<Icone, 5> kIcones{{{"TOUT", kFonctionToutVoir}, {"PLUS", kFonctionAgrandir},
-    {"MOINS", kFonctionReduire}, {"COUCHES", kFonctionCouchesToutes}, {"QUITTER", kFonctionQuitter}}};
+constexpr std::array<Icone, 8> kIcones{{{"TOUT", kFonctionToutVoir}, {"PLUS", kFonctionAgrandir},
+    {"MOINS", kFonctionReduire}, {"COUCHES", kFonctionCouchesToutes}, {"QUITTER", kFonctionQuitter},
+    {"GRILLE", kFonctionReglages}, {"CHOIX", kFonctionCouchesPanneau}, {"TABLE", kFonctionNomenclature}}};
+constexpr int kIconesParRangee = 5;
 
-template <std::size_t N>
-void copie(char (&champ)[N], std::string_view texte) {
-    std::snprintf(champ, N, "%.*s", static_cast<int>(texte.size()), texte.data());
+void libelle(INT fenetre, int x, int y, std::string_view texte) {
+    GRX_BOUTON b = bouton(fenetre, GRX_BOU_LABEL, x, y, -1, -1);
+    copie(b.titre, texte);
+    cree_bouton(b);
 }
+
+std::string entree_de(const CalqueVu& calque) {
+    return std::string(calque.visible ? kVue : kCachee) + calque.nom;
+}
+
+} // namespace
 
 GRX_BOUTON bouton(INT fenetre, INT type, int x, int y, int largeur, int hauteur) {
     GRX_BOUTON b;
@@ -49,14 +58,8 @@ GRX_BOUTON bouton(INT fenetre, INT type, int x, int y, int largeur, int hauteur)
     return b;
 }
 
-INT cree(GRX_BOUTON& b) {
+INT cree_bouton(GRX_BOUTON& b) {
     return grx_cree_bouton(&b) == 0 ? b.nobou : -1;
-}
-
-void libelle(INT fenetre, int x, int y, std::string_view texte) {
-    GRX_BOUTON b = bouton(fenetre, GRX_BOU_LABEL, x, y, -1, -1);
-    copie(b.titre, texte);
-    cree(b);
 }
 
 std::string texte_de(INT nobou) {
@@ -64,22 +67,6 @@ std::string texte_de(INT nobou) {
     grx_recup_texte_bouton(nobou, tampon.data());
     return tampon.data();
 }
-
-// A number as people write it here: with a comma, and blanks between thousands.
-std::optional<double> nombre_de(std::string texte) {
-    std::erase_if(texte, [](char c) { return c == ' ' || c == '\xA0'; });
-    std::ranges::replace(texte, ',', '.');
-    char* fin = nullptr;
-    const double valeur = std::strtod(texte.c_str(), &fin);
-    const bool lu = !texte.empty() && *fin == '\0' && std::isfinite(valeur);
-    return lu ? std::optional(valeur) : std::nullopt;
-}
-
-std::string entree_de(const CalqueVu& calque) {
-    return std::string(calque.visible ? kVue : kCachee) + calque.nom;
-}
-
-} // namespace
 
 bool Outils::cree(INT mere, std::string icones, const std::vector<CalqueVu>& calques) {
     GRX_FENETRE f;
@@ -104,16 +91,17 @@ bool Outils::cree(INT mere, std::string icones, const std::vector<CalqueVu>& cal
 void Outils::cree_icones(const std::string&) {
     std::array<char, HOST_CHEMIN_MAX> repertoire{};
     grx_recup_repertoire_icones(repertoire.data());
-    int x = kMarge;
+    int place = 0;
     for (const Icone& icone : kIcones) {
-        GRX_BOUTON b = bouton(nofen_, GRX_BOU_DESSINE, x, kYIcones, kCote, kCote);
+        const int x = kMarge + kPas * (place % kIconesParRangee), y = kYIcones + kPas * (place / kIconesParRangee);
+        GRX_BOUTON b = bouton(nofen_, GRX_BOU_DESSINE, x, y, kCote, kCote);
         b.no_fo = icone.fonction;
         copie(b.titre, icone.nom);
-        const INT nobou = atelier::cree(b);
+        const INT nobou = cree_bouton(b);
         std::string fichier = std::string(repertoire.data()) + "/" + icone.nom + ".BMP";
         grx_change_icone_bouton(nobou, fichier.data());
         if (premiere_icone_ < 0) premiere_icone_ = nobou;
-        x += kPas;
+        ++place;
     }
 }
 
@@ -124,7 +112,7 @@ void Outils::cree_champs() {
         GRX_BOUTON b = bouton(nofen_, GRX_BOU_TEXTE, kXChamp, y, kLargeurChamp, kHauteurChamp);
         b.tabi[GRX_BOU_TABI_COLONNES] = -1;
         b.no_fo = fonction;
-        return atelier::cree(b);
+        return cree_bouton(b);
     };
     champ_x_ = champ("X", kYChamps, kFonctionChampX);
     champ_y_ = champ("Y", kYChamps + kEntre, kFonctionChampY);
@@ -137,14 +125,14 @@ void Outils::cree_zoom() {
     b.tabi[GRX_BOU_TABI_MAXI] = kZoomMax;
     b.tabi[GRX_BOU_TABI_INITIAL] = kZoomMax / 2;
     b.no_fo = kFonctionZoom;
-    zoom_ = atelier::cree(b);
+    zoom_ = cree_bouton(b);
 }
 
 void Outils::montre_calques(const std::vector<CalqueVu>& calques) {
     grx_detruit_bouton(liste_);
     GRX_BOUTON b = bouton(nofen_, GRX_BOU_LISTE, kMarge, kYCouches, kLargeur - 2 * kMarge - 20, kHauteurListe);
     b.attrib |= GRX_BOU_ATT_LISTE_SCROLL;
-    liste_ = atelier::cree(b);
+    liste_ = cree_bouton(b);
     // The newest entry stands first: the last layer goes in before the others.
     for (auto calque = calques.rbegin(); calque != calques.rend(); ++calque) {
         std::string entree = entree_de(*calque);
@@ -183,7 +171,7 @@ void Outils::montre_centre(const std::string& x, const std::string& y) {
 }
 
 std::optional<Point> Outils::centre() const {
-    const auto x = nombre_de(texte_de(champ_x_)), y = nombre_de(texte_de(champ_y_));
+    const auto x = lit_nombre(texte_de(champ_x_)), y = lit_nombre(texte_de(champ_y_));
     return x && y ? std::optional(Point{*x, *y}) : std::nullopt;
 }
 

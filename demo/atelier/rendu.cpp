@@ -4,6 +4,7 @@
 
 #include "decoupe.h"
 #include "police.h"
+#include "reglages.h"
 #include "traits.h"
 #include "xt_gfx_f.h"
 
@@ -88,19 +89,31 @@ Boite ecran(int largeur, int hauteur) {
     return Boite::entre({-kDebord, -kDebord}, {largeur + kDebord, hauteur + kDebord});
 }
 
-void trace_lettres(Plume plume, const Objet& o, const Vue& vue, const Boite& limites) {
-    const double hauteur = o.hauteur * vue.echelle();
-    if (hauteur < kTexteMin) return;
-    plume.attrib.epaisseur = static_cast<INT>(std::min<double>(hauteur / kParEpaisseur, kEpaisseurTexteMax));
-    trace_chemin(plume, o.chemin, vue.vers_ecran(), limites);
+// About the middle, so that texts stay where they are.
+Matrice agrandie(const Boite& boite, double k) {
+    const Point milieu = boite.centre();
+    return Matrice::translation(milieu) * Matrice::echelle(k, k) * Matrice::translation(-1 * milieu);
 }
 
-void trace_objet(const Plume& plume, const Objet& o, const Vue& vue, const Boite& limites) {
+Boite boite_montree(const Objet& o, double textes) {
+    if (o.genre != Genre::Texte || o.boite.vide()) return o.boite;
+    const Matrice m = agrandie(o.boite, textes);
+    return Boite::entre(m.applique(o.boite.min), m.applique(o.boite.max));
+}
+
+void trace_lettres(Plume plume, const Objet& o, const Vue& vue, const Boite& limites, double textes) {
+    const double hauteur = o.hauteur * vue.echelle() * textes;
+    if (hauteur < kTexteMin) return;
+    plume.attrib.epaisseur = static_cast<INT>(std::min<double>(hauteur / kParEpaisseur, kEpaisseurTexteMax));
+    trace_chemin(plume, o.chemin, vue.vers_ecran() * agrandie(o.boite, textes), limites);
+}
+
+void trace_objet(const Plume& plume, const Objet& o, const Vue& vue, const Boite& limites, double textes) {
     const Matrice m = vue.vers_ecran();
     switch (o.genre) {
     case Genre::Plein: return remplit(plume, o.chemin, m, limites);
     case Genre::Point: return trace_croix(plume, m.applique(o.chemin.points().front()));
-    case Genre::Texte: return trace_lettres(plume, o, vue, limites);
+    case Genre::Texte: return trace_lettres(plume, o, vue, limites, textes);
     case Genre::Trait: return trace_chemin(plume, o.chemin, m, limites);
     }
 }
@@ -115,17 +128,36 @@ void trace_chemin(const Plume& plume, const Chemin& chemin, const Matrice& m, co
     });
 }
 
-void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices) {
+void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices, double textes) {
     const Boite limites = ecran(vue.largeur(), vue.hauteur());
     const Boite visible = vue.visible();
     Plume plume{nofen, {}};
     for (const Objet& o : dessin.objets) {
-        if (!dessin.calques[static_cast<std::size_t>(o.calque)].visible || !o.boite.touche(visible)) continue;
+        if (!dessin.calques[static_cast<std::size_t>(o.calque)].visible || !boite_montree(o, textes).touche(visible))
+            continue;
         plume.attrib.coul_trace = indices[static_cast<std::size_t>(o.couleur)];
         plume.attrib.type_trait = o.trait;
         plume.attrib.epaisseur = o.epaisseur;
-        trace_objet(plume, o, vue, limites);
+        trace_objet(plume, o, vue, limites, textes);
     }
+}
+
+// Every line begins and ends at a crossing of the grid: its dashes stay where they are when the view moves.
+void trace_grille(const Plume& plume, const Vue& vue, double pas) {
+    constexpr double kEcartMin = 6; // pixels
+    const Boite visible = vue.visible(), limites = ecran(vue.largeur(), vue.hauteur());
+    const double ecart = kEcartMin / vue.echelle();
+    const auto xs = lignes_grille(pas, ecart, visible.min.x, visible.max.x);
+    const auto ys = lignes_grille(pas, ecart, visible.min.y, visible.max.y);
+    if (xs.empty() || ys.empty()) return;
+    const auto trace = [&](Point p, Point q) {
+        Chemin c;
+        c.aller(p);
+        c.ligne(q);
+        trace_chemin(plume, c, vue.vers_ecran(), limites);
+    };
+    for (const double x : xs) trace({x, ys.front()}, {x, ys.back()});
+    for (const double y : ys) trace({xs.front(), y}, {xs.back(), y});
 }
 
 double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur) {

@@ -17,8 +17,13 @@ struct Plume {
     GRX_ATTRIBUTS_TRACER attrib{}; // all zero: sheet colour on sheet colour, plain, solid, thin
 };
 
-// Draws all that is visible. indices: colour index of each colour of the drawing.
-void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices);
+// Draws all that is visible. indices: colour index of each colour of the drawing; textes: how many times larger than in
+// the drawing texts are shown.
+void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices, double textes = 1);
+
+// Draws a grid of this step over all of the window, in units of the drawing; lines that would lie too close are left
+// out.
+void trace_grille(const Plume& plume, const Vue& vue, double pas);
 
 // Strokes of a path through m; limites: what is seen of the target.
 void trace_chemin(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites);

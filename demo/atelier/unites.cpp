@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 namespace atelier {
 
@@ -45,6 +46,15 @@ std::string nombre(double valeur, int decimales) {
     const std::size_t debut = s.starts_with('-') ? 1 : 0;
     for (std::size_t i = point; i > debut + 3;) s.insert(i -= 3, 1, ' ');
     return s;
+}
+
+std::optional<double> lit_nombre(std::string texte) {
+    std::erase_if(texte, [](char c) { return c == ' ' || c == '\xA0'; });
+    std::ranges::replace(texte, ',', '.');
+    char* fin = nullptr;
+    const double valeur = std::strtod(texte.c_str(), &fin);
+    const bool lu = !texte.empty() && *fin == '\0' && std::isfinite(valeur);
+    return lu ? std::optional(valeur) : std::nullopt;
 }
 
 int decimales_pour(double pixels_par_unite) {

@@ -2,6 +2,7 @@
 #ifndef ATELIER_UNITES_H
 #define ATELIER_UNITES_H
 
+#include <optional>
 #include <string>
 
 namespace atelier {
@@ -14,6 +15,9 @@ std::string symbole(int unites);
 
 // With a decimal point, and blanks between groups of three figures.
 std::string nombre(double valeur, int decimales);
+
+// A number as people write it here: with a comma or a point, and blanks between thousands. Nothing for other texts.
+std::optional<double> lit_nombre(std::string texte);
 
 // As many decimals as one pixel tells apart.
 int decimales_pour(double pixels_par_unite);

@@ -17,6 +17,9 @@ constexpr INT kLargeur = 1200, kHauteur = 880;
 // Function numbers: cursors 2000 + number, icon sizes 2100 + format.
 constexpr INT kFonctionCurseur = 2000;
 constexpr INT kFonctionIcones = 2100;
+constexpr INT kFonctionDialogue = 2200;   // and the two that follow
+constexpr INT kFonctionDecoration = 2210; // and the three that follow
+constexpr INT kFonctionBande = 2220;      // arrow of the first row, and of the second
 constexpr INT kFonctionQuitter = 999;
 
 template <std::size_t N>
@@ -39,6 +42,9 @@ void cree_curseurs(INT fenetre);
 void cree_icones(INT fenetre, const std::string& repertoire);
 bool action_outil(INT fenetre, INT no_fo);
 
+// The second page: panel items, dialogs, lists.
+void cree_panneaux(INT fenetre, const std::string& icones);
+
 // Palette, lines, fills and pictures, drawn in memory and shown at once.
 void dessine(INT graphique);
 
@@ -47,11 +53,17 @@ class Journal {
   public:
     void cree(INT fenetre);
     void note(const GRX_EVENEMENT& evenement);
+    void ecrit(char* ligne);
 
   private:
     INT texte_ = -1;
     INT position_ = -1;
     int lignes_ = 0;
 };
+
+// The third page: information strip, palette window or editor, file dialogs, decorations; true when the function number
+// was one of theirs.
+void cree_fichiers(INT fenetre, bool avec_editeur);
+bool action_fichiers(INT fenetre, INT no_fo, Journal& journal);
 
 } // namespace galerie

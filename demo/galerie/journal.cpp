@@ -81,20 +81,24 @@ void Journal::cree(INT fenetre) {
 }
 
 void Journal::note(const GRX_EVENEMENT& e) {
-    constexpr int most = 400;
     char ligne[500];
     if (e.type_evenement == GRX_EVT_SOURIS_BOUGE) {
         std::snprintf(ligne, sizeof ligne, "souris %d, %d", e.souris_bouge.x, e.souris_bouge.y);
         grx_change_texte(position_, ligne);
         return;
     }
+    std::snprintf(ligne, sizeof ligne, "%2d %s  nofen %d  %s\n", e.type_evenement, nom_de(e.type_evenement),
+        e.affichage.nofen, details(e).c_str());
+    ecrit(ligne);
+}
+
+void Journal::ecrit(char* ligne) {
+    constexpr int most = 400;
     if (++lignes_ > most) {
         char rien[] = "";
         grx_change_texte(texte_, rien);
         lignes_ = 1;
     }
-    std::snprintf(ligne, sizeof ligne, "%2d %s  nofen %d  %s\n", e.type_evenement, nom_de(e.type_evenement),
-        e.affichage.nofen, details(e).c_str());
     grx_ajoute_texte(texte_, ligne);
 }
 

@@ -1,4 +1,6 @@
-// galerie [--pret FILE]: shows what the library has to offer. --pret creates FILE when everything is on the screen.
+// galerie [--panneaux | --fichiers | --dialogue] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
+// controls and drawing, panels and dialogs, or the strip and the palette (--dialogue:
+// the editor and a file dialog). DIRECTORY holds the settings; FILE is created when everything is on the screen.
 #include "galerie.h"
 
 #include <cstring>
@@ -44,8 +46,8 @@ void choisit_gris() {
     palette_reserve[fond_interface][GRX_BLEU] = 196;
 }
 
-bool demarre() {
-    sstate[SST_REP_SYSTEME] = const_cast<char*>(GALERIE_REP);
+bool demarre(const char* config) {
+    sstate[SST_REP_SYSTEME] = const_cast<char*>(config);
     sstate[SST_REP_MENU] = const_cast<char*>(GALERIE_REP);
     grx_alloue_base_fenetres();
     grx_alloue_base_boutons();
@@ -72,28 +74,82 @@ bool finit(const GRX_EVENEMENT& e, INT principale) {
     return fonction_de(e) == kFonctionQuitter;
 }
 
-} // namespace
+struct Options {
+    enum Page { kControles, kPanneaux, kFichiers, kDialogue } page = kControles;
+    const char* config = GALERIE_REP;
+    const char* pret = nullptr;
+};
 
-int main(int argc, char** argv) {
-    const char* const pret = argc > 2 && std::strcmp(argv[1], "--pret") == 0 ? argv[2] : nullptr;
-    if (!demarre()) return 1;
-    const INT principale = ouvre_principale();
-    if (principale < 0) return 1;
-    grx_affecte_nofen_principale(principale);
+Options lit_options(int argc, char** argv) {
+    Options o;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view nom = argv[i];
+        const char* const valeur = i + 1 < argc ? argv[i + 1] : nullptr;
+        if (nom == "--panneaux")
+            o.page = Options::kPanneaux;
+        else if (nom == "--fichiers")
+            o.page = Options::kFichiers;
+        else if (nom == "--dialogue")
+            o.page = Options::kDialogue;
+        else if (nom == "--config" && valeur != nullptr)
+            o.config = argv[++i];
+        else if (nom == "--pret" && valeur != nullptr)
+            o.pret = argv[++i];
+    }
+    return o;
+}
+
+void montre_controles(INT principale) {
     cree_controles(principale);
     cree_curseurs(principale);
     cree_icones(principale, GALERIE_ICONES);
-    Journal journal;
-    journal.cree(principale);
     const INT graphique = ouvre_graphique(principale);
     grx_attend_creation_fenetre(graphique);
     dessine(graphique);
-    signale(pret);
+}
+
+void montre_page(Options::Page page, INT principale) {
+    switch (page) {
+    case Options::kControles: return montre_controles(principale);
+    case Options::kPanneaux: return cree_panneaux(principale, GALERIE_ICONES);
+    default: return cree_fichiers(principale, page == Options::kDialogue);
+    }
+}
+
+// Called once nothing is left to do: what is to be seen is on the screen.
+Boolean signale_au_repos(XtPointer fichier) {
+    signale(static_cast<const char*>(fichier));
+    return True;
+}
+
+int boucle(INT principale, Journal& journal) {
     GRX_EVENEMENT evenement{};
     for (;;) {
         if (grx_digitaliseur(&evenement, 1) == 0) continue;
         if (finit(evenement, principale)) return 0;
-        action_outil(principale, fonction_de(evenement));
+        grx_gere_action_modif_palette(evenement);
         journal.note(evenement);
+        const INT fonction = fonction_de(evenement);
+        if (!action_outil(principale, fonction)) action_fichiers(principale, fonction, journal);
     }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const Options options = lit_options(argc, argv);
+    if (!demarre(options.config)) return 1;
+    const INT principale = ouvre_principale();
+    if (principale < 0) return 1;
+    grx_affecte_nofen_principale(principale);
+    montre_page(options.page, principale);
+    Journal journal;
+    journal.cree(principale);
+    if (options.page == Options::kDialogue) {
+        XtAppAddWorkProc(contexte, signale_au_repos, const_cast<char*>(options.pret));
+        action_fichiers(principale, kFonctionDialogue, journal);
+    } else {
+        signale(options.pret);
+    }
+    return boucle(principale, journal);
 }

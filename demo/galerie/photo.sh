@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# photo.sh GALERIE PICTURE: runs galerie on the display of the environment and leaves a picture of the screen.
+# photo.sh GALERIE PICTURE [OPTION...]: runs galerie with these options on the display of the environment and leaves a
+# picture of the screen.
 set -uo pipefail
 
+galerie=$1
+picture=$2
+shift 2
 ready=$(mktemp -u)
-"$1" --pret "$ready" &
+"$galerie" --pret "$ready" "$@" &
 galerie=$!
 trap 'kill "$galerie" 2>/dev/null; rm -f "$ready"' EXIT
 for _ in $(seq 400); do
@@ -12,4 +16,4 @@ for _ in $(seq 400); do
     sleep 0.05
 done
 [ -e "$ready" ] || { echo "galerie shows nothing" >&2; exit 1; }
-import -window root "$2"
+import -window root "$picture"

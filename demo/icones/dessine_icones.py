@@ -136,13 +136,29 @@ def grille(icon):
         icon.line(4, v, 28, v, BLUE)
 
 
+def choix(icon):
+    icon.box(4, 4, 27, 27, BLACK, WHITE)
+    for y, colour in ((9, BLACK), (15.5, BLUE), (22, BLACK)):
+        icon.path([(7, y), (9, y + 2), (12, y - 2)], RED)
+        icon.line(15, y, 24, y, colour)
+
+
+def table(icon):
+    icon.box(3, 5, 28, 26, BLACK, WHITE)
+    icon.box(3, 5, 28, 10, BLACK, YELLOW)
+    icon.line(3, 15.5, 28, 15.5)
+    icon.line(3, 21, 28, 21)
+    icon.line(12, 5, 12, 26)
+    icon.line(20, 5, 20, 26)
+
+
 def quitter(icon):
     icon.box(5, 4, 19, 27, BLACK, WHITE)
     icon.line(12, 16, 28, 16, RED)
     icon.path([(23, 11), (28, 16), (23, 21)], RED)
 
 
-ICONS = (ouvrir, enregistrer, tout, fenetre, plus, moins, deplacer, couches, grille, quitter)
+ICONS = (ouvrir, enregistrer, tout, fenetre, plus, moins, deplacer, couches, grille, choix, table, quitter)
 
 
 def main():

@@ -1,5 +1,5 @@
-// visite DIRECTORY: visits a running atelier as a user would, with real mouse and keys, under mwm, and leaves pictures
-// of the screen in DIRECTORY. Every step waits for what it should bring about; the exit code is 0 when all of them did.
+// visite DIRECTORY DRAWINGS: visits a running atelier as a user would, with real mouse and keys, under mwm, and leaves pictures
+// of the screen in DIRECTORY; the drawing is a file of the folder DRAWINGS. Every step waits for what it should bring about; the exit code is 0 when all of them did.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -13,6 +13,8 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -26,6 +28,7 @@ namespace {
 using Horloge = std::chrono::steady_clock;
 constexpr auto kDelai = std::chrono::seconds(20);
 constexpr auto kPause = std::chrono::milliseconds(20);
+constexpr auto kTenu = std::chrono::milliseconds(1000); // a menu let go of earlier was clicked, and stays
 
 struct Echec : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -85,7 +88,7 @@ class Ecran {
 
     // The child of the root that holds w: the window manager's frame.
     Window cadre_de(Window w) const {
-        for (;;) {
+        while (w != None) {
             Window racine = None, mere = None, *liste = nullptr;
             unsigned int nombre = 0;
             if (XQueryTree(d_, w, &racine, &mere, &liste, &nombre) == 0) return None;
@@ -93,6 +96,7 @@ class Ecran {
             if (mere == racine) return w;
             w = mere;
         }
+        return None;
     }
 
     Cadre place(Window w) const {
@@ -110,11 +114,19 @@ class Ecran {
     }
 
     std::string titre(Window w) const {
-        char* nom = nullptr;
-        if (XFetchName(d_, w, &nom) == 0 || nom == nullptr) return {};
-        const std::string r = nom;
-        XFree(nom);
+        XTextProperty nom{}; // of any encoding
+        if (XGetWMName(d_, w, &nom) == 0 || nom.value == nullptr) return {};
+        std::string r(reinterpret_cast<const char*>(nom.value), nom.nitems);
+        XFree(nom.value);
         return r;
+    }
+
+    // The window that keys go to.
+    Window clavier() const {
+        Window w = None;
+        int retour = 0;
+        XGetInputFocus(d_, &w, &retour);
+        return w == PointerRoot ? None : w;
     }
 
     // WM_STATE of ICCCM: 1 normal, 3 iconic, 0 unknown.
@@ -138,7 +150,27 @@ class Ecran {
         for (int y = 0; y < c.hauteur; ++y)
             for (int x = 0; x < c.largeur; ++x) r.points.push_back(XGetPixel(lue, x, y));
         XDestroyImage(lue);
+        en_couleurs(r);
         return r;
+    }
+
+    // On a screen with a palette what is seen can change while the cells of the picture stay: their colours are taken.
+    void en_couleurs(Image& image) const {
+        constexpr unsigned kOctet = 8;
+        if (DefaultDepth(d_, DefaultScreen(d_)) > static_cast<int>(kOctet)) return;
+        std::vector<XColor> cellules(1U << kOctet);
+        for (std::size_t i = 0; i < cellules.size(); ++i) cellules[i].pixel = i;
+        XQueryColors(d_, DefaultColormap(d_, DefaultScreen(d_)), cellules.data(), static_cast<int>(cellules.size()));
+        for (unsigned long& point : image.points) {
+            const XColor& c = cellules[point % cellules.size()];
+            point = (c.red * 0x100UL) | c.green | (c.blue / 0x100UL);
+        }
+    }
+
+    // As a window manager is asked to.
+    void deplace(Window w, int x, int y) {
+        XMoveWindow(d_, w, x, y);
+        XSync(d_, False);
     }
 
     // --- input ---
@@ -178,15 +210,38 @@ class Ecran {
 // --- the visit ----------------------------------------------------------------------------------------------------
 
 // Decorations of mwm, in pixels.
-constexpr int kTitre = 17, kBord = 7;
+constexpr int kTitre = 17, kBord = 7, kBordSansResize = 5;
 
 // What atelier has at the left of its window: tools this wide, in them a row of icons.
 constexpr int kOutils = 212;
 constexpr int kBarre = 32, kIconePlus = 65, kIcones = 29; // height of the menu bar, middle of the icon
+constexpr int kPasIcone = 38, kIconeGrille = 27;          // the panels' icons are in a second row
+
+// The cell that panels measure in, and what they have where: tenths of a character and of a line.
+constexpr int kCaractere = 9, kLigne = 23, kEntree = 25; // entries of a drop-down choice are this high, in pixels
+struct Place {
+    int x, y;
+};
+constexpr Place kMetres{403, 18}, kPas{160, 51}, kTrait{207, 66}, kMontrer{40, 80}, kAccrocher{40, 93}, kGris{418, 58},
+    kAppliquer{61, 155}, kReglagesFermer{165, 155};
+constexpr Place kFiltre{190, 8}, kPremiereCouche{100, 44}, kSeules{458, 45}, kToutes{458, 59}, kAucune{458, 73},
+    kFermer{458, 88};
+constexpr Place kCritere{169, 10}, kTableFermer{745, 152};
+
+// The dialog for drawings: the first file and the picture; the editor: its first menu. From the upper left corner of
+// the window.
+struct Pixels {
+    int x, y;
+};
+constexpr Pixels kFichiers{382, 104}, kApercu{18, 280}, kFichier{44, 16}, kPremierCalque{60, 296}, kBleu{251, 174},
+    kRetablir{294, 241}, kFleche{16, 14};
+constexpr int kGlissee = 200, kEntreeDeMenu = 23;
+constexpr int kHauteurFichier = 15, kCoteApercu = 70, kBandeau = 28;
 
 class Visite {
   public:
-    explicit Visite(std::string repertoire) : repertoire_(std::move(repertoire)) {}
+    Visite(std::string repertoire, std::filesystem::path plans)
+        : repertoire_(std::move(repertoire)), plans_(std::move(plans)) {}
 
     void faite() {
         etape("fenetre et vue d'ensemble", [this] { arrivee(); });
@@ -197,6 +252,17 @@ class Visite {
         etape("grande taille et retour", [this] { taille(); });
         etape("iconification et retour", [this] { icone(); });
         etape("vue d'ensemble au clavier", [this] { clavier(); });
+        etape("reglages: pas, trait, plume", [this] { reglages(); });
+        etape("choix des couches", [this] { couches(); });
+        etape("choix des couches a la meme place", [this] { meme_place(); });
+        etape("nomenclature", [this] { nomenclature(); });
+        etape("image et apercu", [this] { image(); });
+        etape("ouvrir un plan", [this] { ouvrir(); });
+        etape("liste des pieces dans l'editeur", [this] { editeur(); });
+        etape("couleur d'une couche", [this] { couleurs_de_couche(); });
+        etape("trace", [this] { trace(); });
+        etape("bande d'information", [this] { bande(); });
+        etape("titre et bord", [this] { decorations(); });
         etape("fermeture par le gestionnaire", [this] { fermeture(); });
     }
 
@@ -204,7 +270,12 @@ class Visite {
     void etape(const char* nom, const std::function<void()>& fait) {
         std::printf("%d. %s ... ", ++numero_, nom);
         std::fflush(stdout);
-        fait();
+        try {
+            fait();
+        } catch (const Echec&) {
+            photo("echec");
+            throw;
+        }
         std::puts("fait");
     }
 
@@ -220,10 +291,10 @@ class Visite {
         if (enfant < 0 || waitpid(enfant, &code, 0) < 0 || code != 0) throw Echec("pas d'image " + fichier);
     }
 
-    Window cherche(Window w) const {
-        if (ecran_.titre(w).starts_with("atelier - ") && ecran_.etat(w) != 0) return w;
+    Window cherche(Window w, const std::string& titre = "atelier - ") const {
+        if (ecran_.titre(w).find(titre) != std::string::npos && ecran_.etat(w) != 0) return w;
         for (const Window fille : ecran_.filles(w))
-            if (const Window trouvee = cherche(fille); trouvee != None) return trouvee;
+            if (const Window trouvee = cherche(fille, titre); trouvee != None) return trouvee;
         return None;
     }
 
@@ -239,14 +310,17 @@ class Visite {
     }
     Image dessin() const { return ecran_.image(feuille()); }
 
-    // The picture once it no longer changes.
-    Image calme() const {
-        Image avant = dessin(), apres;
+    // A picture once it no longer changes.
+    static Image calme(const std::function<Image()>& image) {
+        Image avant = image(), apres;
         attend("une image qui ne change plus", [&] {
-            apres = dessin();
+            apres = image();
             return std::exchange(avant, apres) == apres;
         });
         return avant;
+    }
+    Image calme() const {
+        return calme([this] { return dessin(); });
     }
 
     static std::size_t couleurs(const Image& image) {
@@ -326,16 +400,21 @@ class Visite {
         for (int i = 0; i < 6; ++i) attend_titre([&] { ecran_.clic(5); });
     }
 
+    void ouvre_menu() {
+        const Cadre c = ecran_.place(fenetre_);
+        const Cadre sous_la_barre{c.x, c.y + kBarre, c.largeur / 3, c.hauteur / 4};
+        const Image avant = ecran_.image(sous_la_barre);
+        ecran_.touche(XK_a, XK_Alt_L);
+        attend("le menu", [&] { return retrouves(avant, ecran_.image(sous_la_barre), 0, 0) < 0.98; });
+    }
+
     // An icon, an entry of a menu and its key do the same.
     void outils() {
         const Cadre c = ecran_.place(fenetre_);
         ecran_.va(c.x + kIconePlus, c.y + kBarre + kIcones);
         attend_titre([&] { ecran_.clic(1); });
         attend_titre([&] { ecran_.touche(XK_F3, XK_Control_L); });
-        const Cadre sous_la_barre{c.x, c.y + kBarre, c.largeur / 3, c.hauteur / 4};
-        const Image avant = ecran_.image(sous_la_barre);
-        ecran_.touche(XK_a, XK_Alt_L);
-        attend("le menu", [&] { return retrouves(avant, ecran_.image(sous_la_barre), 0, 0) < 0.98; });
+        ouvre_menu();
         photo("6-menu");
         attend_titre([&] { ecran_.touche(XK_a); });
         calme();
@@ -402,13 +481,377 @@ class Visite {
         photo("10-clavier");
     }
 
+    // --- panels ---
+
+    // The part of the sheet that no panel hides.
+    Image haut_du_dessin() const {
+        Cadre c = feuille();
+        c.hauteur /= 5;
+        return ecran_.image(c);
+    }
+
+    Window panneau(const std::string& titre) const {
+        Window w = None;
+        attend("le panneau " + titre, [&] { return (w = cherche(ecran_.racine(), titre)) != None; });
+        attend("le panneau a l'ecran", [&] { return ecran_.visible(w); });
+        attend("tout le panneau", [&] { return couleurs(ecran_.image(ecran_.place(w))) > 2; });
+        return w;
+    }
+
+    void va_sur(Window w, Place p) {
+        const Cadre c = ecran_.place(w);
+        ecran_.va(c.x + p.x * kCaractere / 10, c.y + p.y * kLigne / 10);
+    }
+
+    // Waits for what the click changes in the panel.
+    void clic_visible(Window w, Place p) {
+        va_sur(w, p);
+        const Image avant = ecran_.image(ecran_.place(w));
+        ecran_.clic(1);
+        attend("un panneau qui change", [&] { return ecran_.image(ecran_.place(w)) != avant; });
+    }
+
+    void clic_qui_dessine(Window w, Place p) {
+        va_sur(w, p);
+        const Image avant = haut_du_dessin();
+        ecran_.clic(1);
+        attend("un autre dessin", [&] { return haut_du_dessin() != avant; });
+    }
+
+    // Drags from the box of a drop-down choice to another entry, and waits until the choices are gone again.
+    void choisit(Window w, Place p, int entrees, const char* nom_photo) {
+        constexpr int kSousLaBoite = 18; // from its middle, free of the frame that it has with the keyboard
+        va_sur(w, p);
+        const Cadre c = ecran_.place(w);
+        const int x = c.x + p.x * kCaractere / 10, y = c.y + p.y * kLigne / 10;
+        const Cadre dessous{x - kEntree, y + kSousLaBoite, 2 * kEntree, kEntree / 2};
+        const Image avant = ecran_.image(dessous);
+        ecran_.bouton(1, true);
+        attend("les choix", [&] { return ecran_.image(dessous) != avant; });
+        std::this_thread::sleep_for(kTenu);
+        ecran_.glisse(x, y, x, y + entrees * kEntree);
+        photo(nom_photo);
+        ecran_.bouton(1, false);
+        attend("le choix fait", [&] { return ecran_.image(dessous) == avant; });
+    }
+
+    void ferme_panneau(Window w, Place p, const std::string& titre) {
+        va_sur(w, p);
+        ecran_.clic(1);
+        attend("la fin du panneau", [&] { return cherche(ecran_.racine(), titre) == None; });
+    }
+
+    void clic_icone(int numero) {
+        const Cadre c = ecran_.place(fenetre_);
+        ecran_.va(c.x + kIconeGrille + numero * kPasIcone, c.y + kBarre + kIcones + kPasIcone);
+        ecran_.clic(1);
+    }
+
+    void tape(const std::string& texte) {
+        for (const char c : texte) ecran_.touche(c == '.' ? XK_period : static_cast<KeySym>(c));
+    }
+
+    void reglages() {
+        const std::string titre = "glages du dessin"; // the letter with an accent depends on the encoding
+        ouvre_menu();
+        ecran_.touche(XK_g);
+        const Window w = panneau(titre);
+        photo("11-reglages");
+        for (const Place p : {kMetres, kMontrer, kAccrocher, kGris}) clic_visible(w, p);
+        choisit(w, kTrait, 2, "12-trait");
+        va_sur(w, kPas);
+        ecran_.clic(1);
+        for (int i = 0; i < 4; ++i) ecran_.touche(XK_BackSpace);
+        tape("0.5");
+        clic_qui_dessine(w, kAppliquer);
+        photo("13-grille");
+        ferme_panneau(w, kReglagesFermer, titre);
+    }
+
+    void couches() {
+        clic_icone(1);
+        const Window w = panneau(kTitreCouches);
+        clic_visible(w, kFiltre);
+        tape("cadre");
+        const Image avant = haut_du_dessin();
+        ecran_.touche(XK_Return);
+        clic_qui_dessine(w, kAucune);
+        clic_visible(w, kPremiereCouche);
+        photo("14-couches");
+        clic_qui_dessine(w, kSeules);
+        photo("15-couches-seules");
+        clic_qui_dessine(w, kToutes);
+        attend("le dessin d'avant", [&] { return haut_du_dessin() == avant; });
+    }
+
+    void meme_place() {
+        Window w = panneau(kTitreCouches);
+        const Cadre avant = ecran_.place(w);
+        ecran_.deplace(w, avant.x - 70, avant.y + 50);
+        attend("le panneau ailleurs", [&] { return ecran_.place(w).x < avant.x - 30; });
+        const Cadre ailleurs = ecran_.place(w);
+        ferme_panneau(w, kFermer, kTitreCouches);
+        clic_icone(1);
+        w = panneau(kTitreCouches);
+        attend("la meme place", [&] {
+            const Cadre c = ecran_.place(w);
+            return c.x == ailleurs.x && c.y == ailleurs.y && c.largeur == ailleurs.largeur;
+        });
+        photo("16-meme-place");
+        ferme_panneau(w, kFermer, kTitreCouches);
+    }
+
+    void nomenclature() {
+        const std::string titre = "Nomenclature";
+        clic_icone(2);
+        const Window w = panneau(titre);
+        photo("17-nomenclature");
+        choisit(w, kCritere, 1, "18-critere");
+        photo("19-par-nature");
+        ferme_panneau(w, kTableFermer, titre);
+    }
+
+    // --- files ---
+
+    void attend_fichier(const std::string& nom) const {
+        const std::filesystem::path fichier = plans_ / nom;
+        attend(fichier.string(), [&] {
+            std::error_code erreur;
+            return std::filesystem::file_size(fichier, erreur) > 0 && !erreur;
+        });
+    }
+
+    void image() {
+        ecran_.touche(XK_s, XK_Control_L);
+        panneau("Enregistrer l'image");
+        photo("20-image");
+        tape("vue");
+        ecran_.touche(XK_Return);
+        attend_fichier("VUE.BMP");
+        attend_fichier("maison.BMP");
+        photo("21-image-ecrite");
+    }
+
+    Cadre bandeau() const {
+        Cadre c = ecran_.place(fenetre_);
+        c.y += c.hauteur - kBandeau;
+        c.hauteur = kBandeau;
+        return c;
+    }
+
+    // Opens the dialog and clicks a file of its list, counted from 0.
+    Window ouvre_dialogue(int fichier) {
+        ecran_.touche(XK_o, XK_Control_L);
+        const Window w = panneau(kTitreOuvrir);
+        const Cadre c = ecran_.place(w);
+        ecran_.va(c.x + kFichiers.x, c.y + kFichiers.y + fichier * kHauteurFichier);
+        ecran_.clic(1);
+        return w;
+    }
+
+    Image apercu(Window w) const {
+        const Cadre c = ecran_.place(w);
+        return ecran_.image({c.x + kApercu.x, c.y + kApercu.y, kCoteApercu, kCoteApercu});
+    }
+
+    void attend_plan(const std::string& nom) {
+        attend("le plan " + nom, [&] { return ecran_.titre(fenetre_).find(nom) != std::string::npos; });
+        attend("la fin du dialogue", [&] { return cherche(ecran_.racine(), kTitreOuvrir) == None; });
+        calme();
+    }
+
+    // Files in the order of the list: one that cannot be read, the sample plan, a small one without picture.
+    void ouvrir() {
+        const Image avant = ecran_.image(bandeau());
+        ouvre_dialogue(0);
+        ecran_.touche(XK_Return);
+        attend("la raison", [&] { return ecran_.image(bandeau()) != avant; });
+        photo("22-pas-ouvert");
+        attend_plan("maison");
+        ouvre_dialogue(2);
+        ecran_.touche(XK_Return);
+        attend_plan("petit");
+        photo("23-petit");
+        const Window w = ouvre_dialogue(1);
+        attend("l'apercu", [&] { return couleurs(apercu(w)) > 4; });
+        photo("24-ouvrir");
+        ecran_.touche(XK_Escape);
+        attend_plan("petit");
+        ouvre_dialogue(1);
+        ecran_.touche(XK_Return);
+        attend_plan("maison");
+    }
+
+    // A line typed at the start, saved by the menu, the end by its key.
+    void editeur() {
+        ecran_.touche(XK_l, XK_Control_L);
+        const Window w = panneau(kTitreEditeur);
+        const Cadre c = ecran_.place(w);
+        ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur / 2);
+        ecran_.clic(1);
+        ecran_.touche(XK_Home, XK_Control_L);
+        tape("revu");
+        ecran_.touche(XK_Return);
+        photo("25-editeur");
+        choix_de_menu(w, kFichier, 3, "26-sauver");
+        attend("la liste avec la ligne", [&] { return premiere_ligne(liste()) == "revu"; });
+        const Image avant = ecran_.image(bandeau());
+        ecran_.touche(XK_F3);
+        attend("la fin de l'editeur", [&] { return cherche(ecran_.racine(), kTitreEditeur) == None; });
+        attend("la nouvelle", [&] { return ecran_.image(bandeau()) != avant; });
+        photo("27-liste-enregistree");
+    }
+
+    // Drags from a menu to an entry, by its place.
+    void choix_de_menu(Window w, Pixels menu, int entree, const char* nom_photo) {
+        const Cadre c = ecran_.place(w);
+        const int x = c.x + menu.x, y = c.y + menu.y;
+        const Cadre dessous{x, y + kEntree, kEntree, kEntree};
+        const Image avant = ecran_.image(dessous);
+        ecran_.va(x, y);
+        ecran_.bouton(1, true);
+        attend("le menu", [&] { return ecran_.image(dessous) != avant; });
+        std::this_thread::sleep_for(kTenu);
+        ecran_.glisse(x, y, x, y + kEntree + entree * kEntreeDeMenu);
+        photo(nom_photo);
+        ecran_.bouton(1, false);
+    }
+
+    // The list is in a directory of its own among the drawings.
+    std::filesystem::path liste() const {
+        for (const auto& e : std::filesystem::directory_iterator(plans_))
+            if (e.is_directory() && std::filesystem::exists(e.path() / "maison.txt")) return e.path() / "maison.txt";
+        return {};
+    }
+
+    static std::string premiere_ligne(const std::filesystem::path& fichier) {
+        std::ifstream f(fichier);
+        std::string r;
+        std::getline(f, r);
+        return r;
+    }
+
+    // The walls get another colour while the slider is dragged.
+    void couleurs_de_couche() {
+        const Cadre c = ecran_.place(fenetre_);
+        ecran_.va(c.x + kPremierCalque.x, c.y + kPremierCalque.y);
+        ecran_.clic(1);
+        ecran_.touche(XK_F8);
+        const Window w = panneau(kTitreCouleur);
+        const Image avant = calme([this] { return haut_du_dessin(); });
+        const Cadre p = ecran_.place(w);
+        const int x = p.x + kBleu.x, y = p.y + kBleu.y;
+        ecran_.va(x, y);
+        ecran_.bouton(1, true);
+        ecran_.glisse(x, y, x - kGlissee, y);
+        attend("des murs d'une autre couleur", [&] { return haut_du_dessin() != avant; });
+        photo("28-couleurs");
+        ecran_.bouton(1, false);
+        ecran_.va(p.x + kRetablir.x, p.y + kRetablir.y);
+        ecran_.clic(1);
+        attend("les couleurs d'avant", [&] { return haut_du_dessin() == avant; });
+        ecran_.touche(XK_Escape);
+        attend("la fin de la palette", [&] { return cherche(ecran_.racine(), kTitreCouleur) == None; });
+    }
+
+    // Into the directory of the drawing; the sample spooling command keeps the plot.
+    void trace() {
+        ecran_.touche(XK_t, XK_Control_L);
+        panneau(kTitreTraces);
+        photo("29-repertoire");
+        const Image avant = ecran_.image(bandeau());
+        ecran_.touche(XK_Return);
+        attend_fichier("maison.plt");
+        attend_fichier("traceur/maison.plt");
+        attend("la nouvelle", [&] { return ecran_.image(bandeau()) != avant; });
+        photo("30-trace");
+    }
+
+    void bande() {
+        ecran_.touche(XK_F9);
+        const Window w = panneau(kTitreBande);
+        const Cadre avant = ecran_.place(w);
+        const Cadre c = feuille();
+        const auto image = [&] { return ecran_.image(ecran_.place(w)); };
+        const Image sans = calme(image);
+        ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur / 3);
+        attend("d'autres coordonnees", [&] { return image() != sans; });
+        photo("31-bande");
+        ecran_.va(avant.x + kFleche.x, avant.y + kFleche.y);
+        ecran_.clic(1);
+        attend("deux rangees", [&] { return ecran_.place(w).hauteur > avant.hauteur * 3 / 2; });
+        calme(image);
+        photo("32-bande-agrandie");
+        ecran_.va(avant.x + kFleche.x, avant.y + avant.hauteur + kFleche.y);
+        ecran_.clic(1);
+        attend("une rangee", [&] { return ecran_.place(w).hauteur == avant.hauteur; });
+        prend_clavier();
+        ecran_.touche(XK_F9);
+        attend("plus de bande", [&] { return !ecran_.visible(w); });
+    }
+
+    // A click on the sheet is too short to zoom.
+    void prend_clavier() {
+        const Cadre c = feuille();
+        ecran_.va(c.x + c.largeur / 2, c.y + 1);
+        ecran_.clic(1);
+        attend("le clavier", [&] { return ecran_.cadre_de(ecran_.clavier()) == ecran_.cadre_de(fenetre_); });
+    }
+
+    // Away with a key and back: the outer frame stays, the window takes the place that becomes free.
+    void decoration(KeySym touche, Pixels dans_le_cadre, const char* nom_photo) {
+        const Cadre avant = ecran_.place(fenetre_), cadre = ecran_.place(ecran_.cadre_de(fenetre_));
+        const Pixels gain{avant.x - cadre.x - dans_le_cadre.x, avant.y - cadre.y - dans_le_cadre.y};
+        ecran_.touche(touche);
+        attend("moins de decorations", [&] {
+            const Cadre c = ecran_.place(fenetre_), autour = ecran_.place(ecran_.cadre_de(fenetre_));
+            return c.x - autour.x == dans_le_cadre.x && c.y - autour.y == dans_le_cadre.y;
+        });
+        attend("une plus grande fenetre", [&] {
+            const Cadre c = ecran_.place(fenetre_);
+            return c.largeur == avant.largeur + 2 * gain.x && c.hauteur == avant.hauteur + gain.x + gain.y;
+        });
+        attend("la fenetre a l'ecran", [&] { return ecran_.visible(fenetre_); });
+        calme();
+        photo(nom_photo);
+        prend_clavier();
+        ecran_.touche(touche);
+        attend("la taille d'avant", [&] {
+            const Cadre c = ecran_.place(fenetre_);
+            return c.hauteur == avant.hauteur && c.largeur == avant.largeur && c.y == avant.y && c.x == avant.x;
+        });
+        attend("la fenetre a l'ecran", [&] { return ecran_.visible(fenetre_); });
+        calme();
+        prend_clavier();
+    }
+
+    void decorations() {
+        decoration(XK_F11, {kBord, kBord}, "33-sans-titre");
+        decoration(XK_F12, {kBordSansResize, kBordSansResize + kTitre}, "34-sans-bord");
+    }
+
+    // With the strip and the palette open: they go with it.
     void fermeture() {
+        ecran_.touche(XK_F9);
+        panneau(kTitreBande);
+        prend_clavier();
+        ecran_.touche(XK_F8);
+        panneau(kTitreCouleur);
+        prend_clavier();
         ecran_.touche(XK_F4, XK_Alt_L);
         attend("la fin de la fenetre", [&] { return cherche(ecran_.racine()) == None; });
     }
 
+    static constexpr const char* kTitreEditeur = "Editeur";
+    static constexpr const char* kTitreCouleur = "Couleur - ";
+    static constexpr const char* kTitreTraces = "pertoire des trac"; // without its accents
+    static constexpr const char* kTitreBande = "Informations";
+    static constexpr const char* kTitreOuvrir = "Ouvrir un plan";
+    static constexpr const char* kTitreCouches = "Choix des couches";
+
     Ecran ecran_;
     std::string repertoire_;
+    std::filesystem::path plans_;
     Window fenetre_ = None;
     int numero_ = 0;
 };
@@ -416,8 +859,8 @@ class Visite {
 } // namespace
 
 int main(int nombre, char** textes) try {
-    if (nombre != 2) throw Echec("usage: visite REPERTOIRE");
-    Visite(textes[1]).faite();
+    if (nombre != 3) throw Echec("usage: visite REPERTOIRE PLANS");
+    Visite(textes[1], textes[2]).faite();
     return 0;
 } catch (const std::exception& e) {
     std::printf("ECHEC\n");

@@ -7,9 +7,18 @@ programs=$1
 pictures=$2
 shift 2
 
-"$programs/atelier" "$@" &
+# Files are written beside the drawing, a copy, and in directories there.
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+drawing=${1:-$(dirname "$0")/../plans/maison.dxf}
+cp -- "$drawing" "$place/maison.dxf" || exit 1
+echo "not a drawing" >"$place/casse.dxf"
+printf '%s\n' 0 SECTION 2 ENTITIES 0 CIRCLE 8 0 10 0 20 0 40 5 0 LINE 8 0 10 -5 20 -5 11 5 21 5 0 ENDSEC 0 EOF \
+    >"$place/petit.dxf"
+
+TMPDIR=$place PLTSPOOL_DIR=$place/traceur "$programs/atelier" "$place/maison.dxf" &
 atelier=$!
-"$programs/atelier_visite" "$pictures" &
+"$programs/atelier_visite" "$pictures" "$place" &
 visit=$!
 
 # The visit ends with closing atelier; an atelier that ends by itself leaves nothing to visit.

@@ -1,0 +1,147 @@
+#include "bande_info.h"
+
+#include "fonctions.h"
+#include "outils.h"
+#include "xt_f.h"
+
+namespace atelier {
+
+namespace {
+
+using Zone = GRX_ZONE_INFO;
+using Place = GRX_BOUTON Zone::*;
+
+constexpr INT kActif = GRX_BOU_ATT_ACTIF, kLu = GRX_BOU_ATT_VISIBLE; // kLu: to be read only
+constexpr INT kSansFonction = -1;
+constexpr INT kMarge = 4; // pixels between and beside the rows
+constexpr INT kColonnes = 107;
+
+struct Champ {
+    Place place;
+    INT type;
+    INT attrib;
+    INT colonne, largeur; // in characters
+    INT rangee;
+    INT fonction;
+    const char* titre;
+};
+
+constexpr std::array<Champ, 19> kChamps{{
+    {&Zone::Bou_fleche_haut, GRX_BOU_FLECHE, kActif | GRX_BOU_ATT_FLECHE_HAUT, 0, 3, 0, kFonctionBandeAgrandir, ""},
+    {&Zone::Bou_fonction, GRX_BOU_LABEL, kActif, 4, 22, 0, kSansFonction, ""},
+    {&Zone::Bou_mess, GRX_BOU_LABEL, kActif, 27, 34, 0, kSansFonction, ""},
+    {&Zone::Bou_saisie, GRX_BOU_TEXTE, kActif, 62, 14, 0, kFonctionBandeSaisie, ""},
+    {&Zone::Bou_aff_x, GRX_BOU_LABEL, kActif, 77, 14, 0, kSansFonction, ""},
+    {&Zone::Bou_aff_y, GRX_BOU_LABEL, kActif, 92, 14, 0, kSansFonction, ""},
+    {&Zone::Bou_fleche_bas, GRX_BOU_FLECHE, kActif | GRX_BOU_ATT_FLECHE_BAS, 0, 3, 1, kFonctionBandeReduire, ""},
+    {&Zone::Bou_plan, GRX_BOU_LABEL, kActif, 4, 5, 1, kSansFonction, "Plan"},
+    {&Zone::Bou_saisie_plan, GRX_BOU_TEXTE, kLu, 9, 14, 1, kSansFonction, ""},
+    {&Zone::Bou_fen, GRX_BOU_LABEL, kActif, 24, 8, 1, kSansFonction, "\311chelle"},
+    {&Zone::Bou_saisie_fen, GRX_BOU_TEXTE, kLu, 32, 9, 1, kSansFonction, ""},
+    {&Zone::Bou_couche, GRX_BOU_LABEL, kActif, 42, 7, 1, kSansFonction, "Couche"},
+    {&Zone::Bou_saisie_couche, GRX_BOU_TEXTE, kLu, 49, 13, 1, kSansFonction, ""},
+    {&Zone::Bou_alt, GRX_BOU_LABEL, kActif, 63, 6, 1, kSansFonction, "Unit\351"},
+    {&Zone::Bou_saisie_alt, GRX_BOU_TEXTE, kLu, 69, 4, 1, kSansFonction, ""},
+    {&Zone::Bou_force, GRX_BOU_LABEL, kActif, 74, 4, 1, kSansFonction, "Pas"},
+    {&Zone::Bou_saisie_force, GRX_BOU_TEXTE, kLu, 78, 8, 1, kSansFonction, ""},
+    {&Zone::Bou_grille, GRX_BOU_BASCULE, kActif, 87, 9, 1, kFonctionBandeGrille, "Grille"},
+    {&Zone::Bou_polaire, GRX_BOU_BASCULE, kActif, 97, 10, 1, kFonctionBandePolaire, "Polaire"},
+}};
+
+// Where the texts stand, in the order of their names.
+constexpr std::array<Place, BandeInfo::kNbTextes> kTextes{&Zone::Bou_fonction, &Zone::Bou_mess, &Zone::Bou_aff_x,
+    &Zone::Bou_aff_y, &Zone::Bou_saisie_plan, &Zone::Bou_saisie_fen, &Zone::Bou_saisie_couche, &Zone::Bou_saisie_alt,
+    &Zone::Bou_saisie_force};
+
+GRX_BOUTON decrit(INT fenetre, const Champ& champ) {
+    const INT caractere = grx_recup_lar_carac_alpha(), ligne = grx_recup_hau_carac_alpha();
+    GRX_BOUTON b = bouton(fenetre, champ.type, kMarge + champ.colonne * caractere, champ.rangee * (ligne + kMarge),
+        champ.largeur * caractere, ligne);
+    b.attrib = champ.attrib;
+    b.no_fo = champ.fonction;
+    if (champ.type == GRX_BOU_TEXTE) b.tabi[GRX_BOU_TABI_COLONNES] = -1;
+    copie(b.titre, champ.titre);
+    return b;
+}
+
+} // namespace
+
+void BandeInfo::ouvre(INT mere) {
+    constexpr INT kBordEcran = 30, kPied = 4; // pixels beside and below
+    cachee_ = false;
+    grx_init_fenetre(&fenetre_);
+    fenetre_.type = GRX_FEN_ALPHA;
+    fenetre_.attrib |= GRX_FEN_ATT_SANS_RESIZE | GRX_FEN_ATT_SANS_MAXI | GRX_FEN_ATT_SANS_MINI;
+    fenetre_.fen_mere = mere;
+    fenetre_.x = kBordEcran;
+    fenetre_.y = kPied;
+    fenetre_.droite = kColonnes * grx_recup_lar_carac_alpha() + 2 * kMarge;
+    copie(fenetre_.titre, "Informations");
+    fenetre_.nofen = -1;
+    grx_cree_fenetre_info(&fenetre_);
+    if (!ouverte()) return;
+    for (const Champ& champ : kChamps) zone_.*champ.place = decrit(fenetre_.nofen, champ);
+    INT hauteur = 0;
+    grx_cree_boutons_fenetre_info(&zone_, &hauteur);
+    contenu_.fill("");
+    change_hauteur(hauteur);
+}
+
+void BandeInfo::bascule(INT mere) {
+    if (!ouverte()) return ouvre(mere);
+    cachee_ = !cachee_;
+    if (cachee_)
+        grx_cache_fenetre(fenetre_.nofen);
+    else
+        grx_affiche_fenetre(fenetre_.nofen);
+}
+
+// The numbers of its buttons are given back; their widgets go with the window.
+void BandeInfo::oublie() {
+    for (const Champ& champ : kChamps) grx_libere_indice_objet_bout((zone_.*champ.place).nobou);
+    fenetre_.nofen = -1;
+}
+
+void BandeInfo::montre(const Contenu& contenu) {
+    for (std::size_t i = 0; ouverte() && i < kTextes.size(); ++i) {
+        if (contenu[i] == contenu_[i]) continue;
+        std::string texte = contenu_[i] = contenu[i];
+        grx_change_texte((zone_.*kTextes[i]).nobou, texte.data());
+    }
+}
+
+void BandeInfo::montre_bascules(bool grille, bool polaire) const {
+    if (!ouverte()) return;
+    grille ? grx_enfonce_bouton(zone_.Bou_grille.nobou) : grx_relache_bouton(zone_.Bou_grille.nobou);
+    polaire ? grx_enfonce_bouton(zone_.Bou_polaire.nobou) : grx_relache_bouton(zone_.Bou_polaire.nobou);
+}
+
+std::string BandeInfo::saisie() const {
+    return ouverte() ? texte_de(zone_.Bou_saisie.nobou) : "";
+}
+
+Suite BandeInfo::controle(const GRX_EXEC_FONCTION& e) {
+    if (!tient(e.nofen)) return Suite::PasPourMoi;
+    if (e.no_fo == kFonctionBandeAgrandir) return agrandit(), Suite::Fait;
+    if (e.no_fo == kFonctionBandeReduire) return reduit(), Suite::Fait;
+    return Suite::PasPourMoi;
+}
+
+// The height given back is that of the one row on show: the second one needs as much again.
+void BandeInfo::agrandit() {
+    INT hauteur = 0;
+    grx_agrandit_fenetre_info(fenetre_, zone_, &hauteur);
+    change_hauteur(2 * hauteur);
+}
+
+void BandeInfo::reduit() {
+    INT hauteur = 0;
+    grx_reduit_fenetre_info(fenetre_, zone_, &hauteur);
+    change_hauteur(hauteur);
+}
+
+void BandeInfo::change_hauteur(INT hauteur) {
+    grx_change_taille_fenetre(fenetre_.nofen, fenetre_.droite, hauteur);
+}
+
+} // namespace atelier

@@ -1,0 +1,21 @@
+#include "ouverture.h"
+
+#include <cstdio>
+#include <exception>
+
+#include "dxf_lecture.h"
+
+namespace atelier {
+
+Ouverture ouvre_fichier(const std::string& chemin) try {
+    Ouverture r{lit_dessin(chemin), {}};
+    for (const std::string& remarque : r.dessin->remarques) std::printf("%s\n", remarque.c_str());
+    r.raison = bilan(r.dessin->non_dessinees);
+    if (!r.raison.empty()) std::printf("%s\n", r.raison.c_str());
+    std::fflush(stdout);
+    return r;
+} catch (const std::exception& e) {
+    return {std::nullopt, e.what()};
+}
+
+} // namespace atelier

@@ -1,0 +1,59 @@
+// The drawing settings: units, grid, pen, size of texts. What is changed in the panel counts from "Appliquer" on.
+#ifndef ATELIER_PANNEAU_REGLAGES_H
+#define ATELIER_PANNEAU_REGLAGES_H
+
+#include <string>
+#include <vector>
+
+#include "panneau.h"
+#include "reglages.h"
+#include "xt_ent_t.h"
+
+namespace atelier {
+
+// A pen that the grid can be drawn with.
+struct PlumeNommee {
+    std::string nom;
+    int couleur = 0; // index
+};
+
+class PanneauReglages {
+  public:
+    explicit PanneauReglages(Panneaux& panneaux) : panneau_(panneaux, kNumero) {}
+
+    // unites: of the drawing, as files number them.
+    void ouvre(INT mere, const Reglages& reglages, int unites, std::vector<PlumeNommee> plumes);
+    void ferme() { panneau_.ferme(); }
+    void oublie() { panneau_.oublie(); }
+    bool tient(INT nofen) const { return panneau_.tient(nofen); }
+
+    // Told by function numbers: the choices of a group name no window.
+    Suite controle(const GRX_EXEC_FONCTION& e);
+    // A pen chosen in the list; liste is the slot of the list that tells of it.
+    Suite plume_choisie(INT liste, INT place);
+    const Reglages& reglages() const { return edites_; }
+
+  private:
+    static constexpr int kNumero = 0;
+
+    void pose_etat() const;
+    void change_unite(int unite);
+    void lit_pas(const std::string& texte);
+    void montre_pas() const;
+    void bascule(bool& valeur, int indice) const;
+    void montre_bascule(bool valeur, int indice) const;
+    Suite applique();
+    void dessine_apercu() const;
+
+    Panneau panneau_;
+    Reglages edites_;
+    int unites_ = 0;
+    std::vector<PlumeNommee> plumes_;
+};
+
+// GRX_TRAIT_... of a choice among the line styles of the grid.
+int trait_grille(int choix);
+
+} // namespace atelier
+
+#endif
