@@ -140,19 +140,19 @@ struct Proposal {
 
 constexpr int kColumns = 48; // of the selected name: whole paths are read
 
-// As windows have it: what the toolkit makes of a dialog's title depends on the locale of the window manager.
+// As windows have it: the toolkit's own conversion of a dialog's title depends on the locale, and fails for Latin-1
+// bytes in a UTF-8 one.
 void set_shell_title(Widget shell, const char* title, Widget window) {
     grx::set_resource(shell, XmNtitle, title);
     grx::set_resource(shell, XmNtitleEncoding, grx::resource<Atom>(grx_recherche_shell(window), XmNtitleEncoding));
 }
 
 Widget make_dialog(Widget parent, const char* name, const Proposal& proposal) {
-    const grx::CompoundString title(proposal.title);
     const grx::CompoundString pattern(proposal.pattern);
     const grx::CompoundString directory(proposal.directory);
     grx::Args args;
     set_modal_look(args);
-    args.set(XmNdialogTitle, title.get()).set(XmNtextColumns, kColumns);
+    args.set(XmNtextColumns, kColumns);
     if (proposal.pattern[0] != '\0') args.set(XmNpattern, pattern.get());
     if (proposal.directory[0] != '\0') args.set(XmNdirectory, directory.get());
     Widget dialog = XmCreateFileSelectionDialog(parent, const_cast<char*>(name), args.list(), args.count());
