@@ -39,20 +39,8 @@ constexpr INT kUnbalanced = -2;
 
 char Debut_Menu = 0; // the zone marker has been seen
 
-// KEEP: POPUP is looked for first, anywhere in the line.
-struct Keyword {
-    std::string_view word;
-    INT itype;
-    std::size_t fields;
-};
-constexpr std::array<Keyword, 2> kKeywords{{{"POPUP", GRX_MENU_POPUP, 2}, {"ITEM", GRX_MENU_ITEM, 4}}};
-
 std::string_view view_of(const char* text) {
     return text != nullptr ? std::string_view(text) : std::string_view();
-}
-
-bool contains(std::string_view line, std::string_view word) {
-    return line.find(word) != std::string_view::npos;
 }
 
 LI_MENU empty_line() {
@@ -62,17 +50,11 @@ LI_MENU empty_line() {
     return line;
 }
 
-// The mark goes, the letter behind it becomes the mnemonic.
-void set_label(LI_MENU& line, std::string_view label) {
-    const auto mark = label.find('&');
-    if (mark == std::string_view::npos) {
-        grx::copy_text(line.nom_fonction, label);
-        return;
-    }
-    const std::string_view behind = label.substr(mark + 1);
-    if (!behind.empty()) line.mneumonic = behind.front();
-    std::snprintf(line.nom_fonction, sizeof line.nom_fonction, "%.*s%.*s", static_cast<int>(mark), label.data(),
-        static_cast<int>(behind.size()), behind.data());
+void set_label(LI_MENU& line, std::string_view text) {
+    const grx::MenuLabel label = grx::menu_label(text);
+    std::snprintf(line.nom_fonction, sizeof line.nom_fonction, "%.*s%.*s", static_cast<int>(label.before.size()),
+        label.before.data(), static_cast<int>(label.behind.size()), label.behind.data());
+    if (label.mnemonic) line.mneumonic = *label.mnemonic;
 }
 
 void set_label_of_message(LI_MENU& line, INT number) {
@@ -81,11 +63,14 @@ void set_label_of_message(LI_MENU& line, INT number) {
     set_label(line, grx::trimmed(text));
 }
 
-INT decode_fields(LI_MENU& line, const Keyword& keyword, std::string_view after) {
-    const auto fields = grx::menu_fields(after, keyword.fields);
-    if (!fields) return kNoKeyword;
-    const auto& [number, text, accelerator, function] = *fields;
-    line.itype = keyword.itype;
+INT kind_of(const grx::MenuKeyword& keyword) {
+    return &keyword == &grx::kMenuKeywords.front() ? GRX_MENU_POPUP : GRX_MENU_ITEM;
+}
+
+INT decode_content(LI_MENU& line, const grx::MenuContent& content) {
+    if (!content.fields) return kNoKeyword;
+    const auto& [number, text, accelerator, function] = *content.fields;
+    line.itype = kind_of(*content.keyword);
     if (number.empty()) {
         set_label(line, text);
     } else {
@@ -96,46 +81,28 @@ INT decode_fields(LI_MENU& line, const Keyword& keyword, std::string_view after)
     return kTaken;
 }
 
-INT decode_structure(std::string_view line, INT& depth) {
-    if (line == "{") {
-        ++depth;
-        return kTaken;
-    }
-    if (depth <= 0) return kUnbalanced;
-    --depth;
-    return kTaken;
-}
-
 } // namespace
 
 extern "C" {
 
 INT decode_chaine_ressource_menu(char* chaine, LI_MENU* ligne_menu) {
-    if (ligne_menu == nullptr) return kNoKeyword;
-    const std::string_view line = view_of(chaine);
-    for (const auto& keyword : kKeywords) {
-        const auto at = line.find(keyword.word);
-        if (at != std::string_view::npos)
-            return decode_fields(*ligne_menu, keyword, line.substr(at + keyword.word.size()));
-    }
-    return kNoKeyword;
+    return ligne_menu != nullptr ? decode_content(*ligne_menu, grx::menu_content(view_of(chaine))) : kNoKeyword;
 }
 
 INT decode_ligne_ressource_menu(char* debut, char* ligne, LI_MENU* ligne_menu, INT* ind_para) {
     if (ligne == nullptr || ligne_menu == nullptr || ind_para == nullptr) return kSkipped;
-    const std::string_view line(ligne);
-    const bool comment = Debut_Menu != 0 && line.substr(0, 1) == "#";
-    // KEEP: DEBUT and FIN anywhere skip the line, before the record is cleared.
-    if (comment || contains(line, "DEBUT") || contains(line, "FIN")) return kSkipped;
+    const grx::MenuLine kind = grx::menu_line(ligne, view_of(debut), Debut_Menu != 0, *ind_para);
+    if (kind == grx::MenuLine::comment || kind == grx::MenuLine::skip_word) return kSkipped;
     *ligne_menu = empty_line();
-    if (debut != nullptr && contains(line, debut)) {
-        Debut_Menu = 1;
-        return kTaken;
+    switch (kind) {
+    case grx::MenuLine::zone: Debut_Menu = 1; break;
+    case grx::MenuLine::opening: ++*ind_para; break;
+    case grx::MenuLine::closing: --*ind_para; break;
+    case grx::MenuLine::unbalanced: return kUnbalanced;
+    case grx::MenuLine::content: return decode_chaine_ressource_menu(ligne, ligne_menu);
+    default: break;
     }
-    if (Debut_Menu == 0) return kTaken;
-    const std::string_view content = grx::trimmed(line);
-    if (content == "{" || content == "}") return decode_structure(content, *ind_para);
-    return decode_chaine_ressource_menu(ligne, ligne_menu);
+    return kTaken;
 }
 
 INT copie_li_menu(LI_MENU* li1, LI_MENU li2) {
@@ -156,9 +123,7 @@ namespace {
 
 constexpr std::size_t kFirstEntries = 100;
 constexpr int kMostMenus = 100;
-constexpr std::size_t kModuleSelector = 233;
 constexpr int kForReading = 2;
-char zone_marker[] = "#:ZONE_MENU_BAR";
 
 Widget Glob_menu_bar = nullptr;
 grx::Kept<grx::Block<Widget>> kept_entries;
@@ -230,7 +195,7 @@ void watch_keyboard() {
 }
 
 const char* menu_file_name() {
-    switch (istate[kModuleSelector]) {
+    switch (istate[IST_MODULE_MENU]) {
     case 0: return "MNU_COMM.DAT";
     case 1: return "MNU_MECA.DAT";
     default: return "MNU_ARCH.DAT";
@@ -381,7 +346,7 @@ void build_from(FILE* file) {
     char text[HOST_LIGNE_MAX] = "";
     Debut_Menu = 0;
     while (ftext_lec(file, text) != 0) {
-        if (decode_ligne_ressource_menu(zone_marker, text, &line, &ind_para) == kTaken)
+        if (decode_ligne_ressource_menu(const_cast<char*>(grx::kMenuZone.data()), text, &line, &ind_para) == kTaken)
             build_line(builder, line, ind_para);
     }
     close_top(builder);

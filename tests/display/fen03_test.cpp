@@ -7,6 +7,7 @@
 #include "tests/support/next_function.h"
 #include "tests/support/stdout_capture.h"
 
+#include "tools/verif/menu_check.h"
 #include "xt_prive.h"
 
 #include <X11/IntrinsicP.h>
@@ -17,6 +18,8 @@
 #include <climits>
 #include <cstring>
 #include <functional>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -135,6 +138,30 @@ Widget entry_named(const std::string& label) {
     return nullptr;
 }
 
+// How many of each kind are in the bar, or taken by the checker of menu files.
+using Counts = std::map<std::string, long>;
+
+Counts built_counts() {
+    Counts counts{{"menu", 0}, {"entry", 0}, {"separator", 0}};
+    for (Widget w : all_of_bar()) {
+        const bool menu = XtIsSubclass(w, xmCascadeButtonWidgetClass);
+        ++counts[menu ? "menu" : XtIsSubclass(w, xmSeparatorWidgetClass) ? "separator" : "entry"];
+    }
+    return counts;
+}
+
+Counts checked_counts(const std::string& menu_file) {
+    std::istringstream file(menu_file);
+    Counts counts{{"menu", 0}, {"entry", 0}, {"separator", 0}};
+    for (const auto& finding : verif::MenuCheck::check(file)) {
+        if (finding.verdict != verif::Verdict::taken) continue;
+        const auto kind = finding.text.substr(0, finding.text.find(' '));
+        if (kind == "submenu") ++counts["menu"];
+        if (counts.contains(kind)) ++counts[kind];
+    }
+    return counts;
+}
+
 class MenuTest : public DisplayTest {
   protected:
     void before_start() override { home().write("MSG_MENU.DAT", "12|&File\n13|&Open\n"); }
@@ -142,7 +169,9 @@ class MenuTest : public DisplayTest {
     // The main window, on the screen, with the pointer in it.
     INT main_window(const std::string& menu_file) {
         write_menu(menu_file);
-        return main_window();
+        const INT window = main_window();
+        EXPECT_EQ(built_counts(), checked_counts(menu_file)); // what grx-verif says of the file
+        return window;
     }
     INT main_window() {
         const INT window = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE | GRX_FEN_ATT_PRINCIPALE, 500, 300);

@@ -1,4 +1,4 @@
-// grx-verif: what it says of INI_SYST.DAT, and that the library does just that.
+// grx-verif: what it says of INI_SYST.DAT and of menu files.
 #include <gtest/gtest.h>
 
 #include "tests/support/temp_dir.h"
@@ -14,10 +14,11 @@ namespace grxtest {
 namespace {
 
 // The findings of a file, one "line verdict: text" after the other.
+template <class Check = verif::IniCheck>
 std::vector<std::string> findings(const std::string& content) {
     std::istringstream file(content);
     std::vector<std::string> result;
-    for (const auto& finding : verif::IniCheck::check(file))
+    for (const auto& finding : Check::check(file))
         result.push_back(
             std::to_string(finding.line) + ' ' + std::string(verif::name_of(finding.verdict)) + ": " + finding.text);
     return result;
@@ -75,6 +76,70 @@ TEST(VerifIni, TellsWhereALineIsCut) {
     EXPECT_EQ(findings(std::string("TITRE 5\0TITRE 6", 15)), Findings{"1 taken: TITRE 5"});
 }
 
+// --- menu files: that the bar is built so is checked where it is built
+
+Findings menu_findings(const std::string& lines) {
+    Findings all = findings<verif::MenuCheck>("#:ZONE_MENU_BAR\n" + lines);
+    EXPECT_FALSE(all.empty());
+    if (all.empty() || all.front() != "1 taken: the menu bar begins") return {"no bar"};
+    return {all.begin() + 1, all.end()};
+}
+
+TEST(VerifMenu, TakesMenusSubmenusEntriesAndSeparators) {
+    EXPECT_EQ(menu_findings("{\nPOPUP||&File|\n{\nITEM||&Save|Ctrl+S|102|\nITEM||-|||\nPOPUP|12||\n{\n"
+                            "ITEM||DXF||120|\n}\n}\n}\n"),
+        (Findings{"2 taken: opens level 1", "3 taken: menu \"File\", mnemonic F", "4 taken: opens level 2",
+            "5 taken: entry \"Save\", mnemonic S, accelerator \"Ctrl+S\", function 102", "6 taken: separator",
+            "7 taken: submenu of message 12", "8 taken: opens level 3", "9 taken: entry \"DXF\", function 120",
+            "10 taken: closes level 3", "11 taken: closes level 2", "12 taken: closes level 1"}));
+}
+
+TEST(VerifMenu, SkipsWhatIsMeantForNobody) {
+    EXPECT_EQ(findings<verif::MenuCheck>("POPUP||A|\n#:ZONE_MENU_BAR\r\nDEBUT\n# x\n \t\n"),
+        (Findings{"1 skipped: before the line \"#:ZONE_MENU_BAR\"", "2 taken: the menu bar begins",
+            "3 skipped: holds the word DEBUT", "4 skipped: comment", "5 skipped: blank line"}));
+}
+
+TEST(VerifMenu, RefusesWithTheReason) {
+    EXPECT_EQ(menu_findings("}\nrubbish\nPOPUP||A\nITEM||x||1\nPOPUP||A|\n{\nITEM||x||1|\nITEM||FIN||2|\n"),
+        (Findings{"2 refused: } closes nothing", "3 refused: neither POPUP nor ITEM",
+            "4 refused: POPUP: a field without its closing |, there must be 2",
+            "5 refused: ITEM: a field without its closing |, there must be 4", "6 refused: POPUP outside the braces",
+            "7 taken: opens level 1", "8 refused: ITEM in no menu", "9 refused: holds the word FIN: no entry",
+            "9 refused: { without }: 1"}));
+}
+
+TEST(VerifMenu, TellsWhatHasNoMenuAbove) {
+    EXPECT_EQ(menu_findings("{\n{\nPOPUP||A|\n{\nITEM||x||1|\n{\nITEM||x||1|\nPOPUP||B|\n}\n}\n}\n}\n"),
+        (Findings{"2 taken: opens level 1", "3 taken: opens level 2", "4 refused: POPUP in no menu",
+            "5 taken: opens level 3", "6 refused: ITEM in no menu", "7 taken: opens level 4",
+            "8 refused: ITEM in 4 braces: too deep", "9 refused: POPUP in 4 braces: too deep",
+            "10 taken: closes level 4", "11 taken: closes level 3", "12 taken: closes level 2",
+            "13 taken: closes level 1"}));
+}
+
+TEST(VerifMenu, TellsWhatIsCutOrReadInPart) {
+    EXPECT_EQ(
+        menu_findings("{\nPOPUP||" + std::string(80, 'a') + "|\nITEM|7x||F5, F6|12z|\n}" + std::string(1023, ' ')),
+        (Findings{"2 taken: opens level 1", "3 taken: menu \"" + std::string(79, 'a') + "\", cut at 79 characters",
+            "4 taken: entry of message 7, read from \"7x\", accelerator \"F5\" of \"F5, F6\", function 12, read from "
+            "\"12z\"",
+            "5 skipped: what follows character 1023", "5 taken: closes level 1"}));
+}
+
+TEST(VerifMenu, FileWithoutTheMarkerIsRefused) {
+    EXPECT_EQ(findings<verif::MenuCheck>(""), Findings{"0 refused: no line \"#:ZONE_MENU_BAR\": the bar stays empty"});
+}
+
+TEST(VerifMenu, RefusesTheMenuAfterTheHundredth) {
+    std::string lines = "{\n";
+    for (int i = 0; i < 101; ++i) lines += "POPUP||m|\n";
+    const Findings all = menu_findings(lines + "}\n");
+    ASSERT_EQ(all.size(), 103U);
+    EXPECT_EQ(all[100], "102 taken: menu \"m\"");
+    EXPECT_EQ(all[101], "103 refused: POPUP: the bar has its 100 menus");
+}
+
 class VerifCommand : public testing::Test {
   protected:
     int run(const std::vector<std::string>& paths) { return verif::run(paths, out_, errors_); }
@@ -102,9 +167,19 @@ TEST_F(VerifCommand, EndsWithTwoWhenAFileCannotBeChecked) {
     EXPECT_EQ(errors_.str(), missing + ": cannot be read\n");
     std::filesystem::create_directory(missing);
     EXPECT_EQ(run({missing}), 2);
-    const auto other = dir_.write("README.txt", "").string();
-    EXPECT_EQ(run({other}), 2);
+    for (const char* name : {"README.txt", "MNU_", "MNU_.DA", "mnu_comm.dat", "XMNU_COMM.DAT"}) {
+        const auto other = dir_.write(name, "").string();
+        errors_.str("");
+        EXPECT_EQ(run({other}), 2);
+        EXPECT_EQ(errors_.str(), other + ": no file that grx-verif knows; it checks INI_SYST.DAT, MNU_*.DAT\n");
+    }
     EXPECT_EQ(out_.str(), "");
+}
+
+TEST_F(VerifCommand, ChecksMenuFilesOfAnyName) {
+    const auto path = dir_.write("MNU_ARCH.DAT", "#:ZONE_MENU_BAR\n}\n").string();
+    EXPECT_EQ(run({path}), 1);
+    EXPECT_EQ(out_.str(), path + ":1: taken: the menu bar begins\n" + path + ":2: refused: } closes nothing\n");
 }
 
 TEST_F(VerifCommand, ExplainsItselfWithoutArguments) {

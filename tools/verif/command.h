@@ -12,6 +12,7 @@
 #include "pure/ini_line.h"
 #include "tools/verif/finding.h"
 #include "tools/verif/ini_check.h"
+#include "tools/verif/menu_check.h"
 
 namespace verif {
 
@@ -21,23 +22,37 @@ inline constexpr int some_refused = 1;
 inline constexpr int not_checked = 2;
 
 struct FileKind {
-    std::string_view name;
+    std::string_view name; // * = any characters
     Findings (*check)(std::istream&);
 };
 
-inline constexpr std::array<FileKind, 1> file_kinds{{{grx::ini_file_name, IniCheck::check}}};
+inline constexpr std::array<FileKind, 2> file_kinds{
+    {{grx::ini_file_name, IniCheck::check}, {"MNU_*.DAT", MenuCheck::check}}};
+
+inline std::string known_names() {
+    std::string list;
+    for (const auto& kind : file_kinds) list += (list.empty() ? "" : ", ") + std::string(kind.name);
+    return list;
+}
+
+inline bool is_named(std::string_view file, std::string_view name) {
+    const auto star = name.find('*');
+    if (star == name.npos) return file == name;
+    return file.size() + 1 >= name.size() && file.starts_with(name.substr(0, star))
+           && file.ends_with(name.substr(star + 1));
+}
 
 inline const FileKind* kind_of(const std::filesystem::path& path) {
     const auto name = path.filename().string();
     for (const auto& kind : file_kinds)
-        if (kind.name == name) return &kind;
+        if (is_named(name, kind.name)) return &kind;
     return nullptr;
 }
 
 inline int check_file(const std::string& path, std::ostream& out, std::ostream& errors) {
     const auto* const kind = kind_of(path);
     if (!kind) {
-        errors << path << ": no file that grx-verif knows; it checks " << grx::ini_file_name << '\n';
+        errors << path << ": no file that grx-verif knows; it checks " << known_names() << '\n';
         return not_checked;
     }
     std::error_code ignored;
@@ -56,7 +71,10 @@ inline int check_file(const std::string& path, std::ostream& out, std::ostream& 
 inline int run(std::span<const std::string> paths, std::ostream& out, std::ostream& errors) {
     if (paths.empty()) {
         errors << "usage: grx-verif FILE...\n"
-                  "Says line by line what the library takes from INI_SYST.DAT, skips or refuses, and why.\n"
+                  "Says line by line what the library takes from its configuration files, skips or refuses, and why.\n"
+                  "It knows "
+               << known_names()
+               << ".\n"
                   "Result: 0 nothing refused, 1 something refused, 2 a file could not be checked.\n";
         return not_checked;
     }

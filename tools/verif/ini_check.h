@@ -9,10 +9,11 @@
 #include <string_view>
 #include <utility>
 
-#include "host_t.h"
 #include "pure/ini_line.h"
 #include "pure/number.h"
+#include "pure/text.h"
 #include "tools/verif/finding.h"
+#include "tools/verif/lines.h"
 
 namespace verif {
 
@@ -25,25 +26,15 @@ class IniCheck {
     }
 
   private:
-    static constexpr std::size_t longest_line = HOST_LIGNE_MAX - 1;
     static constexpr std::size_t longest_font = 39;
 
-    static std::string trimmed(std::string_view text) {
-        constexpr std::string_view blanks = " \t\r\n";
-        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-        return std::string(text.substr(0, text.find_last_not_of(blanks) + 1));
-    }
+    static std::string trimmed(std::string_view text) { return std::string(grx::trimmed(text)); }
 
     void say(Verdict verdict, std::string text) { findings_.push_back({line_, verdict, std::move(text)}); }
 
     void take(std::string line) {
         ++line_;
-        if (line.ends_with('\r')) line.pop_back();
-        line.resize(std::min(line.size(), line.find('\0')));
-        if (line.size() > longest_line) {
-            line.resize(longest_line);
-            say(Verdict::skipped, "what follows character " + std::to_string(longest_line));
-        }
+        if (cut_line(line)) say(Verdict::skipped, what_is_cut());
         if (take_font(line) || take_numbers(line)) return;
         if (trimmed(line).empty()) return say(Verdict::skipped, "blank line");
         say(Verdict::skipped, line.front() == '#' ? "comment" : "no known key");
@@ -72,7 +63,7 @@ class IniCheck {
             const auto reason = refusal(key, text, number);
             if (!reason) {
                 say(Verdict::taken,
-                    std::string(key.name) + ' ' + std::to_string(number) + note(text, number) + replaced(key.name));
+                    std::string(key.name) + ' ' + std::to_string(number) + number_note(text) + replaced(key.name));
                 if (key.rule == grx::IniRule::application_colour && number != 0) colour_line_ = line_;
                 return true;
             }
@@ -84,7 +75,7 @@ class IniCheck {
 
     std::optional<std::string> refusal(const grx::IniKey& key, const std::string& text, int number) const {
         if (text.empty()) return "has no value";
-        const auto shown = '"' + text + "\": ";
+        const auto shown = in_quotes(text) + ": ";
         const bool has_digit_in_front = text.find_first_of("0123456789") <= text.find_first_not_of("+-");
         if (number == 0 && !has_digit_in_front) return shown + "not a number";
         if (!grx::ini_accepts(key.rule, number)) return shown + demand(key.rule);
@@ -107,10 +98,6 @@ class IniCheck {
         std::string list;
         for (const auto count : grx::ini_drawing_counts) list += (list.empty() ? " " : ", ") + std::to_string(count);
         return list;
-    }
-
-    static std::string note(const std::string& text, int number) {
-        return text == std::to_string(number) ? "" : ", read from \"" + text + '"';
     }
 
     // Tells when an earlier line had set the same key.

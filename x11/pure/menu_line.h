@@ -1,4 +1,4 @@
-// The fields of a menu line, and what a label and an accelerator text say.
+// What the lines of a menu file are, their fields, and what a label and an accelerator text say.
 #pragma once
 
 #include <array>
@@ -26,6 +26,61 @@ constexpr std::optional<std::array<std::string_view, kMostMenuFields>> menu_fiel
         rest.remove_prefix(end + 1);
     }
     return fields;
+}
+
+struct MenuKeyword {
+    std::string_view word;
+    std::size_t fields;
+};
+
+// KEEP: POPUP is looked for first, anywhere in the line.
+inline constexpr std::array<MenuKeyword, 2> kMenuKeywords{{{"POPUP", 2}, {"ITEM", kMostMenuFields}}};
+
+/// What a menu line says; no keyword when it has none, no fields when one of them is not closed.
+struct MenuContent {
+    const MenuKeyword* keyword = nullptr;
+    std::optional<std::array<std::string_view, kMostMenuFields>> fields;
+};
+
+constexpr MenuContent menu_content(std::string_view line) {
+    for (const auto& keyword : kMenuKeywords) {
+        const auto at = line.find(keyword.word);
+        if (at != std::string_view::npos)
+            return {&keyword, menu_fields(line.substr(at + keyword.word.size()), keyword.fields)};
+    }
+    return {};
+}
+
+inline constexpr std::string_view kMenuZone = "#:ZONE_MENU_BAR";
+
+enum class MenuLine { comment, skip_word, zone, before_zone, opening, closing, unbalanced, content };
+
+/// What a line is where the reader stands: behind the line with the zone's marker or not, in so many braces.
+constexpr MenuLine menu_line(std::string_view line, std::string_view zone, bool in_zone, int depth) {
+    const auto has = [line](std::string_view word) { return line.find(word) != std::string_view::npos; };
+    if (in_zone && line.substr(0, 1) == "#") return MenuLine::comment;
+    // KEEP: DEBUT and FIN anywhere skip the line.
+    if (has("DEBUT") || has("FIN")) return MenuLine::skip_word;
+    if (zone.data() != nullptr && has(zone)) return MenuLine::zone;
+    if (!in_zone) return MenuLine::before_zone;
+    const std::string_view sign = trimmed(line);
+    if (sign == "{") return MenuLine::opening;
+    if (sign == "}") return depth > 0 ? MenuLine::closing : MenuLine::unbalanced;
+    return MenuLine::content;
+}
+
+/// Label and mnemonic of a menu text: the mark '&' goes, the letter behind it is the mnemonic.
+struct MenuLabel {
+    std::string_view before; // the mark
+    std::string_view behind;
+    std::optional<char> mnemonic;
+};
+
+constexpr MenuLabel menu_label(std::string_view text) {
+    const auto mark = text.find('&');
+    if (mark == std::string_view::npos) return {text, {}, std::nullopt};
+    const std::string_view behind = text.substr(mark + 1);
+    return {text.substr(0, mark), behind, behind.empty() ? std::nullopt : std::optional(behind.front())};
 }
 
 /// An accelerator as far as its first comma.
