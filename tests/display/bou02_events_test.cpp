@@ -64,16 +64,8 @@ testing::AssertionResult same_head(const GRX_EVENEMENT& expected, const GRX_EVEN
 }
 constexpr std::size_t up_to_value = offsetof(GRX_EXEC_FONCTION, chaine);
 
-class ControlEvents : public ControlsTest {
+class ControlEvents : public ControlsInWindowTest {
   protected:
-    void SetUp() override {
-        ControlsTest::SetUp();
-        if (HasFatalFailure()) return;
-        window = shown();
-        pointer().move(1270, 1000);
-        settle();
-    }
-
     GRX_BOUTON a(INT type, INT bits = 0, const char* title = "Text") { return control_of(type, bits, window, title); }
 
     INT made(INT type, INT bits = 0, const char* title = "Text") { return made(a(type, bits, title)); }
@@ -104,8 +96,6 @@ class ControlEvents : public ControlsTest {
     }
 
     bool has_focus(INT nobou) { return XmGetFocusWidget(control(nobou)) == control(nobou); }
-
-    INT window = -1;
 };
 
 // --- pressing and releasing ---------------------------------------------------------------------------------------
@@ -274,7 +264,7 @@ TEST_F(ControlEvents, MotionOverEachKind) {
 TEST_F(ControlEvents, ComingAndGoing) {
     for (const ControlKind& kind : control_kinds) {
         if (kind.type == GRX_BOU_ZONE_DESSIN) continue;
-        pointer().move(1270, 1000);
+        take_pointer_away();
         const INT n = made(control_of(kind, window));
         forget();
         pointer().move_in(control(n), 20, 10);
@@ -284,7 +274,7 @@ TEST_F(ControlEvents, ComingAndGoing) {
         EXPECT_EQ(enter->sortie.nofen, window) << kind.name;
         EXPECT_EQ(enter->sortie.no_fo, function_number) << kind.name;
         forget();
-        pointer().move(1270, 1000);
+        take_pointer_away();
         const auto leave =
             events.wait([&](const GRX_EVENEMENT& e) { return e.type_evenement == 10 && e.sortie.nobou == n; });
         ASSERT_TRUE(leave) << kind.name << ": " << events.describe();

@@ -755,11 +755,11 @@ TEST_F(ControlOperations, ALookStaysWhenTheUserClicks) {
         const INT n = placed(control_of(kind, window));
         for (auto look : {grx_enfonce_bouton, grx_relache_bouton}) {
             look(n);
-            pointer().move(1270, 1000);
+            take_pointer_away();
             const Pixels before = picture(n);
             pointer().click_in(control(n), 60, 40);
             drain();
-            pointer().move(1270, 1000);
+            take_pointer_away();
             EXPECT_TRUE(wait_for([&] { return picture(n) == before; })) << kind.name;
             EXPECT_EQ(grx_bouton_est_il_enfonce(n), look == grx_enfonce_bouton ? 1 : 0) << kind.name;
         }
@@ -1096,7 +1096,7 @@ TEST_F(ControlOperations, OperationsThatDoNotFitDoNothing) {
 // Programmed changes post nothing.
 TEST_F(ControlOperations, OperationsPostNoEvent) {
     const auto numbers = one_of_each();
-    pointer().move(1270, 1000);
+    take_pointer_away();
     settle();
     for (INT n : numbers) {
         grx_change_texte(n, writable("x"));

@@ -180,4 +180,18 @@ class ControlsTest : public DisplayTest {
     }
 };
 
+// With a shown window from the start, `window`, and the pointer elsewhere.
+class ControlsInWindowTest : public ControlsTest {
+  protected:
+    void SetUp() override {
+        ControlsTest::SetUp();
+        if (HasFatalFailure()) return;
+        window = shown();
+        take_pointer_away();
+        settle();
+    }
+
+    INT window = -1;
+};
+
 } // namespace grxtest

@@ -131,6 +131,18 @@ std::vector<Widget> all_of_bar() {
     return result;
 }
 
+template <class Check>
+void for_each_label(Check check) {
+    for (Widget widget : all_of_bar()) {
+        if (XtIsSubclass(widget, xmSeparatorWidgetClass)) continue;
+        XmString label = nullptr;
+        XmFontList fonts = nullptr;
+        XtVaGetValues(widget, XmNlabelString, &label, XmNfontList, &fonts, nullptr);
+        check(widget, label, fonts);
+        XmStringFree(label);
+    }
+}
+
 Widget entry_named(const std::string& label) {
     for (Widget widget : all_of_bar())
         if (!XtIsSubclass(widget, xmSeparatorWidgetClass) && text_resource(widget, XmNlabelString) == label)
@@ -403,17 +415,12 @@ TEST_F(MenuTest, ShellsHaveTheDisplaysVisual) {
 
 TEST_F(MenuTest, LabelsHaveASize) {
     main_window(example);
-    for (Widget widget : all_of_bar()) {
-        if (XtIsSubclass(widget, xmSeparatorWidgetClass)) continue;
-        XmString label = nullptr;
-        XmFontList fonts = nullptr;
-        XtVaGetValues(widget, XmNlabelString, &label, XmNfontList, &fonts, nullptr);
+    for_each_label([](Widget widget, XmString label, XmFontList fonts) {
         Dimension width = 0, height = 0;
         XmStringExtent(fonts, label, &width, &height);
-        XmStringFree(label);
         EXPECT_GT(width, 10) << shown(widget);
         EXPECT_GT(height, 5) << shown(widget);
-    }
+    });
 }
 
 TEST_F(MenuTest, MnemonicWithoutKeyIsLeftOut) {
@@ -428,15 +435,10 @@ TEST_F(MenuTest, LabelsAreInTheLibrarysFonts) {
     XrmPutLineResource(&resources, "*buttonFontList: cursor");
     XrmPutLineResource(&resources, "*labelFontList: cursor");
     main_window(example);
-    for (Widget widget : all_of_bar()) {
-        if (XtIsSubclass(widget, xmSeparatorWidgetClass)) continue;
-        XmString label = nullptr;
-        XmFontList fonts = nullptr;
-        XtVaGetValues(widget, XmNlabelString, &label, XmNfontList, &fonts, nullptr);
+    for_each_label([](Widget widget, XmString label, XmFontList fonts) {
         EXPECT_EQ(XmStringWidth(fonts, label), XmStringWidth(fontlist, label)) << shown(widget);
         EXPECT_EQ(entry_font(fonts), entry_font(fontlist)) << shown(widget);
-        XmStringFree(label);
-    }
+    });
 }
 
 TEST_F(MenuTest, BarIsTheMainWindowsAndStandsAboveItsWork) {

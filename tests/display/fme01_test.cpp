@@ -39,7 +39,7 @@ class Strip : public ControlsTest {
         ControlsTest::SetUp();
         if (HasFatalFailure()) return;
         grx_affecte_hau_carac_alpha(height);
-        pointer().move(1270, 1000);
+        take_pointer_away();
         window_record = described(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE, 1000, 7);
         grx_cree_fenetre_info(&window_record);
         window = window_record.nofen;

@@ -1046,34 +1046,42 @@ TEST_F(PictureLife, BackedWindowsMayBeCoveredByEachOther) {
     EXPECT_TRUE(same(screen(below), before));
 }
 
-class PictureWmTest : public WmTest {};
+class PictureWmTest : public WmTest {
+  protected:
+    // A graphic window of 240 x 180 on the screen; its number.
+    INT shown_plan() {
+        GRX_FENETRE window{};
+        grx_init_fenetre(&window);
+        window.type = GRX_FEN_GRAPHIQUE;
+        window.x = 100;
+        window.y = 300;
+        window.droite = 240;
+        window.haut = 180;
+        EXPECT_EQ(grx_cree_fenetre(&window), 0);
+        EXPECT_TRUE(wait_visible(grx_recup_objet_fen(window.nofen)));
+        return window.nofen;
+    }
+};
 
 TEST_F(PictureWmTest, RestoredFromItsIconItIsThereAgain) {
-    GRX_FENETRE window{};
-    grx_init_fenetre(&window);
-    window.type = GRX_FEN_GRAPHIQUE;
-    window.x = 100;
-    window.y = 300;
-    window.droite = 240;
-    window.haut = 180;
-    ASSERT_EQ(grx_cree_fenetre(&window), 0);
-    Widget widget = grx_recup_objet_fen(window.nofen);
-    ASSERT_TRUE(wait_visible(widget));
+    const INT plan = shown_plan();
+    ASSERT_GT(plan, 0);
+    Widget widget = grx_recup_objet_fen(plan);
     drain();
-    grx_affecte_nofen_active(window.nofen);
-    grx_alloue_image(window.nofen);
+    grx_affecte_nofen_active(plan);
+    grx_alloue_image(plan);
     RandomPrimitives random(5, 240, 180);
-    for (int i = 0; i < 60; ++i) draw(window.nofen, random.next());
+    for (int i = 0; i < 60; ++i) draw(plan, random.next());
     grx_desalloue_image();
-    ASSERT_EQ(grx_affiche_bitmap_backingstore(window.nofen), 0);
+    ASSERT_EQ(grx_affiche_bitmap_backingstore(plan), 0);
     const Pixels before = grab(x11_disp, XtWindow(widget));
     ASSERT_GT(before.count_other(pixel_of(0)), 1000);
     events.clear();
 
-    grx_iconifie_fenetre(window.nofen);
+    grx_iconifie_fenetre(plan);
     ASSERT_TRUE(events.wait(GRX_EVT_ICONIFICATION)) << events.describe();
     EXPECT_FALSE(visible(XtWindow(widget)));
-    grx_desiconifie_fenetre(window.nofen);
+    grx_desiconifie_fenetre(plan);
     ASSERT_TRUE(events.wait(GRX_EVT_DESICONIF)) << events.describe();
     ASSERT_TRUE(wait_visible(widget));
     drain();
@@ -1081,28 +1089,21 @@ TEST_F(PictureWmTest, RestoredFromItsIconItIsThereAgain) {
 }
 
 TEST_F(PictureWmTest, ResizedFromOutsideItStartsAnew) {
-    GRX_FENETRE window{};
-    grx_init_fenetre(&window);
-    window.type = GRX_FEN_GRAPHIQUE;
-    window.x = 100;
-    window.y = 300;
-    window.droite = 240;
-    window.haut = 180;
-    ASSERT_EQ(grx_cree_fenetre(&window), 0);
-    Widget widget = grx_recup_objet_fen(window.nofen);
-    ASSERT_TRUE(wait_visible(widget));
+    const INT plan = shown_plan();
+    ASSERT_GT(plan, 0);
+    Widget widget = grx_recup_objet_fen(plan);
     Widget shell = grx_recherche_shell(widget);
     ASSERT_TRUE(wait_for([&] { return frame(shell) != None; }));
     drain();
-    draw(window.nofen, box(9, 0, 0, 50, 50));
-    grx_memorise_bitmap_backingstore(window.nofen);
+    draw(plan, box(9, 0, 0, 50, 50));
+    grx_memorise_bitmap_backingstore(plan);
     events.clear();
     XResizeWindow(test_display(), XtWindow(shell), 300, 220); // the manager is asked, not the library
     XSync(test_display(), False);
     ASSERT_TRUE(events.wait(GRX_EVT_CHGT_TAILLE)) << events.describe();
     drain();
     STRUCTURE_FENETRE* record = nullptr;
-    grx_recup_structure_fenetre(window.nofen, &record);
+    grx_recup_structure_fenetre(plan, &record);
     const Pixels picture = grab(x11_disp, *record->image);
     const Pixels shown = grab(x11_disp, XtWindow(widget));
     EXPECT_EQ(shown.width, 300);

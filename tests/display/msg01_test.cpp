@@ -47,16 +47,8 @@ class Warnings {
     XtErrorMsgHandler before_;
 };
 
-class DialogTest : public ControlsTest {
+class DialogTest : public ControlsInWindowTest {
   protected:
-    void SetUp() override {
-        ControlsTest::SetUp();
-        if (HasFatalFailure()) return;
-        window = shown();
-        pointer().move(1270, 1000);
-        settle();
-    }
-
     // What the record holds before the next event is a pattern.
     void forget() {
         settle();
@@ -73,8 +65,6 @@ class DialogTest : public ControlsTest {
         counted.erase("GC"); // replaced drawing contexts are not freed, on purpose
         return counted;
     }
-
-    INT window = -1;
 };
 
 // --- supports -----------------------------------------------------------------------------------------------------

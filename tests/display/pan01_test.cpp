@@ -602,7 +602,7 @@ TEST_F(Items, AClickOnAButtonPostsItsFunction) {
             << kind.type;
         grx_detruit_bouton(made[0].first);
         if (kind.type == 20) grx_detruit_bouton(made[1].first);
-        pointer().move(1270, 1000);
+        take_pointer_away();
         settle();
     }
 }

@@ -124,7 +124,7 @@ class WithPalette : public Fixture {
         grx_affiche_fenetre_modif_palette_couleurs(x, y, title, main_window);
         EXPECT_GT(No_fen_mod_coul, 0);
         EXPECT_TRUE(this->wait_visible(widget_of(No_fen_mod_coul)));
-        this->pointer().move(1270, 1000);
+        this->take_pointer_away();
         follow();
         return No_fen_mod_coul;
     }

@@ -176,7 +176,7 @@ class PanelsTest : public ControlsTest {
         window = shown(GRX_FEN_ALPHA, 700, 500);
         W = grx_recup_lar_carac_alpha();
         H = grx_recup_hau_carac_alpha();
-        pointer().move(1270, 1000);
+        take_pointer_away();
         settle();
     }
 

@@ -23,7 +23,7 @@ class TableChoices : public ControlsTest {
         Itbl = 3;
         EXPECT_EQ(grx_tbl_init_boutons_choix(), 0);
         window = shown();
-        pointer().move(1270, 1000);
+        take_pointer_away();
         settle();
     }
 

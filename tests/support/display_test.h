@@ -46,6 +46,7 @@ class XTest : public testing::Test {
 
     XServer& server() { return *server_; }
     Pointer& pointer() { return *pointer_; }
+    void take_pointer_away() { pointer().move(1270, 1000); } // to where no window is by itself
     Keyboard& keyboard() { return *keyboard_; }
     Display* test_display() { return input_->display(); } // the connection of the pointer and the keyboard
 
