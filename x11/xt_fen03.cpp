@@ -64,6 +64,7 @@ LI_MENU empty_line() {
 
 // The mark goes, the letter behind it becomes the mnemonic.
 void set_label(LI_MENU& line, std::string_view label) {
+    line.mneumonic = GRX_MENU_SANS_MNEMO;
     const auto mark = label.find('&');
     if (mark == std::string_view::npos) {
         grx::copy_text(line.nom_fonction, label);
