@@ -78,7 +78,8 @@ GRX_API INT grx_recup_couleur_init_trace_bouton(void);
 
 /* --- showing, hiding, life --------------------------------------------------------------- */
 
-/* Shows several buttons at once; nobou: nb_bout numbers, unknown ones are skipped. */
+/* Manages several buttons at once; nobou: nb_bout numbers, unknown ones are skipped. A hidden one
+ * stays hidden: grx_affiche_bouton shows it. */
 GRX_API INT grx_affiche_boutons(INT* nobou, INT nb_bout);
 
 /* Shows a button. */
@@ -129,11 +130,11 @@ GRX_API INT grx_calc_larg_saisie(INT nbcar);
 /* Adds an element, not selected, as the FIRST one; an empty text is ignored. */
 GRX_API INT grx_ajoute_element_dans_liste(INT nobou, char* texte);
 
-/* Number of elements, -1 for an unknown number. */
+/* Number of elements, -1 for a number that names no list. */
 GRX_API INT grx_recup_nombre_elements_dans_list(INT nobou);
 
 /* Copies the element at a position counted from 1; texte must be large enough. Returns 1; 0 when
- * there is no such position; -1 for an unknown number. */
+ * there is no such position; -1 for a number that names no list. */
 GRX_API INT grx_recup_element_dans_liste(INT nobou, INT position, char* texte);
 
 /* --- colours ----------------------------------------------------------------------------- */
