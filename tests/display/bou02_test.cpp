@@ -171,6 +171,13 @@ TEST_F(ControlOperations, SeveralOfOneParentAreManagedInOneCall) {
         EXPECT_EQ(XtIsManaged(outermost(control(numbers[i]))) != 0, i < 3) << kind_of(i).name;
 }
 
+TEST_F(ControlOperations, ManagingSeveralLeavesHiddenOnesHidden) {
+    auto numbers = one_of_each();
+    for (INT n : numbers) grx_cache_bouton(n);
+    EXPECT_EQ(grx_affiche_boutons(numbers.data(), static_cast<INT>(numbers.size())), 0);
+    for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_FALSE(on_screen(numbers[i])) << kind_of(i).name;
+}
+
 // Its number is free again by the time that its widget goes.
 TEST_F(ControlOperations, DestroyingFreesTheNumberFirst) {
     const INT n = made(GRX_BOU_SIMPLE);
