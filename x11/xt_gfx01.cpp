@@ -816,7 +816,9 @@ PictureTarget target_of(INT type, INT bou_fen) {
     const ButtonBacking backing = button_backing(bou_fen);
     if (backing.window == None || backing.record->image == None) return {backing.window, nullptr, backing.size};
     const grx::Size held = grx::pixmap_size(backing.record->image);
-    return {backing.window, &backing.record->image,
+    Pixmap* const image =
+        held == grx::Size{} ? nullptr : &backing.record->image; // the id of a freed one may stay there
+    return {backing.window, image,
         {std::max(held.width, backing.size.width), std::max(held.height, backing.size.height)}, held == backing.size};
 }
 

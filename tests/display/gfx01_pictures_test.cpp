@@ -250,6 +250,18 @@ TEST_F(PictureTest, ACopyLargerThanItsButtonHoldsTheWholePicture) {
     EXPECT_TRUE(same(grab(x11_disp, button_record(area).image), with_picture(copy, picture, 10, 8)));
 }
 
+// The number of a freed copy may stay in the record.
+TEST_F(PictureTest, AButtonWhoseCopyIsFreedGetsNothing) {
+    const INT area = area_in(window_of(GRX_FEN_ALPHA, {40, 60, width, height}), 5, 5, 60, 50);
+    const Pixels before = button_screen(area);
+    grx_desinstalle_bitmap(area);
+    permit_x_errors();
+    put(to_button, area, random_picture(20, 15), 5, 5);
+    stretch(to_button, area, random_picture(20, 15), 5, 5, 40, 30);
+    drain();
+    EXPECT_TRUE(same(button_screen(area), before));
+}
+
 // Seen by another connection, while ours sends nothing more.
 TEST_F(PictureTest, PicturesAreSentAtOnce) {
     const INT window = graphic_window();
