@@ -1243,7 +1243,26 @@ TEST_F(MenuTest, NullIsSurvived) {
     EXPECT_EQ(grx_cree_atome(text, none, GRX_MENU_SANS_MNEMO, 1, nullptr), 0);
     EXPECT_EQ(grx_fin_sous_menu_bar(text, nullptr, nullptr), nullptr);
     EXPECT_EQ(grx_recup_taille_menu_bar(1, nullptr, nullptr), 0);
+    Widget const bar = grx_get_Glob_menu_bar();
+    EXPECT_EQ(grx_cree_menu_bar(nullptr), 0);
+    ASSERT_EQ(grx_get_Glob_menu_bar(), bar);
     EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(chosen_by_key(102, XK_s, ControlMask), 1) << "its keys are still there";
+}
+
+// The toolkit would not survive it.
+TEST_F(MenuTest, NothingButAMenuCanBeEndedAsOne) {
+    const INT window = main_window(example);
+    Widget const bar = grx_get_Glob_menu_bar(), work = grx_recup_objet_fen(window);
+    char text[] = "x", name[] = "other";
+    for (Widget other : {bar, work, XtParent(work), XmCreatePopupMenu(work, name, nullptr, 0),
+             XmCreateRowColumn(work, name, nullptr, 0), XmCreateRadioBox(work, name, nullptr, 0),
+             XmCreatePushButton(work, name, nullptr, 0)})
+        EXPECT_EQ(grx_fin_sous_menu_bar(text, other, bar), nullptr) << XtName(other);
+    EXPECT_EQ(shown_bar(), example_shown);
+    Widget const menu = grx_debut_sous_menu_bar(bar);
+    EXPECT_NE(grx_fin_sous_menu_bar(text, menu, bar), nullptr);
+    EXPECT_EQ(shown_bar(), example_shown + " x{}");
 }
 
 TEST_F(MenuTest, ShortageOfMemoryIsSurvived) {
