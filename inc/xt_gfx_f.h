@@ -222,9 +222,9 @@ GRX_API INT grx_alloue_tab_image_boutons(INT maxbouton);
 /* Frees the table, not the pictures. */
 GRX_API void grx_desalloue_tab_image_boutons(INT maxbouton);
 
-/* Reads the bitmap file nom_fic (a whole path) into the pixmap of a button's record; nobou -1: into
- * the pixmap of the next gadget. Labels that showed the button's former picture show the new one,
- * and the former one is freed. Returns 1, or 0 when it cannot be read: a button's picture then stays. */
+/* Reads the bitmap file nom_fic (a whole path) into the pixmap of a button's record; nobou below 0:
+ * into a pixmap of no button. Labels that showed the button's former picture show the new one, and
+ * the former one is freed. Returns 1, or 0 when it cannot be read: a button's picture then stays. */
 GRX_API INT grx_installe_bitmap(char* nom_fic, int nobou);
 
 /* Frees a button's picture; nothing for a number without one. */
