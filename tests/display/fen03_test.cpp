@@ -709,6 +709,20 @@ TEST_F(MenuTest, InsensitiveAndUnmanagedEntriesAreNotChosen) {
     EXPECT_EQ(chosen_by_key(12, XK_F5), 1);
 }
 
+// A key without the modifier that was meant is another key.
+TEST_F(MenuTest, UnknownModifiersChooseNothing) {
+    main_window(zone("POPUP||A|\n{\nITEM||s|Maj+S|11|\nITEM||f5|Rien+F5|12|\nITEM||x|Ctrl+Rien+X|13|\n"
+                     "ITEM||t|Super+T|14|\nITEM||w|Ctrl+W|15|\n}\n"));
+    EXPECT_EQ(text_resource(entry_named("s"), XmNacceleratorText), "Maj+S");
+    for (const unsigned modifiers : {0U, unsigned{ShiftMask}, unsigned{ControlMask}, unsigned{Mod1Mask}}) {
+        EXPECT_EQ(chosen_by_key(11, XK_s, modifiers), 0) << modifiers;
+        EXPECT_EQ(chosen_by_key(12, XK_F5, modifiers), 0) << modifiers;
+        EXPECT_EQ(chosen_by_key(13, XK_x, modifiers), 0) << modifiers;
+        EXPECT_EQ(chosen_by_key(14, XK_t, modifiers), 0) << modifiers;
+    }
+    EXPECT_EQ(chosen_by_key(15, XK_w, ControlMask), 1);
+}
+
 class FrenchKeys : public MenuTest {
   protected:
     void before_start() override { keyboard().layout("fr"); }
