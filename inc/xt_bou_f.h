@@ -78,7 +78,8 @@ GRX_API INT grx_recup_couleur_init_trace_bouton(void);
 
 /* --- showing, hiding, life --------------------------------------------------------------- */
 
-/* Shows several buttons at once; nobou: nb_bout numbers, unknown ones are skipped. */
+/* Manages several buttons at once; nobou: nb_bout numbers, unknown ones are skipped. A hidden one
+ * stays hidden: grx_affiche_bouton shows it. */
 GRX_API INT grx_affiche_boutons(INT* nobou, INT nb_bout);
 
 /* Shows a button. */
@@ -129,11 +130,11 @@ GRX_API INT grx_calc_larg_saisie(INT nbcar);
 /* Adds an element, not selected, as the FIRST one; an empty text is ignored. */
 GRX_API INT grx_ajoute_element_dans_liste(INT nobou, char* texte);
 
-/* Number of elements, -1 for an unknown number. */
+/* Number of elements, -1 for a number that names no list. */
 GRX_API INT grx_recup_nombre_elements_dans_list(INT nobou);
 
 /* Copies the element at a position counted from 1; texte must be large enough. Returns 1; 0 when
- * there is no such position; -1 for an unknown number. */
+ * there is no such position; -1 for a number that names no list. */
 GRX_API INT grx_recup_element_dans_liste(INT nobou, INT position, char* texte);
 
 /* --- colours ----------------------------------------------------------------------------- */
@@ -155,7 +156,7 @@ GRX_API INT grx_recup_couleur_trace_bouton(INT nobou);
 
 /* --- geometry ---------------------------------------------------------------------------- */
 
-/* Set and get size and place. */
+/* Set and get size and place. A size below 1 changes nothing. */
 GRX_API INT grx_change_taille_bouton(INT nobou, INT largeur, INT hauteur);
 GRX_API INT grx_recup_taille_bouton(INT nobou, INT* largeur, INT* hauteur);
 GRX_API INT grx_change_position_bouton(INT nobou, INT x, INT y);
@@ -177,7 +178,8 @@ GRX_API INT grx_bouton_est_il_enfonce(INT nobou);
  * the button without a picture. */
 GRX_API INT grx_change_icone_bouton(INT nobou, char* nom_icone);
 
-/* The same with icon colour `couleur` as background of the icon, -1 = the usual one. */
+/* The same with icon colour `couleur` as background of the icon, -1 = the usual one. A button that
+ * shows its label goes on showing that. */
 GRX_API INT grx_change_couleur_fond_icone_bouton(INT nobou, char* nom_icone, int couleur);
 
 /* Shows the icon of button 1 on button 2 as well, which shares the picture until it is released. */
@@ -185,7 +187,8 @@ GRX_API INT grx_affecte_icone_bouton1_bouton2(INT nobou1, INT nobou2);
 
 /* --- scales ------------------------------------------------------------------------------ */
 
-/* Set the value, and the bounds, of a scale. A value outside the bounds leaves it as it is. */
+/* Set the value, and the bounds, of a scale. A value outside the bounds leaves it as it is, and so do
+ * bounds that are not in their order. */
 GRX_API INT grx_change_valeur_echelle(INT nobou, INT val);
 GRX_API INT grx_change_bornes_echelle(INT nobou, INT mini, INT maxi);
 

@@ -261,10 +261,11 @@ GRX_API INT grx_cree_menu_bar(Widget parent);
 GRX_API INT grx_detruit_menu_bar(void);
 GRX_API INT grx_recree_menu_bar(void);
 
-/* Steps of the building. Create the bar in mere; a menu in mere; end a menu: its button, labelled
- * texte, in support; an entry of the menu mere, a separator when texte begins with '-' (acce: key
- * such as "Ctrl+S" or "", mneu: mnemonic or GRX_MENU_SANS_MNEMO, nofo: function number); free the
- * tables. The widgets are the library's. Null when one cannot be made. */
+/* Steps of the building. Create the bar in mere; a menu in mere; end a menu, mere: its button,
+ * labelled texte, in support; an entry of the menu mere, a separator when texte begins with '-'
+ * (acce: key such as "Ctrl+S" or "", mneu: mnemonic or GRX_MENU_SANS_MNEMO, nofo: function number);
+ * free the tables. The widgets are the library's. Null when one cannot be made, or mere is no menu. A
+ * key may have the modifiers Ctrl, Shift, Alt and Meta; with any other it is shown but does nothing. */
 GRX_API Widget grx_debut_menu_bar(Widget mere);
 GRX_API Widget grx_debut_sous_menu_bar(Widget mere);
 GRX_API Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support);

@@ -176,7 +176,8 @@ GRX_API void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uch
 
 /* Reads a rectangle of the active window as colour indices, clipped to the window; a colour that is
  * in no palette reads as 0. On 8 planes the bytes are pixel values, which grx_image_system_to_oxa
- * converts. tab_pix: largeur x hauteur bytes. Untouched when it cannot be read. */
+ * converts. tab_pix: largeur x hauteur bytes; a negative x or y counts as 0. What lies outside the
+ * window or the screen is left as it was: a row takes largeur bytes all the same. */
 GRX_API void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix);
 
 /* Pixel values of black and white, 0 without display. */
@@ -202,8 +203,8 @@ GRX_API INT grx_verifie_truetype(char* nom_font);
 
 /* Reads a 4-bit (16 colours) or 8-bit (256) file. Out: the picture, to be freed with grx_free and
  * its size *taille_tab_pix; its size; *nb_coul 16 or 256. The file's palette is not read. Returns 0;
- * 1 with nothing written when it cannot be read. Set *tab_pix to null first: when memory is short
- * for an 8-bit file the result is 0 with nothing written. */
+ * 1 with nothing written when it cannot be read. Set *tab_pix to null first: when there is no memory
+ * for an 8-bit file, or its sizes are impossible, the result is 0 with nothing written. */
 GRX_API INT lit_fichier_bitmap(char* adr, char* nom_fic, uchar** tab_pix, UNSIGNED_INT4* lar, UNSIGNED_INT4* hau,
     UNSIGNED_INT4* taille_tab_pix, INT* nb_coul);
 
@@ -221,9 +222,9 @@ GRX_API INT grx_alloue_tab_image_boutons(INT maxbouton);
 /* Frees the table, not the pictures. */
 GRX_API void grx_desalloue_tab_image_boutons(INT maxbouton);
 
-/* Reads the bitmap file nom_fic (a whole path) into the pixmap of a button's record; nobou -1: into
- * the pixmap of the next gadget. Labels that showed the button's former picture show the new one,
- * and the former one is freed. Returns 1, or 0 when it cannot be read: a button's picture then stays. */
+/* Reads the bitmap file nom_fic (a whole path) into the pixmap of a button's record; nobou below 0:
+ * into a pixmap of no button. Labels that showed the button's former picture show the new one, and
+ * the former one is freed. Returns 1, or 0 when it cannot be read: a button's picture then stays. */
 GRX_API INT grx_installe_bitmap(char* nom_fic, int nobou);
 
 /* Frees a button's picture; nothing for a number without one. */

@@ -54,7 +54,7 @@ void set_label(LI_MENU& line, std::string_view text) {
     const grx::MenuLabel label = grx::menu_label(text);
     std::snprintf(line.nom_fonction, sizeof line.nom_fonction, "%.*s%.*s", static_cast<int>(label.before.size()),
         label.before.data(), static_cast<int>(label.behind.size()), label.behind.data());
-    if (label.mnemonic) line.mneumonic = *label.mnemonic;
+    line.mneumonic = label.mnemonic.value_or(GRX_MENU_SANS_MNEMO);
 }
 
 void set_label_of_message(LI_MENU& line, INT number) {
@@ -362,6 +362,19 @@ Widget make_bar(Widget parent) {
     return bar;
 }
 
+void build_bar(Widget parent, FILE* file) {
+    Tab_objet = grx::Block<Widget>(kFirstEntries);
+    Nb_objet = 0;
+    if (Bcree == 0) {
+        Nb_cascade = Nb_pull = 0;
+        accelerators.clear(nullptr);
+        Glob_menu_bar = make_bar(parent);
+    }
+    if (Glob_menu_bar == nullptr) return;
+    build_from(file);
+    XtManageChild(Glob_menu_bar);
+}
+
 Widget make_cascade(Widget support, const char* text, Widget submenu) {
     const grx::CompoundString label(text);
     grx::Args args;
@@ -416,17 +429,7 @@ INT grx_cree_menu_bar(Widget parent) {
         grx_erreur(GRX_ERR_FIC_MENU);
         return 0;
     }
-    Tab_objet = grx::Block<Widget>(kFirstEntries);
-    Nb_objet = 0;
-    if (Bcree == 0) {
-        Nb_cascade = Nb_pull = 0;
-        accelerators.clear(nullptr);
-        Glob_menu_bar = make_bar(parent);
-    }
-    if (Glob_menu_bar != nullptr) {
-        build_from(file);
-        XtManageChild(Glob_menu_bar);
-    }
+    if (Bcree != 0 || grx::can_hold_children(parent)) build_bar(parent, file);
     ftext_close(file);
     return 0;
 }
@@ -443,7 +446,7 @@ Widget grx_debut_sous_menu_bar(Widget mere) {
 }
 
 Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
-    if (mere == nullptr || !grx::can_hold_children(support)) return nullptr;
+    if (!grx::is_pulldown(mere) || !grx::can_hold_children(support)) return nullptr; // others break the toolkit
     Widget cascade = make_cascade(support, texte, mere);
     if (cascade != nullptr) XtManageChild(cascade);
     return cascade;

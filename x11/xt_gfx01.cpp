@@ -799,11 +799,13 @@ namespace {
 Window win_reel = None;
 Pixmap* pix_back = nullptr;
 
-// Where a picture goes: both the screen and the backing picture of a window or a control.
+// Where a picture goes: both the screen and the backing picture of a window or a control. A control's may have another
+// size than the control: it is not made anew when the control is given another.
 struct PictureTarget {
     Window window = None;
     Pixmap* backing = nullptr;
-    grx::Size size;
+    grx::Size size; // the larger of both
+    bool alike = true;
 };
 
 PictureTarget target_of(INT type, INT bou_fen) {
@@ -812,8 +814,12 @@ PictureTarget target_of(INT type, INT bou_fen) {
         return {backing.window, backing.holder, window_size(bou_fen)};
     }
     const ButtonBacking backing = button_backing(bou_fen);
-    Pixmap* const image = backing.record != nullptr && backing.record->image != None ? &backing.record->image : nullptr;
-    return {backing.window, image, backing.size};
+    if (backing.window == None || backing.record->image == None) return {backing.window, nullptr, backing.size};
+    const grx::Size held = grx::pixmap_size(backing.record->image);
+    Pixmap* const image =
+        held == grx::Size{} ? nullptr : &backing.record->image; // the id of a freed one may stay there
+    return {backing.window, image,
+        {std::max(held.width, backing.size.width), std::max(held.height, backing.size.height)}, held == backing.size};
 }
 
 bool select_picture_target(INT type, INT bou_fen, PictureTarget& target) {
@@ -857,13 +863,17 @@ T* image_row(const XImage* image, int y) {
     return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);
 }
 
-// A strip of rows, once into the backing picture and from there to the window: the same pixels in both.
+// A strip of rows, once into the backing picture and from there to the window: the same pixels in both. What only one of
+// them has room for does not take that way.
 void show_strip(grx::Transfer& t, const PictureTarget& target, const Part& part, int first, int rows) {
-    const auto width = static_cast<unsigned int>(part.size.width);
     const int y = part.y + first;
     grx::put_rows(t, *target.backing, g_c, part.x, part.y, first, rows);
-    XCopyArea(
-        x11_disp, *target.backing, target.window, g_c, part.x, y, width, static_cast<unsigned int>(rows), part.x, y);
+    if (target.alike) {
+        XCopyArea(x11_disp, *target.backing, target.window, g_c, part.x, y, static_cast<unsigned int>(part.size.width),
+            static_cast<unsigned int>(rows), part.x, y);
+    } else {
+        grx::put_rows(t, target.window, g_c, part.x, part.y, first, rows);
+    }
     if (t.shared()) XFlush(x11_disp); // pixels that are sent flush by themselves
 }
 
@@ -938,15 +948,14 @@ class Stretch {
   public:
     Stretch(const uchar* pixels, INT width, INT height) : pixels_(pixels), width_(width), height_(height) {}
 
+    // Of the whole, however large, only the part on the target is worked out.
     bool prepare(INT final_width, INT final_height, const Part& part) {
-        columns_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_width));
-        rows_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(final_height));
+        columns_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(part.size.width));
+        rows_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(part.size.height));
         source_row_ = grx::Block<uint32_t>(static_cast<std::size_t>(width_) + grx::kSpreadSlack);
         if (!columns_ || !rows_ || !source_row_) return false;
-        grx::scale_map(columns_.span(), width_);
-        grx::scale_map(rows_.span(), height_);
-        shown_ =
-            columns_.span().subspan(static_cast<std::size_t>(part.from_x), static_cast<std::size_t>(part.size.width));
+        grx::scale_map(columns_.span(), {width_, final_width, part.from_x});
+        grx::scale_map(rows_.span(), {height_, final_height, part.from_y});
         prepare_steps();
         return true;
     }
@@ -971,18 +980,18 @@ class Stretch {
     // Without steps (memory is short, or the picture is reduced) the columns are taken one by one.
     void prepare_steps() {
         constexpr std::size_t group = 4;
-        if (shown_.size() < group) return;
-        steps_ = grx::Block<grx::SpreadStep>(shown_.size() / group);
-        if (steps_ && !grx::make_spread_steps(steps_.span(), shown_)) steps_.reset();
+        if (columns_.size() < group) return;
+        steps_ = grx::Block<grx::SpreadStep>(columns_.size() / group);
+        if (steps_ && !grx::make_spread_steps(steps_.span(), columns_.span())) steps_.reset();
     }
     void spread(const XImage* image, int y) const {
         if (image->bits_per_pixel == 32) {
-            grx::spread_row(image_row<uint32_t>(image, y), source_row_.data(), shown_, steps_.span());
+            grx::spread_row(image_row<uint32_t>(image, y), source_row_.data(), columns_.span(), steps_.span());
             return;
         }
         auto* out = image_row<uchar>(image, y);
         const auto bytes = static_cast<std::size_t>(image->bits_per_pixel / 8);
-        for (const int32_t column : shown_) {
+        for (const int32_t column : columns_.span()) {
             grx::store_pixel(out, source_row_[static_cast<std::size_t>(column)], bytes);
             out += bytes;
         }
@@ -991,8 +1000,7 @@ class Stretch {
     const uchar* pixels_;
     INT width_, height_;
     RowPacker packer_;
-    grx::Block<int32_t> columns_, rows_;
-    std::span<int32_t> shown_; // columns of the part that is on the target
+    grx::Block<int32_t> columns_, rows_; // of the part that is on the target
     grx::Block<grx::SpreadStep> steps_;
     grx::Block<uint32_t> source_row_; // the pixel values of one source row
     int32_t made_from_ = -1;
@@ -1039,15 +1047,18 @@ class RowReader {
     grx::IndexFinder finder_;
 };
 
-// The part of a window that is on the screen: the server gives no more.
-grx::Size readable_size(Widget w, Window window) {
-    grx::Size size = grx::size_of(w);
+// The part of a window that is on the screen, in the window's coordinates: the server gives no more.
+struct Readable {
+    int64_t left, top, right, bottom;
+};
+
+Readable readable_part(Widget w, Window window) {
+    const grx::Size size = grx::size_of(w);
     int x = 0, y = 0;
     Window child = None;
     XTranslateCoordinates(x11_disp, window, grx::root_window(), 0, 0, &x, &y, &child);
-    size.width = std::min(size.width, grx_recup_lar_ecran() - x);
-    size.height = std::min(size.height, grx_recup_hau_ecran() - y);
-    return size;
+    return {std::max(0, -x), std::max(0, -y), std::min(size.width, grx_recup_lar_ecran() - x),
+        std::min(size.height, grx_recup_hau_ecran() - y)};
 }
 
 } // namespace
@@ -1096,16 +1107,19 @@ void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix) {
     set_copy_function();
     const int64_t left = std::max<INT>(x, 0);
     const int64_t top = std::max<INT>(y, 0);
-    const grx::Size size = readable_size(w, window);
-    const int64_t width = std::min<int64_t>(largeur, size.width - left);
-    const int64_t height = std::min<int64_t>(hauteur, size.height - top);
+    const Readable part = readable_part(w, window);
+    const int64_t from_x = std::max(left, part.left);
+    const int64_t from_y = std::max(top, part.top);
+    const int64_t width = std::min(left + largeur, part.right) - from_x;
+    const int64_t height = std::min(top + hauteur, part.bottom) - from_y;
     if (width <= 0 || height <= 0) return;
     const RowReader reader;
     const auto row_bytes = static_cast<std::size_t>(largeur);
-    grx::read_rectangle(window, static_cast<int>(left), static_cast<int>(top),
+    uchar* const out = tab_pix + static_cast<std::size_t>(from_y - top) * row_bytes + (from_x - left);
+    grx::read_rectangle(window, static_cast<int>(from_x), static_cast<int>(from_y),
         {static_cast<int>(width), static_cast<int>(height)}, [&](const XImage* image, int first) {
-            for (int y = 0; y < image->height; ++y)
-                reader.read(tab_pix + static_cast<std::size_t>(first + y) * row_bytes, image, y);
+            for (int row = 0; row < image->height; ++row)
+                reader.read(out + static_cast<std::size_t>(first + row) * row_bytes, image, row);
         });
 }
 
@@ -1122,8 +1136,7 @@ void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_
     const Part part = part_on(target.size, dx, dy, l_finale, h_finale);
     Stretch stretch(pixels, largeur, hauteur);
     if (part.empty() || !stretch.prepare(l_finale, h_finale, part)) return;
-    show_picture(
-        target, part, [&](const XImage* image, int row, int y) { stretch.fill_row(image, row, part.from_y + y); });
+    show_picture(target, part, [&](const XImage* image, int row, int y) { stretch.fill_row(image, row, y); });
 }
 }
 

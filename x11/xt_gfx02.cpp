@@ -422,6 +422,7 @@ extern "C" {
 
 INT grx_alloue_tab_image_boutons(INT maxbouton) {
     if (maxbouton <= 0) return GRX_ERR_BASE_BOUTONS;
+    grx_desalloue_tab_image_boutons(maxbouton); // what the table before holds
     Tab_image = grx::Block<Picture>(static_cast<std::size_t>(maxbouton));
     return Tab_image ? 0 : GRX_ERR_BASE_BOUTONS;
 }

@@ -976,6 +976,17 @@ TEST_F(ListEvents, AClickChoosesAnItem) {
     }
 }
 
+TEST_F(ListEvents, AnItemOfSeveralLinesKeepsThem) {
+    grx_ajoute_element_dans_liste(list, writable("ligne\nsuite"));
+    drain();
+    over_item(1);
+    forget();
+    pointer().click(1);
+    const auto chosen = next(GRX_EVT_ELEMENT_CLIQUE);
+    ASSERT_TRUE(chosen) << events.describe();
+    EXPECT_STREQ(chosen->element_clique.chaine, "ligne\nsuite");
+}
+
 TEST_F(ListEvents, ADoubleClickIsADoubleClick) {
     over_item(2);
     forget();

@@ -740,6 +740,20 @@ TEST_F(MenuTest, InsensitiveAndUnmanagedEntriesAreNotChosen) {
     EXPECT_EQ(chosen_by_key(12, XK_F5), 1);
 }
 
+// A key without the modifier that was meant is another key.
+TEST_F(MenuTest, UnknownModifiersChooseNothing) {
+    main_window(zone("POPUP||A|\n{\nITEM||s|Maj+S|11|\nITEM||f5|Rien+F5|12|\nITEM||x|Ctrl+Rien+X|13|\n"
+                     "ITEM||t|Super+T|14|\nITEM||w|Ctrl+W|15|\n}\n"));
+    EXPECT_EQ(text_resource(entry_named("s"), XmNacceleratorText), "Maj+S");
+    for (const unsigned modifiers : {0U, unsigned{ShiftMask}, unsigned{ControlMask}, unsigned{Mod1Mask}}) {
+        EXPECT_EQ(chosen_by_key(11, XK_s, modifiers), 0) << modifiers;
+        EXPECT_EQ(chosen_by_key(12, XK_F5, modifiers), 0) << modifiers;
+        EXPECT_EQ(chosen_by_key(13, XK_x, modifiers), 0) << modifiers;
+        EXPECT_EQ(chosen_by_key(14, XK_t, modifiers), 0) << modifiers;
+    }
+    EXPECT_EQ(chosen_by_key(15, XK_w, ControlMask), 1);
+}
+
 class FrenchKeys : public MenuTest {
   protected:
     void before_start() override { keyboard().layout("fr"); }
@@ -1274,7 +1288,26 @@ TEST_F(MenuTest, NullIsSurvived) {
     EXPECT_EQ(grx_cree_atome(text, none, GRX_MENU_SANS_MNEMO, 1, nullptr), 0);
     EXPECT_EQ(grx_fin_sous_menu_bar(text, nullptr, nullptr), nullptr);
     EXPECT_EQ(grx_recup_taille_menu_bar(1, nullptr, nullptr), 0);
+    Widget const bar = grx_get_Glob_menu_bar();
+    EXPECT_EQ(grx_cree_menu_bar(nullptr), 0);
+    ASSERT_EQ(grx_get_Glob_menu_bar(), bar);
     EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(chosen_by_key(102, XK_s, ControlMask), 1) << "its keys are still there";
+}
+
+// The toolkit would not survive it.
+TEST_F(MenuTest, NothingButAMenuCanBeEndedAsOne) {
+    const INT window = main_window(example);
+    Widget const bar = grx_get_Glob_menu_bar(), work = grx_recup_objet_fen(window);
+    char text[] = "x", name[] = "other";
+    for (Widget other : {bar, work, XtParent(work), XmCreatePopupMenu(work, name, nullptr, 0),
+             XmCreateRowColumn(work, name, nullptr, 0), XmCreateRadioBox(work, name, nullptr, 0),
+             XmCreatePushButton(work, name, nullptr, 0)})
+        EXPECT_EQ(grx_fin_sous_menu_bar(text, other, bar), nullptr) << XtName(other);
+    EXPECT_EQ(shown_bar(), example_shown);
+    Widget const menu = grx_debut_sous_menu_bar(bar);
+    EXPECT_NE(grx_fin_sous_menu_bar(text, menu, bar), nullptr);
+    EXPECT_EQ(shown_bar(), example_shown + " x{}");
 }
 
 TEST_F(MenuTest, ShortageOfMemoryIsSurvived) {

@@ -220,6 +220,48 @@ TEST_F(PictureTest, AButtonIsATarget) {
     }
 }
 
+// What the copy has no room for is on the screen all the same.
+TEST_F(PictureTest, AButtonLargerThanItsCopyShowsTheWholePicture) {
+    const INT window = window_of(GRX_FEN_ALPHA, {40, 60, width, height});
+    const INT area = area_in(window, 5, 5, 60, 50);
+    grx_change_taille_bouton(area, 150, 140);
+    drain();
+    const Picture picture = random_picture(110, 90), small = random_picture(20, 15);
+    const Pixels before = button_screen(area), copy = grab(x11_disp, button_record(area).image);
+    ASSERT_EQ(before.width, 150);
+    ASSERT_EQ(copy.width, 60);
+    put(to_button, area, picture, 10, 8);
+    stretch(to_button, area, small, 100, 30, 40, 60);
+    drain();
+    EXPECT_TRUE(same(button_screen(area), with_picture(with_picture(before, picture, 10, 8), small, 100, 30, 40, 60)));
+    EXPECT_TRUE(same(grab(x11_disp, button_record(area).image), with_picture(copy, picture, 10, 8)));
+}
+
+TEST_F(PictureTest, ACopyLargerThanItsButtonHoldsTheWholePicture) {
+    const INT window = window_of(GRX_FEN_ALPHA, {40, 60, width, height});
+    const INT area = area_in(window, 5, 5, 150, 140);
+    grx_change_taille_bouton(area, 60, 50);
+    drain();
+    const Picture picture = random_picture(110, 90);
+    const Pixels before = button_screen(area), copy = grab(x11_disp, button_record(area).image);
+    put(to_button, area, picture, 10, 8);
+    drain();
+    EXPECT_TRUE(same(button_screen(area), with_picture(before, picture, 10, 8)));
+    EXPECT_TRUE(same(grab(x11_disp, button_record(area).image), with_picture(copy, picture, 10, 8)));
+}
+
+// The number of a freed copy may stay in the record.
+TEST_F(PictureTest, AButtonWhoseCopyIsFreedGetsNothing) {
+    const INT area = area_in(window_of(GRX_FEN_ALPHA, {40, 60, width, height}), 5, 5, 60, 50);
+    const Pixels before = button_screen(area);
+    grx_desinstalle_bitmap(area);
+    permit_x_errors();
+    put(to_button, area, random_picture(20, 15), 5, 5);
+    stretch(to_button, area, random_picture(20, 15), 5, 5, 40, 30);
+    drain();
+    EXPECT_TRUE(same(button_screen(area), before));
+}
+
 // Seen by another connection, while ours sends nothing more.
 TEST_F(PictureTest, PicturesAreSentAtOnce) {
     const INT window = graphic_window();
@@ -371,6 +413,21 @@ TEST_F(PictureTest, HugeEnlargementShowsItsPart) {
     expect_shown(window, with_picture(before, picture, -9000, -9000, 20000, 20000));
 }
 
+// Only the part on the target is worked out, however large the whole would be.
+TEST_F(PictureTest, AnEnlargementOfAnySizeShowsItsPart) {
+    const INT window = graphic_window();
+    const Picture picture = random_picture(8, 8);
+    constexpr INT far = INT_MIN / 2 + 30; // four of its pixels meet in the window
+    const NoLeak no_leak;
+    stretch(to_window, window, picture, far, far, INT_MAX, INT_MAX - 1);
+    Pixels expected = screen(window);
+    for (INT y = 0; y < height; ++y)
+        for (INT x = 0; x < width; ++x)
+            expected.values[static_cast<std::size_t>(y * width + x)] = picture.pixel(
+                static_cast<INT>(8L * (x - far) / INT_MAX), static_cast<INT>(8L * (y - far) / (INT_MAX - 1)));
+    expect_shown(window, expected);
+}
+
 // --- both ways of sending -------------------------------------------------------------------------------------------
 
 class WithoutSharedMemory : public PictureTest {
@@ -435,6 +492,7 @@ class Reading : public PictureTest {
         put(to_window, window, picture, 0, 0);
         drain();
         grx_affecte_nofen_active(window);
+        shown = picture;
         pattern_width = area.width;
         return window;
     }
@@ -450,6 +508,7 @@ class Reading : public PictureTest {
     }
 
     Bytes pattern;
+    Picture shown;
     INT pattern_width = 0;
 };
 
@@ -480,6 +539,18 @@ TEST_F(Reading, EndsAtTheEdges) {
     EXPECT_EQ(written, 50U); // 10 x 5 pixels
     for (INT x = 0; x < 10; ++x)
         EXPECT_EQ(read[static_cast<std::size_t>(x)], expected(width - 10 + x, height - 5)) << x;
+}
+
+// A row of the array is as long as asked for, whatever part of it can be read.
+TEST_F(Reading, RowsThatAreCutShortKeepTheirPlace) {
+    patterned_window();
+    Bytes read(60 * 50, 0x77);
+    grx_recup_image(width - 10, height - 5, 60, 50, read.data());
+    for (INT y = 0; y < 50; ++y)
+        for (INT x = 0; x < 60; ++x)
+            ASSERT_EQ(read[static_cast<std::size_t>(y * 60 + x)],
+                x < 10 && y < 5 ? expected(width - 10 + x, height - 5 + y) : 0x77)
+                << x << ", " << y;
 }
 
 TEST_F(Reading, OutsideNothingIsWritten) {
@@ -541,6 +612,20 @@ TEST_F(Reading, PartlyOffTheScreen) {
     EXPECT_EQ(read[0], expected(0, 0));
     EXPECT_EQ(read[89], expected(89, 0));
     grx_recup_image(50, 0, width - 50, 20, read.data()); // beyond the edge: some answer, no error
+    EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
+}
+
+TEST_F(Reading, PartlyOffTheScreenOnTheLeftAndAbove) {
+    const INT window = patterned_window();
+    constexpr int hidden_left = 70, hidden_above = 40;
+    XMoveWindow(x11_disp, XtWindow(grx_recherche_shell(grx_recup_objet_fen(window))), -hidden_left, -hidden_above);
+    drain();
+    put(to_window, window, shown, 0, 0); // what left the screen was not kept
+    Bytes read(static_cast<std::size_t>(width) * height, 0x77);
+    grx_recup_image(0, 0, width, height, read.data());
+    for (INT y = hidden_above; y < height; ++y)
+        for (INT x = hidden_left; x < width; ++x)
+            ASSERT_EQ(read[static_cast<std::size_t>(y * width + x)], expected(x, y)) << x << ", " << y;
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 

@@ -464,6 +464,16 @@ TEST_F(IconTest, TableOfPicturesIsReleased) {
     EXPECT_EQ(install(plain_icon("a.bmp", 4), 1), 0); // without a table there is no place
 }
 
+TEST_F(IconTest, ANewTableOfPicturesReleasesTheOneBefore) {
+    const INT window = visible_window(), label = label_in(window);
+    const auto file = plain_icon("a.bmp", 4);
+    const auto bytes = heap().bytes();
+    ASSERT_EQ(install(file, label), 1);
+    EXPECT_GT(heap().bytes(), bytes);
+    EXPECT_EQ(grx_alloue_tab_image_boutons(1000), 0);
+    EXPECT_EQ(heap().bytes(), bytes);
+}
+
 TEST_F(IconTest, TableOfPicturesReportsShortage) {
     heap().fail_at(1);
     EXPECT_EQ(grx_alloue_tab_image_boutons(10), 13);

@@ -177,6 +177,16 @@ TEST(MenuLine, AmpersandMarksTheMnemonic) {
     EXPECT_EQ(decoded("POPUP||\311&\351t\351|"), popup("\311\351t\351", '\351'));
 }
 
+TEST(MenuLine, ALineWithoutAMarkTakesTheMnemonicBeforeAway) {
+    LI_MENU record = emptied();
+    std::string marked = "POPUP||&Edit|", plain = "ITEM||Close|F4|104|", ending = "ITEM||Close&|F4|104|";
+    for (std::string* line : {&plain, &ending}) {
+        ASSERT_EQ(decode_chaine_ressource_menu(marked.data(), &record), 0);
+        ASSERT_EQ(record.mneumonic, 'E');
+        EXPECT_EQ(shown(decode_chaine_ressource_menu(line->data(), &record), record), item("Close", "F4", 104));
+    }
+}
+
 TEST(MenuLine, OnlyTheFirstAmpersandIsAMark) {
     EXPECT_EQ(decoded("POPUP||&One &Two|").mnemonic, 'O');
     EXPECT_EQ(decoded("POPUP||&One &Two|").label, "One &Two");

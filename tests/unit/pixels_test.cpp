@@ -3,6 +3,7 @@
 
 #include "pure/pixels.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <random>
@@ -21,15 +22,30 @@ TEST(ScaleMap, IsTheTruncatedQuotient) {
     for (std::int64_t from : {1, 2, 3, 5, 7, 16, 100, 333, 4000, 100000})
         for (std::int64_t to : {1, 2, 3, 4, 7, 8, 9, 31, 100, 999, 5000}) {
             std::vector<std::int32_t> map(static_cast<std::size_t>(to), -1);
-            grx::scale_map(map, from);
+            grx::scale_map(map, {from, to, 0});
             ASSERT_EQ(map, stated_map(from, to)) << from << " to " << to;
+        }
+}
+
+TEST(ScaleMap, BeginsWhereItIsAskedTo) {
+    for (std::int64_t from : {1, 3, 16, 333, 100000})
+        for (std::int64_t to : {1, 3, 8, 100, 999}) {
+            const auto whole = stated_map(from, to);
+            for (std::int64_t first = 0; first < to; first += 1 + to / 7) {
+                std::vector<std::int32_t> map(whole.size() - static_cast<std::size_t>(first), -1);
+                grx::scale_map(map, {from, to, first});
+                ASSERT_TRUE(std::equal(map.begin(), map.end(), whole.begin() + first)) << from << " to " << to;
+            }
         }
 }
 
 TEST(ScaleMap, LargeSizesDoNotOverflow) {
     std::vector<std::int32_t> map(30000);
-    grx::scale_map(map, 2000000000);
+    grx::scale_map(map, {2000000000, 30000, 0});
     EXPECT_EQ(map, stated_map(2000000000, 30000));
+    std::vector<std::int32_t> end(1);
+    grx::scale_map(end, {INT32_MAX, INT32_MAX, INT32_MAX - 1});
+    EXPECT_EQ(end.front(), INT32_MAX - 1);
 }
 
 std::vector<std::uint32_t> random_row(std::mt19937& random, std::size_t count) {

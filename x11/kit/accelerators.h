@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 #include "kit/block.h"
@@ -42,11 +43,15 @@ inline unsigned int modifier_named(std::string_view name) {
     return 0;
 }
 
-inline unsigned int modifiers_named(std::string_view names) {
+/// Nothing when one of the names is unknown: without it the key would be another one.
+inline std::optional<unsigned int> modifiers_named(std::string_view names) {
     unsigned int mask = 0;
     while (!names.empty()) {
         const auto end = names.find_first_of("+ ");
-        mask |= modifier_named(trimmed(names.substr(0, end)));
+        const std::string_view name = trimmed(names.substr(0, end));
+        const unsigned int named = modifier_named(name);
+        if (named == 0 && !name.empty()) return std::nullopt;
+        mask |= named;
         names = end == std::string_view::npos ? std::string_view{} : names.substr(end + 1);
     }
     return mask;
@@ -72,7 +77,8 @@ inline void find_key(Accelerator& a) {
 /// What an accelerator text asks for; no symbol when it names none.
 inline Accelerator accelerator_for(Widget entry, std::string_view text) {
     const KeyText parts = split_accelerator(text);
-    Accelerator result{entry, keysym_named(parts.key), 0, modifiers_named(parts.modifiers), false};
+    const auto modifiers = modifiers_named(parts.modifiers);
+    Accelerator result{entry, modifiers ? keysym_named(parts.key) : NoSymbol, 0, modifiers.value_or(0), false};
     if (result.symbol != NoSymbol) find_key(result);
     return result;
 }

@@ -15,6 +15,15 @@ inline Pixmap make_pixmap(Drawable on, Size size) {
     return XCreatePixmap(x11_disp, on, as_size(size.width), as_size(size.height), depth);
 }
 
+/// Asks the server; nothing for a pixmap that is gone.
+inline Size pixmap_size(Pixmap pixmap) {
+    Window root = None;
+    int x = 0, y = 0;
+    unsigned int width = 0, height = 0, border = 0, depth = 0;
+    if (XGetGeometry(x11_disp, pixmap, &root, &x, &y, &width, &height, &border, &depth) == 0) return {};
+    return {static_cast<int32_t>(width), static_cast<int32_t>(height)};
+}
+
 inline void free_pixmap(Pixmap pixmap) {
     if (x11_disp != nullptr && pixmap != None) XFreePixmap(x11_disp, pixmap);
 }

@@ -3,6 +3,8 @@
 
 #include <Xm/Xm.h>
 
+#include "kit/args.h"
+
 namespace grx {
 
 /// Font-list tag of the one application font.
@@ -23,13 +25,23 @@ class CompoundString {
     XmString string_;
 };
 
+/// The text of a compound string, a line feed between its lines; freed with XtFree.
+inline char* plain_text_of(XmString string) {
+    XmString separator = XmStringSeparatorCreate();
+    Args args;
+    args.set(XmNpattern, "\n").set(XmNpatternType, XmCHARSET_TEXT).set(XmNsubstitute, separator);
+    XmParseMapping line_feed = XmParseMappingCreate(args.list(), args.count());
+    auto* const text = static_cast<char*>(
+        XmStringUnparse(string, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, &line_feed, 1, XmOUTPUT_ALL));
+    XmParseMappingFree(line_feed);
+    XmStringFree(separator);
+    return text;
+}
+
 /// The plain text of a compound string, whatever tag it was made with.
 class PlainText {
   public:
-    explicit PlainText(XmString string)
-        : text_(string ? static_cast<char*>(
-                    XmStringUnparse(string, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL))
-                       : nullptr) {}
+    explicit PlainText(XmString string) : text_(string ? plain_text_of(string) : nullptr) {}
     PlainText(const PlainText&) = delete;
     PlainText& operator=(const PlainText&) = delete;
     ~PlainText() { XtFree(text_); }

@@ -86,13 +86,12 @@ void DeepPacker::row(uint32_t* out, const uchar* in, std::size_t count) const {
 }
 
 // Stepped instead of divided: quotient and remainder grow together.
-void scale_map(std::span<int32_t> map, int64_t source_size) {
-    if (map.empty()) return;
-    const auto size = static_cast<int64_t>(map.size());
-    const int64_t whole = source_size / size;
-    const int64_t rest = source_size % size;
-    int64_t quotient = 0;
-    int64_t remainder = 0;
+void scale_map(std::span<int32_t> map, const Scaling& scaling) {
+    const int64_t size = scaling.destination;
+    const int64_t whole = scaling.source / size;
+    const int64_t rest = scaling.source % size;
+    int64_t quotient = scaling.source * scaling.first / size;
+    int64_t remainder = scaling.source * scaling.first % size;
     for (int32_t& place : map) {
         place = static_cast<int32_t>(quotient);
         remainder += rest;

@@ -22,8 +22,13 @@ class DeepPacker {
     std::array<uint32_t, 256> red_, green_, blue_;
 };
 
-/// For each destination column (or row) the source one: source x i / destination, truncated.
-void scale_map(std::span<int32_t> map, int64_t source_size);
+/// How many columns (or rows) become how many, and the first of those that are wanted.
+struct Scaling {
+    int64_t source, destination, first;
+};
+
+/// For each destination column (or row) i from the first on the source one: source x i / destination, truncated.
+void scale_map(std::span<int32_t> map, const Scaling& scaling);
 
 /// Four neighbouring pixels of an enlarged row: where their sources begin, and how those four are shuffled.
 struct SpreadStep {
