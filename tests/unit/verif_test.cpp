@@ -127,6 +127,14 @@ TEST(VerifMenu, TellsWhatIsCutOrReadInPart) {
             "5 skipped: what follows character 1023", "5 taken: closes level 1"}));
 }
 
+TEST(VerifMenu, TellsOfKeysThatDoNothing) {
+    EXPECT_EQ(menu_findings("{\nPOPUP||A|\n{\nITEM||a|Maj+S|1|\nITEM||a|ctrl+Alt+S|1|\n}\n}\n"),
+        (Findings{"2 taken: opens level 1", "3 taken: menu \"A\"", "4 taken: opens level 2",
+            "5 taken: entry \"a\", accelerator \"Maj+S\" shown only: it has an unknown modifier, function 1",
+            "6 taken: entry \"a\", accelerator \"ctrl+Alt+S\", function 1", "7 taken: closes level 2",
+            "8 taken: closes level 1"}));
+}
+
 TEST(VerifMenu, FileWithoutTheMarkerIsRefused) {
     EXPECT_EQ(findings<verif::MenuCheck>(""), Findings{"0 refused: no line \"#:ZONE_MENU_BAR\": the bar stays empty"});
 }

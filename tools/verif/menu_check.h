@@ -132,7 +132,9 @@ class MenuCheck {
     static std::string accelerator_of(std::string_view text) {
         const auto first = grx::first_accelerator(text.substr(0, longest_accelerator));
         if (first.empty()) return "";
-        return ", accelerator " + in_quotes(first) + (first.size() < text.size() ? " of " + in_quotes(text) : "");
+        const bool known = grx::key_modifiers(grx::split_accelerator(first).modifiers).has_value();
+        return ", accelerator " + in_quotes(first) + (first.size() < text.size() ? " of " + in_quotes(text) : "")
+               + (known ? "" : " shown only: it has an unknown modifier");
     }
 
     void end() {

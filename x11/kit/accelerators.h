@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <optional>
 #include <string_view>
 
 #include "kit/block.h"
@@ -29,32 +28,8 @@ struct Accelerator {
 constexpr unsigned int kAcceleratorModifiers = ShiftMask | ControlMask | Mod1Mask;
 constexpr unsigned int kNumLock = Mod2Mask;
 
-inline unsigned int modifier_named(std::string_view name) {
-    struct Named {
-        std::string_view name;
-        unsigned int mask;
-    };
-    static constexpr std::array<Named, 6> known{{{"Ctrl", ControlMask}, {"Control", ControlMask}, {"Shift", ShiftMask},
-        {"Alt", Mod1Mask}, {"Meta", Mod1Mask}, {"Mod1", Mod1Mask}}};
-    for (const auto& row : known) {
-        if (row.name.size() == name.size() && strncasecmp(row.name.data(), name.data(), name.size()) == 0)
-            return row.mask;
-    }
-    return 0;
-}
-
-/// Nothing when one of the names is unknown: without it the key would be another one.
-inline std::optional<unsigned int> modifiers_named(std::string_view names) {
-    unsigned int mask = 0;
-    while (!names.empty()) {
-        const auto end = names.find_first_of("+ ");
-        const std::string_view name = trimmed(names.substr(0, end));
-        const unsigned int named = modifier_named(name);
-        if (named == 0 && !name.empty()) return std::nullopt;
-        mask |= named;
-        names = end == std::string_view::npos ? std::string_view{} : names.substr(end + 1);
-    }
-    return mask;
+inline unsigned int mask_of(const KeyModifiers& held) {
+    return (held.control ? ControlMask : 0U) | (held.shift ? ShiftMask : 0U) | (held.alt ? Mod1Mask : 0U);
 }
 
 inline KeySym keysym_named(std::string_view name) {
@@ -77,8 +52,9 @@ inline void find_key(Accelerator& a) {
 /// What an accelerator text asks for; no symbol when it names none.
 inline Accelerator accelerator_for(Widget entry, std::string_view text) {
     const KeyText parts = split_accelerator(text);
-    const auto modifiers = modifiers_named(parts.modifiers);
-    Accelerator result{entry, modifiers ? keysym_named(parts.key) : NoSymbol, 0, modifiers.value_or(0), false};
+    const auto modifiers = key_modifiers(parts.modifiers);
+    Accelerator result{
+        entry, modifiers ? keysym_named(parts.key) : NoSymbol, 0, mask_of(modifiers.value_or(KeyModifiers{})), false};
     if (result.symbol != NoSymbol) find_key(result);
     return result;
 }

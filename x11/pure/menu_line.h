@@ -1,6 +1,7 @@
 // What the lines of a menu file are, their fields, and what a label and an accelerator text say.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -98,6 +99,43 @@ constexpr KeyText split_accelerator(std::string_view text) {
     const auto last = text.size() > 1 ? text.rfind('+', text.size() - 2) : std::string_view::npos;
     if (last == std::string_view::npos) return {{}, trimmed(text)};
     return {trimmed(text.substr(0, last)), trimmed(text.substr(last + 1))};
+}
+
+struct KeyModifiers {
+    bool control = false, shift = false, alt = false;
+};
+
+/// Adds the modifier of a name in letters of either case; false when there is none.
+constexpr bool add_modifier(KeyModifiers& held, std::string_view name) {
+    struct Named {
+        std::string_view name;
+        bool KeyModifiers::*held;
+    };
+    constexpr std::array<Named, 6> known{
+        {{"ctrl", &KeyModifiers::control}, {"control", &KeyModifiers::control}, {"shift", &KeyModifiers::shift},
+            {"alt", &KeyModifiers::alt}, {"meta", &KeyModifiers::alt}, {"mod1", &KeyModifiers::alt}}};
+    const auto alike = [](char a, char lower) {
+        return a == lower || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == lower);
+    };
+    for (const auto& row : known) {
+        if (!std::equal(name.begin(), name.end(), row.name.begin(), row.name.end(), alike)) continue;
+        held.*row.held = true;
+        return true;
+    }
+    return false;
+}
+
+/// The modifiers before the key, with '+' or blanks between; nothing when one of the names is unknown: without it the
+/// key would be another one.
+constexpr std::optional<KeyModifiers> key_modifiers(std::string_view names) {
+    KeyModifiers held;
+    while (!names.empty()) {
+        const auto end = names.find_first_of("+ ");
+        const std::string_view name = trimmed(names.substr(0, end));
+        if (!name.empty() && !add_modifier(held, name)) return std::nullopt;
+        names = end == std::string_view::npos ? std::string_view{} : names.substr(end + 1);
+    }
+    return held;
 }
 
 } // namespace grx
