@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace grxtest {
@@ -327,6 +328,24 @@ class Dialogs : public Base {
         this->keyboard().type(text);
     }
     void retype_selection(const std::string& text) { retype(part(XmDIALOG_TEXT), text); }
+
+    // Calls something from within a callback of the toolkit, as an application does.
+    void inside_a_callback(const std::function<void()>& call) {
+        struct Waiting {
+            const std::function<void()>& call;
+            bool done = false;
+        } waiting{call};
+        XtAddEventHandler(
+            widget_of(main_), ButtonPressMask, False,
+            [](Widget, XtPointer data, XEvent*, Boolean*) {
+                auto& mine = *static_cast<Waiting*>(data);
+                if (std::exchange(mine.done, true)) return;
+                mine.call();
+            },
+            &waiting);
+        this->pointer().click_in(widget_of(main_), 5, 5);
+        EXPECT_TRUE(this->wait_for([&] { return waiting.done; }));
+    }
 
     // --- files
     std::string path(const std::string& name) const { return (files_.path() / name).string(); }

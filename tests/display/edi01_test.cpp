@@ -1196,15 +1196,19 @@ TEST_F(EditorKeys, F3WorksWithoutAFile) {
 
 TEST_F(EditorKeys, LocksDoNotMatter) {
     edit("a.txt", "abcdef\n");
-    for (const bool numbers : {true, false}) {
-        numbers ? keyboard().num_lock() : keyboard().caps_lock();
+    for (const unsigned locks : {1U, 2U, 3U}) {
+        if (locks & 1U) keyboard().num_lock();
+        if (locks & 2U) keyboard().caps_lock();
         drain();
         select(1);
         press_key(XK_Delete, ShiftMask);
         EXPECT_EQ(content(), "bcdef\n");
         press_key(XK_Insert, ShiftMask);
         EXPECT_EQ(content(), "abcdef\n");
+        press_key(XK_F3);
+        EXPECT_TRUE(asks()) << "the text itself does not know this key";
         release_locks();
+        answer(XmDIALOG_CANCEL_BUTTON);
     }
 }
 
@@ -1707,6 +1711,19 @@ TEST_F(Blocking, TheDeathOfTheMainWindowEndsIt) {
     const auto left = block(files_.text(), "a.txt");
     EXPECT_EQ(left.status, 0);
     EXPECT_EQ(left.name, "a.txt");
+    EXPECT_EQ(grx_fin_editeur(), 0);
+}
+
+// There the end of a window is put off until the callback returns.
+TEST_F(Blocking, TheDeathOfTheMainWindowEndsItInsideACallbackToo) {
+    put("a.txt", "abc\n");
+    inside_a_callback([&] {
+        when_ready("destroy", [&] { grx_detruit_fenetre(main_); });
+        const auto left = block(files_.text(), "a.txt");
+        EXPECT_EQ(left.status, 0);
+        EXPECT_EQ(left.name, "a.txt");
+    });
+    drain();
     EXPECT_EQ(grx_fin_editeur(), 0);
 }
 

@@ -481,6 +481,23 @@ TEST_F(FileDialog, AWindowThatTookTheNumberOfOneGoneIsNotToldGone) {
     EXPECT_EQ(events.count(GRX_EVT_DESTRUCTION), 0) << events.describe();
 }
 
+TEST_F(FileDialog, AWindowClosedAfterwardsIsNoneOfThoseThatWentMeanwhile) {
+    const INT other = make(GRX_FEN_ALPHA);
+    drain();
+    const auto told = [&] {
+        grx_detruit_fenetre(other);
+        events.clear();
+        drain();
+        return events.count(GRX_EVT_DESTRUCTION);
+    };
+    const int usual = told();
+    ASSERT_EQ(make(GRX_FEN_ALPHA), other);
+    drain();
+    when_open("cancel", [&] { cancel(); });
+    EXPECT_EQ(choose({}).result, 0);
+    EXPECT_EQ(told(), usual) << events.describe();
+}
+
 TEST_F(FileDialog, TheDeathOfTheMainWindowEndsIt) {
     when_open("destroy", [&] { grx_detruit_fenetre(main_); });
     const Choice choice = choose({});
@@ -527,6 +544,31 @@ TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheDirectoryDialog) {
     when_open("destroy", [&] { grx_detruit_fenetre(main_); });
     EXPECT_EQ(script_.run([&] { return select_repertoire_x11(title, directory); }), 0);
     EXPECT_STREQ(directory, "/tmp");
+}
+
+// There the end of a window is put off until the callback returns.
+TEST_F(FileDialog, TheDeathOfTheMainWindowEndsItInsideACallbackToo) {
+    inside_a_callback([&] {
+        when_open("destroy", [&] { grx_detruit_fenetre(main_); });
+        EXPECT_EQ(choose({}).result, 0);
+    });
+}
+
+TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheDirectoryDialogInsideACallbackToo) {
+    char directory[GRX_CHEMIN_DIALOGUE_MAX] = "/tmp";
+    char title[] = "Where";
+    inside_a_callback([&] {
+        when_open("destroy", [&] { grx_detruit_fenetre(main_); });
+        EXPECT_EQ(script_.run([&] { return select_repertoire_x11(title, directory); }), 0);
+    });
+    EXPECT_STREQ(directory, "/tmp");
+}
+
+TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheQuestionAloneInsideACallbackToo) {
+    inside_a_callback([&] {
+        when_asked("destroy", [&] { grx_detruit_fenetre(main_); });
+        EXPECT_EQ(script_.run([] { return question_suppression(); }), GRX_QUESTION_FERMEE);
+    });
 }
 
 TEST_F(FileDialog, ASecondCallFromWithinGivesNothing) {
@@ -837,6 +879,17 @@ TEST_F(FileDialog, TheProposedFileIsSelected) {
     }
 }
 
+TEST_F(FileDialog, AnOddProposalIsSelected) {
+    for (const std::string name : {"\xe9t\xe9.DAT", "with blank.DAT", "star[1]?.DAT"}) {
+        put("odd dir\xe9/" + name);
+        when_open("look", [&] {
+            EXPECT_EQ(selection(), path("odd dir\xe9/" + name));
+            cancel();
+        });
+        choose({.directory = path("odd dir\xe9"), .names = {name}});
+    }
+}
+
 TEST_F(FileDialog, AProposedFileOfTheRootIsSelected) {
     const std::string name = "grx-test-" + std::to_string(getpid()) + ".DAT";
     std::FILE* const made = std::fopen(("/" + name).c_str(), "w"); // not everybody may
@@ -990,6 +1043,17 @@ TEST_F(FileDialogInUtf8, AccentedNamesCanBeChosen) {
         script_.then("ok", [&] { accept(); });
         EXPECT_EQ(choose({}).names, (Names{name}));
     }
+}
+
+TEST_F(FileDialogInUtf8, AnAccentedProposalIsSelected) {
+    put("plan.DAT");
+    put("d\u00e9p\u00f4t/caf\u00e9.DAT");
+    when_open("look", [&] {
+        EXPECT_EQ(selected_items(part(XmDIALOG_LIST)), (Names{path("d\u00e9p\u00f4t/caf\u00e9.DAT")}));
+        accept();
+    });
+    const Choice choice = choose({.directory = path("d\u00e9p\u00f4t"), .names = {"caf\u00e9.DAT"}});
+    EXPECT_EQ(choice.names, (Names{"caf\u00e9.DAT"}));
 }
 
 // The bytes of the application's one-byte font.
