@@ -96,6 +96,19 @@ inline std::string field_text(Widget text) {
     return result;
 }
 
+// The font that a widget writes in.
+inline XFontStruct* font_of(Widget widget) {
+    XmFontList list = nullptr;
+    XtVaGetValues(widget, XmNfontList, &list, nullptr);
+    XmFontContext context = nullptr;
+    if (!list || !XmFontListInitFontContext(&context, list)) return nullptr;
+    XmFontListEntry entry = XmFontListNextEntry(context);
+    XmFontType type = XmFONT_IS_FONT;
+    XtPointer font = entry ? XmFontListEntryGetFont(entry, &type) : nullptr;
+    XmFontListFreeFontContext(context);
+    return type == XmFONT_IS_FONT ? static_cast<XFontStruct*>(font) : nullptr;
+}
+
 // --- records of the host -----------------------------------------------------------------------------------------------
 
 inline STRING host_text(std::string text) {
@@ -272,7 +285,11 @@ inline void close_all_dialogs() {
 template <class Base>
 class Dialogs : public Base {
   protected:
-    void before_start() override { this->write_menu(""); }
+    // The font is not the one that the toolkit would take.
+    void before_start() override {
+        this->write_menu("");
+        this->write_ini("FONT_CARACTERE 9x15\n");
+    }
 
     void SetUp() override {
         Base::SetUp();

@@ -64,6 +64,11 @@ std::set<std::string> temporary_files() {
     return found;
 }
 
+std::size_t heap_of_the_toolkit() {
+    const auto info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
 // A program named cp in front of the others: it notes its arguments, and does with them what `script` says.
 class FakeCp {
   public:
@@ -252,16 +257,6 @@ TEST_F(Editor, ItStandsInTheMiddleOfTheScreen) {
 TEST_F(Editor, HasTheApplicationsFontAndColour) {
     grx_affecte_couleur_application(6);
     const auto colour = static_cast<Pixel>(grx_recup_couleur(6));
-    const auto font_of = [](Widget w) {
-        XmFontList list = nullptr;
-        XtVaGetValues(w, XmNfontList, &list, nullptr);
-        XmFontContext context = nullptr;
-        XmFontListInitFontContext(&context, list);
-        XmFontType type = XmFONT_IS_FONT;
-        XtPointer font = XmFontListEntryGetFont(XmFontListNextEntry(context), &type);
-        XmFontListFreeFontContext(context);
-        return static_cast<XFontStruct*>(font);
-    };
     edit("a.txt", "one\n");
     type("x");
     choose("File", "Exit");
@@ -272,6 +267,19 @@ TEST_F(Editor, HasTheApplicationsFontAndColour) {
         EXPECT_EQ(resource<Pixel>(widget_called(name), XmNbackground), colour) << name;
     for (const char* name : {"File", "Open", "Clear", "text", "text_label"})
         EXPECT_EQ(font_of(widget_called(name)), fontstruct) << name;
+    EXPECT_EQ(font_of(button(prompt(), XmDIALOG_APPLY_BUTTON)), fontstruct);
+    answer(XmDIALOG_CANCEL_BUTTON);
+    choose("File", "New");
+    ASSERT_TRUE(asks());
+    EXPECT_EQ(resource<Pixel>(prompt(), XmNbackground), colour);
+    for (const unsigned char part : {XmDIALOG_SELECTION_LABEL, XmDIALOG_TEXT, XmDIALOG_OK_BUTTON})
+        EXPECT_EQ(font_of(button(prompt(), part)), fontstruct) << int(part);
+    answer(XmDIALOG_CANCEL_BUTTON);
+    choose("File", "Open");
+    ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
+    EXPECT_EQ(resource<Pixel>(file_box(), XmNbackground), colour);
+    for (const unsigned char which : {XmDIALOG_LIST, XmDIALOG_TEXT, XmDIALOG_OK_BUTTON, XmDIALOG_FILTER_LABEL})
+        EXPECT_EQ(font_of(part(which)), fontstruct) << int(which);
 }
 
 TEST_F(Editor, TheApplicationLivesBesideIt) {
@@ -540,15 +548,11 @@ TEST_F(Editor, TwentyMegabytes) {
 
 TEST_F(Editor, SavingKeepsNoCopyOfTheText) {
     constexpr std::size_t length = 1U << 20;
-    const auto used = [] {
-        const auto info = mallinfo2();
-        return info.uordblks + info.hblkhd;
-    };
     edit("a.txt", std::string(length, 't'));
     save();
-    const std::size_t before = used();
+    const std::size_t before = heap_of_the_toolkit();
     for (int i = 0; i < 4; ++i) save();
-    EXPECT_LT(used(), before + length);
+    EXPECT_LT(heap_of_the_toolkit(), before + length);
 }
 
 TEST_F(Editor, AnyNameCanBeSaved) {
@@ -1374,6 +1378,18 @@ TEST_F(Clipboard, CopyingBearsTheTimeOfItsEvent) {
         EXPECT_EQ(got->size(), sizeof(long));
         EXPECT_NE(*got, std::string(sizeof(long), '\0')) << (by_key ? "key" : "menu");
     }
+}
+
+TEST_F(Clipboard, CopyingKeepsNoCopyOfItsOwn) {
+    constexpr std::size_t length = 1U << 18;
+    edit("a.txt", std::string(length, 't'));
+    XmTextSetSelection(text(), 0, length, CurrentTime);
+    const auto copy = [&] { choose("Edit", "Copier"); };
+    copy();
+    copy();
+    const std::size_t before = heap_of_the_toolkit();
+    for (int i = 0; i < 4; ++i) copy();
+    EXPECT_LT(heap_of_the_toolkit(), before + 2 * length);
 }
 
 TEST_F(Clipboard, CuttingCopiesAndDeletes) {

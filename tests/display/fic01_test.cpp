@@ -623,18 +623,6 @@ TEST_F(FileDialog, ItIsRaisedWhenSomethingCoversIt) {
 
 // --- what it looks like ----------------------------------------------------------------------------------------------
 
-XFontStruct* font_of(Widget widget) {
-    XmFontList list = nullptr;
-    XtVaGetValues(widget, XmNfontList, &list, nullptr);
-    XmFontContext context = nullptr;
-    if (!list || !XmFontListInitFontContext(&context, list)) return nullptr;
-    XmFontListEntry entry = XmFontListNextEntry(context);
-    XmFontType type = XmFONT_IS_FONT;
-    XtPointer font = entry ? XmFontListEntryGetFont(entry, &type) : nullptr;
-    XmFontListFreeFontContext(context);
-    return type == XmFONT_IS_FONT ? static_cast<XFontStruct*>(font) : nullptr;
-}
-
 std::vector<Widget> entries_of(Widget pulldown) {
     std::vector<Widget> entries;
     WidgetList list = nullptr;
@@ -723,7 +711,7 @@ TEST_F(FileDialog, ItsPartsAreTheStatedOnes) {
     choose({});
 }
 
-TEST_F(FileDialog, HasTheApplicationsColour) {
+TEST_F(FileDialog, HasTheApplicationsFontAndColour) {
     grx_affecte_couleur_application(6);
     const auto colour = static_cast<Pixel>(grx_recup_couleur(6));
     put("PLAN.DAT");
@@ -731,10 +719,14 @@ TEST_F(FileDialog, HasTheApplicationsColour) {
         Widget option = widget_called("OptionMenu"), pulldown = widget_called("PullMenu"), row = XtParent(preview());
         for (Widget w : {file_box(), preview(), row, option, pulldown, entries_of(pulldown)[0]})
             EXPECT_EQ(resource<Pixel>(w, XmNbackground), colour) << XtName(w);
+        for (Widget w : {part(XmDIALOG_TEXT), entries_of(pulldown)[0], XmOptionButtonGadget(option)})
+            EXPECT_EQ(font_of(w), fontstruct) << XtName(w);
         enter("plan");
     });
     when_asked("look", [&] {
         EXPECT_EQ(resource<Pixel>(question_box(), XmNbackground), colour);
+        for (const unsigned char which : {XmDIALOG_MESSAGE_LABEL, XmDIALOG_OK_BUTTON})
+            EXPECT_EQ(font_of(XmMessageBoxGetChild(question_box(), which)), fontstruct) << int(which);
         answer(XmDIALOG_CANCEL_BUTTON);
     });
     when_answered("cancel", [&] { cancel(); });
@@ -770,7 +762,6 @@ TEST_F(FileDialog, ASingleFilterCannotBeChanged) {
         EXPECT_FALSE(XtIsSensitive(entries[0]));
         EXPECT_EQ(text_resource(XmOptionButtonGadget(widget_called("OptionMenu")), XmNlabelString), "Plans");
         EXPECT_STREQ(XtName(entries[0]), "Plans");
-        EXPECT_EQ(font_of(entries[0]), fontstruct);
         EXPECT_EQ(text_resource(entries[0], XmNlabelString), "Plans");
         EXPECT_EQ(text_resource(file_box(), XmNpattern), "*.DAT");
         cancel();
