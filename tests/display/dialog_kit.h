@@ -289,6 +289,7 @@ class Dialogs : public Base {
     void before_start() override {
         this->write_menu("");
         this->write_ini("FONT_CARACTERE 9x15\n");
+        EXPECT_EQ(grx_initialise_globales(), 0);
     }
 
     void SetUp() override {

@@ -546,13 +546,15 @@ TEST_F(Editor, TwentyMegabytes) {
     EXPECT_TRUE(bytes_of(path("big.txt")) == bytes + "end\n");
 }
 
-TEST_F(Editor, SavingKeepsNoCopyOfTheText) {
+TEST_F(Editor, SavingKeepsNeitherACopyNorAFile) {
     constexpr std::size_t length = 1U << 20;
     edit("a.txt", std::string(length, 't'));
     save();
     const std::size_t before = heap_of_the_toolkit();
+    const long files_before = open_descriptors();
     for (int i = 0; i < 4; ++i) save();
     EXPECT_LT(heap_of_the_toolkit(), before + length);
+    EXPECT_EQ(open_descriptors(), files_before);
 }
 
 TEST_F(Editor, AnyNameCanBeSaved) {
@@ -781,11 +783,30 @@ TEST_F(FailedSave, NotForALinkOnAFullDisk) {
     if (mounted) umount(path("disk").c_str());
 }
 
+TEST_F(FailedSave, NotWhereTheFileHasTheRoomItself) {
+    const bool mounted = mount_small_disk();
+    const std::string bytes(20000, 'o');
+    put("disk/a.txt", bytes);
+    if (mounted) {
+        std::ofstream fill(path("disk/fill"), std::ios::binary);
+        fill << std::string(100000, 'f');
+    }
+    edit("disk/a.txt");
+    type("n");
+    save();
+    EXPECT_TRUE(bytes_of(path("disk/a.txt")) == "n" + bytes + "\n") << bytes_of(path("disk/a.txt")).size();
+    grx_fin_editeur();
+    drain();
+    if (mounted) umount(path("disk").c_str());
+}
+
 TEST_F(FailedSave, WhereTheCopyStopsHalfway) {
     const FakeCp half("head -c 3 \"$1\" >\"$2\"; exit 1");
     edit("a.txt", "old text\n");
     type("n");
+    const long files_before = open_descriptors();
     save();
+    EXPECT_EQ(open_descriptors(), files_before);
     EXPECT_EQ(bytes_of(path("a.txt")), "old text\n");
     expect_kept("nold text\n");
 }
@@ -971,6 +992,20 @@ TEST_F(Editor, CancelAndEmptyNamesChangeNothing) {
     type("x");
     save();
     EXPECT_EQ(bytes_of(path("a.txt")), "xone\n");
+}
+
+TEST_F(Editor, EachDialogIsMadeOnce) {
+    edit("a.txt", "one\n");
+    type("x");
+    std::size_t widgets = 0;
+    for (int i = 0; i < 3; ++i) {
+        for (const char* entry : {"New", "Save As...", "close", "Exit"}) {
+            choose("File", entry);
+            answer(XmDIALOG_CANCEL_BUTTON);
+        }
+        if (i == 0) widgets = whole_tree().size();
+    }
+    EXPECT_EQ(whole_tree().size(), widgets);
 }
 
 TEST_F(Editor, SauverSousWritesUnderTheNewName) {
@@ -1418,7 +1453,7 @@ TEST_F(Clipboard, DeletingLeavesTheClipboard) {
 }
 
 // Another program whose text is selected; what it is asked for.
-TEST_F(Clipboard, DeletingAsksTheOwnerOfTheSelection) {
+TEST_F(Editor, DeletingAsksTheOwnerOfTheSelection) {
     edit("a.txt", "abcdef\n");
     Display* other = open_connection(server().name());
     const Window window = XCreateSimpleWindow(other, DefaultRootWindow(other), 0, 0, 1, 1, 0, 0, 0);
@@ -1440,6 +1475,9 @@ TEST_F(Clipboard, DeletingAsksTheOwnerOfTheSelection) {
     answer.xselection.selection = asked.selection;
     answer.xselection.target = asked.target;
     answer.xselection.time = asked.time;
+    answer.xselection.property = asked.property;
+    XChangeProperty(other, asked.requestor, asked.property, XA_STRING, 8, PropModeReplace,
+        reinterpret_cast<const unsigned char*>("done"), 4);
     XSendEvent(other, asked.requestor, False, NoEventMask, &answer);
     XSync(other, False);
     drain();
