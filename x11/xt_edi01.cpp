@@ -170,10 +170,16 @@ bool OpenFile() {
 
 // -- saving: all of it to a temporary file first, then over the target
 
+// A link that leads nowhere is there too.
+bool is_there(const char* name) {
+    struct stat status {};
+    return lstat(name, &status) == 0;
+}
+
 // What a failed copy has destroyed is put back, what it has left of a new file goes.
 class FormerContent {
   public:
-    explicit FormerContent(const char* name) : name_(name), is_new_(access(name, F_OK) != 0) {
+    explicit FormerContent(const char* name) : name_(name), is_new_(!is_there(name)) {
         FILE* const file = std::fopen(name, "rb");
         if (file == nullptr) return;
         bytes_ = grx::Block<char>::raw(size_of_file(file));
@@ -205,7 +211,8 @@ bool fits_on_disk(const char* name, std::size_t size) {
     const auto slash = path.rfind('/');
     if (slash != std::string_view::npos) grx::copy_text(directory, path.substr(0, slash + 1));
     struct statvfs room {};
-    if (statvfs(directory, &room) != 0) return true; // the copy will say
+    const bool known = statvfs(name, &room) == 0 || statvfs(directory, &room) == 0; // a link may lead to another disk
+    if (!known) return true;                                                        // the copy will say
     struct stat target {};
     const uint64_t own = stat(name, &target) == 0 ? static_cast<uint64_t>(target.st_blocks) * block : 0;
     return uint64_t{room.f_bavail} * room.f_frsize + own >= size;
@@ -260,13 +267,14 @@ bool copy_over(const char* from, const char* to) {
     return command.add(to[0] == '-' ? guarded : to).run() == 0;
 }
 
-bool is_directory(const char* name) {
+// The copy would be put into a directory, under the temporary name, and would wait for a reader of a pipe.
+bool takes_no_text(const char* name) {
     struct stat status {};
-    return stat(name, &status) == 0 && S_ISDIR(status.st_mode);
+    return stat(name, &status) == 0 && (S_ISDIR(status.st_mode) || S_ISFIFO(status.st_mode));
 }
 
 bool save(std::string_view text) {
-    if (is_directory(filename.data())) return false; // the copy would be put into it, under the temporary name
+    if (takes_no_text(filename.data())) return false;
     TemporaryFile temporary;
     if (!temporary.made() || !temporary.write(text) || !fits_on_disk(filename.data(), text.size() + 1)) return false;
     const FormerContent former(filename.data());
@@ -420,8 +428,10 @@ void leave(int status) {
     grx_fin_editeur();
 }
 
+// A name that no path has room for is none: cut short it would be another file's.
 std::string_view typed_in(const grx::PlainText& text) {
-    return std::string_view(text.c_str()).substr(0, HOST_CHEMIN_MAX - 1);
+    const std::string_view name(text.c_str());
+    return name.size() < HOST_CHEMIN_MAX ? name : std::string_view();
 }
 
 // KEEP: a file that cannot be opened leaves the old text under the new name; unsaved text is not asked about.

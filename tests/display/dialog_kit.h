@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace grxtest {
@@ -93,6 +94,19 @@ inline std::string field_text(Widget text) {
     std::string result = value ? value : "";
     XtFree(value);
     return result;
+}
+
+// The font that a widget writes in.
+inline XFontStruct* font_of(Widget widget) {
+    XmFontList list = nullptr;
+    XtVaGetValues(widget, XmNfontList, &list, nullptr);
+    XmFontContext context = nullptr;
+    if (!list || !XmFontListInitFontContext(&context, list)) return nullptr;
+    XmFontListEntry entry = XmFontListNextEntry(context);
+    XmFontType type = XmFONT_IS_FONT;
+    XtPointer font = entry ? XmFontListEntryGetFont(entry, &type) : nullptr;
+    XmFontListFreeFontContext(context);
+    return type == XmFONT_IS_FONT ? static_cast<XFontStruct*>(font) : nullptr;
 }
 
 // --- records of the host -----------------------------------------------------------------------------------------------
@@ -271,7 +285,12 @@ inline void close_all_dialogs() {
 template <class Base>
 class Dialogs : public Base {
   protected:
-    void before_start() override { this->write_menu(""); }
+    // The font is not the one that the toolkit would take.
+    void before_start() override {
+        this->write_menu("");
+        this->write_ini("FONT_CARACTERE 9x15\n");
+        EXPECT_EQ(grx_initialise_globales(), 0);
+    }
 
     void SetUp() override {
         Base::SetUp();
@@ -327,6 +346,24 @@ class Dialogs : public Base {
         this->keyboard().type(text);
     }
     void retype_selection(const std::string& text) { retype(part(XmDIALOG_TEXT), text); }
+
+    // Calls something from within a callback of the toolkit, as an application does.
+    void inside_a_callback(const std::function<void()>& call) {
+        struct Waiting {
+            const std::function<void()>& call;
+            bool done = false;
+        } waiting{call};
+        XtAddEventHandler(
+            widget_of(main_), ButtonPressMask, False,
+            [](Widget, XtPointer data, XEvent*, Boolean*) {
+                auto& mine = *static_cast<Waiting*>(data);
+                if (std::exchange(mine.done, true)) return;
+                mine.call();
+            },
+            &waiting);
+        this->pointer().click_in(widget_of(main_), 5, 5);
+        EXPECT_TRUE(this->wait_for([&] { return waiting.done; }));
+    }
 
     // --- files
     std::string path(const std::string& name) const { return (files_.path() / name).string(); }

@@ -1,9 +1,12 @@
 // The text editor: opened, typed into, saved and left by a real pointer and keyboard.
 #include "tests/display/dialog_kit.h"
 
+#include "tests/support/descriptors.h"
 #include "tests/support/fake_visual.h"
 
 #include "host_f.h"
+#include "pure/warning_bits.h"
+#include "standalone/host_prive.h"
 
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/lsan_interface.h>
@@ -17,6 +20,7 @@
 #include <climits>
 #include <cstring>
 #include <fstream>
+#include <malloc.h>
 #include <optional>
 #include <random>
 #include <set>
@@ -26,6 +30,21 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+namespace {
+
+// How the application's reader of text files was asked for one, and a file of it that has no size.
+std::vector<INT> modes_asked;
+const char* sizeless_text = nullptr;
+
+} // namespace
+
+extern "C" INT ftext_open(FILE** file, char* adr, char* name, INT mode) {
+    modes_asked.push_back(mode);
+    *file = sizeless_text ? fmemopen(const_cast<char*>(sizeless_text), std::strlen(sizeless_text), "r")
+                          : grx_host::open_text(adr, name, mode);
+    return *file ? grx_host::done : grx_host::failed;
+}
 
 namespace {
 
@@ -43,6 +62,11 @@ std::set<std::string> temporary_files() {
     for (const auto& entry : fs::directory_iterator("/tmp"))
         if (entry.path().filename().string().starts_with("xmedit")) found.insert(entry.path().string());
     return found;
+}
+
+std::size_t heap_of_the_toolkit() {
+    const auto info = mallinfo2();
+    return info.uordblks + info.hblkhd;
 }
 
 // A program named cp in front of the others: it notes its arguments, and does with them what `script` says.
@@ -221,6 +245,63 @@ TEST_F(Editor, ItsPartsAreTheStatedOnes) {
     EXPECT_TRUE(is_viewable(text()));
 }
 
+TEST_F(Editor, ItStandsInTheMiddleOfTheScreen) {
+    show();
+    const Area area = server_area(test_display(), XtWindow(shell()));
+    EXPECT_NEAR(area.x + area.width / 2, grx_recup_lar_ecran() / 2, 2);
+    EXPECT_NEAR(area.y + area.height / 2, grx_recup_hau_ecran() / 2, 2);
+    EXPECT_EQ(resource<short>(text(), XmNcolumns), 80);
+    EXPECT_EQ(resource<short>(text(), XmNrows), 24);
+}
+
+TEST_F(Editor, HasTheApplicationsFontAndColour) {
+    grx_affecte_couleur_application(6);
+    const auto colour = static_cast<Pixel>(grx_recup_couleur(6));
+    edit("a.txt", "one\n");
+    type("x");
+    choose("File", "Exit");
+    ASSERT_TRUE(asks());
+    EXPECT_EQ(resource<Pixel>(XtParent(widget_called("menu_bar")), XmNbackground), colour);
+    for (const char* name : {"menu_bar", "menu_pane1", "File", "Open", "Exit", "Clear", "text", "exit warning",
+             "workarea", "pixmap_label", "text_label"})
+        EXPECT_EQ(resource<Pixel>(widget_called(name), XmNbackground), colour) << name;
+    for (const char* name : {"File", "Open", "Clear", "text", "text_label"})
+        EXPECT_EQ(font_of(widget_called(name)), fontstruct) << name;
+    EXPECT_EQ(font_of(button(prompt(), XmDIALOG_APPLY_BUTTON)), fontstruct);
+    answer(XmDIALOG_CANCEL_BUTTON);
+    choose("File", "New");
+    ASSERT_TRUE(asks());
+    EXPECT_EQ(resource<Pixel>(prompt(), XmNbackground), colour);
+    for (const unsigned char part : {XmDIALOG_SELECTION_LABEL, XmDIALOG_TEXT, XmDIALOG_OK_BUTTON})
+        EXPECT_EQ(font_of(button(prompt(), part)), fontstruct) << int(part);
+    answer(XmDIALOG_CANCEL_BUTTON);
+    choose("File", "Open");
+    ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
+    EXPECT_EQ(resource<Pixel>(file_box(), XmNbackground), colour);
+    for (const unsigned char which : {XmDIALOG_LIST, XmDIALOG_TEXT, XmDIALOG_OK_BUTTON, XmDIALOG_FILTER_LABEL})
+        EXPECT_EQ(font_of(part(which)), fontstruct) << int(which);
+}
+
+TEST_F(Editor, TheApplicationLivesBesideIt) {
+    const INT beside = make(GRX_FEN_GRAPHIQUE);
+    ASSERT_TRUE(wait_visible(widget_of(beside)));
+    edit("a.txt", "one\n");
+    events.clear();
+    pointer().click_in(widget_of(beside), 5, 100);
+    drain();
+    EXPECT_GT(events.count(GRX_EVT_BOUTON_APPUI), 0) << events.describe();
+}
+
+TEST_F(Editor, NothingIsUnsavedInANewOne) {
+    edit("a.txt", "one\n");
+    type("x");
+    grx_fin_editeur();
+    ASSERT_TRUE(closed());
+    show();
+    choose("File", "Exit");
+    EXPECT_TRUE(closed());
+}
+
 TEST_F(Editor, ItsMenusAreTheStatedOnes) {
     show();
     const auto shown = [](Widget pane) {
@@ -320,6 +401,36 @@ TEST_F(Editor, AFileThatCanOnlyBeReadIsOpened) {
     FAIL() << "no such file on this system";
 }
 
+TEST_F(Editor, AFileIsOpenedForUpdateElseForReading) {
+    put("a.txt", "one\n");
+    show();
+    modes_asked.clear();
+    load(files_.text(), "a.txt");
+    EXPECT_EQ(modes_asked, (std::vector<INT>{3}));
+    modes_asked.clear();
+    load(files_.text(), "missing.txt");
+    EXPECT_EQ(modes_asked, (std::vector<INT>{3, 2}));
+}
+
+TEST_F(Editor, AFileIsClosedWhenItIsRead) {
+    put("a.txt", "one\n");
+    show();
+    load(files_.text(), "a.txt");
+    const long before = open_descriptors();
+    load(files_.text(), "a.txt");
+    load(files_.text(), "missing.txt");
+    EXPECT_EQ(open_descriptors(), before);
+}
+
+TEST_F(Editor, AFileWithoutASizeIsRead) {
+    const std::string text(200000, 't');
+    show();
+    sizeless_text = text.c_str();
+    load(files_.text(), "anything");
+    sizeless_text = nullptr;
+    EXPECT_TRUE(content() == text) << content().size();
+}
+
 // --- saving --------------------------------------------------------------------------------------------------------
 
 TEST_F(Editor, ALineFeedIsAddedWhereThereIsNone) {
@@ -371,7 +482,7 @@ class EditorInUtf8 : public Editor {
 
 TEST_F(EditorInUtf8, FilesOfAnyEncodingAreSavedUnchanged) {
     for (const std::string& bytes : {std::string("d\xe9j\xe0 vu\nfin\n"), std::string("d\u00e9j\u00e0 \u20ac\n"),
-             std::string("both \xe9 \u00e9\n"), all_bytes()}) {
+             std::string("d\u00e9j\u00e0\n"), std::string("both \xe9 \u00e9\n"), all_bytes()}) {
         edit("a.txt", bytes);
         EXPECT_TRUE(sensitive());
         save();
@@ -382,6 +493,26 @@ TEST_F(EditorInUtf8, FilesOfAnyEncodingAreSavedUnchanged) {
         grx_fin_editeur();
         ASSERT_TRUE(closed());
     }
+}
+
+// It is in the application's, which was Latin-1 once.
+TEST_F(EditorInUtf8, ANewFileIsNotInTheEncodingOfTheOneBefore) {
+    edit("a.txt", "d\xe9j\xe0\n");
+    put("b.txt", "d\u00e9j\u00e0\n");
+    load(files_.text(), "b.txt");
+    choose("File", "New");
+    fill_prompt(path("new.txt"));
+    answer(XmDIALOG_OK_BUTTON);
+    XmTextInsert(text(), 0, const_cast<char*>("\u00e9t\u00e9\n"));
+    save();
+    EXPECT_EQ(bytes_of(path("new.txt")), "\xe9t\xe9\n");
+}
+
+TEST_F(EditorInUtf8, WhatALatinFileCannotHoldIsSavedAllTheSame) {
+    edit("a.txt", "d\xe9j\xe0\n");
+    XmTextInsert(text(), 0, const_cast<char*>("\u20ac"));
+    save();
+    EXPECT_EQ(bytes_of(path("a.txt")), "\u20acd\u00e9j\u00e0\n");
 }
 
 TEST_F(EditorInUtf8, LatinTextIsShownWhole) {
@@ -413,6 +544,17 @@ TEST_F(Editor, TwentyMegabytes) {
     drain();
     save();
     EXPECT_TRUE(bytes_of(path("big.txt")) == bytes + "end\n");
+}
+
+TEST_F(Editor, SavingKeepsNeitherACopyNorAFile) {
+    constexpr std::size_t length = 1U << 20;
+    edit("a.txt", std::string(length, 't'));
+    save();
+    const std::size_t before = heap_of_the_toolkit();
+    const long files_before = open_descriptors();
+    for (int i = 0; i < 4; ++i) save();
+    EXPECT_LT(heap_of_the_toolkit(), before + length);
+    EXPECT_EQ(open_descriptors(), files_before);
 }
 
 TEST_F(Editor, AnyNameCanBeSaved) {
@@ -460,7 +602,7 @@ TEST_F(Editor, ANewFileHasTheUsualRights) {
     fill_prompt(path("new.txt"));
     answer(XmDIALOG_OK_BUTTON);
     save();
-    umask(mask);
+    EXPECT_EQ(umask(mask), 027U) << "the application's stays";
     struct stat status {};
     ASSERT_EQ(stat(path("new.txt").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0640U);
@@ -494,6 +636,18 @@ class FailedSave : public Editor {
         answer(XmDIALOG_CANCEL_BUTTON);
         EXPECT_TRUE(is_open());
     }
+    // One of 64 kilobytes, in the folder "disk"; false where that is not allowed.
+    bool mount_small_disk() {
+        const auto uid = getuid();
+        const auto gid = getgid();
+        if (unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) {
+            std::ofstream("/proc/self/setgroups") << "deny";
+            std::ofstream("/proc/self/uid_map") << "0 " << uid << " 1";
+            std::ofstream("/proc/self/gid_map") << "0 " << gid << " 1";
+        }
+        fs::create_directory(path("disk"));
+        return mount("none", path("disk").c_str(), "tmpfs", 0, "size=64k") == 0;
+    }
 };
 
 TEST_F(FailedSave, WhereTheFolderIsGone) {
@@ -518,6 +672,30 @@ TEST_F(FailedSave, WhereADirectoryIsTheTarget) {
     expect_kept("nold\n");
 }
 
+TEST_F(FailedSave, WhereAPipeIsTheTarget) {
+    edit("a.txt", "old\n");
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    choose("File", "Save As...");
+    fill_prompt(path("pipe"));
+    answer(XmDIALOG_OK_BUTTON);
+    type("n");
+    save();
+    EXPECT_TRUE(fs::is_fifo(path("pipe")));
+    expect_kept("nold\n");
+}
+
+TEST_F(FailedSave, WhereALinkLeadsNowhere) {
+    edit("a.txt", "old\n");
+    fs::create_symlink(path("Sub/nowhere"), files_.path() / "link.txt");
+    choose("File", "Save As...");
+    fill_prompt(path("link.txt"));
+    answer(XmDIALOG_OK_BUTTON);
+    type("n");
+    save();
+    EXPECT_TRUE(fs::is_symlink(path("link.txt"))) << "it was there before";
+    expect_kept("nold\n");
+}
+
 TEST_F(FailedSave, WhereTheTemporaryFileCannotBeMade) {
     edit("a.txt", "old\n");
     type("n");
@@ -537,35 +715,31 @@ TEST_F(FailedSave, WhereTheTemporaryFileCannotBeMade) {
     expect_kept("nold\n");
 }
 
+// A long text fails while it is written, a short one when the file is closed.
 TEST_F(FailedSave, WhereTheTextDoesNotFit) {
-    const std::string bytes(100000, 'o');
-    edit("a.txt", bytes);
-    type("n");
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
-    rlimit small = before;
-    small.rlim_cur = 50000;
-    setrlimit(RLIMIT_FSIZE, &small);
-    save();
-    setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_TRUE(bytes_of(path("a.txt")) == bytes);
-    expect_kept("n" + bytes);
+    for (const std::size_t length : {100000U, 100U}) {
+        const std::string bytes(length, 'o');
+        edit("a.txt", bytes);
+        type("n");
+        rlimit small = before;
+        small.rlim_cur = length / 2;
+        setrlimit(RLIMIT_FSIZE, &small);
+        save();
+        setrlimit(RLIMIT_FSIZE, &before);
+        EXPECT_TRUE(bytes_of(path("a.txt")) == bytes);
+        expect_kept("n" + bytes);
+        grx_fin_editeur();
+        ASSERT_TRUE(closed());
+    }
 }
 
 // The temporary file is written, its copy is not: the disk of the target is full.
 TEST_F(FailedSave, WhereTheDiskOfTheTargetIsFull) {
-    const auto uid = getuid();
-    const auto gid = getgid();
-    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) {
-        std::ofstream("/proc/self/setgroups") << "deny";
-        std::ofstream("/proc/self/uid_map") << "0 " << uid << " 1";
-        std::ofstream("/proc/self/gid_map") << "0 " << gid << " 1";
-    }
-    fs::create_directory(path("disk"));
-    const bool mounted = mount("none", path("disk").c_str(), "tmpfs", 0, "size=64k") == 0;
-    std::optional<FakeCp> half;
-    if (!mounted) half.emplace("head -c 3 \"$1\" >\"$2\"; exit 1"); // what cp does there
+    const bool mounted = mount_small_disk();
+    const FakeCp cp(mounted ? "/bin/cp \"$1\" \"$2\"" : "head -c 3 \"$1\" >\"$2\"; exit 1"); // what it does there
     const std::string bytes(20000, 'o');
     put("disk/a.txt", bytes);
     edit("disk/a.txt");
@@ -577,6 +751,9 @@ TEST_F(FailedSave, WhereTheDiskOfTheTargetIsFull) {
     drain();
     save();
     EXPECT_TRUE(bytes_of(path("disk/a.txt")) == bytes) << bytes_of(path("disk/a.txt")).size();
+    if (mounted) {
+        EXPECT_EQ(cp.arguments().size(), 0U) << "what has no room is not begun";
+    }
     EXPECT_EQ(content().size(), 80000U);
     choose("File", "Exit");
     EXPECT_TRUE(asks());
@@ -586,12 +763,64 @@ TEST_F(FailedSave, WhereTheDiskOfTheTargetIsFull) {
     if (mounted) umount(path("disk").c_str());
 }
 
+// What counts is the disk of the file, not that of the link to it.
+TEST_F(FailedSave, NotForALinkOnAFullDisk) {
+    const bool mounted = mount_small_disk();
+    put("real.txt", "old\n");
+    fs::create_symlink(path("real.txt"), files_.path() / "disk" / "link.txt");
+    if (mounted) {
+        std::ofstream fill(path("disk/fill"), std::ios::binary);
+        fill << std::string(100000, 'f');
+    }
+    edit("disk/link.txt");
+    const std::string more(20000, 'n');
+    XmTextInsert(text(), 0, const_cast<char*>(more.c_str()));
+    drain();
+    save();
+    EXPECT_TRUE(bytes_of(path("real.txt")) == more + "old\n");
+    grx_fin_editeur();
+    drain();
+    if (mounted) umount(path("disk").c_str());
+}
+
+TEST_F(FailedSave, NotWhereTheFileHasTheRoomItself) {
+    const bool mounted = mount_small_disk();
+    const std::string bytes(20000, 'o');
+    put("disk/a.txt", bytes);
+    if (mounted) {
+        std::ofstream fill(path("disk/fill"), std::ios::binary);
+        fill << std::string(100000, 'f');
+    }
+    edit("disk/a.txt");
+    type("n");
+    save();
+    EXPECT_TRUE(bytes_of(path("disk/a.txt")) == "n" + bytes + "\n") << bytes_of(path("disk/a.txt")).size();
+    grx_fin_editeur();
+    drain();
+    if (mounted) umount(path("disk").c_str());
+}
+
 TEST_F(FailedSave, WhereTheCopyStopsHalfway) {
     const FakeCp half("head -c 3 \"$1\" >\"$2\"; exit 1");
     edit("a.txt", "old text\n");
     type("n");
+    const long files_before = open_descriptors();
     save();
+    EXPECT_EQ(open_descriptors(), files_before);
     EXPECT_EQ(bytes_of(path("a.txt")), "old text\n");
+    expect_kept("nold text\n");
+}
+
+TEST_F(FailedSave, WhereTheCopyOfANewFileStopsHalfway) {
+    const FakeCp half("head -c 3 \"$1\" >\"$2\"; exit 1");
+    edit("a.txt", "old text\n");
+    choose("File", "Save As...");
+    fill_prompt(path("new.txt"));
+    answer(XmDIALOG_OK_BUTTON);
+    type("n");
+    save();
+    EXPECT_EQ(half.arguments().size(), 4U);
+    EXPECT_FALSE(there("new.txt")) << "a part of it is no file";
     expect_kept("nold text\n");
 }
 
@@ -626,6 +855,7 @@ TEST_F(Editor, OuvrirOpensTheChosenFile) {
     choose("File", "Open");
     ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
     EXPECT_STREQ(XtName(file_box()), "file selection dialog");
+    EXPECT_FALSE(is_viewable(part(XmDIALOG_HELP_BUTTON)));
     drain();
     press(XmDIALOG_CANCEL_BUTTON);
     ASSERT_TRUE(wait_for([&] { return file_box() == nullptr; }));
@@ -668,6 +898,7 @@ TEST_F(Editor, NouveauStartsAFileThatDoesNotExist) {
     ASSERT_TRUE(wait_for([&] { return prompt() != nullptr; }));
     EXPECT_STREQ(XtName(prompt()), "new file dialog");
     EXPECT_EQ(text_resource(prompt(), XmNselectionLabelString), "Entrer le nom du nouveau fichier");
+    EXPECT_FALSE(is_viewable(button(prompt(), XmDIALOG_HELP_BUTTON)));
     fill_prompt(path("new.txt"));
     answer(XmDIALOG_OK_BUTTON);
     EXPECT_EQ(prompt(), nullptr);
@@ -691,6 +922,48 @@ TEST_F(Editor, ANewFileUntouchedCountsAsSaved) {
     choose("File", "Exit");
     EXPECT_TRUE(closed());
     EXPECT_FALSE(there("new.txt"));
+}
+
+TEST_F(Editor, NouveauAfterAnotherFileBeginsEmpty) {
+    edit("a.txt", "one\n");
+    choose("File", "New");
+    fill_prompt(path("new.txt"));
+    answer(XmDIALOG_OK_BUTTON);
+    EXPECT_EQ(content(), "");
+    type("first");
+    save();
+    EXPECT_EQ(bytes_of(path("new.txt")), "first\n");
+    EXPECT_EQ(bytes_of(path("a.txt")), "one\n");
+}
+
+// A name cut short would be another file.
+TEST_F(Editor, ANameThatIsTooLongIsNotCut) {
+    std::string deep = files_.text();
+    while (deep.size() < 820) deep += "/" + std::string(100, 'd');
+    fs::create_directories(deep);
+    const std::string fits = deep + "/" + std::string(HOST_CHEMIN_MAX - 1 - deep.size() - 1, 'n');
+    edit("a.txt", "one\n");
+    type("x");
+    for (const char* entry : {"New", "Save As..."}) {
+        choose("File", entry);
+        ASSERT_TRUE(wait_for([&] { return prompt() != nullptr; }));
+        XmTextFieldSetString(button(prompt(), XmDIALOG_TEXT), (fits + "n").data());
+        answer(XmDIALOG_OK_BUTTON);
+        EXPECT_EQ(prompt(), nullptr);
+    }
+    choose("File", "Open");
+    ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
+    drain();
+    std::ofstream(fits) << "other\n";
+    XmTextFieldSetString(part(XmDIALOG_TEXT), (fits + "n").data());
+    press(XmDIALOG_OK_BUTTON);
+    drain();
+    EXPECT_EQ(content(), "xone\n");
+    press(XmDIALOG_CANCEL_BUTTON);
+    ASSERT_TRUE(wait_for([&] { return file_box() == nullptr; }));
+    EXPECT_EQ(bytes_of(fits), "other\n");
+    save();
+    EXPECT_EQ(bytes_of(path("a.txt")), "xone\n");
 }
 
 TEST_F(Editor, NouveauOpensAFileThatExists) {
@@ -721,12 +994,27 @@ TEST_F(Editor, CancelAndEmptyNamesChangeNothing) {
     EXPECT_EQ(bytes_of(path("a.txt")), "xone\n");
 }
 
+TEST_F(Editor, EachDialogIsMadeOnce) {
+    edit("a.txt", "one\n");
+    type("x");
+    std::size_t widgets = 0;
+    for (int i = 0; i < 3; ++i) {
+        for (const char* entry : {"New", "Save As...", "close", "Exit"}) {
+            choose("File", entry);
+            answer(XmDIALOG_CANCEL_BUTTON);
+        }
+        if (i == 0) widgets = whole_tree().size();
+    }
+    EXPECT_EQ(whole_tree().size(), widgets);
+}
+
 TEST_F(Editor, SauverSousWritesUnderTheNewName) {
     edit("a.txt", "one\n");
     type("x");
     choose("File", "Save As...");
     ASSERT_TRUE(wait_for([&] { return prompt() != nullptr; }));
     EXPECT_STREQ(XtName(prompt()), "save dialog");
+    EXPECT_EQ(text_resource(prompt(), XmNselectionLabelString), "Sauver sous");
     EXPECT_EQ(field_text(button(prompt(), XmDIALOG_TEXT)), path("a.txt"));
     fill_prompt(path("b.txt"));
     answer(XmDIALOG_OK_BUTTON);
@@ -790,6 +1078,8 @@ TEST_P(Warning, LooksAsStated) {
     EXPECT_EQ(text_resource(button(box, XmDIALOG_APPLY_BUTTON), XmNlabelString), "Discard");
     EXPECT_TRUE(is_viewable(button(box, XmDIALOG_APPLY_BUTTON)));
     EXPECT_TRUE(is_viewable(button(box, XmDIALOG_CANCEL_BUTTON)));
+    for (const unsigned char gone : {XmDIALOG_TEXT, XmDIALOG_SELECTION_LABEL, XmDIALOG_HELP_BUTTON})
+        EXPECT_FALSE(is_viewable(button(box, gone))) << int(gone);
     std::vector<Widget> parts;
     gather_tree(box, parts);
     const auto named = [&](const char* name) {
@@ -810,6 +1100,15 @@ TEST_P(Warning, LooksAsStated) {
     EXPECT_EQ(text_resource(message, XmNlabelString), "Sauvegarde des modifications?");
     EXPECT_TRUE(is_viewable(image));
     EXPECT_TRUE(is_viewable(message));
+    Pixmap drawn = XCreatePixmapFromBitmapData(x11_disp, XtWindow(image),
+        reinterpret_cast<char*>(const_cast<unsigned char*>(grx::warning_bits.data())), 32, 32,
+        resource<Pixel>(image, XmNforeground), resource<Pixel>(image, XmNbackground), depth);
+    EXPECT_TRUE(same(grab(x11_disp, pixmap), grab(x11_disp, drawn)));
+    XFreePixmap(x11_disp, drawn);
+    EXPECT_EQ(XmGetPixmap(XtScreen(image), const_cast<char*>("warning_image"), resource<Pixel>(image, XmNforeground),
+                  resource<Pixel>(image, XmNbackground)),
+        pixmap)
+        << "under its name";
 }
 
 TEST_P(Warning, IsNotShownForSavedText) {
@@ -851,6 +1150,18 @@ TEST_P(Warning, CancelKeepsAll) {
     EXPECT_TRUE(sensitive());
     choose("File", entry());
     EXPECT_TRUE(asks()) << "still unsaved";
+}
+
+TEST_P(Warning, HoldsUpTheRestUntilItIsAnswered) {
+    edit("a.txt", "one\n");
+    type("x");
+    choose("File", entry());
+    ASSERT_TRUE(asks());
+    type("y");
+    EXPECT_EQ(content(), "xone\n");
+    answer(XmDIALOG_CANCEL_BUTTON);
+    type("y");
+    EXPECT_EQ(content(), "yxone\n");
 }
 
 TEST_P(Warning, SaveThatFailsKeepsAll) {
@@ -924,15 +1235,19 @@ TEST_F(EditorKeys, F3WorksWithoutAFile) {
 
 TEST_F(EditorKeys, LocksDoNotMatter) {
     edit("a.txt", "abcdef\n");
-    for (const bool numbers : {true, false}) {
-        numbers ? keyboard().num_lock() : keyboard().caps_lock();
+    for (const unsigned locks : {1U, 2U, 3U}) {
+        if (locks & 1U) keyboard().num_lock();
+        if (locks & 2U) keyboard().caps_lock();
         drain();
         select(1);
         press_key(XK_Delete, ShiftMask);
         EXPECT_EQ(content(), "bcdef\n");
         press_key(XK_Insert, ShiftMask);
         EXPECT_EQ(content(), "abcdef\n");
+        press_key(XK_F3);
+        EXPECT_TRUE(asks()) << "the text itself does not know this key";
         release_locks();
+        answer(XmDIALOG_CANCEL_BUTTON);
     }
 }
 
@@ -1064,7 +1379,8 @@ class Clipboard : public Editor {
             unsigned char* data = nullptr;
             XGetWindowProperty(
                 other, window, place, 0, 1000000, False, AnyPropertyType, &actual, &format, &count, &rest, &data);
-            result.emplace(reinterpret_cast<char*>(data), count);
+            const std::size_t size = format == 32 ? sizeof(long) : static_cast<std::size_t>(format / 8);
+            result.emplace(reinterpret_cast<char*>(data), count * size);
             XFree(data);
         }
         XCloseDisplay(other);
@@ -1079,8 +1395,36 @@ TEST_F(Clipboard, CopyingGivesOtherProgramsTheText) {
     EXPECT_EQ(content(), "abcdef\n");
     const auto got = asked("STRING");
     ASSERT_TRUE(got);
-    EXPECT_EQ(std::string(got->c_str()), "abc");
-    EXPECT_LE(got->size(), 4U) << "the text and at most its zero";
+    EXPECT_EQ(*got, std::string("abc\0", 4)) << "the text and its zero";
+}
+
+TEST_F(Clipboard, CopyingBearsTheTimeOfItsEvent) {
+    edit("a.txt", "abcdef\n");
+    for (const bool by_key : {true, false}) {
+        select(3);
+        if (by_key) {
+            keyboard().key(XK_Insert, ControlMask);
+            drain();
+        } else {
+            choose("Edit", "Copier");
+        }
+        const auto got = asked("TIMESTAMP");
+        ASSERT_TRUE(got);
+        EXPECT_EQ(got->size(), sizeof(long));
+        EXPECT_NE(*got, std::string(sizeof(long), '\0')) << (by_key ? "key" : "menu");
+    }
+}
+
+TEST_F(Clipboard, CopyingKeepsNoCopyOfItsOwn) {
+    constexpr std::size_t length = 1U << 18;
+    edit("a.txt", std::string(length, 't'));
+    XmTextSetSelection(text(), 0, length, CurrentTime);
+    const auto copy = [&] { choose("Edit", "Copier"); };
+    copy();
+    copy();
+    const std::size_t before = heap_of_the_toolkit();
+    for (int i = 0; i < 4; ++i) copy();
+    EXPECT_LT(heap_of_the_toolkit(), before + 2 * length);
 }
 
 TEST_F(Clipboard, CuttingCopiesAndDeletes) {
@@ -1106,6 +1450,62 @@ TEST_F(Clipboard, DeletingLeavesTheClipboard) {
     EXPECT_EQ(content(), "adef\n");
     choose("Edit", "Clear");
     EXPECT_EQ(content(), "adef\n") << "nothing is selected";
+}
+
+// Another program whose text is selected; what it is asked for.
+TEST_F(Editor, DeletingAsksTheOwnerOfTheSelection) {
+    edit("a.txt", "abcdef\n");
+    Display* other = open_connection(server().name());
+    const Window window = XCreateSimpleWindow(other, DefaultRootWindow(other), 0, 0, 1, 1, 0, 0, 0);
+    XSetSelectionOwner(other, XA_PRIMARY, window, CurrentTime);
+    XSync(other, False);
+    XEvent event{};
+    choose("Edit", "Couper");
+    XSync(other, False);
+    EXPECT_FALSE(XCheckTypedEvent(other, SelectionRequest, &event)) << "there is nothing to cut";
+    choose("Edit", "Clear");
+    ASSERT_TRUE(wait_for([&] { return XCheckTypedEvent(other, SelectionRequest, &event) != 0; }));
+    const XSelectionRequestEvent asked = event.xselectionrequest;
+    EXPECT_EQ(asked.selection, XA_PRIMARY);
+    EXPECT_EQ(asked.target, XInternAtom(other, "KILL_SELECTION", False));
+    EXPECT_NE(asked.time, Time{CurrentTime}) << "the time of the event that asks for it";
+    XEvent answer{};
+    answer.xselection.type = SelectionNotify;
+    answer.xselection.requestor = asked.requestor;
+    answer.xselection.selection = asked.selection;
+    answer.xselection.target = asked.target;
+    answer.xselection.time = asked.time;
+    answer.xselection.property = asked.property;
+    XChangeProperty(other, asked.requestor, asked.property, XA_STRING, 8, PropModeReplace,
+        reinterpret_cast<const unsigned char*>("done"), 4);
+    XSendEvent(other, asked.requestor, False, NoEventMask, &answer);
+    XSync(other, False);
+    drain();
+    EXPECT_EQ(content(), "abcdef\n");
+    XCloseDisplay(other);
+}
+
+// The toolkit keeps the label of a clipboard's item at the root window.
+TEST_F(Clipboard, WhatIsCopiedBearsTheEditorsLabel) {
+    edit("a.txt", "abcdef\n");
+    select(3);
+    choose("Edit", "Copier");
+    int count = 0;
+    Atom* const names = XListProperties(test_display(), DefaultRootWindow(test_display()), &count);
+    bool found = false;
+    for (int i = 0; i < count; ++i) {
+        Atom type = None;
+        int format = 0;
+        unsigned long length = 0, rest = 0;
+        unsigned char* data = nullptr;
+        XGetWindowProperty(test_display(), DefaultRootWindow(test_display()), names[i], 0, 10000, False,
+            AnyPropertyType, &type, &format, &length, &rest, &data);
+        const std::string bytes(reinterpret_cast<char*>(data), format == 8 ? length : 0);
+        found = found || bytes.find("XM_EDITOR") != std::string::npos;
+        XFree(data);
+    }
+    XFree(names);
+    EXPECT_TRUE(found);
 }
 
 TEST_F(Clipboard, WithoutASelectionItStaysAsItWas) {
@@ -1365,6 +1765,19 @@ TEST_F(Blocking, TheDeathOfTheMainWindowEndsIt) {
     const auto left = block(files_.text(), "a.txt");
     EXPECT_EQ(left.status, 0);
     EXPECT_EQ(left.name, "a.txt");
+    EXPECT_EQ(grx_fin_editeur(), 0);
+}
+
+// There the end of a window is put off until the callback returns.
+TEST_F(Blocking, TheDeathOfTheMainWindowEndsItInsideACallbackToo) {
+    put("a.txt", "abc\n");
+    inside_a_callback([&] {
+        when_ready("destroy", [&] { grx_detruit_fenetre(main_); });
+        const auto left = block(files_.text(), "a.txt");
+        EXPECT_EQ(left.status, 0);
+        EXPECT_EQ(left.name, "a.txt");
+    });
+    drain();
     EXPECT_EQ(grx_fin_editeur(), 0);
 }
 

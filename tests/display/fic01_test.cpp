@@ -113,6 +113,17 @@ class FileDialogs : public Dialogs<Base> {
 
 class FileDialog : public FileDialogs<DisplayTest> {
   protected:
+    // As large as the screen, not mapped yet.
+    Window covering_window() {
+        XSetWindowAttributes attributes{};
+        attributes.override_redirect = True;
+        return XCreateWindow(test_display(), DefaultRootWindow(test_display()), 0, 0, 1280, 1024, 0, CopyFromParent,
+            InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+    }
+    bool stacked_over(Window upper, Window lower) {
+        const auto order = children_of(test_display(), DefaultRootWindow(test_display()));
+        return std::ranges::find(order, upper) > std::ranges::find(order, lower);
+    }
     void TearDown() override {
         messages.reset();
         FileDialogs<DisplayTest>::TearDown();
@@ -346,6 +357,64 @@ TEST_F(FileDialog, ABareNameIsCorrectedAndGivesNothing) {
     EXPECT_EQ(choice.err, 77);
 }
 
+// Who runs the tests may be allowed everything; what is asked for here counts for another user.
+class AsSomebody {
+  public:
+    AsSomebody() {
+        if (mine_ == 0) EXPECT_EQ(setreuid(nobody, static_cast<uid_t>(-1)), 0);
+    }
+    ~AsSomebody() {
+        if (mine_ == 0) EXPECT_EQ(setreuid(mine_, static_cast<uid_t>(-1)), 0);
+    }
+    AsSomebody(const AsSomebody&) = delete;
+    AsSomebody& operator=(const AsSomebody&) = delete;
+
+  private:
+    static constexpr uid_t nobody = 65534;
+    const uid_t mine_ = getuid();
+};
+
+class FileRights : public FileDialog {
+  protected:
+    void SetUp() override {
+        FileDialog::SetUp();
+        fs::permissions(files_.path(), fs::perms(0755));
+        for (const unsigned mode : {0000U, 0222U, 0444U}) fs::permissions(put(name_of(mode)), fs::perms(mode));
+        somebody_.emplace();
+    }
+    void TearDown() override {
+        somebody_.reset();
+        FileDialog::TearDown();
+    }
+    static std::string name_of(unsigned mode) { return "F" + std::to_string(mode) + ".DAT"; }
+
+  private:
+    std::optional<AsSomebody> somebody_;
+};
+
+TEST_F(FileRights, WhatCanBeReadOrWrittenIsTakenForReading) {
+    for (const unsigned mode : {0222U, 0444U}) {
+        when_open("type", [&] { enter(name_of(mode)); });
+        EXPECT_EQ(choose({}).names, (Names{name_of(mode)}));
+    }
+    when_open("type", [&] { enter(name_of(0)); });
+    script_.then("still open", [&] {
+        ASSERT_NE(file_box(), nullptr);
+        cancel();
+    });
+    EXPECT_EQ(choose({}).result, 0);
+}
+
+TEST_F(FileRights, WhatCanBeReadOrWrittenIsAskedAboutForWriting) {
+    for (const unsigned mode : {0222U, 0444U}) {
+        when_open("type", [&] { enter(name_of(mode)); });
+        when_asked("yes", [&] { answer(XmDIALOG_OK_BUTTON); });
+        EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE}).names, (Names{name_of(mode)}));
+    }
+    when_open("type", [&] { enter(name_of(0)); });
+    EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE}).names, (Names{name_of(0)})) << "counts as new";
+}
+
 // --- giving up -------------------------------------------------------------------------------------------------------
 
 TEST_F(FileDialog, CancelLeavesTheRecordsAlone) {
@@ -367,10 +436,13 @@ TEST_F(FileDialog, ClosingGivesNothingAndTheNextOneWorks) {
     for (int i = 0; i < 3; ++i) {
         when_open("close", [&] { ask_to_close(test_display(), shell_window()); });
         EXPECT_EQ(choose({}).result, 0);
+        EXPECT_EQ(std::ranges::count_if(whole_tree(), [](Widget w) { return XmIsFileSelectionBox(w); }), 1)
+            << "it went away, it is not destroyed";
     }
     when_open("click", [&] { click_file("b.DAT"); });
     script_.then("ok", [&] { accept(); });
     EXPECT_EQ(choose({}).names, (Names{"b.DAT"}));
+    EXPECT_EQ(std::ranges::count_if(whole_tree(), [](Widget w) { return XmIsFileSelectionBox(w); }), 0);
 }
 
 // What else happens meanwhile is the dialog's, but the application must not go on with a window that is gone.
@@ -409,12 +481,54 @@ TEST_F(FileDialog, AWindowThatTookTheNumberOfOneGoneIsNotToldGone) {
     EXPECT_EQ(events.count(GRX_EVT_DESTRUCTION), 0) << events.describe();
 }
 
+TEST_F(FileDialog, AWindowClosedAfterwardsIsNoneOfThoseThatWentMeanwhile) {
+    const INT other = make(GRX_FEN_ALPHA);
+    drain();
+    const auto told = [&] {
+        grx_detruit_fenetre(other);
+        events.clear();
+        drain();
+        return events.count(GRX_EVT_DESTRUCTION);
+    };
+    const int usual = told();
+    ASSERT_EQ(make(GRX_FEN_ALPHA), other);
+    drain();
+    when_open("cancel", [&] { cancel(); });
+    EXPECT_EQ(choose({}).result, 0);
+    EXPECT_EQ(told(), usual) << events.describe();
+}
+
 TEST_F(FileDialog, TheDeathOfTheMainWindowEndsIt) {
     when_open("destroy", [&] { grx_detruit_fenetre(main_); });
     const Choice choice = choose({});
     EXPECT_EQ(choice.result, 0);
     EXPECT_EQ(choice.names, Names{});
     EXPECT_EQ(choose_now({}).result, 0) << "there is no main window";
+}
+
+TEST_F(FileDialog, ANewMainWindowHasDialogsOfItsOwn) {
+    char directory[GRX_CHEMIN_DIALOGUE_MAX] = "/tmp";
+    char title[] = "Where";
+    const auto choose_directory = [&] { return script_.run([&] { return select_repertoire_x11(title, directory); }); };
+    for (const bool closed : {false, true}) {
+        for (const bool directories : {false, true}) {
+            when_open("end", [&] {
+                if (closed) return ask_to_close(test_display(), shell_window());
+                grx_detruit_fenetre(main_);
+            });
+            EXPECT_EQ(directories ? choose_directory() : choose({}).result, 0);
+            if (closed) grx_detruit_fenetre(main_);
+            drain();
+            main_ = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE | GRX_FEN_ATT_PRINCIPALE, 300, 200);
+            grx_affecte_nofen_principale(main_);
+            ASSERT_TRUE(wait_visible(widget_of(main_)));
+            when_open("accept", [&] {
+                retype_selection("/tmp");
+                accept();
+            });
+            EXPECT_EQ(directories ? choose_directory() : choose({}).result, 1);
+        }
+    }
 }
 
 TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheQuestionToo) {
@@ -430,6 +544,31 @@ TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheDirectoryDialog) {
     when_open("destroy", [&] { grx_detruit_fenetre(main_); });
     EXPECT_EQ(script_.run([&] { return select_repertoire_x11(title, directory); }), 0);
     EXPECT_STREQ(directory, "/tmp");
+}
+
+// There the end of a window is put off until the callback returns.
+TEST_F(FileDialog, TheDeathOfTheMainWindowEndsItInsideACallbackToo) {
+    inside_a_callback([&] {
+        when_open("destroy", [&] { grx_detruit_fenetre(main_); });
+        EXPECT_EQ(choose({}).result, 0);
+    });
+}
+
+TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheDirectoryDialogInsideACallbackToo) {
+    char directory[GRX_CHEMIN_DIALOGUE_MAX] = "/tmp";
+    char title[] = "Where";
+    inside_a_callback([&] {
+        when_open("destroy", [&] { grx_detruit_fenetre(main_); });
+        EXPECT_EQ(script_.run([&] { return select_repertoire_x11(title, directory); }), 0);
+    });
+    EXPECT_STREQ(directory, "/tmp");
+}
+
+TEST_F(FileDialog, TheDeathOfTheMainWindowEndsTheQuestionAloneInsideACallbackToo) {
+    inside_a_callback([&] {
+        when_asked("destroy", [&] { grx_detruit_fenetre(main_); });
+        EXPECT_EQ(script_.run([] { return question_suppression(); }), GRX_QUESTION_FERMEE);
+    });
 }
 
 TEST_F(FileDialog, ASecondCallFromWithinGivesNothing) {
@@ -467,15 +606,8 @@ TEST_F(FileDialog, TheApplicationsRecordIsTheSameAfterwards) {
 
 TEST_F(FileDialog, ItIsRaisedWhenSomethingCoversIt) {
     Window cover = None;
-    const auto stacked_over = [&](Window upper, Window lower) {
-        const auto order = children_of(test_display(), DefaultRootWindow(test_display()));
-        return std::ranges::find(order, upper) > std::ranges::find(order, lower);
-    };
     when_open("cover", [&] {
-        XSetWindowAttributes attributes{};
-        attributes.override_redirect = True;
-        cover = XCreateWindow(test_display(), DefaultRootWindow(test_display()), 0, 0, 1280, 1024, 0, CopyFromParent,
-            InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+        cover = covering_window();
         XMapRaised(test_display(), cover);
         XSync(test_display(), False);
     });
@@ -491,16 +623,14 @@ TEST_F(FileDialog, ItIsRaisedWhenSomethingCoversIt) {
 
 // --- what it looks like ----------------------------------------------------------------------------------------------
 
-XFontStruct* font_of(Widget widget) {
-    XmFontList list = nullptr;
-    XtVaGetValues(widget, XmNfontList, &list, nullptr);
-    XmFontContext context = nullptr;
-    if (!list || !XmFontListInitFontContext(&context, list)) return nullptr;
-    XmFontListEntry entry = XmFontListNextEntry(context);
-    XmFontType type = XmFONT_IS_FONT;
-    XtPointer font = entry ? XmFontListEntryGetFont(entry, &type) : nullptr;
-    XmFontListFreeFontContext(context);
-    return type == XmFONT_IS_FONT ? static_cast<XFontStruct*>(font) : nullptr;
+std::vector<Widget> entries_of(Widget pulldown) {
+    std::vector<Widget> entries;
+    WidgetList list = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(pulldown, XmNchildren, &list, XmNnumChildren, &count, nullptr);
+    for (Cardinal i = 0; i < count; ++i)
+        if (XtClass(list[i]) == xmPushButtonWidgetClass) entries.push_back(list[i]);
+    return entries;
 }
 
 std::map<INT, std::string> application_messages() {
@@ -557,6 +687,7 @@ TEST_F(FileDialog, ItsPartsAreTheStatedOnes) {
         EXPECT_EQ(XtParent(XtParent(box)), widget_of(main_)) << "the main window's widget is the parent";
         EXPECT_FALSE(XtIsManaged(part(XmDIALOG_HELP_BUTTON)));
         EXPECT_EQ(resource<unsigned char>(box, XmNdialogStyle), XmDIALOG_FULL_APPLICATION_MODAL);
+        EXPECT_EQ(resource<short>(part(XmDIALOG_TEXT), XmNcolumns), 48) << "room for whole paths";
         Widget drawn = preview();
         ASSERT_NE(drawn, nullptr);
         EXPECT_EQ(resource<Dimension>(drawn, XmNwidth), 80);
@@ -580,6 +711,28 @@ TEST_F(FileDialog, ItsPartsAreTheStatedOnes) {
     choose({});
 }
 
+TEST_F(FileDialog, HasTheApplicationsFontAndColour) {
+    grx_affecte_couleur_application(6);
+    const auto colour = static_cast<Pixel>(grx_recup_couleur(6));
+    put("PLAN.DAT");
+    when_open("look", [&] {
+        Widget option = widget_called("OptionMenu"), pulldown = widget_called("PullMenu"), row = XtParent(preview());
+        for (Widget w : {file_box(), preview(), row, option, pulldown, entries_of(pulldown)[0]})
+            EXPECT_EQ(resource<Pixel>(w, XmNbackground), colour) << XtName(w);
+        for (Widget w : {part(XmDIALOG_TEXT), entries_of(pulldown)[0], XmOptionButtonGadget(option)})
+            EXPECT_EQ(font_of(w), fontstruct) << XtName(w);
+        enter("plan");
+    });
+    when_asked("look", [&] {
+        EXPECT_EQ(resource<Pixel>(question_box(), XmNbackground), colour);
+        for (const unsigned char which : {XmDIALOG_MESSAGE_LABEL, XmDIALOG_OK_BUTTON})
+            EXPECT_EQ(font_of(XmMessageBoxGetChild(question_box(), which)), fontstruct) << int(which);
+        answer(XmDIALOG_CANCEL_BUTTON);
+    });
+    when_answered("cancel", [&] { cancel(); });
+    choose({.operation = HOST_CATAL_ECRITURE});
+}
+
 TEST_F(FileDialog, ItsSizesStayWithAnImage) {
     std::vector<uchar> pixels(200 * 200, 3);
     std::string bmp = path("BIG.BMP"), nowhere;
@@ -600,16 +753,6 @@ TEST_F(FileDialog, ItsSizesStayWithAnImage) {
 }
 
 // --- filters ---------------------------------------------------------------------------------------------------------
-
-std::vector<Widget> entries_of(Widget pulldown) {
-    std::vector<Widget> entries;
-    WidgetList list = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(pulldown, XmNchildren, &list, XmNnumChildren, &count, nullptr);
-    for (Cardinal i = 0; i < count; ++i)
-        if (XtClass(list[i]) == xmPushButtonWidgetClass) entries.push_back(list[i]);
-    return entries;
-}
 
 TEST_F(FileDialog, ASingleFilterCannotBeChanged) {
     when_open("look", [&] {
@@ -727,6 +870,29 @@ TEST_F(FileDialog, TheProposedFileIsSelected) {
     }
 }
 
+TEST_F(FileDialog, AnOddProposalIsSelected) {
+    for (const std::string name : {"\xe9t\xe9.DAT", "with blank.DAT", "star[1]?.DAT"}) {
+        put("odd dir\xe9/" + name);
+        when_open("look", [&] {
+            EXPECT_EQ(selection(), path("odd dir\xe9/" + name));
+            cancel();
+        });
+        choose({.directory = path("odd dir\xe9"), .names = {name}});
+    }
+}
+
+TEST_F(FileDialog, AProposedFileOfTheRootIsSelected) {
+    const std::string name = "grx-test-" + std::to_string(getpid()) + ".DAT";
+    std::FILE* const made = std::fopen(("/" + name).c_str(), "w"); // not everybody may
+    if (made) std::fclose(made);
+    when_open("look", [&] {
+        EXPECT_EQ(selected_items(part(XmDIALOG_LIST)), made ? Names{"/" + name} : Names{});
+        cancel();
+    });
+    choose({.directory = "/", .names = {name}});
+    if (made) fs::remove("/" + name);
+}
+
 TEST_F(FileDialog, AProposedFileThatIsNotThereSelectsNothing) {
     put("a.DAT");
     when_open("look", [&] {
@@ -774,14 +940,17 @@ TEST_F(FileDialog, LongNamesAreTakenWholeOrNotAtAll) {
     for (INT operation : {HOST_CATAL_LECTURE, HOST_CATAL_ECRITURE}) {
         const std::string fits = std::string(999 - 4 - deep.size() - 1, 'N') + ".DAT";
         const std::string too_long = std::string(1000 - 4 - deep.size() - 1, 'N') + ".DAT";
+        const std::string no_room(998 - deep.size() - 1, 'N'); // for an extension
         ASSERT_EQ((deep + "/" + fits).size(), 999U);
         if (operation == HOST_CATAL_LECTURE) {
             fs::create_directories(deep);
             ASSERT_NE(std::fclose(std::fopen((deep + "/" + fits).c_str(), "w")), EOF);
             ASSERT_NE(std::fclose(std::fopen((deep + "/" + too_long).c_str(), "w")), EOF);
+            ASSERT_NE(std::fclose(std::fopen((deep + "/" + no_room).c_str(), "w")), EOF);
         } else {
             fs::remove(deep + "/" + fits);
             fs::remove(deep + "/" + too_long);
+            fs::remove(deep + "/" + no_room);
         }
         when_open("too long", [&] {
             XmTextFieldSetString(part(XmDIALOG_TEXT), const_cast<char*>((deep + "/" + too_long).c_str()));
@@ -795,7 +964,7 @@ TEST_F(FileDialog, LongNamesAreTakenWholeOrNotAtAll) {
         });
         script_.then("much too long", [&] {
             ASSERT_NE(file_box(), nullptr);
-            const std::string bare = deep + "/" + std::string(998 - deep.size() - 1, 'N');
+            const std::string bare = deep + "/" + std::string(no_room.size(), 'n');
             XmTextFieldSetString(part(XmDIALOG_TEXT), const_cast<char*>(bare.c_str()));
             accept();
         });
@@ -865,6 +1034,17 @@ TEST_F(FileDialogInUtf8, AccentedNamesCanBeChosen) {
         script_.then("ok", [&] { accept(); });
         EXPECT_EQ(choose({}).names, (Names{name}));
     }
+}
+
+TEST_F(FileDialogInUtf8, AnAccentedProposalIsSelected) {
+    put("plan.DAT");
+    put("d\u00e9p\u00f4t/caf\u00e9.DAT");
+    when_open("look", [&] {
+        EXPECT_EQ(selected_items(part(XmDIALOG_LIST)), (Names{path("d\u00e9p\u00f4t/caf\u00e9.DAT")}));
+        accept();
+    });
+    const Choice choice = choose({.directory = path("d\u00e9p\u00f4t"), .names = {"caf\u00e9.DAT"}});
+    EXPECT_EQ(choice.names, (Names{"caf\u00e9.DAT"}));
 }
 
 // The bytes of the application's one-byte font.
@@ -958,6 +1138,55 @@ TEST_F(Preview, ShowsTheImagesOfTheChosenFiles) {
         accept();
     });
     EXPECT_EQ(choose({}).names, (Names{"c.DAT"}));
+}
+
+TEST_F(Preview, IsEmptyAtFirst) {
+    put("a.DAT");
+    when_open("look", [&] {
+        const Pixels inside = shown().part({8, 8, 64, 64});
+        EXPECT_EQ(inside.count_other(inside.at(0, 0)), 0) << "not even its own name";
+        cancel();
+    });
+    choose({});
+}
+
+TEST_F(Preview, GivesEachImageUpForTheNext) {
+    for (const std::string name : {"a", "b"}) {
+        put(name + ".DAT");
+        picture(name + ".BMP", 16, name == "a" ? 0 : 5);
+    }
+    std::map<std::string, unsigned> before;
+    const auto click_both = [&] {
+        when_open("first", [&] { click_file("a.DAT"); });
+        script_.then("second", [&] { click_file("b.DAT"); });
+    };
+    click_both();
+    script_.then("count", [&] { before = server_resources(test_display(), x_window(main_)); });
+    click_both();
+    click_both();
+    script_.then("count again", [&] {
+        EXPECT_EQ(server_resources(test_display(), x_window(main_)), before);
+        cancel();
+    });
+    choose({});
+}
+
+// What the application draws afterwards is drawn as it had set it.
+TEST_F(Preview, LeavesTheDrawingContextReset) {
+    put("a.DAT");
+    const Pixels image = picture("a.BMP", 16);
+    when_open("click", [&] {
+        XSetFunction(x11_disp, g_c, GXxor);
+        click_file("a.DAT");
+    });
+    script_.then("look", [&] {
+        EXPECT_TRUE(in_the_middle(place_of(shown(), image)));
+        XGCValues values{};
+        ASSERT_NE(XGetGCValues(x11_disp, g_c, GCFunction, &values), 0);
+        EXPECT_EQ(values.function, GXcopy);
+        cancel();
+    });
+    choose({});
 }
 
 TEST_F(Preview, SurvivesBeingCovered) {
@@ -1101,6 +1330,48 @@ TEST_F(FileDialog, WithoutMemoryTheAnswerIsNoAndNothingIsAsked) {
     EXPECT_EQ(question_box(), nullptr);
 }
 
+// So it stays in front of what it is about.
+TEST_F(FileDialog, TheQuestionBelongsToWhatAsks) {
+    put("PLAN.DAT");
+    when_open("type", [&] { enter("plan"); });
+    when_asked("of the dialog", [&] {
+        EXPECT_EQ(XtParent(XtParent(question_box())), file_box());
+        answer(XmDIALOG_CANCEL_BUTTON);
+    });
+    when_answered("close", [&] { ask_to_close(test_display(), shell_window()); });
+    EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE}).result, 0);
+    when_asked("of the main window", [&] {
+        EXPECT_EQ(XtParent(XtParent(question_box())), widget_of(main_)) << "the dialog is no longer on show";
+        answer(XmDIALOG_OK_BUTTON);
+    });
+    EXPECT_EQ(script_.run([] { return question_suppression(); }), GRX_QUESTION_OUI);
+}
+
+TEST_F(FileDialog, TheDialogIsNotRaisedOverItsQuestion) {
+    put("PLAN.DAT");
+    Window cover = None, shell = None;
+    when_open("type", [&] {
+        shell = shell_window();
+        enter("plan");
+    });
+    when_asked("cover the dialog", [&] {
+        cover = covering_window();
+        XWindowChanges below{};
+        below.sibling = XtWindow(XtParent(question_box()));
+        below.stack_mode = Below;
+        XConfigureWindow(test_display(), cover, CWSibling | CWStackMode, &below);
+        XMapWindow(test_display(), cover);
+        XSync(test_display(), False);
+    });
+    script_.then("look", [&] {
+        EXPECT_TRUE(stacked_over(cover, shell));
+        XDestroyWindow(test_display(), cover);
+        XSync(test_display(), False);
+        answer(XmDIALOG_OK_BUTTON);
+    });
+    EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE}).result, 1);
+}
+
 TEST_F(FileDialog, ASecondQuestionFromWithinIsNotAsked) {
     when_asked("again", [&] {
         EXPECT_NE(question_suppression(), GRX_QUESTION_OUI);
@@ -1237,6 +1508,7 @@ TEST_F(FileDialog, TheHostsResultIsHandedBack) {
         if (choice.result == 1 && choice.err == 105) no_memory_seen = true;
         if (choice.result == 1 && choice.err == 0) {
             EXPECT_EQ(choice.names, (Names{"b.DAT"}));
+            EXPECT_EQ(choice.directory, files_.text()) << "without its directory a name is not added";
         }
         if (choice.result == 0) {
             EXPECT_EQ(choice.names, Names{});
@@ -1305,6 +1577,25 @@ TEST_F(FileDialog, TwoHundredTimesLeaveNothing) {
     drain();
     EXPECT_EQ(server_resources(test_display(), x_window(main_)), before);
     EXPECT_EQ(heap().blocks(), blocks);
+}
+
+TEST_F(FileDialog, AHundredQuestionsLeaveNothing) {
+    const auto once = [&](int way) {
+        when_asked("end", [&, way] {
+            if (way == 0) answer(XmDIALOG_OK_BUTTON);
+            if (way == 1) answer(XmDIALOG_CANCEL_BUTTON);
+            if (way == 2) ask_to_close(test_display(), XtWindow(XtParent(question_box())));
+        });
+        EXPECT_EQ(script_.run([] { return question_suppression(); }), way + 1);
+    };
+    for (int i = 0; i < 6; ++i) once(i % 3);
+    drain();
+    const auto before = server_resources(test_display(), x_window(main_));
+    const std::size_t widgets = whole_tree().size();
+    for (int i = 0; i < 99; ++i) once(i % 3);
+    drain();
+    EXPECT_EQ(server_resources(test_display(), x_window(main_)), before);
+    EXPECT_EQ(whole_tree().size(), widgets);
 }
 
 TEST_F(DirectoryDialog, HundredTimesLeaveNothing) {

@@ -4,8 +4,23 @@
 
 #include "tests/support/stdout_capture.h"
 
+#include "standalone/host_prive.h"
+
 #include <climits>
 #include <cstring>
+
+namespace {
+
+// What a service of the application that trusts its caller would have written at most.
+std::size_t longest_path = 0;
+
+} // namespace
+
+extern "C" INT compose_adresse_fichier(char* adr, char* nom, char* resultat) {
+    const std::string directory = adr ? adr : "", name = nom ? nom : "";
+    longest_path = std::max(longest_path, directory.size() + 1 + name.size() + 1);
+    return grx_host::join(directory, name, resultat) ? grx_host::done : grx_host::failed;
+}
 
 namespace {
 
@@ -66,6 +81,23 @@ TEST_F(HostileFiles, SelectFichier) {
     }),
         0);
     EXPECT_EQ(heap().damage(), "");
+}
+
+TEST_F(HostileFiles, NoPathIsAskedForThatHasNoRoom) {
+    constexpr std::size_t room = HOST_CHEMIN_MAX;
+    for (const std::size_t length : {room / 2 - 2, room / 2 - 1, room / 2, room - 1, room}) {
+        std::string directory(length, 'd'), name(length, 'n');
+        STRING names[] = {text(name)};
+        cancel_when_open();
+        script_.run([&] { return select_fichier_x11({}, {text(directory), names, 1}, {}, nullptr, nullptr); });
+        ASSERT_EQ(grx_debut_editeur(), 1);
+        grx_editeur();
+        grx_file_editeur(directory.data(), name.data());
+        drain();
+        grx_fin_editeur();
+        drain();
+    }
+    EXPECT_EQ(longest_path, room) << "all that has room is asked for";
 }
 
 TEST_F(HostileFiles, AnAcceptedFileWithNowhereToPutIt) {
