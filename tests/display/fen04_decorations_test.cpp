@@ -147,6 +147,55 @@ TEST_F(ScrollBars, HidingLeavesTheOtherFlag) {
     EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 1);
 }
 
+TEST_F(ScrollBars, OfTheWindowAroundAreLeftAlone) {
+    const INT around = graphic();
+    const INT nested = make(nested_in(around, GRX_FEN_ALPHA));
+    GRX_FENETRE description = described(GRX_FEN_ALPHA);
+    description.fen_mere = around;
+    const INT dialog = make(description);
+    for (INT n : {nested, dialog}) {
+        ASSERT_TRUE(wait_visible(widget_of(n)));
+        grx_affecte_fenetre_avec_scroll(n, 1);
+        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0);
+        drain();
+        expect_bars(around, true);
+    }
+    grx_cache_scrollbars_fenetre_graphique(around);
+    for (INT n : {nested, dialog}) {
+        grx_affecte_fenetre_avec_scroll(n, 0);
+        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0);
+        drain();
+        expect_bars(around, false);
+    }
+}
+
+TEST_F(ScrollBars, TheFlagFollowsInWindowsWithoutThem) {
+    for (INT kind : all_kinds) {
+        const INT n = make(kind);
+        ASSERT_TRUE(wait_visible(widget_of(n)));
+        ASSERT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
+        grx_reaffiche_scrollbars_fenetre_graphique(n);
+        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 1) << kind;
+        grx_cache_scrollbars_fenetre_graphique(n);
+        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
+    }
+}
+
+TEST_F(ScrollBars, NumbersWithoutAWindowKeepTheirRecord) {
+    const INT gone = make(GRX_FEN_ALPHA);
+    ASSERT_TRUE(wait_visible(widget_of(gone)));
+    grx_detruit_fenetre(gone);
+    drain();
+    for (INT n : {gone, 50, 99}) {
+        const char before = record_of(n).attributs_fen_graph;
+        for (INT on : {1, 0}) {
+            grx_affecte_fenetre_avec_scroll(n, on);
+            grx_affecte_fenetre_avec_bgi(n, on);
+            EXPECT_EQ(record_of(n).attributs_fen_graph, before) << n;
+        }
+    }
+}
+
 TEST_F(ScrollBars, WindowsWithoutThemAreSurvived) {
     for (INT kind : all_kinds) {
         const INT n = make(kind);
