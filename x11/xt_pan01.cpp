@@ -151,7 +151,8 @@ bool find_form_box(const BOUTONS_PANEL* record, Box& box) {
 
 // The buttons of any other item stand side by side.
 bool find_row_box(const BOUTONS_PANEL* record, Box& box) {
-    for (std::size_t i = 0; record != nullptr && i < record->nb_bout; ++i) {
+    if (record == nullptr) return false;
+    for (std::size_t i = 0; i < record->nb_bout; ++i) {
         const INT nobou = record->tab_bout[i];
         if (grx_recup_objet_bout(nobou) == nullptr) return false;
         grx::Size size;

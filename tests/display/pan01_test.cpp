@@ -926,6 +926,18 @@ TEST_F(Items, PlaceAndSizeWithoutButtons) {
     EXPECT_EQ(place_of(1, last_item(), 21, place), 0);
 }
 
+TEST_F(Items, PlaceAndSizeOfUnknownItems) {
+    struct At {
+        INT panel, item;
+    };
+    for (const At& at : {At{-1, 0}, At{panel_count, 0}, At{1, -1}, At{1, items_of_a_panel}, At{panel_without_items, 0}})
+        for (INT type : {10, 20, 21, 31}) {
+            INT x = 5, y = 6, width = 7, height = 8;
+            EXPECT_EQ(grx_recup_position_taille_item(at.panel, at.item, type, &x, &y, &width, &height), 0);
+            EXPECT_EQ((Rect{x, y, width, height}), (Rect{5, 6, 7, 8}));
+        }
+}
+
 TEST_F(Items, PlaceAndSizeOfDestroyedButtons) {
     const auto made = build(60, "Valider");
     grx_detruit_bouton(made[0].first);
