@@ -762,6 +762,23 @@ TEST_F(PaletteWindow, DestroyedBehindItsBackEveryCallIsSurvived) {
     expect_sliders_agree();
 }
 
+TEST_F(PaletteWindow, AWindowThatTookItsNumberIsNotTakenForIt) {
+    open();
+    const INT number = No_fen_mod_coul;
+    grx_detruit_fenetre(number);
+    ASSERT_EQ(make(GRX_FEN_ALPHA), number);
+    ASSERT_TRUE(wait_visible(widget_of(number)));
+    drain();
+    grx_cache_retrace_fenetre_modif_palette_couleurs(1);
+    drain();
+    EXPECT_TRUE(visible(x_window(number)));
+    EXPECT_EQ(grx_detruit_fenetre_modif_palette_couleurs(), 1);
+    expect_closed();
+    drain();
+    ASSERT_NE(widget_of(number), nullptr);
+    EXPECT_TRUE(visible(x_window(number)));
+}
+
 TEST_F(PaletteWindow, DyingWithItsParentItIsClosedAndOpenedAgain) {
     open();
     grx_detruit_fenetre(main_window);
