@@ -336,6 +336,15 @@ TEST_F(Items, ALine) {
     EXPECT_EQ(rect_of(made[0].first).width, 60 * W / 10);
 }
 
+TEST_F(Items, ALineAcrossAWideScreen) {
+    const INT tenths = 7000 * 10 / W; // wider than what 16 bits hold of them
+    for (INT type : {80, 82}) {
+        const auto made = build(type, "", [=](GRX_MSG& m) { m.largeur = tenths; });
+        ASSERT_EQ(made.size(), 1U) << type;
+        EXPECT_EQ(rect_of(made[0].first).width, tenths * W / 10) << type;
+    }
+}
+
 TEST_F(Items, ADrawingArea) {
     for (INT type : {100, 109}) {
         const auto made = build(type, "", [](GRX_MSG& m) {
