@@ -235,6 +235,18 @@ TEST_F(Items, ColourNoneMakesAnItemInsensitive) {
         }
 }
 
+TEST_F(Items, ScalesAndDrawingAreasAreSensitiveInAnyColour) {
+    for (INT type : {32, 33, 100})
+        for (INT colour : {0, 1}) {
+            const auto made = build(type, "", [=](GRX_MSG& m) {
+                m.couleur = colour;
+                m.largeur = m.hauteur = 6;
+            });
+            ASSERT_EQ(made.size(), 1U);
+            EXPECT_TRUE(resource<Boolean>(control(made[0].first), XmNsensitive)) << type << ", colour " << colour;
+        }
+}
+
 TEST_F(Items, EveryButtonIsVisible) {
     INT item = 0;
     for (INT type : every_kind) {
@@ -435,7 +447,10 @@ TEST_F(Items, AGroupOfToggles) {
         unsigned char orientation;
     };
     for (const Kind& kind : {Kind{21, XmVERTICAL}, Kind{23, XmHORIZONTAL}}) {
-        const auto made = build(kind.type, "Units- mm - cm-m", [](GRX_MSG& m) { m.ival = 1; });
+        const auto made = build(kind.type, "Units- mm - cm-m", [](GRX_MSG& m) {
+            m.ival = 1;
+            m.largeur = 6; // which pads a drop-down choice only
+        });
         ASSERT_EQ(made.size(), 4U);
         EXPECT_EQ(flags(1, last_item()), (std::vector<int>{0, 1, 1, 1}));
         EXPECT_EQ(label_of(control(made[0].first)), "Units");

@@ -575,9 +575,13 @@ TEST_F(PaletteWindow, BothEventsOfEverySliderAreTaken) {
     for (INT type : {64, 6})
         for (INT n : {Rouge, Vert, Bleu, Bou_h, Bou_l, Bou_s})
             for (INT value : {100, 0, 42}) {
+                const bool coloured = n == Rouge || n == Vert || n == Bleu;
+                const auto own = coloured ? rvb_sliders() : hls_sliders();
+                const Triple before = slider_values(own);
                 EXPECT_EQ(given(slider_event(type, n, value)), 1) << type << " " << n << " " << value;
+                EXPECT_EQ(slider_values(own), before) << "the user moves them";
                 EXPECT_EQ(rgb_of(colour), read_back(values(rvb_glob)));
-                if (n == Rouge || n == Vert || n == Bleu) {
+                if (coloured) {
                     EXPECT_EQ(values(hls_glob), in_hls(values(rvb_glob)));
                     EXPECT_EQ(slider_values(hls_sliders()), values(hls_glob));
                 } else {
