@@ -374,7 +374,7 @@ Display* manager = nullptr;
 Area manager_makes;
 void play_manager(Widget shell, XtPointer, XEvent*, Boolean*) {
     const Area makes = std::exchange(manager_makes, {});
-    if (makes.height) XResizeWindow(manager, XtWindow(shell), 260, 190);
+    if (makes.height) XResizeWindow(manager, XtWindow(shell), unsigned(makes.width), unsigned(makes.height));
     if (makes.y) XMoveWindow(manager, XtWindow(shell), makes.x, makes.y);
     XSync(manager, False);
     XSync(XtDisplay(shell), False); // the news are on their way
@@ -419,6 +419,20 @@ TEST_F(ManagedDecorating, APlaceThatTheManagerMadeIsLeft) {
         EXPECT_EQ(after.y, 177);
         EXPECT_NE(after.width, 200) << "the size is still mended";
         EXPECT_NE(after.height, 150);
+        grx_detruit_fenetre(n);
+        drain();
+    }
+}
+
+TEST_F(ManagedDecorating, OnlyAHeightAndAnUpperEdgeTellThatTheManagerWasAtWork) {
+    constexpr int d = border - no_resize;
+    constexpr int left = 100 - border, top = 120 - title - border;
+    for (const Area& makes : {Area{0, 0, 260, 150}, Area{140, top, 0, 0}}) {
+        const INT n = with_manager(makes);
+        grx_supprime_bord_fenetre(n);
+        const Area after = area(n);
+        EXPECT_NE(after.x, makes.x ? makes.x : left) << "moved all the same";
+        EXPECT_EQ((Area{0, after.y, after.width, after.height}), (Area{0, top - d, 200 + 2 * d, 150 + 2 * d}));
         grx_detruit_fenetre(n);
         drain();
     }
