@@ -62,13 +62,13 @@ GRX_API void grx_demande_taille_optimale_panel(INT* lar, INT* hau);
 
 /* Builds one item in window fen_mere. In the record: type its kind (GRX_ITEM_...), clef its key, x, y
  * its place in pixels from the top left, largeur and hauteur in characters (of icons and separators
- * in tenths of one), titre its texts, nobou the PANEL and prebou the ITEM number, couleur 0 =
- * insensitive. Writes x + 1, y + 1, and prebou: the field's button number for a kind with an entry
- * field, else 0. The item's events carry the function number clef + GRX_BASE_NOFO_..., kinds 50..59
- * nobou + GRX_BASE_NOFO_FONCTION, kinds 60..69 and fields of other families clef alone; those of
- * toggles and drop-down choices name no window (nofen -1) and their choice, from 0, in valeur. Returns
- * 0; 105 when memory is short, or when the item is unknown or has no place left for its buttons (a
- * list needs neither). */
+ * in tenths of one), titre its texts, nobou the PANEL and prebou the ITEM number, couleur 0 for
+ * insensitive buttons, toggles, choices and fields. Writes x + 1, y + 1, and prebou: the field's button
+ * number for a kind with an entry field, else 0. The item's events carry the function number clef +
+ * GRX_BASE_NOFO_..., kinds 50..59 nobou + GRX_BASE_NOFO_FONCTION, kinds 60..69 and fields of other
+ * families clef alone; those of toggles and drop-down choices name no window (nofen -1) and their
+ * choice, from 0, in valeur. Returns 0; 105 when memory is short, or when the item is unknown or has no
+ * place left for its buttons (a list needs neither). */
 GRX_API INT grx_cree_item(GRX_MSG* message);
 
 /* The two composite kinds: a drop-down choice, a group of toggles. titre: title and choices,

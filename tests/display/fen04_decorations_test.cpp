@@ -487,7 +487,11 @@ TEST_F(Decorating, ExtremeSettingsAreSurvived) {
 TEST_F(Decorating, AHiddenWindowOfEachKindIsSurvived) {
     for (INT kind : all_kinds) {
         const INT n = make(kind, 0);
-        for (Operation operation : operations) EXPECT_EQ(operation(n), 0) << kind;
+        for (Operation operation : operations) {
+            EXPECT_EQ(operation(n), 0) << kind;
+            drain();
+            EXPECT_FALSE(XtIsRealized(shell_of(n)) && visible(XtWindow(shell_of(n)))) << kind << ": stays hidden";
+        }
         EXPECT_EQ(decorations(n), ((((1 | 24) ^ 24) | 4) ^ 4)) << kind;
         grx_affiche_fenetre(n);
         ASSERT_TRUE(wait_visible(widget_of(n))) << kind;
