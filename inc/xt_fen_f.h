@@ -78,15 +78,15 @@ GRX_API INT ajoute_gestion_expose_pour_fenetre(INT nofen);
 
 /* --- scroll bars and decorations --------------------------------------------------------- */
 
-/* Get (1 or 0) and set (etat zero or not) two flags of a graphic window: its scroll bars are shown;
- * it is a "bgi" window, which means nothing to the library. */
+/* Get (1 or 0) and set (etat zero or not) two flags of a window: its scroll bars are shown; it is a
+ * "bgi" window, which means nothing to the library. */
 GRX_API INT grx_is_fenetre_avec_scroll(INT nofen);
 GRX_API INT grx_affecte_fenetre_avec_scroll(INT nofen, INT etat);
 GRX_API INT grx_is_fenetre_avec_bgi(INT nofen);
 GRX_API INT grx_affecte_fenetre_avec_bgi(INT nofen, INT etat);
 
 /* Hide the scroll bars of a graphic window when the flag says that they are shown, and the reverse;
- * the flag follows. */
+ * the flag follows, also where there are none. */
 GRX_API INT grx_cache_scrollbars_fenetre_graphique(INT nofen);
 GRX_API INT grx_reaffiche_scrollbars_fenetre_graphique(INT nofen);
 

@@ -18,7 +18,7 @@ GRX_DEBUT_C
 GRX_API void grx_recup_taille_position_fenetre_message_plein_ecran(INT* x, INT* y, INT* lar, INT* hau);
 
 /* Creates the window of the strip from its description, whose height haut it sets to two rows; the
- * number, or its absence, is in fen_info->nofen. */
+ * number is in fen_info->nofen, untouched when the window cannot be made. */
 GRX_API void grx_cree_fenetre_info(GRX_FENETRE* fen_info);
 
 /* Creates the nineteen controls that the application described in zone_info, and their separators

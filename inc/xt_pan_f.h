@@ -61,15 +61,18 @@ GRX_API INT grx_recup_position_taille_item(INT ipan, INT item, INT type, INT* x,
 GRX_API void grx_demande_taille_optimale_panel(INT* lar, INT* hau);
 
 /* Builds one item in window fen_mere. In the record: type its kind (GRX_ITEM_...), clef its key, x, y
- * its place in pixels from the top left, largeur and hauteur in characters, titre its texts, nobou
- * the PANEL and prebou the ITEM number, couleur 0 = insensitive. Writes x + 1, y + 1, and prebou: the
- * field's button number for a kind with an entry field, else 0. The item's events carry the function
- * number clef + GRX_BASE_NOFO_... ; those of toggles and drop-down choices name no window (nofen -1) and
- * their choice, from 0, in valeur. */
+ * its place in pixels from the top left, largeur and hauteur in characters (of icons and separators
+ * in tenths of one), titre its texts, nobou the PANEL and prebou the ITEM number, couleur 0 for
+ * insensitive buttons, toggles, choices and fields. Writes x + 1, y + 1, and prebou: the field's button
+ * number for a kind with an entry field, else 0. The item's events carry the function number clef +
+ * GRX_BASE_NOFO_..., kinds 50..59 nobou + GRX_BASE_NOFO_FONCTION, kinds 60..69 and fields of other
+ * families clef alone; those of toggles and drop-down choices name no window (nofen -1) and their
+ * choice, from 0, in valeur. Returns 0; 105 when memory is short, or when the item is unknown or has no
+ * place left for its buttons (a list needs neither). */
 GRX_API INT grx_cree_item(GRX_MSG* message);
 
 /* The two composite kinds: a drop-down choice, a group of toggles. titre: title and choices,
- * separated by '-'; ival: the current choice, from 0. */
+ * separated by '-'; ival: the current choice, from 0. Return what grx_cree_item returns. */
 GRX_API INT grx_cree_istate1(GRX_MSG* message);
 GRX_API INT grx_cree_bstate1(GRX_MSG* message);
 
@@ -87,7 +90,7 @@ GRX_API INT decode_message(char* message, INT nb, INT* nb_lignes, char lignes[][
 GRX_API INT grx_alloue_base_liste_panels(void);
 GRX_API INT grx_desalloue_base_liste_panels(void);
 
-/* Doubles the table when it is full. */
+/* Doubles the table when it is full. Returns 0, or 1 when memory is short. */
 GRX_API INT test_realloue_Tab_liste(void);
 
 /* Slot of the list with the key cle (clef + GRX_BASE_CLEF_LISTE) in a panel, -1 when there is none. */

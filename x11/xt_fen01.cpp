@@ -161,6 +161,14 @@ Widget outer_widget(INT nofen) {
     return beside_of(nofen).outer;
 }
 
+// A window that stands in another, or was opened over it, has that one's scroll bars further up: they are not its own.
+Widget own_scrolled_window(INT nofen) {
+    Widget w = grx_recup_objet_fen(nofen);
+    Widget outermost = outer_widget(nofen) != nullptr ? outer_widget(nofen) : nearest_shell(w);
+    while (w != nullptr && w != outermost && !XmIsScrolledWindow(w)) w = XtParent(w);
+    return w != nullptr && XmIsScrolledWindow(w) ? w : nullptr;
+}
+
 INT* stored_width(INT nofen) {
     return in_base(nofen) && largeur_fen != nullptr ? &largeur_fen[nofen] : nullptr;
 }

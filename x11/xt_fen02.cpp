@@ -300,7 +300,7 @@ Origin origin_of(Window window) {
 }
 
 Widget scroll_bar_of(INT nofen, bool vertical) {
-    return grx::scroll_bar(grx::nearest_scrolled_window(grx_recup_objet_fen(nofen)), vertical);
+    return grx::scroll_bar(grx::own_scrolled_window(nofen), vertical);
 }
 
 void set_backing_store(INT nofen, int mode) {
@@ -519,8 +519,8 @@ INT grx_coord_relative_to_absolues(INT nofen, INT x1, INT y1, INT* x2, INT* y2) 
 }
 
 INT grx_affecte_increment_scrollbar(INT nofen, INT valeur) {
-    set_increments(scroll_bar_of(nofen, false), valeur);
-    set_increments(scroll_bar_of(nofen, true), valeur);
+    Widget scrolled = grx::nearest_scrolled_window(grx_recup_objet_fen(nofen)); // also that of a window around it
+    for (const bool vertical : {false, true}) set_increments(grx::scroll_bar(scrolled, vertical), valeur);
     return 0;
 }
 

@@ -127,21 +127,26 @@ INT grx_recup_curseur_graphique(void) {
 
 namespace {
 
+// The record of a window that is there; a free entry keeps what it holds.
+STRUCTURE_FENETRE* flags_of(INT nofen) {
+    return grx_recup_objet_fen(nofen) != nullptr ? grx::window_record(nofen) : nullptr;
+}
+
 bool has_flag(INT nofen, char flag) {
-    const STRUCTURE_FENETRE* const record = grx::window_record(nofen);
+    const STRUCTURE_FENETRE* const record = flags_of(nofen);
     return record != nullptr && (record->attributs_fen_graph & flag) != 0;
 }
 
 void set_flag(INT nofen, char flag, bool on) {
-    STRUCTURE_FENETRE* const record = grx::window_record(nofen);
+    STRUCTURE_FENETRE* const record = flags_of(nofen);
     if (record == nullptr) return;
     const auto bits = static_cast<uchar>(record->attributs_fen_graph);
     record->attributs_fen_graph = static_cast<char>(on ? bits | flag : bits & ~flag);
 }
 
 void show_scroll_bars(INT nofen, bool shown) {
-    Widget scrolled = grx::nearest_scrolled_window(grx_recup_objet_fen(nofen));
-    if (scrolled == nullptr || has_flag(nofen, GRX_FENG_SCROLL) == shown) return;
+    if (has_flag(nofen, GRX_FENG_SCROLL) == shown) return;
+    Widget scrolled = grx::own_scrolled_window(nofen);
     for (const bool vertical : {false, true}) {
         Widget bar = grx::scroll_bar(scrolled, vertical);
         if (bar == nullptr) continue;

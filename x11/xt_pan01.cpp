@@ -46,6 +46,7 @@ INT* Nb_item = nullptr;
 namespace {
 
 PANEL* given_panels = nullptr; // Tab_pan was set here, not by the application
+INT table_places = 0;          // of Liste_btn and Nb_item, whatever the application makes of Nb_pan
 
 // What a button is to its item.
 constexpr char kLabel = 0;
@@ -65,8 +66,12 @@ void release(T*& table, INT count) {
     table = nullptr;
 }
 
+bool in_tables(INT ipan) {
+    return Liste_btn != nullptr && Nb_item != nullptr && ipan >= 0 && ipan < table_places;
+}
+
 bool known_panel(INT ipan) {
-    return Liste_btn != nullptr && Nb_item != nullptr && ipan >= 0 && ipan < Nb_pan;
+    return in_tables(ipan) && ipan < Nb_pan;
 }
 
 BOUTONS_PANEL* record_of(INT ipan, INT item) {
@@ -151,7 +156,8 @@ bool find_form_box(const BOUTONS_PANEL* record, Box& box) {
 
 // The buttons of any other item stand side by side.
 bool find_row_box(const BOUTONS_PANEL* record, Box& box) {
-    for (std::size_t i = 0; record != nullptr && i < record->nb_bout; ++i) {
+    if (record == nullptr) return false;
+    for (std::size_t i = 0; i < record->nb_bout; ++i) {
         const INT nobou = record->tab_bout[i];
         if (grx_recup_objet_bout(nobou) == nullptr) return false;
         grx::Size size;
@@ -171,19 +177,19 @@ extern "C" {
 
 INT grx_alloue_base_items_panels(INT nb_pan, PANEL* tab) {
     if (Liste_btn != nullptr || Nb_item != nullptr) grx_desalloue_base_items_panels();
-    Nb_pan = std::max<INT>(nb_pan, 0);
+    Nb_pan = table_places = std::max<INT>(nb_pan, 0);
     if (Tab_pan == nullptr) Tab_pan = given_panels = tab;
     if (!allocate_panels(Nb_pan, tab)) return GRX_ERR_ALLOC_PANNEAUX;
     return grx_alloue_base_liste_panels() == 0 ? 0 : GRX_ERR_ALLOC_PANNEAUX;
 }
 
 INT grx_desalloue_base_items_panels(void) {
-    for (INT i = 0; known_panel(i); ++i) {
+    for (INT i = 0; in_tables(i); ++i) {
         if (Nb_item[i] > 0) release(Liste_btn[i], Nb_item[i]);
     }
-    release(Nb_item, Nb_pan);
-    release(Liste_btn, Nb_pan);
-    Nb_pan = 0;
+    release(Nb_item, table_places);
+    release(Liste_btn, table_places);
+    Nb_pan = table_places = 0;
     if (Tab_pan == given_panels) Tab_pan = nullptr;
     given_panels = nullptr;
     return grx_desalloue_base_liste_panels();
@@ -316,8 +322,9 @@ struct Item {
     INT result;
 };
 
-INT product(INT count, INT size) {
-    return static_cast<INT>(std::clamp<int64_t>(int64_t{count} * size, INT16_MIN, INT16_MAX));
+// Pixels, as many as the toolkit can hold.
+INT product(INT count, INT size, INT parts = 1) {
+    return static_cast<INT>(std::clamp<int64_t>(int64_t{count} * size / parts, INT16_MIN, INT16_MAX));
 }
 
 INT character_width() {
@@ -425,8 +432,8 @@ void add_small_button(Item& item, const char* title) {
 
 void set_icon_size(GRX_BOUTON& bou, const GRX_MSG& message) {
     const bool given = message.largeur != GRX_AUCUN && message.hauteur != GRX_AUCUN;
-    bou.largeur = given ? product(message.largeur, character_width()) / kTenths : grx_recup_taille_icone_x();
-    bou.hauteur = given ? product(message.hauteur, line_height()) / kTenths : grx_recup_taille_icone_y();
+    bou.largeur = given ? product(message.largeur, character_width(), kTenths) : grx_recup_taille_icone_x();
+    bou.hauteur = given ? product(message.hauteur, line_height(), kTenths) : grx_recup_taille_icone_y();
 }
 
 void set_text_size(GRX_BOUTON& bou, const char* text) {
@@ -501,8 +508,8 @@ void add_separator(Item& item) {
     const bool vertical = item.message.type == GRX_ITEM_SEPARATEUR_V;
     GRX_BOUTON line = control(
         item, GRX_BOU_SEPARATEUR, vertical ? GRX_BOU_ATT_ACTIF : GRX_BOU_ATT_ACTIF | GRX_BOU_ATT_SEPARATEUR_HORIZ);
-    if (item.message.largeur >= 0) line.largeur = product(item.message.largeur, character_width()) / kTenths;
-    if (item.message.hauteur >= 0) line.hauteur = product(item.message.hauteur, line_height()) / kTenths;
+    if (item.message.largeur >= 0) line.largeur = product(item.message.largeur, character_width(), kTenths);
+    if (item.message.hauteur >= 0) line.hauteur = product(item.message.hauteur, line_height(), kTenths);
     const INT nobou = add(item, line, kLabel);
     Widget w = grx_recup_objet_bout(nobou);
     if (w != nullptr && item.message.type == GRX_ITEM_SEPARATEUR_DOUBLE)

@@ -47,6 +47,11 @@ INT item_key(INT cle) {
     return cle >= GRX_BASE_CLEF_LISTE ? cle - GRX_BASE_CLEF_LISTE : GRX_AUCUN;
 }
 
+// The index in the record is the application's: a list is known by its key.
+INT item_key(const LISTE_PANEL& slot) {
+    return item_key(slot.ietat);
+}
+
 // The first `count` texts of a list; fewer when the application has no more.
 grx::ItemTable items_of(INT clef, INT count) {
     const CH80* const texts = of_host(lsstate, clef);
@@ -211,7 +216,7 @@ void occupy(LISTE_PANEL& slot, const GRX_MSG& msg, Widget list) {
     slot.obj = list;
     grx::add_list_callbacks(list, kCallbacks, &slot);
     XtAddCallback(list, XmNdestroyCallback, on_death, nullptr);
-    select_at_first(list, slot.ind);
+    select_at_first(list, item_key(slot));
     note_selection(slot);
 }
 
@@ -253,22 +258,27 @@ Widget make_list(Widget parent, const GRX_MSG& msg, grx::ItemTable& items) {
 // ------------------------------------------------------------------------------------------------------- changes
 
 void reload(LISTE_PANEL& slot) {
-    grx::ItemTable items = items_of(slot.ind, grx::host_list_length(slot.ind));
+    const INT clef = item_key(slot);
+    grx::ItemTable items = items_of(clef, grx::host_list_length(clef));
     if (!items) return;
     XmListDeselectAllItems(slot.obj);
     grx::Args args;
     args.set(XmNitems, items.get()).set(XmNitemCount, items.count());
     XtSetValues(slot.obj, args.list(), args.count());
     slot.nb_item = items.count();
-    select_at_first(slot.obj, slot.ind);
+    select_at_first(slot.obj, clef);
     note_selection(slot);
+}
+
+bool is_on_show(const LISTE_PANEL& slot, INT clef) {
+    return is_used(slot) && slot.obj != nullptr && item_key(slot) == clef;
 }
 
 enum Mode : INT { kReload = 0, kChangeType = 1 };
 
 INT modif_items_liste_general(Mode mode, INT clef, INT type) {
     for (LISTE_PANEL& slot : all_slots()) {
-        if (!is_used(slot) || slot.obj == nullptr || slot.ind != clef) continue;
+        if (!is_on_show(slot, clef)) continue;
         if (mode == kReload)
             reload(slot);
         else
@@ -353,10 +363,8 @@ INT grx_supprime_item_liste(INT ipan, INT clef) {
 
 INT grx_test_liste_ouverte(INT clef) {
     const auto slots = all_slots();
-    return std::any_of(slots.begin(), slots.end(),
-               [clef](const LISTE_PANEL& slot) { return is_used(slot) && slot.ind == clef && slot.obj != nullptr; })
-               ? 1
-               : 0;
+    const auto on_show = [clef](const LISTE_PANEL& slot) { return is_on_show(slot, clef); };
+    return std::any_of(slots.begin(), slots.end(), on_show) ? 1 : 0;
 }
 
 INT grx_modif_items_liste(INT clef) {

@@ -103,8 +103,9 @@ struct Reference {
     INT x = 0, low = 0;           // left edge, and lower edge from the bottom of the screen
     INT saved_x = 0, saved_y = 0; // the saved place that it was opened with
     grx::Size size;
+    bool same_place(const Reference& other) const { return x == other.x && low == other.low && size == other.size; }
 };
-Reference reference;
+Reference reference, last;
 
 // Told by the window manager's frame, which stays where it is while the window is being put into it.
 Reference where(Widget shell) {
@@ -125,8 +126,12 @@ void note_place(const Reference& now) {
 void on_structure(Widget shell, XtPointer, XEvent* event, Boolean*) {
     // The first map is told before the window is in its frame, and may be seen halfway into it.
     const bool shown = event->type == MapNotify && !reference.known;
-    if (shown || event->type == ReparentNotify) reference = where(shell);
-    if (event->type == ConfigureNotify && reference.known) note_place(where(shell));
+    if (shown || event->type == ReparentNotify) reference = last = where(shell);
+    if (event->type != ConfigureNotify || !reference.known) return;
+    const Reference now = where(shell);
+    if (now.same_place(last)) return; // told again: what the application set meanwhile holds
+    last = now;
+    note_place(now);
 }
 
 void follow(const PANEL& panel) {

@@ -37,10 +37,16 @@ constexpr std::array<INT*, 3> kRgbSliders{&Rouge, &Vert, &Bleu};
 constexpr std::array<INT*, 3> kHlsSliders{&Bou_h, &Bou_l, &Bou_s};
 constexpr std::array<INT*, 7> kButtons{&Rouge, &Vert, &Bleu, &Bou_reset, &Bou_h, &Bou_l, &Bou_s};
 
-INT former_window = GRX_AUCUN; // that was to be digitized before
+INT former_window = GRX_AUCUN;   // that was to be digitized before
+Widget palette_widget = nullptr; // what the window's number named when it was opened
 
 bool is_open() {
     return No_fen_mod_coul != GRX_AUCUN;
+}
+
+// The window to act on: once it is gone its number may be another's, before its end was told.
+INT own_window() {
+    return grx_recup_objet_fen(No_fen_mod_coul) == palette_widget ? No_fen_mod_coul : GRX_AUCUN;
 }
 
 Triple triple(const INT* values) {
@@ -191,6 +197,7 @@ bool open_window(INT x, INT y, const char* titre, INT parent) {
     if (titre != nullptr) grx::copy_text(fenetre.titre, {titre, strnlen(titre, room)});
     if (grx_cree_fenetre(&fenetre) < 0) return false;
     No_fen_mod_coul = fenetre.nofen;
+    palette_widget = grx_recup_objet_fen(fenetre.nofen);
     return true;
 }
 
@@ -291,7 +298,7 @@ INT grx_affiche_fenetre_modif_palette_couleurs(INT a1, INT a2, char titre[256], 
 INT grx_detruit_fenetre_modif_palette_couleurs(void) {
     if (!is_open()) return 0;
     for (const INT* const number : kButtons) grx_detruit_bouton(*number);
-    const INT window = No_fen_mod_coul;
+    const INT window = own_window();
     forget_window();
     grx_detruit_fenetre(window);
     return 1;
@@ -299,14 +306,13 @@ INT grx_detruit_fenetre_modif_palette_couleurs(void) {
 
 INT grx_cache_retrace_fenetre_modif_palette_couleurs(INT cache) {
     if (!is_open()) return 0;
-    if (cache != 0) return grx_cache_fenetre(No_fen_mod_coul);
-    return grx_affiche_fenetre(No_fen_mod_coul);
+    return cache != 0 ? grx_cache_fenetre(own_window()) : grx_affiche_fenetre(own_window());
 }
 
 INT grx_retrace_fenetre_modif_palette_couleurs(void) {
     if (!is_open()) return 0;
-    grx_affiche_fenetre(No_fen_mod_coul);
-    grx::redraw(grx_recup_objet_fen(No_fen_mod_coul));
+    grx_affiche_fenetre(own_window());
+    grx::redraw(grx_recup_objet_fen(own_window()));
     return 0;
 }
 

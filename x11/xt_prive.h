@@ -37,8 +37,9 @@ bool holds_dead_pixmap(INT nofen); // the backing picture was released, its id i
 void mark_dead_pixmap(INT nofen, bool dead);
 void mark_framed(INT nofen, bool framed); // a window manager put the window into a frame of its own
 bool is_framed(INT nofen);
-Widget outer_widget(INT nofen); // outermost widget made for a nested window, else null
-INT* stored_width(INT nofen);   // largeur_fen, hauteur_fen: null out of range
+Widget outer_widget(INT nofen);        // outermost widget made for a nested window, else null
+Widget own_scrolled_window(INT nofen); // that the window was made in, null when there is none
+INT* stored_width(INT nofen);          // largeur_fen, hauteur_fen: null out of range
 INT* stored_height(INT nofen);
 
 // -- window events (xt_fen02)

@@ -809,6 +809,26 @@ TEST_F(ScrollTest, WithoutABarAllIsZero) {
     }
 }
 
+TEST_F(ScrollTest, ABarOfTheWindowAroundIsNotItsOwn) {
+    const INT around = scrolled();
+    GRX_FENETRE description = described(GRX_FEN_ALPHA);
+    description.fen_mere = around;
+    for (INT n : {make(nested_in(around, GRX_FEN_ALPHA)), make(description)}) {
+        ASSERT_TRUE(wait_visible(widget_of(n)));
+        for (INT side : {0, 1}) {
+            INT len = 1, min = 2, max = 3, value = 4;
+            grx_recup_carac_scroll_fenetre(n, side, &len, &min, &max, &value);
+            EXPECT_EQ((std::array{len, min, max, value}), (std::array<INT, 4>{})) << side;
+            grx_affecte_carac_scroll_fenetre(n, side, 0, 5, 700, 40);
+            grx_recup_carac_scroll_fenetre(around, side, &len, &min, &max, &value);
+            EXPECT_EQ((std::array{min, max, value}), (std::array<INT, 3>{0, 1000, 0})) << side;
+        }
+        INT width = 11, height = 12;
+        grx_recup_taille_scrollbars_fenetre(n, &width, &height);
+        EXPECT_EQ(std::pair(width, height), std::pair(11, 12));
+    }
+}
+
 TEST_F(ScrollTest, BothIncrementsOfBothBars) {
     for (INT kind : {GRX_FEN_GRAPHIQUE, GRX_FEN_ALPHA}) {
         const INT n = shown(kind, visible_bit | scroll_bit);

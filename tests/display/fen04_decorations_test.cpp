@@ -147,6 +147,55 @@ TEST_F(ScrollBars, HidingLeavesTheOtherFlag) {
     EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 1);
 }
 
+TEST_F(ScrollBars, OfTheWindowAroundAreLeftAlone) {
+    const INT around = graphic();
+    const INT nested = make(nested_in(around, GRX_FEN_ALPHA));
+    GRX_FENETRE description = described(GRX_FEN_ALPHA);
+    description.fen_mere = around;
+    const INT dialog = make(description);
+    for (INT n : {nested, dialog}) {
+        ASSERT_TRUE(wait_visible(widget_of(n)));
+        grx_affecte_fenetre_avec_scroll(n, 1);
+        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0);
+        drain();
+        expect_bars(around, true);
+    }
+    grx_cache_scrollbars_fenetre_graphique(around);
+    for (INT n : {nested, dialog}) {
+        grx_affecte_fenetre_avec_scroll(n, 0);
+        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0);
+        drain();
+        expect_bars(around, false);
+    }
+}
+
+TEST_F(ScrollBars, TheFlagFollowsInWindowsWithoutThem) {
+    for (INT kind : all_kinds) {
+        const INT n = make(kind);
+        ASSERT_TRUE(wait_visible(widget_of(n)));
+        ASSERT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
+        grx_reaffiche_scrollbars_fenetre_graphique(n);
+        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 1) << kind;
+        grx_cache_scrollbars_fenetre_graphique(n);
+        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
+    }
+}
+
+TEST_F(ScrollBars, NumbersWithoutAWindowKeepTheirRecord) {
+    const INT gone = make(GRX_FEN_ALPHA);
+    ASSERT_TRUE(wait_visible(widget_of(gone)));
+    grx_detruit_fenetre(gone);
+    drain();
+    for (INT n : {gone, 50, 99}) {
+        const char before = record_of(n).attributs_fen_graph;
+        for (INT on : {1, 0}) {
+            grx_affecte_fenetre_avec_scroll(n, on);
+            grx_affecte_fenetre_avec_bgi(n, on);
+            EXPECT_EQ(record_of(n).attributs_fen_graph, before) << n;
+        }
+    }
+}
+
 TEST_F(ScrollBars, WindowsWithoutThemAreSurvived) {
     for (INT kind : all_kinds) {
         const INT n = make(kind);
@@ -325,7 +374,7 @@ Display* manager = nullptr;
 Area manager_makes;
 void play_manager(Widget shell, XtPointer, XEvent*, Boolean*) {
     const Area makes = std::exchange(manager_makes, {});
-    if (makes.height) XResizeWindow(manager, XtWindow(shell), 260, 190);
+    if (makes.height) XResizeWindow(manager, XtWindow(shell), unsigned(makes.width), unsigned(makes.height));
     if (makes.y) XMoveWindow(manager, XtWindow(shell), makes.x, makes.y);
     XSync(manager, False);
     XSync(XtDisplay(shell), False); // the news are on their way
@@ -370,6 +419,20 @@ TEST_F(ManagedDecorating, APlaceThatTheManagerMadeIsLeft) {
         EXPECT_EQ(after.y, 177);
         EXPECT_NE(after.width, 200) << "the size is still mended";
         EXPECT_NE(after.height, 150);
+        grx_detruit_fenetre(n);
+        drain();
+    }
+}
+
+TEST_F(ManagedDecorating, OnlyAHeightAndAnUpperEdgeTellThatTheManagerWasAtWork) {
+    constexpr int d = border - no_resize;
+    constexpr int left = 100 - border, top = 120 - title - border;
+    for (const Area& makes : {Area{0, 0, 260, 150}, Area{140, top, 0, 0}}) {
+        const INT n = with_manager(makes);
+        grx_supprime_bord_fenetre(n);
+        const Area after = area(n);
+        EXPECT_NE(after.x, makes.x ? makes.x : left) << "moved all the same";
+        EXPECT_EQ((Area{0, after.y, after.width, after.height}), (Area{0, top - d, 200 + 2 * d, 150 + 2 * d}));
         grx_detruit_fenetre(n);
         drain();
     }
@@ -424,7 +487,11 @@ TEST_F(Decorating, ExtremeSettingsAreSurvived) {
 TEST_F(Decorating, AHiddenWindowOfEachKindIsSurvived) {
     for (INT kind : all_kinds) {
         const INT n = make(kind, 0);
-        for (Operation operation : operations) EXPECT_EQ(operation(n), 0) << kind;
+        for (Operation operation : operations) {
+            EXPECT_EQ(operation(n), 0) << kind;
+            drain();
+            EXPECT_FALSE(XtIsRealized(shell_of(n)) && visible(XtWindow(shell_of(n)))) << kind << ": stays hidden";
+        }
         EXPECT_EQ(decorations(n), ((((1 | 24) ^ 24) | 4) ^ 4)) << kind;
         grx_affiche_fenetre(n);
         ASSERT_TRUE(wait_visible(widget_of(n))) << kind;

@@ -140,7 +140,7 @@ TEST_F(Strip, AWindowThatCannotBeMadeIsTold) {
     impossible.nofen = 55;
     grx_cree_fenetre_info(&impossible);
     EXPECT_EQ(impossible.haut, 2 * height + 6);
-    EXPECT_NE(impossible.nofen, window);
+    EXPECT_EQ(impossible.nofen, 55) << "untouched";
     EXPECT_EQ(grx_recup_objet_fen(impossible.nofen), nullptr);
     grx_cree_fenetre_info(nullptr);
 }
@@ -258,6 +258,8 @@ TEST_F(Strip, TheFrameLooksSunken) {
     create();
     const GRX_BOUTON& field = zone->Bou_mess;
     Widget frame = control(frame_of(&GRX_ZONE_INFO::Bou_mess));
+    EXPECT_TRUE(resource<Boolean>(frame, XmNsensitive));
+    EXPECT_EQ(label_of(frame), "");
     const Pixels picture =
         grab(x11_disp, x_window(window), {field.x - 2, field.y - 2, field.largeur + 4, field.hauteur + 4});
     EXPECT_EQ(picture.at(field.largeur / 2, 0), resource<Pixel>(frame, XmNbottomShadowColor)) << "dark above";

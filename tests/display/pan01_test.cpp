@@ -235,6 +235,18 @@ TEST_F(Items, ColourNoneMakesAnItemInsensitive) {
         }
 }
 
+TEST_F(Items, ScalesAndDrawingAreasAreSensitiveInAnyColour) {
+    for (INT type : {32, 33, 100})
+        for (INT colour : {0, 1}) {
+            const auto made = build(type, "", [=](GRX_MSG& m) {
+                m.couleur = colour;
+                m.largeur = m.hauteur = 6;
+            });
+            ASSERT_EQ(made.size(), 1U);
+            EXPECT_TRUE(resource<Boolean>(control(made[0].first), XmNsensitive)) << type << ", colour " << colour;
+        }
+}
+
 TEST_F(Items, EveryButtonIsVisible) {
     INT item = 0;
     for (INT type : every_kind) {
@@ -336,6 +348,15 @@ TEST_F(Items, ALine) {
     EXPECT_EQ(rect_of(made[0].first).width, 60 * W / 10);
 }
 
+TEST_F(Items, ALineAcrossAWideScreen) {
+    const INT tenths = 7000 * 10 / W; // wider than what 16 bits hold of them
+    for (INT type : {80, 82}) {
+        const auto made = build(type, "", [=](GRX_MSG& m) { m.largeur = tenths; });
+        ASSERT_EQ(made.size(), 1U) << type;
+        EXPECT_EQ(rect_of(made[0].first).width, tenths * W / 10) << type;
+    }
+}
+
 TEST_F(Items, ADrawingArea) {
     for (INT type : {100, 109}) {
         const auto made = build(type, "", [](GRX_MSG& m) {
@@ -426,7 +447,10 @@ TEST_F(Items, AGroupOfToggles) {
         unsigned char orientation;
     };
     for (const Kind& kind : {Kind{21, XmVERTICAL}, Kind{23, XmHORIZONTAL}}) {
-        const auto made = build(kind.type, "Units- mm - cm-m", [](GRX_MSG& m) { m.ival = 1; });
+        const auto made = build(kind.type, "Units- mm - cm-m", [](GRX_MSG& m) {
+            m.ival = 1;
+            m.largeur = 6; // which pads a drop-down choice only
+        });
         ASSERT_EQ(made.size(), 4U);
         EXPECT_EQ(flags(1, last_item()), (std::vector<int>{0, 1, 1, 1}));
         EXPECT_EQ(label_of(control(made[0].first)), "Units");
@@ -924,6 +948,18 @@ TEST_F(Items, PlaceAndSizeWithoutButtons) {
     EXPECT_EQ(place_of(1, 0, 21, place), 0);
     build(21, "Alone");
     EXPECT_EQ(place_of(1, last_item(), 21, place), 0);
+}
+
+TEST_F(Items, PlaceAndSizeOfUnknownItems) {
+    struct At {
+        INT panel, item;
+    };
+    for (const At& at : {At{-1, 0}, At{panel_count, 0}, At{1, -1}, At{1, items_of_a_panel}, At{panel_without_items, 0}})
+        for (INT type : {10, 20, 21, 31}) {
+            INT x = 5, y = 6, width = 7, height = 8;
+            EXPECT_EQ(grx_recup_position_taille_item(at.panel, at.item, type, &x, &y, &width, &height), 0);
+            EXPECT_EQ((Rect{x, y, width, height}), (Rect{5, 6, 7, 8}));
+        }
 }
 
 TEST_F(Items, PlaceAndSizeOfDestroyedButtons) {

@@ -642,6 +642,22 @@ TEST_F(PanelLists, ChangingTheMode) {
 
 // --- what is not there ------------------------------------------------------------------------------------------------------------------------------------
 
+TEST_F(PanelLists, TheIndexIsTheApplicationsToChange) {
+    const HostList host(key, {"a", "b", "c"});
+    Widget list = made();
+    const INT slot = slot_of(panel, key);
+    ASSERT_GE(slot, 0);
+    Tab_liste[slot].ind = 123;
+    EXPECT_EQ(grx_test_liste_ouverte(key), 1);
+    EXPECT_EQ(grx_test_liste_ouverte(123), 0);
+    lnstate[key] = 2;
+    EXPECT_EQ(grx_modif_items_liste(key), 0);
+    EXPECT_EQ(entries_in(list), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(grx_change_type_liste(key, GRX_LISTE_MULTIPLE), 0);
+    EXPECT_EQ(resource<unsigned char>(list, XmNselectionPolicy), XmMULTIPLE_SELECT);
+    EXPECT_EQ(Tab_liste[slot].ind, 123);
+}
+
 TEST_F(PanelLists, UnknownKeys) {
     const HostList host(key, numbered_entries(4));
     Widget list = made();

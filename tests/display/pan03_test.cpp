@@ -443,6 +443,30 @@ TEST_F(SelectionPanel, AMovedAndResizedWindowOpensThereAgain) {
     EXPECT_EQ(server_area(test_display(), XtWindow(shell_of(again))), left);
 }
 
+// A window manager tells a window its place again and again.
+void tell_its_place(INT n) {
+    Widget shell = shell_of(n);
+    const Area area = server_area(x11_disp, XtWindow(shell));
+    XEvent event{};
+    event.type = ConfigureNotify;
+    event.xconfigure.event = event.xconfigure.window = XtWindow(shell);
+    event.xconfigure.x = area.x;
+    event.xconfigure.y = area.y;
+    event.xconfigure.width = area.width;
+    event.xconfigure.height = area.height;
+    XSendEvent(x11_disp, XtWindow(shell), False, StructureNotifyMask, &event);
+}
+
+TEST_F(SelectionPanel, WhatTheApplicationSetsWhileItIsOpenHolds) {
+    const INT n = open();
+    for (const Geometry& g : {Geometry{-1, -1, -1, -1}, Geometry{150, 260, 500, 400}}) {
+        grx_affecte_position_taille_panel_selection(g.x, g.y, g.width, g.height);
+        tell_its_place(n);
+        settle();
+        EXPECT_EQ(saved(), g);
+    }
+}
+
 // --- under mwm ---------------------------------------------------------------------------------------------------------------------------
 
 class SelectionWmTest : public Selection<WmTest> {

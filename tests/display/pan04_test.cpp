@@ -575,9 +575,13 @@ TEST_F(PaletteWindow, BothEventsOfEverySliderAreTaken) {
     for (INT type : {64, 6})
         for (INT n : {Rouge, Vert, Bleu, Bou_h, Bou_l, Bou_s})
             for (INT value : {100, 0, 42}) {
+                const bool coloured = n == Rouge || n == Vert || n == Bleu;
+                const auto own = coloured ? rvb_sliders() : hls_sliders();
+                const Triple before = slider_values(own);
                 EXPECT_EQ(given(slider_event(type, n, value)), 1) << type << " " << n << " " << value;
+                EXPECT_EQ(slider_values(own), before) << "the user moves them";
                 EXPECT_EQ(rgb_of(colour), read_back(values(rvb_glob)));
-                if (n == Rouge || n == Vert || n == Bleu) {
+                if (coloured) {
                     EXPECT_EQ(values(hls_glob), in_hls(values(rvb_glob)));
                     EXPECT_EQ(slider_values(hls_sliders()), values(hls_glob));
                 } else {
@@ -760,6 +764,23 @@ TEST_F(PaletteWindow, DestroyedBehindItsBackEveryCallIsSurvived) {
     expect_closed();
     open();
     expect_sliders_agree();
+}
+
+TEST_F(PaletteWindow, AWindowThatTookItsNumberIsNotTakenForIt) {
+    open();
+    const INT number = No_fen_mod_coul;
+    grx_detruit_fenetre(number);
+    ASSERT_EQ(make(GRX_FEN_ALPHA), number);
+    ASSERT_TRUE(wait_visible(widget_of(number)));
+    drain();
+    grx_cache_retrace_fenetre_modif_palette_couleurs(1);
+    drain();
+    EXPECT_TRUE(visible(x_window(number)));
+    EXPECT_EQ(grx_detruit_fenetre_modif_palette_couleurs(), 1);
+    expect_closed();
+    drain();
+    ASSERT_NE(widget_of(number), nullptr);
+    EXPECT_TRUE(visible(x_window(number)));
 }
 
 TEST_F(PaletteWindow, DyingWithItsParentItIsClosedAndOpenedAgain) {

@@ -213,6 +213,22 @@ TEST_F(ItemTables, ASecondAllocationLosesNothing) {
     grx_desalloue_base_items_panels();
 }
 
+TEST_F(ItemTables, TheApplicationMayChangeTheNumberOfPanels) {
+    const NoLeak no_leak;
+    for (INT number : {1000, 1, 0, -1, INT_MAX}) {
+        ASSERT_EQ(allocate(), 0);
+        Nb_pan = number;
+        for (INT beyond : {4, 999, 1000, INT_MAX - 1}) {
+            EXPECT_EQ(grx_memorise_bouton_item(beyond, 0, 1, 7), 105) << number;
+            EXPECT_EQ(grx_supprime_items(beyond), 0);
+        }
+        EXPECT_EQ(grx_memorise_bouton_item(0, 0, 1, 7), number > 0 ? 0 : 105) << number;
+        grx_supprime_items(0);
+        EXPECT_EQ(grx_desalloue_base_items_panels(), 0);
+        EXPECT_EQ(Nb_pan, 0);
+    }
+}
+
 TEST_F(ItemTables, NoPanelsAtAll) {
     const NoLeak no_leak;
     for (INT count : {0, -1, INT_MIN}) {
