@@ -813,9 +813,7 @@ class DropDown : public DialogTest {
         over(box());
         settle();
         StdoutCapture printed;
-        XtSetMultiClickTime(x11_disp, 0); // or a quick second click leaves the menu open
-        pointer().click(1);
-        const bool open = wait_visible(control(choices[i]));
+        const bool open = click_open(control(choices[i]));
         printed.restore();
         ASSERT_TRUE(open) << events.describe();
         pointer().move_in(control(choices[i]), 5, 5);

@@ -83,9 +83,7 @@ class TableChoices : public ControlsTest {
         const Widget box = XmOptionButtonGadget(option());
         pointer().move_in(option(), resource<Position>(box, XmNx) + 8, resource<Position>(box, XmNy) + 8);
         settle();
-        XtSetMultiClickTime(x11_disp, 0); // or a quick second click leaves the menu open
-        pointer().click(1);
-        ASSERT_TRUE(wait_visible(control(numbers()[i])));
+        ASSERT_TRUE(click_open(control(numbers()[i])));
         pointer().move_in(control(numbers()[i]), 6, 5);
         settle();
         evt_global = patterned_event();
