@@ -140,13 +140,6 @@ struct Proposal {
 
 constexpr int kColumns = 48; // of the selected name: whole paths are read
 
-// As windows have it: the toolkit's own conversion of a dialog's title depends on the locale, and fails for Latin-1
-// bytes in a UTF-8 one.
-void set_shell_title(Widget shell, const char* title, Widget window) {
-    grx::set_resource(shell, XmNtitle, title);
-    grx::set_resource(shell, XmNtitleEncoding, grx::resource<Atom>(grx_recherche_shell(window), XmNtitleEncoding));
-}
-
 Widget make_dialog(Widget parent, const char* name, const Proposal& proposal) {
     const grx::CompoundString pattern(proposal.pattern);
     const grx::CompoundString directory(proposal.directory);
@@ -157,7 +150,9 @@ Widget make_dialog(Widget parent, const char* name, const Proposal& proposal) {
     if (proposal.directory[0] != '\0') args.set(XmNdirectory, directory.get());
     Widget dialog = XmCreateFileSelectionDialog(parent, const_cast<char*>(name), args.list(), args.count());
     if (dialog == nullptr) return nullptr;
-    set_shell_title(XtParent(dialog), proposal.title, parent);
+    // As windows have it: the toolkit's own conversion of a dialog's title depends on the locale, and fails for Latin-1
+    // bytes in a UTF-8 one.
+    grx::set_resource(XtParent(dialog), XmNtitle, proposal.title);
     set_label(dialog, {XmNokLabelString, proposal.ok_message});
     for (const Label& label : kLabels) set_label(dialog, label);
     remove(child_of(dialog, XmDIALOG_HELP_BUTTON));

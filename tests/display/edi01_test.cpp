@@ -153,6 +153,19 @@ class EditorOn : public Dialogs<Base> {
     }
     void save() { choose("File", "Save"); }
 
+    void choose_open() {
+        choose("File", "Open");
+        ASSERT_TRUE(this->wait_for([&] { return this->file_box() != nullptr; }));
+        this->drain();
+    }
+    void open_by_dialog(const std::string& name) {
+        choose_open();
+        this->retype_selection(this->path(name));
+        this->drain();
+        this->press(XmDIALOG_OK_BUTTON);
+        ASSERT_TRUE(this->wait_for([&] { return this->file_box() == nullptr; }));
+    }
+
     // Types at the start of the text.
     void type(const std::string& what) {
         this->pointer().click_in(text(), 8, 8);
@@ -852,21 +865,13 @@ TEST_F(Editor, OuvrirOpensTheChosenFile) {
     put("b.txt", "two\n");
     ASSERT_EQ(chdir(files_.text().c_str()), 0);
     edit("a.txt");
-    choose("File", "Open");
-    ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
+    choose_open();
     EXPECT_STREQ(XtName(file_box()), "file selection dialog");
     EXPECT_FALSE(is_viewable(part(XmDIALOG_HELP_BUTTON)));
-    drain();
     press(XmDIALOG_CANCEL_BUTTON);
     ASSERT_TRUE(wait_for([&] { return file_box() == nullptr; }));
     EXPECT_EQ(content(), "one\n");
-    choose("File", "Open");
-    ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
-    drain();
-    retype_selection(path("b.txt"));
-    drain();
-    press(XmDIALOG_OK_BUTTON);
-    ASSERT_TRUE(wait_for([&] { return file_box() == nullptr; }));
+    open_by_dialog("b.txt");
     EXPECT_EQ(content(), "two\n");
     type("x");
     save();
@@ -878,13 +883,7 @@ TEST_F(Editor, OuvrirOverUnsavedTextDoesNotAsk) {
     put("b.txt", "two\n");
     edit("a.txt", "one\n");
     type("x");
-    choose("File", "Open");
-    ASSERT_TRUE(wait_for([&] { return file_box() != nullptr; }));
-    drain();
-    retype_selection(path("b.txt"));
-    drain();
-    press(XmDIALOG_OK_BUTTON);
-    ASSERT_TRUE(wait_for([&] { return file_box() == nullptr; }));
+    open_by_dialog("b.txt");
     EXPECT_EQ(content(), "two\n");
     EXPECT_EQ(prompt(), nullptr);
     choose("File", "Exit");

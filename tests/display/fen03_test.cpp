@@ -199,6 +199,16 @@ class MenuTest : public DisplayTest {
         events.clear();
     }
 
+    // Clicks the example's submenu open; its entry, on the screen.
+    Widget open_submenu() {
+        const Widget sub = entry_named("Export"), entry = entry_named("DXF...");
+        pointer().click_in(children_of(grx_get_Glob_menu_bar()).at(0));
+        EXPECT_TRUE(wait_visible(sub));
+        pointer().click_in(sub);
+        EXPECT_TRUE(wait_visible(entry));
+        return entry;
+    }
+
     int chosen(INT function) {
         return static_cast<int>(std::ranges::count_if(events.seen(), [=](const GRX_EVENEMENT& e) {
             return e.type_evenement == GRX_EVT_BOUTON_APPUI && e.bouton_appui.no_fo == function;
@@ -616,12 +626,7 @@ TEST_F(MenuTest, PointerOpensAMenuAndChooses) {
 
 TEST_F(MenuTest, PointerChoosesFromASubmenu) {
     main_window(example);
-    const Widget file = children_of(grx_get_Glob_menu_bar()).at(0), sub = entry_named("Export"),
-                 entry = entry_named("DXF...");
-    pointer().click_in(file);
-    ASSERT_TRUE(wait_visible(sub));
-    pointer().click_in(sub);
-    ASSERT_TRUE(wait_visible(entry));
+    const Widget entry = open_submenu();
     events.clear();
     pointer().click_in(entry);
     ASSERT_TRUE(wait_for([&] { return chosen(120) == 1; })) << events.describe();
@@ -947,12 +952,7 @@ class OtherVisualMenus : public MenuTest {
         main_window(example);
         EXPECT_EQ(shown_bar(), example_shown);
         expect_visual(grx_get_Glob_menu_bar());
-        const Widget file = children_of(grx_get_Glob_menu_bar()).at(0), sub = entry_named("Export"),
-                     entry = entry_named("DXF...");
-        pointer().click_in(file);
-        ASSERT_TRUE(wait_visible(sub));
-        pointer().click_in(sub);
-        ASSERT_TRUE(wait_visible(entry));
+        const Widget sub = entry_named("Export"), entry = open_submenu();
         for (Widget shown_part : {sub, entry, XtParent(XtParent(sub)), XtParent(XtParent(entry))})
             expect_visual(shown_part);
         pointer().click_in(entry);
@@ -1022,11 +1022,7 @@ TEST_F(MenusWmTest, PointerChooses) {
     const INT window = main_window(example);
     click_into(window);
     for (int i = 0; i < 2; ++i) {
-        const Widget sub = entry_named("Export"), entry = entry_named("DXF...");
-        pointer().click_in(children_of(grx_get_Glob_menu_bar()).at(0));
-        ASSERT_TRUE(wait_visible(sub));
-        pointer().click_in(sub);
-        ASSERT_TRUE(wait_visible(entry));
+        const Widget entry = open_submenu();
         events.clear();
         pointer().click_in(entry);
         ASSERT_TRUE(wait_for([&] { return chosen(120) == 1; })) << events.describe();
