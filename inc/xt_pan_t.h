@@ -75,7 +75,7 @@ typedef struct ITEM_PANEL {
     uchar type;  /* GRX_ITEM_... */
     uchar actif; /* item active */
     INT indice;  /* index of its value or message */
-    INT x;       /* place in the panel */
+    INT x;       /* place in the panel; of a kind with an entry field, that of the field */
     INT y;
     INT tx_item; /* its size */
     INT ty_item;

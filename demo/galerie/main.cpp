@@ -1,6 +1,6 @@
 // galerie [--panneaux | --fichiers | --dialogue] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
 // controls and drawing, panels and dialogs, or the strip and the palette (--dialogue:
-// the editor and a file dialog). DIRECTORY holds the settings; FILE is created when everything is on the screen.
+// the editor and a file dialog). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
 #include "galerie.h"
 
 #include <cstring>
@@ -57,10 +57,32 @@ bool demarre(const char* config) {
     return grx_init_application() != 0;
 }
 
-void signale(const char* fichier) {
-    if (fichier == nullptr) return;
+bool manque(Widget fenetre) {
+    XWindowAttributes a{};
+    if (fenetre == nullptr) return false;
+    return !XtIsRealized(fenetre) || XGetWindowAttributes(x11_disp, XtWindow(fenetre), &a) == 0
+           || a.map_state != IsViewable;
+}
+
+// All windows are on the screen; the server has asked for their drawing before it says so.
+bool tout_est_la(INT principale) {
+    const Widget mere = grx_recherche_shell(grx_recup_objet_fen(principale));
+    for (const char* nom : {"*Editeur", "*file_selection_popup"})
+        if (mere != nullptr && manque(XtNameToWidget(mere, nom))) return false;
+    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen)
+        if (manque(grx_recherche_shell(grx_recup_objet_fen(nofen)))) return false;
+    return true;
+}
+
+// Creates the file once all windows are there and everything asked for was drawn; looks again a little later else.
+void signale_dessine(XtPointer fichier, XtIntervalId*) {
+    constexpr unsigned long kEncore = 20; // milliseconds
+    if (!tout_est_la(grx_recup_nofen_principale()) || XEventsQueued(x11_disp, QueuedAfterReading) > 0) {
+        XtAppAddTimeOut(contexte, kEncore, signale_dessine, fichier);
+        return;
+    }
     grx_sync_server();
-    if (FILE* const f = std::fopen(fichier, "w")) std::fclose(f);
+    if (FILE* const f = std::fopen(static_cast<const char*>(fichier), "w")) std::fclose(f);
 }
 
 INT fonction_de(const GRX_EVENEMENT& e) {
@@ -116,12 +138,6 @@ void montre_page(Options::Page page, INT principale) {
     }
 }
 
-// Called once nothing is left to do: what is to be seen is on the screen.
-Boolean signale_au_repos(XtPointer fichier) {
-    signale(static_cast<const char*>(fichier));
-    return True;
-}
-
 int boucle(INT principale, Journal& journal) {
     GRX_EVENEMENT evenement{};
     for (;;) {
@@ -145,11 +161,7 @@ int main(int argc, char** argv) {
     montre_page(options.page, principale);
     Journal journal;
     journal.cree(principale);
-    if (options.page == Options::kDialogue) {
-        XtAppAddWorkProc(contexte, signale_au_repos, const_cast<char*>(options.pret));
-        action_fichiers(principale, kFonctionDialogue, journal);
-    } else {
-        signale(options.pret);
-    }
+    if (options.pret != nullptr) XtAppAddTimeOut(contexte, 0, signale_dessine, const_cast<char*>(options.pret));
+    if (options.page == Options::kDialogue) action_fichiers(principale, kFonctionDialogue, journal);
     return boucle(principale, journal);
 }

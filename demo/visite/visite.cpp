@@ -273,14 +273,18 @@ class Visite {
         try {
             fait();
         } catch (const Echec&) {
-            photo("echec");
+            photo_immediate("echec");
             throw;
         }
         std::puts("fait");
     }
 
-    // A picture of the whole screen.
+    // A picture of the whole screen, once it no longer changes; of a failure at once.
     void photo(const char* nom) {
+        calme([this] { return ecran_.image(ecran_.place(ecran_.racine())); });
+        photo_immediate(nom);
+    }
+    void photo_immediate(const char* nom) {
         const std::string fichier = repertoire_ + "/" + nom + ".png";
         const pid_t enfant = fork();
         if (enfant == 0) {
@@ -310,12 +314,15 @@ class Visite {
     }
     Image dessin() const { return ecran_.image(feuille()); }
 
-    // A picture once it no longer changes.
+    // A picture once it no longer changes: the same three times in a row.
     static Image calme(const std::function<Image()>& image) {
+        constexpr int kFois = 2;
         Image avant = image(), apres;
+        int pareilles = 0;
         attend("une image qui ne change plus", [&] {
             apres = image();
-            return std::exchange(avant, apres) == apres;
+            pareilles = std::exchange(avant, apres) == apres ? pareilles + 1 : 0;
+            return pareilles == kFois;
         });
         return avant;
     }
