@@ -210,11 +210,10 @@ GRX_API INT lit_fichier_bitmap(char* adr, char* nom_fic, uchar** tab_pix, UNSIGN
     UNSIGNED_INT4* taille_tab_pix, INT* nb_coul);
 
 /* Write a 16-colour file (low 4 bits of the indices), a 256-colour file with the colours of the indices
- * below grx_recup_max_couleur_trace() (the others are black),
- * and a monochrome file (index 0 white, others black; lar a multiple of 32). Return 0, or 1. Other
- * programs show a 256-colour file with red and blue exchanged: its palette has red first, where the
- * format has blue. The files of 16 and of 2 colours are right everywhere, and lit_fichier_bitmap reads
- * indices only. */
+ * below grx_recup_max_couleur_trace() (the others are black), and a monochrome file (index 0 white, others
+ * black; lar a multiple of 32). Return 0, or 1. Other programs show a 256-colour file with red and blue
+ * exchanged: its palette has red first, where the format has blue. The files of 16 and of 2 colours are
+ * right everywhere, and lit_fichier_bitmap reads indices only. */
 GRX_API INT ecrit_fichier_bitmap(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau);
 GRX_API INT ecrit_fichier_bitmap_256(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau);
 GRX_API INT ecrit_fichier_bitmap_mono(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau);

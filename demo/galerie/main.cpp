@@ -1,6 +1,6 @@
-// galerie [--panneaux | --fichiers | --dialogue] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
-// controls and drawing, panels and dialogs, or the strip and the palette (--dialogue:
-// the editor and a file dialog). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
+// galerie [--panneaux | --fichiers | --dialogue | --couleurs] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
+// controls and drawing, panels and dialogs, the strip and the palette (--dialogue: the editor and a file dialog), or the
+// colours by their indices (--couleurs). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
 #include "galerie.h"
 
 #include <cstring>
@@ -10,15 +10,15 @@ namespace {
 
 using namespace galerie;
 
-INT ouvre_principale() {
+INT ouvre_principale(INT attrib, INT largeur, INT hauteur) {
     GRX_FENETRE f;
     grx_init_fenetre(&f);
     f.type = GRX_FEN_ALPHA;
-    f.attrib |= GRX_FEN_ATT_PRINCIPALE;
+    f.attrib |= attrib;
     f.x = 30;
     f.y = 60;
-    f.droite = kLargeur;
-    f.haut = kHauteur;
+    f.droite = largeur;
+    f.haut = hauteur;
     copie(f.titre, "galerie");
     return grx_cree_fenetre(&f) == 0 ? f.nofen : -1;
 }
@@ -46,14 +46,17 @@ void choisit_gris() {
     palette_reserve[fond_interface][GRX_BLEU] = 196;
 }
 
-bool demarre(const char* config) {
+bool demarre(const char* config, bool en_gris) {
     sstate[SST_REP_SYSTEME] = const_cast<char*>(config);
     sstate[SST_REP_MENU] = const_cast<char*>(GALERIE_REP);
     grx_alloue_base_fenetres();
     grx_alloue_base_boutons();
     grx_initialise_globales();
     grx_affecte_couleur_fond(1);
-    choisit_gris();
+    if (en_gris)
+        choisit_gris();
+    else
+        grx_affecte_couleur_application(0); // the toolkit's own
     return grx_init_application() != 0;
 }
 
@@ -97,7 +100,7 @@ bool finit(const GRX_EVENEMENT& e, INT principale) {
 }
 
 struct Options {
-    enum Page { kControles, kPanneaux, kFichiers, kDialogue } page = kControles;
+    enum Page { kControles, kPanneaux, kFichiers, kDialogue, kCouleurs } page = kControles;
     const char* config = GALERIE_REP;
     const char* pret = nullptr;
 };
@@ -113,6 +116,8 @@ Options lit_options(int argc, char** argv) {
             o.page = Options::kFichiers;
         else if (nom == "--dialogue")
             o.page = Options::kDialogue;
+        else if (nom == "--couleurs")
+            o.page = Options::kCouleurs;
         else if (nom == "--config" && valeur != nullptr)
             o.config = argv[++i];
         else if (nom == "--pret" && valeur != nullptr)
@@ -133,6 +138,7 @@ void montre_controles(INT principale) {
 void montre_page(Options::Page page, INT principale) {
     switch (page) {
     case Options::kControles: return montre_controles(principale);
+    case Options::kCouleurs: return cree_couleurs(principale);
     case Options::kPanneaux: return cree_panneaux(principale, GALERIE_ICONES);
     default: return cree_fichiers(principale, page == Options::kDialogue);
     }
@@ -154,13 +160,15 @@ int boucle(INT principale, Journal& journal) {
 
 int main(int argc, char** argv) {
     const Options options = lit_options(argc, argv);
-    if (!demarre(options.config)) return 1;
-    const INT principale = ouvre_principale();
+    const bool couleurs = options.page == Options::kCouleurs; // as they are
+    if (!demarre(options.config, !couleurs)) return 1;
+    const INT principale = couleurs ? ouvre_principale(0, kLargeurCouleurs, kHauteurCouleurs)
+                                    : ouvre_principale(GRX_FEN_ATT_PRINCIPALE, kLargeur, kHauteur);
     if (principale < 0) return 1;
     grx_affecte_nofen_principale(principale);
     montre_page(options.page, principale);
     Journal journal;
-    journal.cree(principale);
+    if (!couleurs) journal.cree(principale);
     if (options.pret != nullptr) XtAppAddTimeOut(contexte, 0, signale_dessine, const_cast<char*>(options.pret));
     if (options.page == Options::kDialogue) action_fichiers(principale, kFonctionDialogue, journal);
     return boucle(principale, journal);
