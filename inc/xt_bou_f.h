@@ -133,7 +133,7 @@ GRX_API INT grx_calc_larg_saisie(INT nbcar);
 
 /* Sizes of a list (at its creation, grx_change_taille_bouton, grx_recup_taille_bouton) are those of the
  * list itself, its shadow included, without the scroll bars that its frame adds at the right and below
- * (grx_recup_largeur_scrollbar() plus 4 pixels each; as long as they are needed, or always with
+ * (19 pixels each with the toolkit's defaults; as long as they are needed, or always with
  * GRX_BOU_ATT_LISTE_SCROLL). Positions are the frame's. */
 
 /* Adds an element, not selected, as the FIRST one; an empty text is ignored. */
