@@ -23,7 +23,7 @@ GRX_DEBUT_C
 GRX_API INT grx_digitaliseur(GRX_EVENEMENT* evt, INT attente);
 
 /* The same, except that while a window is to be digitized (below) the close request of any other
- * window is dropped with a beep and gives 0. */
+ * window is dropped with a beep and gives 0; fen_opengl is not looked at. */
 GRX_API INT grx_digitaliseur_fenetre(GRX_EVENEMENT* evt, INT attente);
 
 /* Set and get the window that grx_digitaliseur_fenetre is restricted to, -1 (at first) = none. */

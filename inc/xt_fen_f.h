@@ -61,14 +61,14 @@ GRX_API INT grx_recup_max_objet(void);
  * Leaves type alone, which the caller always gives. */
 GRX_API void grx_init_fenetre(GRX_FENETRE* fenetre);
 
-/* Creates a window from its description and writes its number into fenetre->nofen. x is the left
- * edge, y the LOWER edge, upwards from the bottom of the screen (of the parent, for a nested
- * window), both of the client area: the decoration that the settings state (grx_get_tabord and the
- * like) goes outside it, so grx_recup_position_fenetre, which tells the frame's left and top edge, gives
- * another x. A negative droite or haut is not given; 0 is taken as 1 pixel. Without a height y is
- * ignored and the window goes to the top. Without GRX_FEN_ATT_VISIBLE it is made but not shown. The record is not
- * kept. Returns 0; -1 when the kind or the parent is unknown or a widget cannot be made; -2 when
- * all numbers are taken. Posts later: types 1 to 5, 7, 10 to 16, 48 and 64 (xt_ent_t.h). */
+/* Creates a window from its description and writes its number into fenetre->nofen. x is the left edge,
+ * y the LOWER edge, upwards from the bottom of the screen (of the parent, for a nested window), both
+ * of the client area: the decoration that the settings state (grx_get_tabord and the like) goes
+ * outside it, so grx_recup_position_fenetre, which tells the frame's left and top edge, gives another
+ * x. A negative droite or haut is not given; 0 is taken as 1 pixel. Without a height y is ignored and
+ * the window goes to the top. Without GRX_FEN_ATT_VISIBLE it is made but not shown. The record is not
+ * kept. Returns 0; -1 when the kind or the parent is unknown or a widget cannot be made; -2 when all
+ * numbers are taken. Posts later: types 1 to 5, 7, 10 to 16, 48 and 64 (xt_ent_t.h). */
 GRX_API INT grx_cree_fenetre(GRX_FENETRE* fenetre);
 
 /* --- redraw events ----------------------------------------------------------------------- */

@@ -19,7 +19,7 @@ typedef struct STRUCTURE_FENETRE {
     INT backingstorable;      /* non-zero: the backing picture may be shown */
     char attributs_fen_graph; /* GRX_FENG_... bits */
     /* Non-zero: drawn by a 3-D renderer, or any window whose application wants to be asked before it
-     * is closed: the close request comes as type 7 and the window stays. */
+     * is closed: grx_digitaliseur tells the close request as type 7 and the window stays. */
     char fen_opengl;
 } STRUCTURE_FENETRE;
 
