@@ -62,7 +62,9 @@ GRX_API void grx_init_bouton(GRX_BOUTON* bouton);
  * ref_fen_mere, else the window fen_mere. An icon that cannot be read leaves the label. The record
  * is not kept. Returns 0; -1 without parent; -2 for an unknown type or when the toolkit refuses; -3
  * when all numbers are taken. Posts later: type 6 (activated), 32 (list), 64 (scale), 80 and 96 (Tab
- * in a text field), 1, 2, 3, 10, 15, 48 (pointer and keys, x and y in the button, y downwards). */
+ * in a text field), 1, 2, 3, 10, 15, 48 (pointer and keys, x and y in the button, y downwards). A mouse
+ * button let go of outside the control is told (type 15) by the window or control under the pointer; by
+ * this one, with x and y outside it, where none of the application's is there. */
 GRX_API INT grx_cree_bouton(GRX_BOUTON* bouton);
 
 /* Creates a label or a separator that gets no number and posts nothing; other types do nothing.
@@ -103,10 +105,12 @@ GRX_API INT grx_flush_dessin_bouton(INT nobou);
 
 /* --- texts and fields -------------------------------------------------------------------- */
 
-/* Replaces the text of a field, the insertion point going to its end, or a button's label. */
+/* Replaces the text of a field, the insertion point going to its end, or a button's label. The control
+ * keeps its size, also a label created without one: what is longer is cut off on the screen. Give a
+ * label that changes the size of its longest text, or call grx_change_taille_bouton. */
 GRX_API INT grx_change_texte(INT nobou, char* texte);
 
-/* Replaces a label. */
+/* Replaces a label; the control keeps its size. */
 GRX_API INT grx_affecte_champ_bouton(INT ind, char* s);
 
 /* Replaces the text of a field. */
@@ -126,6 +130,11 @@ GRX_API INT grx_selectionne_champ_focus(INT nobou);
 GRX_API INT grx_calc_larg_saisie(INT nbcar);
 
 /* --- lists ------------------------------------------------------------------------------- */
+
+/* Sizes of a list (at its creation, grx_change_taille_bouton, grx_recup_taille_bouton) are those of the
+ * list itself, its shadow included, without the scroll bars that its frame adds at the right and below
+ * (19 pixels each with the toolkit's defaults; as long as they are needed, or always with
+ * GRX_BOU_ATT_LISTE_SCROLL). Positions are the frame's. */
 
 /* Adds an element, not selected, as the FIRST one; an empty text is ignored. */
 GRX_API INT grx_ajoute_element_dans_liste(INT nobou, char* texte);
@@ -156,7 +165,7 @@ GRX_API INT grx_recup_couleur_trace_bouton(INT nobou);
 
 /* --- geometry ---------------------------------------------------------------------------- */
 
-/* Set and get size and place. A size below 1 changes nothing. */
+/* Set and get size and place. A size of which one part is below 1 changes nothing. */
 GRX_API INT grx_change_taille_bouton(INT nobou, INT largeur, INT hauteur);
 GRX_API INT grx_recup_taille_bouton(INT nobou, INT* largeur, INT* hauteur);
 GRX_API INT grx_change_position_bouton(INT nobou, INT x, INT y);

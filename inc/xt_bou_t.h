@@ -66,7 +66,7 @@ typedef struct GRX_BOUTON {
     INT nobou; /* out: the button number */
     INT x;     /* place in the parent, pixels from its top left, -1 = not given */
     INT y;
-    INT largeur; /* size in pixels, -1 = not given */
+    INT largeur; /* size in pixels, -1 = not given; 0 and less = 1. Of lists: inside, see xt_bou_f.h */
     INT hauteur;
     INT type;                   /* GRX_BOU_... */
     INT attrib;                 /* GRX_BOU_ATT_... bits */
@@ -77,7 +77,7 @@ typedef struct GRX_BOUTON {
     INT no_fo;                  /* function number posted with the events */
     char titre[GRX_TITRE_MAX];  /* label, or first text of a text field */
     char icone[GRX_TITRE_MAX];  /* icon file shown instead of the label, "" = none */
-    char icone2[GRX_TITRE_MAX]; /* icon of the pressed state */
+    char icone2[GRX_TITRE_MAX]; /* the application's: not read, a pressed control shows icone */
     INT attache;                /* GRX_ATTACHE_... bits (xt_fen_t.h) */
     Widget ref_fen_mere;        /* parent widget; when set it wins over fen_mere */
 } GRX_BOUTON;

@@ -23,7 +23,7 @@ GRX_DEBUT_C
 GRX_API INT grx_digitaliseur(GRX_EVENEMENT* evt, INT attente);
 
 /* The same, except that while a window is to be digitized (below) the close request of any other
- * window is dropped with a beep and gives 0. */
+ * window is dropped with a beep and gives 0; fen_opengl is not looked at. */
 GRX_API INT grx_digitaliseur_fenetre(GRX_EVENEMENT* evt, INT attente);
 
 /* Set and get the window that grx_digitaliseur_fenetre is restricted to, -1 (at first) = none. */
@@ -34,9 +34,11 @@ GRX_API INT grx_recup_fenetre_a_digitaliser(void);
 GRX_API INT grx_init_evenement(GRX_EVENEMENT* evt);
 
 /* Looks for a key press (type GRX_EVT_CARAC_APPUI) or a mouse press (GRX_EVT_BOUTON_APPUI) only,
- * and handles it. bloquant: non-zero waits for one. Returns 1 with the event in evt; 2 when a mouse
- * press was asked without waiting and a key press was found; 0 when there is none or for any other
- * type, evt's type then being 0. */
+ * and handles it. bloquant: non-zero waits for one; no timer runs and nothing is redrawn meanwhile.
+ * All other events stay in the queue: an application that polls with this function alone lets them pile
+ * up, so let grx_digitaliseur or grx_flush_tous_evenements take them now and then. Returns 1 with the
+ * event in evt; 2 when a mouse press was asked without waiting and a key press was found; 0 when there
+ * is none or for any other type, evt's type then being 0. */
 GRX_API INT grx_cherche_evenement(INT type, GRX_EVENEMENT* evt, INT bloquant);
 
 /* Drops the pending redraw events of a window; type: GRX_EVT_AFFICHAGE, others drop nothing. */
@@ -47,7 +49,9 @@ GRX_API INT grx_flush_tous_evenements(void);
 
 /* Gives the key code of an X key event: the byte of the character, the keysym of function and
  * cursor keys, Delete and Insert, GRX_TOUCHE_TAB, GRX_TOUCHE_BACKTAB. Returns 1 with it in *touche;
- * 0 with *touche 0 for modifiers and keys without a code. */
+ * 0 with *touche 0 for modifiers and keys without a code. Writes into the event: for a key held with
+ * Shift, Control or Alt that has no symbol at the index state, ev->xkey.state keeps these three
+ * modifiers only. Give it a copy where the event is used afterwards. */
 GRX_API INT grx_translate_touche(XEvent* ev, INT* touche);
 
 /* Modifier key held now: GRX_CLAVIER_SHIFT, GRX_CLAVIER_CONTROL, GRX_CLAVIER_ALT, the first that
@@ -63,9 +67,15 @@ GRX_API INT grx_reinit_double_clic(void);
 
 /* Decides whether the click just read is the first of a double click, by reading further events,
  * which are lost, for the double-click time.
- * mode: GRX_DCLIC_MODE_RELACHE or GRX_DCLIC_MODE_APPUI. x, y, bouton: position and mouse button of
- * the first click as its event gave them. Returns GRX_DCLIC_DOUBLE (0) for a double click, else
- * why not: GRX_DCLIC_DEPLACE, _DELAI, _TARD, _FONCTION_TARD, _AUTRE_BOUTON. */
+ * x, y, bouton: position and mouse button of the first click as its event gave them. In every mode a
+ * control activated (type 6) in time is a double click, and too late is _FONCTION_TARD; a press of
+ * another mouse button is _AUTRE_BOUTON; nothing in time is _DELAI. Besides, by mode:
+ *   GRX_DCLIC_MODE_RELACHE (0)  a release of any button in time is a double click, too late is _TARD; a
+ *                               move beyond the tolerances is _DEPLACE. ONE quick release counts: after
+ *                               a press, read its own release before the call;
+ *   1, 2                        nothing else: presses of the same button, releases and moves go by;
+ *   GRX_DCLIC_MODE_APPUI (3)    a press of the same button in time is a double click, too late is _TARD.
+ * Returns GRX_DCLIC_DOUBLE (0) for a double click, else GRX_DCLIC_... for why not. */
 GRX_API INT grx_double_clic(INT mode, INT x, INT y, INT bouton);
 
 /* Gives the position of the pointer on the screen, in pixels, y upwards from the bottom.

@@ -8,7 +8,7 @@
 /* Event types (type_evenement), with the member of GRX_EVENEMENT that carries them. */
 #define GRX_EVT_AUCUN 0           /* no event */
 #define GRX_EVT_SOURIS_BOUGE 1    /* souris_bouge: the pointer moved */
-#define GRX_EVT_BOUTON_APPUI 2    /* bouton_appui: mouse press; also a menu entry chosen */
+#define GRX_EVT_BOUTON_APPUI 2    /* bouton_appui: mouse press; with no_fo >= 0: see below */
 #define GRX_EVT_CARAC_APPUI 3     /* carac_appui: key */
 #define GRX_EVT_AFFICHAGE 4       /* affichage: the window must be redrawn */
 #define GRX_EVT_REPONSE 5         /* reponse_question: answer of a message window */
@@ -29,9 +29,14 @@
 #define GRX_EVT_TAB 80            /* exec_fonction: Tab in a text field, text in chaine */
 #define GRX_EVT_BACKTAB 96        /* exec_fonction: back-tab in a text field, text in chaine */
 
+/* What a function number comes with: a control acts by type 6 (its mouse presses are types 2 and 15
+ * that carry its nobou and no_fo as well: do not act on these); a menu entry chosen is a type 2 with the
+ * main window's nofen, nobou -1 and the entry's no_fo, which is 0 or more. A mouse press in a window has
+ * nobou and no_fo -1. */
+
 #define GRX_EVT_CHAINE_MAX 256 /* size of the chaine fields */
 
-/* Modifier bits (etat) of pointer events. */
+/* Modifier bits (etat) of mouse presses and releases; 0 in motions and keys. */
 #define GRX_ETAT_AUCUN 0
 #define GRX_ETAT_SHIFT 2
 #define GRX_ETAT_CONTROL 4
@@ -52,7 +57,7 @@
 #define GRX_CLAVIER_ALT 3
 
 /* Modes and outcomes of grx_double_clic. */
-#define GRX_DCLIC_MODE_RELACHE 0  /* decided by the release; a move ends it */
+#define GRX_DCLIC_MODE_RELACHE 0  /* decided by the next release; a move ends it */
 #define GRX_DCLIC_MODE_APPUI 3    /* decided by the second press */
 #define GRX_DCLIC_DOUBLE 0        /* a double click */
 #define GRX_DCLIC_DEPLACE 1       /* the pointer moved away */
@@ -71,7 +76,7 @@ typedef struct GRX_DIGIT {
     INT y;
     INT bouton; /* GRX_SOURIS_..., 0 = none */
     INT carac;  /* key code, see above */
-    INT etat;   /* GRX_ETAT_... bits */
+    INT etat;   /* GRX_ETAT_... bits of presses and releases, else 0 */
 } GRX_DIGIT;
 typedef GRX_DIGIT GRX_SOURIS_BOUGE;
 typedef GRX_DIGIT GRX_BOUTON_APPUI;

@@ -8,7 +8,7 @@
  * - records that are passed are not kept, their texts are copied; what the library returns stays
  *   the library's unless a function says otherwise;
  * - failures are told by results and, by number, on standard output (xt_err_f.h); nothing stops the
- *   program. */
+ *   program but the end of the connection to the display (grx_init_application). */
 #ifndef XT_F_H
 #define XT_F_H
 
@@ -49,10 +49,13 @@ GRX_DEBUT_C
 
 /* Lets the user choose a file to read or write (scat.type_operation, HOST_CATAL_...), title
  * scat.titre. sfic_def: directory and file proposed; sfiltre: the kinds of files, 20 at most. When
- * writing, the name is put in capitals with the filter's extension, and replacing a file is asked
- * about. Out: the directory is stored in sfic->adrs and the name appended to sfic->fics, the
- * application's to free; *err the result of ajout_sfichier. Returns 1; 0, sfic and *err untouched,
- * when the user gives up or there is no main window. */
+ * writing, the name is put in capitals and ends with the extension of the FIRST filter, whichever the
+ * user chose (a name that has it in any case keeps it, in capitals), and replacing a file is asked about;
+ * when reading, the same is tried where no file has the name as it is. A bare name, without a directory,
+ * ends the dialog with 0. In a UTF-8 locale the lists leave out file names that are not UTF-8, as Latin-1
+ * ones with accents: these cannot be chosen. Out: the directory is stored in sfic->adrs and the name
+ * appended to sfic->fics, the application's to free; *err the result of ajout_sfichier. Returns 1; 0, sfic
+ * and *err untouched, when the user gives up or there is no main window. */
 GRX_API INT select_fichier_x11(SCATAL scat, SFICHIER sfic_def, SFILTRE sfiltre, SFICHIER* sfic, INT* err);
 
 /* Lets the user choose a directory. rep_def: in, the one proposed; out, the choice;
@@ -78,7 +81,8 @@ extern GRX_API char memo_filename[GRX_MEMO_FILENAME_MAX];
 /* Reserves the one editor. Returns 1, or 0 when it is in use. */
 GRX_API INT grx_debut_editeur(void);
 
-/* Opens its window, empty and closed for typing, over the main window. Returns 0. */
+/* Opens its window, empty and closed for typing, over the main window. Returns 0 always, also when it
+ * is not reserved, already open, or there is no main window. */
 GRX_API INT grx_editeur(void);
 
 /* Opens file name of directory adr in it; a name "" opens nothing. Returns 0. */
@@ -150,7 +154,7 @@ GRX_API INT grx_tbl_init_bouton_choix(INT ind);
 
 /* Builds a drop-down choice of nb texts in window nofen at pox, poy (pixels from its top left),
  * showing choice idef at first, counted from 1, others = the first. Fills nb_choix and tbou_choix of
- * the table. Choosing posts type 6 with function number nofo and valeur = the choice from 1. */
+ * the table. Choosing posts type 6 with nofen -1, function number nofo and valeur = the choice from 1. */
 GRX_API INT grx_tbl_cree_boutons_choix(INT nofen, INT pox, INT poy, INT nofo, INT nb, char** tab, INT idef);
 
 /* Destroys the control, and frees tbou_choix. */

@@ -61,12 +61,14 @@ GRX_API INT grx_recup_max_objet(void);
  * Leaves type alone, which the caller always gives. */
 GRX_API void grx_init_fenetre(GRX_FENETRE* fenetre);
 
-/* Creates a window from its description and writes its number into fenetre->nofen. x is the left
- * edge, y the LOWER edge, upwards from the bottom of the screen (of the parent, for a nested
- * window); the window manager's decoration is allowed for. Without a height y is ignored and the
- * window goes to the top. Without GRX_FEN_ATT_VISIBLE it is made but not shown. The record is not
- * kept. Returns 0; -1 when the kind or the parent is unknown or a widget cannot be made; -2 when
- * all numbers are taken. Posts later: types 1 to 5, 7, 10 to 16, 48 and 64 (xt_ent_t.h). */
+/* Creates a window from its description and writes its number into fenetre->nofen. x is the left edge,
+ * y the LOWER edge, upwards from the bottom of the screen (of the parent, for a nested window), both
+ * of the client area: the decoration that the settings state (grx_get_tabord and the like) goes
+ * outside it, so grx_recup_position_fenetre, which tells the frame's left and top edge, gives another
+ * x. A negative droite or haut is not given; 0 is taken as 1 pixel. Without a height y is ignored and
+ * the window goes to the top. Without GRX_FEN_ATT_VISIBLE it is made but not shown. The record is not
+ * kept. Returns 0; -1 when the kind or the parent is unknown or a widget cannot be made; -2 when all
+ * numbers are taken. Posts later: types 1 to 5, 7, 10 to 16, 48 and 64 (xt_ent_t.h). */
 GRX_API INT grx_cree_fenetre(GRX_FENETRE* fenetre);
 
 /* --- redraw events ----------------------------------------------------------------------- */
@@ -143,8 +145,10 @@ GRX_API INT grx_cache_fenetre(INT nofen);
 GRX_API INT grx_affiche_fenetre_fille(INT nofen);
 GRX_API INT grx_cache_fenetre_fille(INT nofen);
 
-/* Destroy a window and free its number at once; the next creation may reuse it. Posts type 7. The
- * numbers of its buttons are not freed: destroy them first. */
+/* Destroy a window and free its number at once; the next creation may reuse it. Fills evt_global with
+ * type 7, which the caller's own loop does not see, because the next grx_digitaliseur empties the record:
+ * act on the end where the window is destroyed. (Called from a toolkit callback, that call delivers it.)
+ * The numbers of its buttons are not freed: destroy them first. */
 GRX_API INT grx_detruit_fenetre(INT nofen);
 GRX_API INT grx_detruit_fenetre_fille(INT nofen);
 
@@ -155,7 +159,8 @@ GRX_API INT grx_reaffiche_fenetre(INT nofen);
  * screen (the screen height = top of the screen). */
 GRX_API INT grx_deplace_fenetre(INT nofen, INT x, INT y);
 
-/* Resize a window; a graphic window's backing picture is made anew, empty. Nothing for nofen < 0. */
+/* Resize a window; a graphic window's backing picture is made anew, empty. A width or height of 0 or
+ * less, and nofen < 0, change nothing. */
 GRX_API INT grx_change_taille_fenetre(INT nofen, INT largeur, INT hauteur);
 GRX_API INT grx_change_taille_fenetre_fille(INT nofen, INT largeur, INT hauteur);
 
@@ -186,7 +191,9 @@ GRX_API INT grx_coord_relative_to_absolues(INT nofen, INT x1, INT y1, INT* x2, I
 
 /* --- operations: scroll bars -------------------------------------------------------------- */
 
-/* Sets the step and the page step of both scroll bars of a window. */
+/* Sets the step and the page step of both scroll bars of a window. Where the window scrolls by itself
+ * (GRX_FEN_ATT_SCROLL, kinds GRX_FEN_BOUTONS, _ALPHA, _MENU) the Page keys scroll it, wherever the
+ * keyboard focus is in it, and post nothing; in a graphic window they are keys like any other. */
 GRX_API INT grx_affecte_increment_scrollbar(INT nofen, INT valeur);
 
 /* Read and set a scroll bar; orient: 0 horizontal, others vertical. len is the slider size, read
@@ -254,7 +261,8 @@ GRX_API INT copie_li_menu(LI_MENU* li1, LI_MENU li2);
 /* Builds the menu bar in parent from the menu file that istate[IST_MODULE_MENU] selects, in the
  * directory sstate[SST_REP_MENU]; done by the creation of a main window. Lines that cannot be used
  * are skipped; a file that cannot be opened prints error 2. Choosing an entry posts type 2 with the
- * main window's number, bouton 1 and the entry's no_fo. Returns 0 in every case. */
+ * number given to grx_affecte_nofen_principale, nobou -1, bouton 1 and the entry's no_fo (0 or more,
+ * which tells it from a mouse press; controls act by type 6). Returns 0 in every case. */
 GRX_API INT grx_cree_menu_bar(Widget parent);
 
 /* Empties the menu bar, and fills it again, as after a change of the selected file. */

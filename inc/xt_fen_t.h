@@ -22,7 +22,7 @@
 #define GRX_FEN_ATT_VISIBLE 16        /* shown at creation (the default) */
 #define GRX_FEN_ATT_SANS_MAXI 32      /* no maximise button */
 #define GRX_FEN_ATT_SANS_MINI 64      /* no minimise button */
-#define GRX_FEN_ATT_SCROLL 0x1000     /* with scroll bars */
+#define GRX_FEN_ATT_SCROLL 0x1000     /* with scroll bars; all but kind 2 scroll by themselves */
 #define GRX_FEN_ATT_PRINCIPALE 0x2000 /* main window with the menu bar */
 #define GRX_FEN_ATT_FILLE 0x4000      /* nested inside the widget of window fen_mere */
 
@@ -68,10 +68,10 @@
 /* Description of a window: the caller's, read by grx_cree_fenetre, which writes nofen. */
 typedef struct GRX_FENETRE {
     INT nofen;                   /* out: the window number */
-    INT x;                       /* left edge in pixels */
-    INT y;                       /* lower edge, upwards from the bottom of the screen or parent */
-    INT droite;                  /* width in pixels, -1 = not given */
-    INT haut;                    /* height in pixels, -1 = not given */
+    INT x;                       /* left edge of the client area, inside the frame, in pixels */
+    INT y;                       /* its lower edge, upwards from the bottom of the screen or parent */
+    INT droite;                  /* width in pixels, negative = not given, 0 = 1 */
+    INT haut;                    /* height in pixels, the same */
     INT type;                    /* GRX_FEN_..., always to be given */
     INT attrib;                  /* GRX_FEN_ATT_... bits */
     char titre[GRX_TITRE_MAX];   /* title */

@@ -28,7 +28,10 @@ GRX_API void grx_cree_fenetre_info(GRX_FENETRE* fen_info);
 GRX_API void grx_cree_boutons_fenetre_info(GRX_ZONE_INFO* zone_info, INT* haut_fenetre);
 
 /* Shows the second row, or hides it. *haut_fenetre: out, the present height of the window
- * fen_liste.nofen, or half of it; untouched for an unknown window. The application resizes it. */
+ * fen_liste.nofen, or half of it; untouched for an unknown window. The application resizes it: to twice
+ * the height given when enlarging, to the height given when reducing. With a line of L pixels
+ * (grx_recup_hau_carac_alpha) the window is 2 L + 6 high when made, L + 4 after
+ * grx_cree_boutons_fenetre_info, and from the first cycle on 2 L + 8 enlarged, L + 4 reduced. */
 GRX_API void grx_agrandit_fenetre_info(GRX_FENETRE fen_liste, GRX_ZONE_INFO zone_info, INT* haut_fenetre);
 GRX_API void grx_reduit_fenetre_info(GRX_FENETRE fen_liste, GRX_ZONE_INFO zone_info, INT* haut_fenetre);
 

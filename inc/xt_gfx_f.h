@@ -117,7 +117,8 @@ GRX_API INT grx_redess_necessaire(void);
 /* --- memory drawing: draw unseen, then show at once --------------------------------------- */
 
 /* Start: empties the backing picture of the ACTIVE window, whatever nofen, and directs all window
- * primitives into it. End: directs them to the screen again. */
+ * primitives into it. End: directs them to the screen again. Both return 0, whether done or not: when
+ * the active window has no backing picture (no graphic window is active) drawing goes on the screen. */
 GRX_API INT grx_alloue_image(INT nofen);
 GRX_API INT grx_desalloue_image(void);
 
@@ -208,8 +209,11 @@ GRX_API INT grx_verifie_truetype(char* nom_font);
 GRX_API INT lit_fichier_bitmap(char* adr, char* nom_fic, uchar** tab_pix, UNSIGNED_INT4* lar, UNSIGNED_INT4* hau,
     UNSIGNED_INT4* taille_tab_pix, INT* nb_coul);
 
-/* Write a 16-colour file (low 4 bits of the indices), a 256-colour file with the drawing colours,
- * and a monochrome file (index 0 white, others black; lar a multiple of 32). Return 0, or 1. */
+/* Write a 16-colour file (low 4 bits of the indices), a 256-colour file with the colours of the indices
+ * below grx_recup_max_couleur_trace() (the others are black), and a monochrome file (index 0 white, others
+ * black; lar a multiple of 32). Return 0, or 1. Other programs show a 256-colour file with red and blue
+ * exchanged: its palette has red first, where the format has blue. The files of 16 and of 2 colours are
+ * right everywhere, and lit_fichier_bitmap reads indices only. */
 GRX_API INT ecrit_fichier_bitmap(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau);
 GRX_API INT ecrit_fichier_bitmap_256(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau);
 GRX_API INT ecrit_fichier_bitmap_mono(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau);

@@ -19,7 +19,10 @@ GRX_DEBUT_C
 /* Opens the display named by DISPLAY and makes the library ready: toolkit, visual (24-plane true
  * colour, else 8-plane pseudo colour), colormap, font, cursors, screen sizes, window base, size of
  * a character. Takes font, colour counts and crosshair colour from the settings; the window and
- * button bases must be allocated. X protocol errors are ignored silently from here on.
+ * button bases must be allocated. From here on X protocol errors are ignored silently, and when the
+ * connection is lost the process ends by exit(1) without a word. An application that called
+ * XSetErrorHandler or XSetIOErrorHandler before is told first: its handler is called, that of the
+ * lost connection once. There it may save its work, but call neither Xlib nor this library.
  * Returns 1; 0 when the display cannot be opened (error 11 printed) or has no usable visual
  * (error 5 printed). To be called once; there is no shutdown. */
 GRX_API INT grx_init_application(void);
@@ -81,7 +84,8 @@ GRX_API INT grx_charge_icones(void);
 GRX_API INT grx_selection_fonte_dialogue(void);
 GRX_API INT grx_selection_fonte_status(void);
 
-/* Sets the icon directory; at most GRX_ADR_ICONES_MAX - 1 characters are kept. */
+/* Sets the icon directory, the one above "S", "M" and "L" (adr_icones); at most
+ * GRX_ADR_ICONES_MAX - 1 characters are kept. */
 GRX_API INT grx_init_repertoire_icones(char* adr);
 
 /* Gives the icon directory, with the sub-directory "S", "M" or "L" for the icon formats 2, 3, 4.
@@ -112,8 +116,10 @@ GRX_API INT grx_initialise_globales(void);
 /* Sets the icon format to 0; part of grx_initialise_globales. */
 GRX_API INT grx_initialise_globales_systeme(void);
 
-/* Font name handed to Motif, "" at first (key FONT_CARACTERE). font: GRX_FONTE_MAX bytes; a longer
- * name is cut. Takes effect at start-up. */
+/* Font name handed to Motif, "" (the font "fixed") at first (key FONT_CARACTERE). font: GRX_FONTE_MAX
+ * bytes. More than 39 characters are cut, and whole names of the server are longer: leave parts out with
+ * "*", as in "-*-fixed-medium-r-*-15-*-iso8859-1" (34), or take an alias such as "9x15". A name that
+ * no font has brings the toolkit's own font and its warning on standard error. Takes effect at start-up. */
 GRX_API INT grx_recup_font(char* font);
 GRX_API INT grx_affecte_font(char* font);
 
@@ -220,7 +226,9 @@ GRX_API INT grx_restitue_clavier_munerique(void);
 /* A colour index is 0..7 for the reserved colours, then the drawing colours, and from
  * grx_premier_index_rendu() to grx_dernier_index_rendu() - 1 the rendering colours; icon colours
  * have indices of their own, 0..15. rgb is a triple red, green, blue, each 0..255. An index
- * outside 0..255 reads as 0 and writes nothing. */
+ * outside 0..255 reads as 0 and writes nothing. The reserved colours are at first 0 olive (the
+ * background of graphic windows), 1 and 2 black, 3 pale yellow, 4 dark red, 5 white, 6 yellow, 7 grey
+ * (palette_reserve, xt_ini_t.h). */
 
 /* Fill the icon palette (16 colours) and the drawing palette (256, sixteen shades of sixteen
  * colours) with their standard values. They hold these from the start. */

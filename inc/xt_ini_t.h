@@ -1,5 +1,6 @@
 /* xt_ini_t.h - start-up: sizes, error codes, and the exported display and colour state.
- * The globals are the library's: applications read them, only the library writes them. */
+ * The globals are the library's: applications read them, only the library writes them (prof_24 and,
+ * before start-up, the palettes excepted). */
 #ifndef XT_INI_T_H
 #define XT_INI_T_H
 
@@ -34,7 +35,7 @@
 
 /* Texts of the settings. */
 #define GRX_ADR_ICONES_MAX 255 /* adr_icones, final zero included */
-#define GRX_FONTE_MAX 40       /* font name of the settings, final zero included */
+#define GRX_FONTE_MAX 40       /* font name of the settings: 39 characters and the final zero */
 
 /* Icon formats (grx_affecte_format_icone); any other uses the icon directory itself. */
 #define GRX_FORMAT_ICONE_S 2 /* sub-directory "S" */
@@ -83,8 +84,11 @@ extern GRX_API XVisualInfo vtemp;       /* description of the chosen visual */
 
 /* The screen. */
 extern GRX_API INT profondeur_ecran; /* depth in planes, 8 or 24 */
-extern GRX_API INT prof_24;          /* kept for applications; 1 from the start */
-extern GRX_API INT dec_red;          /* bit position of red in a pixel of a 24-plane screen */
+/* A switch that the application may set before grx_init_application: 1 (from the start) tries a
+ * 24-plane true-colour visual first, 0 takes an 8-plane pseudo-colour one or, where the server has
+ * none, fails with error 5. Nothing changes it; not read after start-up. */
+extern GRX_API INT prof_24;
+extern GRX_API INT dec_red; /* bit position of red in a pixel of a 24-plane screen */
 extern GRX_API INT dec_green;
 extern GRX_API INT dec_blue;
 extern GRX_API INT lar_ecran;    /* screen width in pixels */
@@ -94,10 +98,14 @@ extern GRX_API INT hau_ecran_mm;
 extern GRX_API INT nbr_xpel_crt; /* the application's own pixel counts (grx_put_nbr_xpel_crt) */
 extern GRX_API INT nbr_ypel_crt;
 
-/* Directory of the icon files of the size in use. */
+/* The icon directory as it was given to grx_init_repertoire_icones, "" before: always the base
+ * directory, whatever the icon format. That of the size in use is what grx_recup_repertoire_icones
+ * gives. */
 extern GRX_API char adr_icones[GRX_ADR_ICONES_MAX];
 
-/* Colours: triples red, green, blue 0..255, and the pixel of each colour index. */
+/* Colours: triples red, green, blue 0..255, and the pixel of each colour index. palette_reserve is,
+ * from index 0: olive 134, 123, 66; black; black; pale yellow 228, 225, 159; dark red 119, 49, 49;
+ * white; yellow 255, 255, 0; grey 128, 128, 128 (pictures: docs/host-guide.md). */
 extern GRX_API INT palette_icone[GRX_NB_COULEURS][3];
 extern GRX_API INT palette_reserve[GRX_NB_COULEURS_RESERVE][3];
 extern GRX_API INT palette_trace[GRX_NB_COULEURS][3];

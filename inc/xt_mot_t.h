@@ -15,10 +15,12 @@ typedef struct STRUCTURE_FENETRE {
     INT nofen;                /* own number; MAXOBJETFEN when the entry is free */
     Pixmap* image;            /* holder of ONE pixmap id, the backing picture; null = none */
     INT type;                 /* window kind, GRX_FEN_... (xt_fen_t.h) */
-    INT affiche;              /* shown flag */
+    INT affiche;              /* shown flag: 1 from the first exposure on */
     INT backingstorable;      /* non-zero: the backing picture may be shown */
     char attributs_fen_graph; /* GRX_FENG_... bits */
-    char fen_opengl;          /* non-zero: drawn by a 3-D renderer */
+    /* Non-zero: drawn by a 3-D renderer, or any window whose application wants to be asked before it
+     * is closed: grx_digitaliseur tells the close request as type 7 and the window stays. */
+    char fen_opengl;
 } STRUCTURE_FENETRE;
 
 /* One button of the button base. Its address is the client data of every callback of the button. */

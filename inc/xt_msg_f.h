@@ -30,12 +30,16 @@ GRX_API Widget grx_cree_support_message(INT pere, GRX_MSG msg);
  * numbers of the buttons inside stay taken: free them with grx_libere_indice_objet_bout. Returns 0. */
 GRX_API INT grx_detruit_bascule_complexe(GRX_MSG message);
 
-/* Places and realises the window of a dialog already created, and waits until it exists. x, y:
- * left and lower edge, y upwards from the bottom of the screen; both are rewritten to the top left
- * of the frame, y downwards, so that a record is good for one call. Returns 0. */
+/* Places and realises the window of a dialog already created, and reads events, which are lost, until
+ * its first redraw event: one second at most, and always one second when none comes, because the window
+ * is hidden (made without GRX_FEN_ATT_VISIBLE) or was drawn before the call. x, y: left and lower edge, y
+ * upwards from the bottom of the screen; both are rewritten to the top left of the frame, y downwards, so
+ * that a record is good for one call. Returns 0. */
 GRX_API INT grx_cree_fenetre_message_alpha(GRX_FENETRE* fenetre);
 
-/* Release, or press, a toggle button; nothing for other controls. No event is posted. Return 0. */
+/* Release, or press, a toggle button; nothing for other controls. No event is posted. The other toggles
+ * of an exclusive group (GRX_MSG_ATT_RADIO, GRX_ITEM_BASCULES) stay as they are: release the one that is
+ * pressed first, or the group shows two. Return 0. */
 GRX_API INT grx_relache_bascule(INT nobou);
 GRX_API INT grx_enfonce_bascule(INT nobou);
 

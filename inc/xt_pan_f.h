@@ -62,7 +62,8 @@ GRX_API void grx_demande_taille_optimale_panel(INT* lar, INT* hau);
 
 /* Builds one item in window fen_mere. In the record: type its kind (GRX_ITEM_...), clef its key, x, y
  * its place in pixels from the top left, largeur and hauteur in characters (of icons and separators
- * in tenths of one), titre its texts, nobou the PANEL and prebou the ITEM number, couleur 0 for
+ * in tenths of one; x of a kind with an entry field is the field's left edge, its label ends there and
+ * needs room to the left), titre its texts, nobou the PANEL and prebou the ITEM number, couleur 0 for
  * insensitive buttons, toggles, choices and fields. Writes x + 1, y + 1, and prebou: the field's button
  * number for a kind with an entry field, else 0. The item's events carry the function number clef +
  * GRX_BASE_NOFO_..., kinds 50..59 nobou + GRX_BASE_NOFO_FONCTION, kinds 60..69 and fields of other
@@ -83,7 +84,8 @@ GRX_API INT decode_message(char* message, INT nb, INT* nb_lignes, char lignes[][
 
 /* --- lists -------------------------------------------------------------------------------- */
 
-/* clef is the item's own key, index of the host's tables lsstate, listate, lcstate, lnstate. */
+/* clef is the item's own key, index of the host's tables lsstate, listate, lcstate, lnstate. A function
+ * that takes a key and no panel acts on the list with that key in every panel that shows it. */
 
 /* Allocate and free the table of lists; done with the items. The first returns 0, or 1 when memory
  * is short. */
@@ -98,7 +100,8 @@ GRX_API INT test_liste_deja_affichee(INT ipan, INT cle);
 
 /* Create a list in window fen_mere from the host's tables. In the record: clef = item key +
  * GRX_BASE_CLEF_LISTE, nb_cara its number of entries, nobou the panel, type GRX_LISTE_..., x, y,
- * largeur, hauteur in pixels, negative = distance from left, top, right, bottom edge. Choosing posts
+ * largeur, hauteur in pixels, negative = distance from left, top, right, bottom edge. The window is to
+ * be a form (GRX_FEN_ALPHA): elsewhere distances from the right and bottom edge are not kept. Choosing posts
  * type 32: no_fo = slot, nobou = position from 0, double_click; nofen is not written; caracs_entree
  * follows. cas is not used. Return the list, null when it cannot be made. */
 GRX_API Widget grx_cree_item_liste(GRX_MSG* msg);
@@ -110,20 +113,23 @@ GRX_API Widget grx_recup_objet_item_liste(INT ipan, INT clef);
 /* Frees the slot of a list. */
 GRX_API INT grx_supprime_item_liste(INT ipan, INT clef);
 
-/* 1 when a list is on show in some panel, else 0. */
+/* 1 when a list with this key is on show in some panel, else 0. */
 GRX_API INT grx_test_liste_ouverte(INT clef);
 
-/* Reload the entries and selection of a list from the host's tables; the second ignores item. */
+/* Reload the entries and selection of every list with this key, whatever its panel, from the host's
+ * tables; the second ignores item. */
 GRX_API INT grx_modif_items_liste(INT clef);
 GRX_API INT grx_modif_un_item_liste(INT clef, INT item);
 
-/* Changes the selection mode of a list: GRX_LISTE_... . */
+/* Changes the selection mode of every list with this key, whatever its panel: GRX_LISTE_... . */
 GRX_API INT grx_change_type_liste(INT clef, INT type);
 
 /* --- selection panel ---------------------------------------------------------------------- */
 
 /* Build and show panel GRX_PANNEAU_SELECTION in a window of its own: a list with fields and buttons.
- * Nothing when there is no such panel. The arguments are not used. */
+ * Nothing when there is no such panel. Called while it is open: that window is destroyed without a type 7
+ * and a new one opens where the user left it; its number is in Tab_pan, as after the first call. Closed by
+ * the user or by its number, it opens at that place and size again. The arguments are not used. */
 GRX_API INT grx_affiche_panel_selection_g(INT a1, INT a2, INT a3);
 GRX_API INT grx_affiche_panel_selection(void);
 

@@ -37,8 +37,8 @@
 /* Added to a key to form the function number of an item's events, or a list's key. */
 #define GRX_BASE_NOFO_FONCTION 51000
 #define GRX_BASE_NOFO_TEXTE 51500
-#define GRX_BASE_NOFO_BOUTON 52000
-#define GRX_BASE_NOFO_REEL 53000 /* scales as well */
+#define GRX_BASE_NOFO_BOUTON 52000 /* buttons, icons and toggles */
+#define GRX_BASE_NOFO_REEL 53000   /* drop-down choices and scales as well */
 #define GRX_BASE_NOFO_ENTIER 54000
 #define GRX_BASE_CLEF_LISTE 55000
 #define GRX_BASE_NOFO_DESSIN 55900
@@ -75,7 +75,7 @@ typedef struct ITEM_PANEL {
     uchar type;  /* GRX_ITEM_... */
     uchar actif; /* item active */
     INT indice;  /* index of its value or message */
-    INT x;       /* place in the panel */
+    INT x;       /* place in the panel; of a kind with an entry field, that of the field */
     INT y;
     INT tx_item; /* its size */
     INT ty_item;

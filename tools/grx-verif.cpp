@@ -1,4 +1,4 @@
-// grx-verif FILE...: says line by line what the library would make of its configuration files.
+// grx-verif FILE... | --help | --version: says line by line what the library would make of its configuration files.
 #include <iostream>
 #include <string>
 #include <vector>
@@ -7,5 +7,5 @@
 
 int main(int argc, char** argv) {
     const std::vector<std::string> paths(argv + (argc > 0), argv + argc);
-    return verif::run(paths, std::cout, std::cerr);
+    return verif::run(paths, std::cout, std::cerr, GRX_VERSION);
 }

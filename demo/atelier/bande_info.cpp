@@ -112,8 +112,8 @@ void BandeInfo::montre(const Contenu& contenu) {
 
 void BandeInfo::montre_bascules(bool grille, bool polaire) const {
     if (!ouverte()) return;
-    grille ? grx_enfonce_bouton(zone_.Bou_grille.nobou) : grx_relache_bouton(zone_.Bou_grille.nobou);
-    polaire ? grx_enfonce_bouton(zone_.Bou_polaire.nobou) : grx_relache_bouton(zone_.Bou_polaire.nobou);
+    grille ? grx_enfonce_bascule(zone_.Bou_grille.nobou) : grx_relache_bascule(zone_.Bou_grille.nobou);
+    polaire ? grx_enfonce_bascule(zone_.Bou_polaire.nobou) : grx_relache_bascule(zone_.Bou_polaire.nobou);
 }
 
 std::string BandeInfo::saisie() const {

@@ -45,6 +45,10 @@ bool action_outil(INT fenetre, INT no_fo);
 // The second page: panel items, dialogs, lists.
 void cree_panneaux(INT fenetre, const std::string& icones);
 
+// The page of colours.
+constexpr INT kLargeurCouleurs = 624, kHauteurCouleurs = 182;
+void cree_couleurs(INT fenetre);
+
 // Palette, lines, fills and pictures, drawn in memory and shown at once.
 void dessine(INT graphique);
 

@@ -1,6 +1,6 @@
-// galerie [--panneaux | --fichiers | --dialogue] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
-// controls and drawing, panels and dialogs, or the strip and the palette (--dialogue:
-// the editor and a file dialog). DIRECTORY holds the settings; FILE is created when everything is on the screen.
+// galerie [--panneaux | --fichiers | --dialogue | --couleurs] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
+// controls and drawing, panels and dialogs, the strip and the palette (--dialogue: the editor and a file dialog), or the
+// colours by their indices (--couleurs). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
 #include "galerie.h"
 
 #include <cstring>
@@ -10,15 +10,15 @@ namespace {
 
 using namespace galerie;
 
-INT ouvre_principale() {
+INT ouvre_principale(INT attrib, INT largeur, INT hauteur) {
     GRX_FENETRE f;
     grx_init_fenetre(&f);
     f.type = GRX_FEN_ALPHA;
-    f.attrib |= GRX_FEN_ATT_PRINCIPALE;
+    f.attrib |= attrib;
     f.x = 30;
     f.y = 60;
-    f.droite = kLargeur;
-    f.haut = kHauteur;
+    f.droite = largeur;
+    f.haut = hauteur;
     copie(f.titre, "galerie");
     return grx_cree_fenetre(&f) == 0 ? f.nofen : -1;
 }
@@ -46,21 +46,46 @@ void choisit_gris() {
     palette_reserve[fond_interface][GRX_BLEU] = 196;
 }
 
-bool demarre(const char* config) {
+bool demarre(const char* config, bool en_gris) {
     sstate[SST_REP_SYSTEME] = const_cast<char*>(config);
     sstate[SST_REP_MENU] = const_cast<char*>(GALERIE_REP);
     grx_alloue_base_fenetres();
     grx_alloue_base_boutons();
     grx_initialise_globales();
     grx_affecte_couleur_fond(1);
-    choisit_gris();
+    if (en_gris)
+        choisit_gris();
+    else
+        grx_affecte_couleur_application(0); // the toolkit's own
     return grx_init_application() != 0;
 }
 
-void signale(const char* fichier) {
-    if (fichier == nullptr) return;
+bool manque(Widget fenetre) {
+    XWindowAttributes a{};
+    if (fenetre == nullptr) return false;
+    return !XtIsRealized(fenetre) || XGetWindowAttributes(x11_disp, XtWindow(fenetre), &a) == 0
+           || a.map_state != IsViewable;
+}
+
+// All windows are on the screen; the server has asked for their drawing before it says so.
+bool tout_est_la(INT principale) {
+    const Widget mere = grx_recherche_shell(grx_recup_objet_fen(principale));
+    for (const char* nom : {"*Editeur", "*file_selection_popup"})
+        if (mere != nullptr && manque(XtNameToWidget(mere, nom))) return false;
+    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen)
+        if (manque(grx_recherche_shell(grx_recup_objet_fen(nofen)))) return false;
+    return true;
+}
+
+// Creates the file once all windows are there and everything asked for was drawn; looks again a little later else.
+void signale_dessine(XtPointer fichier, XtIntervalId*) {
+    constexpr unsigned long kEncore = 20; // milliseconds
+    if (!tout_est_la(grx_recup_nofen_principale()) || XEventsQueued(x11_disp, QueuedAfterReading) > 0) {
+        XtAppAddTimeOut(contexte, kEncore, signale_dessine, fichier);
+        return;
+    }
     grx_sync_server();
-    if (FILE* const f = std::fopen(fichier, "w")) std::fclose(f);
+    if (FILE* const f = std::fopen(static_cast<const char*>(fichier), "w")) std::fclose(f);
 }
 
 INT fonction_de(const GRX_EVENEMENT& e) {
@@ -75,7 +100,7 @@ bool finit(const GRX_EVENEMENT& e, INT principale) {
 }
 
 struct Options {
-    enum Page { kControles, kPanneaux, kFichiers, kDialogue } page = kControles;
+    enum Page { kControles, kPanneaux, kFichiers, kDialogue, kCouleurs } page = kControles;
     const char* config = GALERIE_REP;
     const char* pret = nullptr;
 };
@@ -91,6 +116,8 @@ Options lit_options(int argc, char** argv) {
             o.page = Options::kFichiers;
         else if (nom == "--dialogue")
             o.page = Options::kDialogue;
+        else if (nom == "--couleurs")
+            o.page = Options::kCouleurs;
         else if (nom == "--config" && valeur != nullptr)
             o.config = argv[++i];
         else if (nom == "--pret" && valeur != nullptr)
@@ -111,15 +138,10 @@ void montre_controles(INT principale) {
 void montre_page(Options::Page page, INT principale) {
     switch (page) {
     case Options::kControles: return montre_controles(principale);
+    case Options::kCouleurs: return cree_couleurs(principale);
     case Options::kPanneaux: return cree_panneaux(principale, GALERIE_ICONES);
     default: return cree_fichiers(principale, page == Options::kDialogue);
     }
-}
-
-// Called once nothing is left to do: what is to be seen is on the screen.
-Boolean signale_au_repos(XtPointer fichier) {
-    signale(static_cast<const char*>(fichier));
-    return True;
 }
 
 int boucle(INT principale, Journal& journal) {
@@ -138,18 +160,16 @@ int boucle(INT principale, Journal& journal) {
 
 int main(int argc, char** argv) {
     const Options options = lit_options(argc, argv);
-    if (!demarre(options.config)) return 1;
-    const INT principale = ouvre_principale();
+    const bool couleurs = options.page == Options::kCouleurs; // as they are
+    if (!demarre(options.config, !couleurs)) return 1;
+    const INT principale = couleurs ? ouvre_principale(0, kLargeurCouleurs, kHauteurCouleurs)
+                                    : ouvre_principale(GRX_FEN_ATT_PRINCIPALE, kLargeur, kHauteur);
     if (principale < 0) return 1;
     grx_affecte_nofen_principale(principale);
     montre_page(options.page, principale);
     Journal journal;
-    journal.cree(principale);
-    if (options.page == Options::kDialogue) {
-        XtAppAddWorkProc(contexte, signale_au_repos, const_cast<char*>(options.pret));
-        action_fichiers(principale, kFonctionDialogue, journal);
-    } else {
-        signale(options.pret);
-    }
+    if (!couleurs) journal.cree(principale);
+    if (options.pret != nullptr) XtAppAddTimeOut(contexte, 0, signale_dessine, const_cast<char*>(options.pret));
+    if (options.page == Options::kDialogue) action_fichiers(principale, kFonctionDialogue, journal);
     return boucle(principale, journal);
 }

@@ -13,6 +13,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -147,6 +148,7 @@ class Ecran {
         XImage* const lue = XGetImage(d_, racine(), c.x, c.y, static_cast<unsigned>(c.largeur),
             static_cast<unsigned>(c.hauteur), AllPlanes, ZPixmap);
         if (lue == nullptr) throw Echec("l'ecran ne se laisse pas lire");
+        r.points.reserve(static_cast<std::size_t>(c.largeur) * static_cast<std::size_t>(c.hauteur));
         for (int y = 0; y < c.hauteur; ++y)
             for (int x = 0; x < c.largeur; ++x) r.points.push_back(XGetPixel(lue, x, y));
         XDestroyImage(lue);
@@ -273,14 +275,18 @@ class Visite {
         try {
             fait();
         } catch (const Echec&) {
-            photo("echec");
+            photo_immediate("echec");
             throw;
         }
         std::puts("fait");
     }
 
-    // A picture of the whole screen.
+    // A picture of the whole screen, once it no longer changes; of a failure at once.
     void photo(const char* nom) {
+        calme([this] { return ecran_.image(ecran_.place(ecran_.racine())); });
+        photo_immediate(nom);
+    }
+    void photo_immediate(const char* nom) {
         const std::string fichier = repertoire_ + "/" + nom + ".png";
         const pid_t enfant = fork();
         if (enfant == 0) {
@@ -310,14 +316,20 @@ class Visite {
     }
     Image dessin() const { return ecran_.image(feuille()); }
 
-    // A picture once it no longer changes.
+    // A picture once it brings nothing new, twice in a row. One of the last few is nothing new: an insertion point blinks.
     static Image calme(const std::function<Image()>& image) {
-        Image avant = image(), apres;
+        constexpr std::size_t kFois = 2, kConnues = 4;
+        std::deque<Image> connues{image()};
+        std::size_t pareilles = 0;
         attend("une image qui ne change plus", [&] {
-            apres = image();
-            return std::exchange(avant, apres) == apres;
+            Image nouvelle = image();
+            const bool connue = std::find(connues.begin(), connues.end(), nouvelle) != connues.end();
+            pareilles = connue ? pareilles + 1 : 0;
+            connues.push_back(std::move(nouvelle));
+            if (connues.size() > kConnues) connues.pop_front();
+            return pareilles == kFois;
         });
-        return avant;
+        return connues.back();
     }
     Image calme() const {
         return calme([this] { return dessin(); });

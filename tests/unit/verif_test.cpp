@@ -67,7 +67,17 @@ TEST(VerifIni, TellsWhatIsReplacedOrReadInPart) {
     EXPECT_EQ(findings("TITRE 5\nTITRE 17pt\nFONT_CARACTERE\nFONT_CARACTERE " + std::string(41, 'f') + "\n"),
         (Findings{"1 taken: TITRE 5", "2 taken: TITRE 17, read from \"17pt\", instead of line 1",
             "3 taken: FONT_CARACTERE \"\", no font name",
-            "4 taken: FONT_CARACTERE \"" + std::string(39, 'f') + "\", cut at 39 characters, instead of line 3"}));
+            "4 taken: FONT_CARACTERE \"" + std::string(39, 'f') + "\", instead of line 3",
+            "4 refused: FONT_CARACTERE: the name has 41 characters, only 39 are kept: shorten it with *"}));
+}
+
+TEST(VerifIni, RefusesAFontNameThatIsCut) {
+    const std::string fits = "-*-fixed-medium-r-normal--15-*-iso8859-1";
+    EXPECT_EQ(findings("FONT_CARACTERE " + fits.substr(0, 39) + "  # " + fits),
+        Findings{"1 taken: FONT_CARACTERE \"" + fits.substr(0, 39) + '"'});
+    EXPECT_EQ(findings("FONT_CARACTERE " + fits),
+        (Findings{"1 taken: FONT_CARACTERE \"" + fits.substr(0, 39) + '"',
+            "1 refused: FONT_CARACTERE: the name has 40 characters, only 39 are kept: shorten it with *"}));
 }
 
 TEST(VerifIni, TellsWhereALineIsCut) {
@@ -128,11 +138,46 @@ TEST(VerifMenu, TellsWhatIsCutOrReadInPart) {
 }
 
 TEST(VerifMenu, TellsOfKeysThatDoNothing) {
-    EXPECT_EQ(menu_findings("{\nPOPUP||A|\n{\nITEM||a|Maj+S|1|\nITEM||a|ctrl+Alt+S|1|\n}\n}\n"),
+    EXPECT_EQ(menu_findings("{\nPOPUP||A|\n{\nITEM||a|Maj+S|1|\nITEM||a|ctrl+Alt+S|2|\n}\n}\n"),
         (Findings{"2 taken: opens level 1", "3 taken: menu \"A\"", "4 taken: opens level 2",
             "5 taken: entry \"a\", accelerator \"Maj+S\" shown only: it has an unknown modifier, function 1",
-            "6 taken: entry \"a\", accelerator \"ctrl+Alt+S\", function 1", "7 taken: closes level 2",
+            "6 taken: entry \"a\", accelerator \"ctrl+Alt+S\", function 2", "7 taken: closes level 2",
             "8 taken: closes level 1"}));
+}
+
+// The findings of a bar of two menus, the second with a submenu, that tell of what comes again.
+Findings notes(const std::string& first, const std::string& second, const std::string& submenu = "") {
+    Findings told;
+    for (const auto& finding : menu_findings("{\nPOPUP||&A|\n{\n" + first + "}\nPOPUP||&B|\n{\n" + second
+                                             + "POPUP||&Sub|\n{\n" + submenu + "}\n}\n}\n"))
+        if (finding.find(" taken: ") == std::string::npos) told.push_back(finding);
+    return told;
+}
+
+struct Shared {
+    const char *first, *second, *submenu;
+    Findings told;
+};
+
+TEST(VerifMenu, TellsWhatComesAgain) {
+    const std::vector<Shared> rows{
+        {"ITEM||a|Ctrl+S|1|\n", "ITEM||b|Ctrl+T|2|\n", "ITEM||c|S|3|\n", {}},
+        {"ITEM||a|Ctrl+Shift+S|1|\n", "ITEM||b|shift Control+s, F2|2|\n", "",
+            {"9 note: the accelerator \"shift Control+s\" that line 5 has"}},
+        {"ITEM||a|F5|1|\n", "ITEM||b|f5|2|\n", "ITEM||c|F5|3|\n", {"12 note: the accelerator \"F5\" that line 5 has"}},
+        {"ITEM||a|Maj+S|1|\n", "ITEM||b|Maj+S|2|\n", "", {}},
+        {"ITEM||a||7|\n", "ITEM||b||07|\n", "", {"9 note: the function 7 that line 5 has"}},
+        {"ITEM||-|||\n", "ITEM||-|||\n", "", {}},
+        {"ITEM||&a||1|\nITEM||b&A||2|\n", "ITEM||&a||3|\n", "", {"6 note: the mnemonic A that line 5 has"}},
+        {"", "ITEM||a&s||1|\n", "ITEM||&a||2|\nITEM||&s||3|\n", {"9 note: the mnemonic S that line 8 has"}},
+        {"", "", "ITEM||&a||2|\nITEM||b&a||3|\nITEM||c&a||4|\n",
+            {"11 note: the mnemonic a that line 10 has", "12 note: the mnemonic a that line 10 has"}},
+        {"", "POPUP||&A|\n{\n}\n", "", {}},
+        {"ITEM|3|&x||1|\nITEM||&x||2|\n", "", "", {}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(notes(row.first, row.second, row.submenu), row.told) << row.first << row.second << row.submenu;
+    EXPECT_EQ(menu_findings("{\nPOPUP||&A|\nPOPUP||&a|\n}\n")[3], "4 note: the mnemonic a that line 3 has");
 }
 
 TEST(VerifMenu, FileWithoutTheMarkerIsRefused) {
@@ -192,7 +237,30 @@ TEST_F(VerifCommand, ChecksMenuFilesOfAnyName) {
 
 TEST_F(VerifCommand, ExplainsItselfWithoutArguments) {
     EXPECT_EQ(run({}), 2);
-    EXPECT_EQ(errors_.str().substr(0, 26), "usage: grx-verif FILE...\nS");
+    EXPECT_EQ(errors_.str().substr(0, 31), "usage: grx-verif FILE...\n      ");
+    EXPECT_EQ(out_.str(), "");
+}
+
+TEST_F(VerifCommand, ExplainsItselfWhenAsked) {
+    EXPECT_EQ(run({"--help"}), 0);
+    EXPECT_EQ(out_.str().substr(0, 31), "usage: grx-verif FILE...\n      ");
+    for (const char* word : {"INI_SYST.DAT", "MNU_*.DAT", "taken", "note", "skipped", "refused", "Exit code"})
+        EXPECT_NE(out_.str().find(word), std::string::npos) << word;
+    EXPECT_EQ(errors_.str(), "");
+}
+
+TEST_F(VerifCommand, TellsItsVersion) {
+    EXPECT_EQ(verif::run(std::vector<std::string>{"--version"}, out_, errors_, "1.2.3"), 0);
+    EXPECT_EQ(out_.str(), "grx-verif 1.2.3\n");
+    EXPECT_EQ(errors_.str(), "");
+}
+
+TEST_F(VerifCommand, WhatComesAgainIsNoRefusalAndACutFontNameIs) {
+    const auto menu =
+        dir_.write("MNU_ARCH.DAT", "#:ZONE_MENU_BAR\n{\nPOPUP||A|\nITEM||a||1|\nITEM||b||1|\n}\n").string();
+    EXPECT_EQ(run({menu}), 0);
+    EXPECT_NE(out_.str().find(":5: note: the function 1 that line 4 has\n"), std::string::npos) << out_.str();
+    EXPECT_EQ(run({dir_.write("INI_SYST.DAT", "FONT_CARACTERE " + std::string(40, 'f')).string()}), 1);
 }
 
 TEST_F(VerifCommand, ChecksAllFilesAndKeepsTheWorstResult) {

@@ -67,16 +67,35 @@ inline int check_file(const std::string& path, std::ostream& out, std::ostream& 
     return has_refusals(findings) ? some_refused : all_taken;
 }
 
+inline void explain(std::ostream& to) {
+    to << "usage: grx-verif FILE...\n"
+          "       grx-verif --help | --version\n"
+          "Says line by line what the library makes of its configuration files, and why:\n"
+          "  taken    it is used\n"
+          "  note     it is used; an accelerator, a function number or, within one menu, a mnemonic comes again.\n"
+          "           Of entries with one accelerator the first answers it; entries may share a function number.\n"
+          "  skipped  it says nothing: comments, blank lines, what is not for the library\n"
+          "  refused  it cannot be used, or not as it is written, as a font name longer than is kept\n"
+          "Files by their names: "
+       << known_names()
+       << ".\n"
+          "Exit code: 0 nothing refused, 1 something refused, 2 a file could not be checked.\n";
+}
+
 // The worst code of all files.
-inline int run(std::span<const std::string> paths, std::ostream& out, std::ostream& errors) {
+inline int run(
+    std::span<const std::string> paths, std::ostream& out, std::ostream& errors, std::string_view version = "") {
     if (paths.empty()) {
-        errors << "usage: grx-verif FILE...\n"
-                  "Says line by line what the library takes from its configuration files, skips or refuses, and why.\n"
-                  "It knows "
-               << known_names()
-               << ".\n"
-                  "Result: 0 nothing refused, 1 something refused, 2 a file could not be checked.\n";
+        explain(errors);
         return not_checked;
+    }
+    if (paths.front() == "--help") {
+        explain(out);
+        return all_taken;
+    }
+    if (paths.front() == "--version") {
+        out << "grx-verif " << version << '\n';
+        return all_taken;
     }
     int worst = all_taken;
     for (const auto& path : paths) worst = std::max(worst, check_file(path, out, errors));

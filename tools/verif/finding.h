@@ -7,7 +7,8 @@
 
 namespace verif {
 
-enum class Verdict { taken, skipped, refused };
+// noted: taken, and something about it is worth knowing.
+enum class Verdict { taken, noted, skipped, refused };
 
 struct Finding {
     int line = 0; // from 1
@@ -20,6 +21,7 @@ using Findings = std::vector<Finding>;
 inline std::string_view name_of(Verdict verdict) {
     switch (verdict) {
     case Verdict::taken: return "taken";
+    case Verdict::noted: return "note";
     case Verdict::skipped: return "skipped";
     case Verdict::refused: return "refused";
     }

@@ -46,9 +46,15 @@ class IniCheck {
         const auto font = trimmed(*value);
         auto text = std::string(grx::ini_font_key) + " \"" + font.substr(0, longest_font) + '"';
         if (font.empty()) text += ", no font name";
-        if (font.size() > longest_font) text += ", cut at " + std::to_string(longest_font) + " characters";
         say(Verdict::taken, text + replaced(grx::ini_font_key));
+        if (font.size() > longest_font) say(Verdict::refused, what_is_cut_of(font));
         return true;
+    }
+
+    // What is left of a name is hardly a font's: the toolkit would take another one.
+    static std::string what_is_cut_of(std::string_view font) {
+        return std::string(grx::ini_font_key) + ": the name has " + std::to_string(font.size()) + " characters, only "
+               + std::to_string(longest_font) + " are kept: shorten it with *";
     }
 
     // A line goes on to the next key while its value is refused. False when it holds no key at all.

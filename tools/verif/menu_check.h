@@ -3,6 +3,7 @@
 
 #include <array>
 #include <istream>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -96,6 +97,8 @@ class MenuCheck {
         ++menus_;
         (sub ? sub_open_ : top_open_) = true;
         say(Verdict::taken, (sub ? "submenu " : "menu ") + label_of(fields));
+        note_mnemonic(fields, sub ? top_menu : bar);
+        mnemonics_[sub ? sub_menu : top_menu].clear();
     }
 
     void take_entry(const Fields& fields) {
@@ -106,6 +109,49 @@ class MenuCheck {
         if (number.empty() && shown(text).starts_with('-')) return say(Verdict::taken, "separator");
         say(Verdict::taken, "entry " + label_of(fields) + accelerator_of(accelerator) + ", function "
                                 + std::to_string(grx::number_of(function)) + number_note(function));
+        note_mnemonic(fields, depth_ == 3 ? sub_menu : top_menu);
+        note_key(accelerator);
+        note_function(function);
+    }
+
+    // --- what two entries have in common
+
+    enum Container : std::size_t { bar, top_menu, sub_menu };
+
+    // Tells when an earlier line of the same map had it, and remembers the first.
+    template <class Map, class Key>
+    void note_second(Map& lines, const Key& key, const std::string& what) {
+        const auto [earlier, first] = lines.try_emplace(key, line_);
+        if (!first) say(Verdict::noted, what + " that line " + std::to_string(earlier->second) + " has");
+    }
+
+    void note_mnemonic(const Fields& fields, Container container) {
+        const auto& [number, text, accelerator, function] = fields;
+        const auto mnemonic = number.empty() ? grx::menu_label(text).mnemonic : std::nullopt;
+        if (mnemonic) note_second(mnemonics_[container], small(*mnemonic), std::string("the mnemonic ") + *mnemonic);
+    }
+
+    // The first entry that has a key answers it.
+    void note_key(std::string_view text) {
+        const auto key = key_of(text);
+        if (!key.empty()) note_second(keys_, key, "the accelerator " + in_quotes(accelerator_text(text)));
+    }
+
+    void note_function(std::string_view text) {
+        const auto number = grx::number_of(text);
+        if (!text.empty()) note_second(functions_, number, "the function " + std::to_string(number));
+    }
+
+    static char small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+    // One text for all ways of writing a key; none for what is no key.
+    static std::string key_of(std::string_view text) {
+        const auto parts = grx::split_accelerator(accelerator_text(text));
+        const auto held = grx::key_modifiers(parts.modifiers);
+        if (!held || parts.key.empty()) return "";
+        std::string key(parts.key);
+        if (key.size() == 1) key[0] = small(key[0]);
+        return std::string(held->control ? "c" : "") + (held->shift ? "s" : "") + (held->alt ? "a" : "") + '+' + key;
     }
 
     std::string nowhere() const {
@@ -129,8 +175,12 @@ class MenuCheck {
         return result;
     }
 
+    static std::string_view accelerator_text(std::string_view text) {
+        return grx::first_accelerator(text.substr(0, longest_accelerator));
+    }
+
     static std::string accelerator_of(std::string_view text) {
-        const auto first = grx::first_accelerator(text.substr(0, longest_accelerator));
+        const auto first = accelerator_text(text);
         if (first.empty()) return "";
         const bool known = grx::key_modifiers(grx::split_accelerator(first).modifiers).has_value();
         return ", accelerator " + in_quotes(first) + (first.size() < text.size() ? " of " + in_quotes(text) : "")
@@ -148,6 +198,9 @@ class MenuCheck {
     int menus_ = 0;
     bool top_open_ = false;
     bool sub_open_ = false;
+    std::array<std::map<char, int>, 3> mnemonics_; // by Container: the line of each
+    std::map<std::string, int> keys_;
+    std::map<int, int> functions_;
     Findings findings_;
 };
 
