@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# use.sh [MINUTES] [--manager mwm|openbox|none]... [--layout us|fr|us,fr]... [--locks none|num|caps]... [--seed N]:
+# use.sh [MINUTES] [--manager mwm|openbox|none]... [--layout us|fr|us,fr]... [--locks none|num|caps]... [--seed N]
+#        [--step NAME]:
 # uses atelier as a hand does, with real mouse and keys on X servers of its own, for so many minutes (60) shared among
 # the combinations: all managers with us and fr and NumLock on where nothing is asked for. Steps come in an order that
 # the seed gives, which is printed, so that a failure can be repeated. Every check that fails is told and leaves a
@@ -14,6 +15,7 @@ while [ $# -gt 0 ]; do
         --layout) layouts+=("$2"); shift 2 ;;
         --locks) locks+=("$2"); shift 2 ;;
         --seed) seed=$2; shift 2 ;;
+        --step) export USE_STEP=$2; shift 2 ;; # the only one, by the name that a failure tells
         *[!0-9.]* | "") sed -n 's/^# //p' "$0" | head -n 1 >&2; exit 64 ;;
         *) minutes=$1; shift ;;
     esac

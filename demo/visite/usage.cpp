@@ -2,6 +2,7 @@
 // mouse and keys, in an order that the seed gives, and checks what every step brought about: in atelier's journal, in
 // files, in places of windows, in pictures. PLACE is a folder with drawings. A check that fails is told with its step,
 // what was expected and what was seen, and leaves a picture; the use goes on. The exit code is 0 when none failed.
+#include <cmath>
 #include <random>
 #include <set>
 #include <sstream>
@@ -34,6 +35,7 @@ struct Options {
     std::string combinaison;
     int groupe = 0;
     std::vector<KeySym> verrous;
+    std::string seule; // the one step to play
 };
 
 std::string nombre_court(double v) {
@@ -83,6 +85,7 @@ class Usage {
         std::shuffle(ordre.begin(), ordre.end(), hasard_);
         for (const Etape& e : ordre) {
             if (Horloge::now() > fin) return;
+            if (!o_.seule.empty() && o_.seule != e.nom) continue;
             if (!programme_) lance();
             essaie(e.nom, [&] {
                 (this->*e.fait)();
@@ -265,14 +268,22 @@ class Usage {
             [&] { return ecran_.cherche(ecran_.racine(), titre) == None ? "fermee" : "ouverte"; });
     }
 
-    // Two moves over the sheet, each seen by the program: what was asked before them has happened.
+    // Two moves over the sheet, each seen by the program: what was asked before them has happened. A window that was not
+    // there for a moment sees a later move.
     void sentinelle() {
         for (int i = 0; i < 2; ++i) {
             const std::string avant = programme_->etat("pointeur");
-            va_sur_la_feuille();
-            attend(
-                "une reponse au pointeur", [&] { return !programme_->vit() || programme_->etat("pointeur") != avant; },
-                kPatience);
+            Horloge::time_point encore = Horloge::now();
+            const auto repond = [&] {
+                if (!programme_->vit() || programme_->etat("pointeur") != avant) return true;
+                if (Horloge::now() >= encore) va_sur_la_feuille(), encore = Horloge::now() + kPause * 25;
+                return false;
+            };
+            try {
+                attend("une reponse au pointeur", repond, kPatience);
+            } catch (const Echec&) {
+                throw Echec("attendu: le pointeur, deplace vers " + pointeur() + "; vu: " + avant);
+            }
         }
         if (!programme_->vit()) throw Echec("atelier a fini, code " + std::to_string(programme_->code()));
     }
@@ -295,6 +306,22 @@ class Usage {
             if (fille == ecran_.cadre_de(fenetre_)) return;
         }
         throw Echec("la feuille est couverte");
+    }
+
+    // Where it is, and in which window.
+    std::string pointeur() const {
+        Window racine = None, dessous = ecran_.racine();
+        int x = 0, y = 0, a = 0, b = 0;
+        unsigned m = 0;
+        std::string r;
+        for (Window w = dessous; w != None; w = dessous) {
+            if (XQueryPointer(ecran_.d(), w, &racine, &dessous, &x, &y, &a, &b, &m) == 0) break;
+            std::ostringstream s;
+            s << (r.empty() ? std::to_string(x) + "," + std::to_string(y) + " boutons " + std::to_string(m) + " dans" : "")
+              << " 0x" << std::hex << dessous;
+            r += s.str();
+        }
+        return r;
     }
 
     int au_plus(int n) { return n <= 0 ? 0 : static_cast<int>(hasard_() % static_cast<unsigned>(n + 1)); }
@@ -389,13 +416,13 @@ class Usage {
         const auto dedans = [&] { clic_outil(x ? kChampX : kChampY); };
         aucune_action([&] { remplit(champ, dedans, hasard(12)); });
         const std::string valeur_autre = programme_->etat(autre);
-        const double v = 1 + au_plus(150) / 10.0;
-        const std::string nombre_ = nombre_court(v);
+        const std::string nombre_ = std::to_string(1 + au_plus(998));
         remplit(champ, dedans, nombre_);
         egal("champ " + autre, valeur_autre, programme_->etat(autre));
         dedans();
         une_fois(x ? "controle 501 " : "controle 502 ", [&] { ecran_.touche(XK_Return); });
-        attend_egal("valeur de " + champ, nombre_, [&] { return nombre_court(std::atof(programme_->etat(champ).c_str())); });
+        attend_egal("valeur de " + champ, nombre_,
+            [&] { return nombre_court(std::round(std::atof(programme_->etat(champ).c_str()))); });
         photo("champs");
         prend_clavier();
     }
@@ -687,7 +714,10 @@ class Usage {
         photo("couches");
         const std::size_t depuis = programme_->ici();
         ecran_.touche(XK_Return);
-        attend_egal("filtre des couches", "controle 342 0 " + t, [&] { return programme_->lignes(depuis, "controle 342"); });
+        attend_egal("filtre des couches", t, [&] {
+            const std::string l = programme_->lignes(depuis, "controle 342");
+            return l.substr(std::min(l.size(), l.find(' ', std::string_view("controle 342 ").size()) + 1));
+        });
         egal("champ x", x, programme_->etat("x"));
         une_fois("controle 344", [&] { clic_panneau(w, kToutes); });
         ferme_de_l_une_des_facons(w, kFermer, titre);
@@ -699,15 +729,16 @@ class Usage {
         clic_panneau(w, kCritere);
         std::vector<Window> m;
         attend("les choix", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
+        std::this_thread::sleep_for(kTenu); // the next click is a first one again
         const Cadre c = ecran_.place(m.front()), p = ecran_.place(w);
         const int x = p.x + kCritere.x * kCaractere / 10, y = p.y + kCritere.y * kLigne / 10;
         if (x < c.x || x > c.x + c.largeur || std::abs(y - c.y) > 4 * kEntree)
             throw Echec("place des choix: attendu vers " + std::to_string(x) + "," + std::to_string(y) + ", vu " + texte(c));
         photo("nomenclature");
-        std::this_thread::sleep_for(kTenu);
         const int choix = au_plus(2);
         une_fois("controle 335 " + std::to_string(choix + 1), [&] {
-            ecran_.va(c.x + c.largeur / 2, c.y + 2 + choix * kEntree + kEntree / 2);
+            ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur * (2 * choix + 1) / 6);
+            photo("choix");
             ecran_.clic(1);
             sans_menu();
         });
@@ -762,13 +793,13 @@ class Usage {
 
     // --- steps: files ---
 
-    // The field for a name, emptied and typed into.
+    // The field for a path, emptied and typed into.
     void nomme(Window w, const std::string& nom) {
         const Cadre c = ecran_.place(w);
         clic(w, {c.largeur / 2, c.hauteur - 93});
         ecran_.touche(XK_End);
         for (int i = 0; i < 90; ++i) ecran_.touche(XK_BackSpace);
-        clavier_.tape(nom);
+        clavier_.tape((o_.place / nom).string());
     }
 
     std::set<std::string> fichiers(const std::string& extension) const {
@@ -865,13 +896,14 @@ class Usage {
         const Cadre c = ecran_.place(w);
         clic(w, {c.largeur / 2, c.hauteur / 2});
         ecran_.touche(XK_Home, XK_Control_L);
+        ecran_.touche(XK_Return);
+        ecran_.touche(XK_Home, XK_Control_L);
         const std::string l = hasard(10);
         clavier_.tape(l);
         ecran_.touche(XK_Home, XK_Shift_L);
         ecran_.touche(XK_Insert, XK_Control_L);
         ecran_.touche(XK_End);
         ecran_.touche(XK_Insert, XK_Shift_L);
-        ecran_.touche(XK_Return);
         photo("editeur");
         sauve(w);
         attend_egal("premiere ligne", l + l, [&] { return premiere_ligne(liste_ecrite()); });
@@ -891,7 +923,7 @@ class Usage {
         const Cadre menu = ecran_.place(m.front()), e = ecran_.place(w);
         if (menu.x < e.x || menu.x > e.x + kFichier.x || menu.y < e.y || menu.y > e.y + kBarreDuHaut + kMarge.y)
             throw Echec("place du menu de l'editeur: attendu dans " + texte(e) + ", vu " + texte(menu));
-        ecran_.va(menu.x + menu.largeur / 3, menu.y + 2 + 2 * kEntreeDeMenu + kEntreeDeMenu / 2);
+        ecran_.va(menu.x + menu.largeur / 3, menu.y + 2 + 3 * kEntreeDeMenu + kEntreeDeMenu / 2);
         ecran_.clic(1);
         sans_menu();
     }
@@ -937,7 +969,8 @@ class Usage {
 Options options(int nombre, char** textes) {
     if (nombre < 7) throw Echec("usage: usage PROGRAMME IMAGES PLACE SECONDES GRAINE COMBINAISON [GROUPE [VERROU...]]");
     Options o{textes[1], textes[2], textes[3], std::atoi(textes[4]), static_cast<unsigned>(std::atoi(textes[5])), textes[6],
-        nombre > 7 ? std::atoi(textes[7]) : 0, {}};
+        nombre > 7 ? std::atoi(textes[7]) : 0, {}, ""};
+    if (const char* const seule = std::getenv("USE_STEP")) o.seule = seule;
     for (int i = 8; i < nombre; ++i) o.verrous.push_back(XStringToKeysym(textes[i]));
     return o;
 }
