@@ -115,22 +115,11 @@ class Usage {
         remet();
     }
 
-    // The state that steps begin with: only the main window, nothing held. A program that does not come back is ended.
+    // After a fault another one would only follow from it: nothing is held, and a new atelier begins.
     void remet() {
         for (unsigned b = 1; b <= 3; ++b) ecran_.bouton(b, false);
-        try {
-            for (int i = 0; i < 4 && programme_->vit(); ++i) {
-                ecran_.touche(XK_Escape);
-                std::this_thread::sleep_for(kPause * 5);
-                for (const Window w : fenetres())
-                    if (w != fenetre_) demande_fermeture(w);
-            }
-            prend_clavier();
-            tranquille();
-        } catch (const std::exception&) {
-            programme_.reset();
-            memoires_.clear();
-        }
+        programme_.reset();
+        memoires_.clear();
     }
 
     // What holds after every step: the program lives and says nothing, its window is on the screen, alone, and answers.
@@ -341,10 +330,22 @@ class Usage {
         sentinelle();
     }
 
+    // As slow as a hand: a manager that passes clicks on can be late with them.
     void clic(Window w, Pixels p) {
+        constexpr auto kMain = std::chrono::milliseconds(150);
         const Cadre c = ecran_.place(w);
         ecran_.va(c.x + p.x, c.y + p.y);
         ecran_.clic(1);
+        if (!gestionnaire_) return;
+        std::this_thread::sleep_for(kMain);
+    }
+    // Keys go to it: without a manager it is the window under the pointer that has them.
+    void clavier_a(Window w) {
+        const Cadre c = ecran_.place(w);
+        ecran_.va(c.x + c.largeur - 4, c.y + c.hauteur - 4);
+        if (gestionnaire_)
+            attend(
+                "le clavier a la fenetre", [&] { return ecran_.cadre_de(ecran_.clavier()) == ecran_.cadre_de(w); }, kPatience);
     }
     void clic_outil(Pixels p) { clic(fenetre_, {p.x, p.y + kBarreDuHaut}); }
     void clic_panneau(Window w, Place p) { clic(w, {p.x * kCaractere / 10, p.y * kLigne / 10}); }
@@ -399,8 +400,7 @@ class Usage {
     void remplit(const std::string& champ, const std::function<void()>& clic_dedans, const std::string& texte_) {
         clic_dedans();
         ecran_.touche(XK_End);
-        const std::size_t avant = programme_->etat(champ).size();
-        for (std::size_t i = 0; i < avant; ++i) ecran_.touche(XK_BackSpace);
+        for (std::size_t i = programme_->etat(champ).size(); i > 0; --i) ecran_.touche(XK_BackSpace);
         attend_egal("champ " + champ + " vide", "", [&] { return programme_->etat(champ); });
         clavier_.tape(texte_);
         attend_egal("champ " + champ, texte_, [&] { return programme_->etat(champ); });
@@ -817,7 +817,9 @@ class Usage {
     Window dialogue(char lettre, const std::string& titre) {
         prend_clavier();
         clavier_.avec(XK_Control_L, lettre);
-        return ouverte(titre);
+        const Window w = ouverte(titre);
+        clavier_a(w);
+        return w;
     }
 
     void image() {
@@ -838,19 +840,28 @@ class Usage {
         remplace(titre, nom, grand);
     }
 
+    // The window that was not there.
+    Window question_parmi(const std::vector<Window>& connues) {
+        for (const Window w : fenetres())
+            if (std::find(connues.begin(), connues.end(), w) == connues.end()) return w;
+        throw Echec("attendu: une question; vu: rien de neuf");
+    }
+
     // The same name again: the question comes, and what is answered holds.
     void remplace(const std::string& titre, const std::string& nom, const std::string& grand) {
         const auto date = [&] { return fs::last_write_time(o_.place / (grand + ".BMP")); };
         const auto avant = date();
         const Window w = dialogue('s', titre);
         nomme(w, nom);
-        const std::size_t combien = fenetres().size();
+        const std::vector<Window> connues = fenetres();
+        const std::size_t combien = connues.size();
         ecran_.touche(XK_Return);
         attend("la question", [&] { return fenetres().size() > combien; }, kPatience);
+        clavier_a(question_parmi(connues));
         photo("question");
         ecran_.touche(XK_Escape);
         attend_egal("la question", "fermee", [&] { return fenetres().size() <= combien ? "fermee" : "ouverte"; });
-        if (ecran_.cherche(ecran_.racine(), titre) != None) ecran_.touche(XK_Escape);
+        if (ecran_.cherche(ecran_.racine(), titre) != None) clavier_a(w), ecran_.touche(XK_Escape);
         fermee(titre);
         if (date() != avant) throw Echec("le fichier " + grand + ".BMP: attendu inchange, vu remplace");
         prend_clavier();
