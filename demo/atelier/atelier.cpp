@@ -210,7 +210,7 @@ void Atelier::relache(const GRX_BOUTON_RELACHE& e) {
 
 void Atelier::touche(const GRX_CARAC_APPUI& e) {
     if (panneau_tient(e.nofen)) return panneau_touche(e);
-    if (outils_.est_champ(e.nobou)) return;
+    if (outils_.est_champ(e.nobou) || bande_.est_champ(e.nobou)) return;
     const double dx = kPasTouche * vue_.largeur(), dy = kPasTouche * vue_.hauteur();
     if (elastique_) fin_elastique(false);
     switch (e.carac) {

@@ -414,7 +414,7 @@ class Usage {
         const bool x = au_plus(1) == 0;
         const std::string champ = x ? "x" : "y", autre = x ? "y" : "x";
         const auto dedans = [&] { clic_outil(x ? kChampX : kChampY); };
-        aucune_action([&] { remplit(champ, dedans, hasard(12)); });
+        aucune_action([&] { remplit(champ, dedans, hasard(9) + kCommandes); });
         const std::string valeur_autre = programme_->etat(autre);
         const std::string nombre_ = std::to_string(1 + au_plus(998));
         remplit(champ, dedans, nombre_);
@@ -690,7 +690,7 @@ class Usage {
         const std::string titre = "glages du dessin";
         const std::string x = programme_->etat("x");
         const Window w = par_touche(XK_F5, "321", titre);
-        aucune_action([&] { remplit("pas", [&] { clic_panneau(w, kPas); }, hasard(8)); });
+        aucune_action([&] { remplit("pas", [&] { clic_panneau(w, kPas); }, hasard(5) + kCommandes); });
         egal("champ x", x, programme_->etat("x"));
         photo("reglages");
         const std::string pas = nombre_court((1 + au_plus(20)) / 4.0);
@@ -768,8 +768,9 @@ class Usage {
         const Window w = par_touche(XK_F9, "325", "Informations");
         const std::string x = programme_->etat("x");
         const Cadre c = ecran_.place(w);
+        clavier_a(w);
         const auto dedans = [&] { clic(w, {4 + 67 * kCaractere, c.hauteur / 2}); };
-        aucune_action([&] { remplit("saisie", dedans, hasard(7)); });
+        aucune_action([&] { remplit("saisie", dedans, hasard(7) + kCommandes); });
         egal("champ x", x, programme_->etat("x"));
         remplit("saisie", dedans, "3 4");
         dedans();
@@ -784,7 +785,12 @@ class Usage {
             attend_egal("grille", grille == "oui" ? "non" : "oui", [&] { return programme_->etat("grille"); });
         }
         clic(w, {kFleche.x, c.hauteur + kFleche.y});
-        attend_egal("une rangee", texte(c), [&] { return texte(ecran_.place(w)); });
+        attend_egal("une rangee", "a sa place", [&] {
+            const Cadre r = ecran_.place(w);
+            const bool la = r.largeur == c.largeur && r.hauteur == c.hauteur && std::abs(r.x - c.x) <= kEcartDePlace
+                            && std::abs(r.y - c.y) <= kEcartDePlace;
+            return la ? "a sa place" : texte(r) + ", avant " + texte(c);
+        });
         prend_clavier();
         ecran_.touche(XK_F9);
         attend_egal("bande", "cachee", [&] { return ecran_.visible(w) ? "vue" : "cachee"; });
@@ -961,6 +967,8 @@ class Usage {
         egal("stderr", "", programme_->plaintes());
     }
 
+    static constexpr int kEcartDePlace = 2; // borders of managers that the settings do not know
+    static constexpr const char* kCommandes = "q-f"; // on the sheet these are commands
     static constexpr const char* kTitrePrincipal = "atelier - ";
 
     Options o_;
