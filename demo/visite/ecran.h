@@ -252,9 +252,7 @@ class Ecran {
     }
 
   private:
-    void cle(KeySym symbole, bool appui) {
-        touche_code(XKeysymToKeycode(d_, symbole), appui);
-    }
+    void cle(KeySym symbole, bool appui) { touche_code(XKeysymToKeycode(d_, symbole), appui); }
 
     Display* d_;
 };

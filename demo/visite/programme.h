@@ -91,7 +91,8 @@ class Programme {
         for (std::string ligne; std::getline(f, ligne) && !f.eof();) {
             lu_ += static_cast<std::streamoff>(ligne.size()) + 1;
             const std::size_t egal = ligne.find('=');
-            if (egal != std::string::npos && ligne.find(' ') > egal) etats_[ligne.substr(0, egal)] = ligne.substr(egal + 1);
+            if (egal != std::string::npos && ligne.find(' ') > egal)
+                etats_[ligne.substr(0, egal)] = ligne.substr(egal + 1);
             lignes_.push_back(std::move(ligne));
         }
     }

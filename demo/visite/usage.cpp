@@ -57,7 +57,8 @@ class Usage {
         while (Horloge::now() < fin) tour(fin);
         if (programme_) essaie("fermeture", [this] { fermeture(); });
         memoire_stable();
-        std::printf("%s: %d tours, %d etapes, %d manquees, memoire (ko)", o_.combinaison.c_str(), tours_, etapes_, manquees_);
+        std::printf(
+            "%s: %d tours, %d etapes, %d manquees, memoire (ko)", o_.combinaison.c_str(), tours_, etapes_, manquees_);
         for (const long ko : memoires_) std::printf(" %ld", ko);
         std::puts("");
         return manquees_;
@@ -77,10 +78,11 @@ class Usage {
             {"touches du dessin", &Usage::touches}, {"menus au clavier", &Usage::mnemoniques},
             {"menus a la souris", &Usage::menus}, {"module", &Usage::module}, {"souris sur la feuille", &Usage::souris},
             {"echelle du zoom", &Usage::zoom}, {"liste des couches", &Usage::liste}, {"autre taille", &Usage::taille},
-            {"icone et retour", &Usage::iconifie}, {"reglages", &Usage::reglages}, {"choix des couches", &Usage::couches},
-            {"nomenclature", &Usage::nomenclature}, {"palette", &Usage::palette}, {"enregistrer l'image", &Usage::image},
-            {"ouvrir", &Usage::ouvrir}, {"editeur", &Usage::editeur}, {"tracer", &Usage::trace},
-            {"bande d'information", &Usage::bande}, {"titre et bord", &Usage::decorations}};
+            {"icone et retour", &Usage::iconifie}, {"reglages", &Usage::reglages},
+            {"choix des couches", &Usage::couches}, {"nomenclature", &Usage::nomenclature},
+            {"palette", &Usage::palette}, {"enregistrer l'image", &Usage::image}, {"ouvrir", &Usage::ouvrir},
+            {"editeur", &Usage::editeur}, {"tracer", &Usage::trace}, {"bande d'information", &Usage::bande},
+            {"titre et bord", &Usage::decorations}};
         std::vector<Etape> ordre(std::begin(kEtapes), std::end(kEtapes));
         std::shuffle(ordre.begin(), ordre.end(), hasard_);
         for (const Etape& e : ordre) {
@@ -138,8 +140,9 @@ class Usage {
         programme_.emplace(o_.programme, o_.place, (o_.place / "maison.dxf").string());
         plaintes_.clear();
         fenetre_ = None;
-        attend("la fenetre d'atelier",
-            [&] { return !programme_->vit() || (fenetre_ = ecran_.cherche(ecran_.racine(), kTitrePrincipal)) != None; });
+        attend("la fenetre d'atelier", [&] {
+            return !programme_->vit() || (fenetre_ = ecran_.cherche(ecran_.racine(), kTitrePrincipal)) != None;
+        });
         attend("le dessin", [&] { return !programme_->vit() || !programme_->etat("echelle").empty(); });
         if (!programme_->vit()) throw Echec("atelier a fini en commencant");
         prend_clavier();
@@ -152,7 +155,8 @@ class Usage {
             int format = 0;
             unsigned long n = 0, reste = 0;
             unsigned char* v = nullptr;
-            XGetWindowProperty(ecran_.d(), ecran_.racine(), a, 0, 1, False, AnyPropertyType, &type, &format, &n, &reste, &v);
+            XGetWindowProperty(
+                ecran_.d(), ecran_.racine(), a, 0, 1, False, AnyPropertyType, &type, &format, &n, &reste, &v);
             if (v != nullptr) XFree(v);
             if (type != None) return true;
         }
@@ -163,11 +167,12 @@ class Usage {
         constexpr std::size_t kChauffe = 3, kAssez = 6;
         constexpr long kParTour = 300; // kilobytes
         if (memoires_.size() < kAssez) return;
-        const long de_plus = (memoires_.back() - memoires_[kChauffe - 1]) / static_cast<long>(memoires_.size() - kChauffe);
+        const long de_plus =
+            (memoires_.back() - memoires_[kChauffe - 1]) / static_cast<long>(memoires_.size() - kChauffe);
         if (de_plus <= kParTour) return;
         ++manquees_;
-        std::printf("MANQUE %s, graine %u: attendu: moins de %ld ko de plus par tour; vu: %ld\n", o_.combinaison.c_str(),
-            o_.graine, kParTour, de_plus);
+        std::printf("MANQUE %s, graine %u: attendu: moins de %ld ko de plus par tour; vu: %ld\n",
+            o_.combinaison.c_str(), o_.graine, kParTour, de_plus);
     }
 
     // --- looking ---
@@ -190,7 +195,8 @@ class Usage {
         std::vector<Window> r;
         const auto prend = [&](Window w) {
             XWindowAttributes a{};
-            if (XGetWindowAttributes(ecran_.d(), w, &a) == 0 || a.override_redirect || a.map_state != IsViewable) return false;
+            if (XGetWindowAttributes(ecran_.d(), w, &a) == 0 || a.override_redirect || a.map_state != IsViewable)
+                return false;
             if (ecran_.titre(w).empty()) return false;
             r.push_back(w);
             return true;
@@ -306,7 +312,8 @@ class Usage {
         for (Window w = dessous; w != None; w = dessous) {
             if (XQueryPointer(ecran_.d(), w, &racine, &dessous, &x, &y, &a, &b, &m) == 0) break;
             std::ostringstream s;
-            s << (r.empty() ? std::to_string(x) + "," + std::to_string(y) + " boutons " + std::to_string(m) + " dans" : "")
+            s << (r.empty() ? std::to_string(x) + "," + std::to_string(y) + " boutons " + std::to_string(m) + " dans"
+                            : "")
               << " 0x" << std::hex << dessous;
             r += s.str();
         }
@@ -317,7 +324,8 @@ class Usage {
 
     void photo(const std::string& nom) {
         if (++photos_[nom] > 2) return;
-        visite::photo((o_.photos / (o_.combinaison + "-" + nom + "-" + std::to_string(photos_[nom]) + ".png")).string());
+        visite::photo(
+            (o_.photos / (o_.combinaison + "-" + nom + "-" + std::to_string(photos_[nom]) + ".png")).string());
     }
 
     // --- gestures ---
@@ -345,7 +353,8 @@ class Usage {
         ecran_.va(c.x + c.largeur - 4, c.y + c.hauteur - 4);
         if (gestionnaire_)
             attend(
-                "le clavier a la fenetre", [&] { return ecran_.cadre_de(ecran_.clavier()) == ecran_.cadre_de(w); }, kPatience);
+                "le clavier a la fenetre", [&] { return ecran_.cadre_de(ecran_.clavier()) == ecran_.cadre_de(w); },
+                kPatience);
     }
     void clic_outil(Pixels p) { clic(fenetre_, {p.x, p.y + kBarreDuHaut}); }
     void clic_panneau(Window w, Place p) { clic(w, {p.x * kCaractere / 10, p.y * kLigne / 10}); }
@@ -376,7 +385,8 @@ class Usage {
             throw Echec("attendu \"" + ligne + "\" une fois, vu \"" + programme_->lignes(depuis, ligne) + "\"");
         const long actions = ligne.starts_with("action") || action_aussi ? 1 : 0;
         if (programme_->nombre(depuis, "action ") != actions)
-            throw Echec("attendu " + std::to_string(actions) + " action, vu \"" + programme_->lignes(depuis, "action ") + "\"");
+            throw Echec(
+                "attendu " + std::to_string(actions) + " action, vu \"" + programme_->lignes(depuis, "action ") + "\"");
     }
 
     void aucune_action(const std::function<void()>& geste) {
@@ -428,7 +438,8 @@ class Usage {
     }
 
     void mots() {
-        remplit("x", [&] { clic_outil(kChampX); }, "aa bb cc");
+        remplit(
+            "x", [&] { clic_outil(kChampX); }, "aa bb cc");
         clic_outil(kChampX);
         ecran_.touche(XK_Home);
         ecran_.touche(XK_Right, XK_Control_L);
@@ -439,7 +450,8 @@ class Usage {
 
     void pave() {
         if ((clavier_.etat() & Mod2Mask) == 0) return;
-        remplit("y", [&] { clic_outil(kChampY); }, "");
+        remplit(
+            "y", [&] { clic_outil(kChampY); }, "");
         clic_outil(kChampY);
         for (const KeySym k : {XK_KP_1, XK_KP_0, XK_KP_7}) ecran_.touche(k);
         attend_egal("champ y du pave", "107", [&] { return programme_->etat("y"); });
@@ -463,7 +475,8 @@ class Usage {
         prend_clavier();
         une_fois("action 302", [&] { clavier_.tape("+"); });
         une_fois("action 303", [&] { clavier_.tape("-"); });
-        une_fois("action 301", [&] { clavier_.seule('f'); }, true);
+        une_fois(
+            "action 301", [&] { clavier_.seule('f'); }, true);
         for (const char c : {'A', 'z', '7', '!'})
             une_fois("touche " + std::to_string(static_cast<int>(c)) + " ", [&] { clavier_.tape(std::string(1, c)); });
     }
@@ -491,10 +504,12 @@ class Usage {
     }
 
     void attend_menu(char menu) {
-        attend(std::string("le menu de Alt+") + menu, [&] { return !menus_ouverts().empty(); }, kPatience);
+        attend(
+            std::string("le menu de Alt+") + menu, [&] { return !menus_ouverts().empty(); }, kPatience);
     }
     void sans_menu() {
-        attend("la fin du menu", [&] { return menus_ouverts().empty(); }, kPatience);
+        attend(
+            "la fin du menu", [&] { return menus_ouverts().empty(); }, kPatience);
     }
 
     // Titles of the menu bar, from left to right.
@@ -520,7 +535,8 @@ class Usage {
         ecran_.va(t[numero].x + t[numero].largeur / 2, t[numero].y + t[numero].hauteur / 2);
         ecran_.clic(1);
         std::vector<Window> m;
-        attend("le menu", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
+        attend(
+            "le menu", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
         const Cadre menu = ecran_.place(m.front());
         const int sous = t[numero].y + t[numero].hauteur;
         if (std::abs(menu.x - t[numero].x) > kMarge.x || std::abs(menu.y - sous) > kMarge.y)
@@ -568,7 +584,8 @@ class Usage {
     void autre(const std::string& etat, const std::function<void()>& geste) {
         const std::string avant = programme_->etat(etat);
         geste();
-        attend("un changement de " + etat, [&] { return programme_->etat(etat) != avant; }, kPatience);
+        attend(
+            "un changement de " + etat, [&] { return programme_->etat(etat) != avant; }, kPatience);
     }
 
     void souris() {
@@ -590,7 +607,8 @@ class Usage {
         });
         photo("zoom");
         prend_clavier();
-        une_fois("action 301", [&] { clavier_.seule('f'); }, true);
+        une_fois(
+            "action 301", [&] { clavier_.seule('f'); }, true);
     }
 
     void zoom() {
@@ -638,9 +656,11 @@ class Usage {
     void iconifie() {
         if (!gestionnaire_) return;
         XIconifyWindow(ecran_.d(), fenetre_, DefaultScreen(ecran_.d()));
-        attend("la fenetre en icone", [&] { return !ecran_.visible(fenetre_); }, kPatience);
+        attend(
+            "la fenetre en icone", [&] { return !ecran_.visible(fenetre_); }, kPatience);
         XMapWindow(ecran_.d(), fenetre_);
-        attend("la fenetre revenue", [&] { return ecran_.visible(fenetre_); }, kPatience);
+        attend(
+            "la fenetre revenue", [&] { return ecran_.visible(fenetre_); }, kPatience);
         XRaiseWindow(ecran_.d(), fenetre_);
         prend_clavier();
         icones();
@@ -652,7 +672,8 @@ class Usage {
             for (int i = 0; i < 2; ++i) {
                 prend_clavier();
                 une_fois(k == XK_F11 ? "action 326" : "action 327", [&] { ecran_.touche(k); });
-                attend("la fenetre a l'ecran", [&] { return ecran_.visible(fenetre_); }, kPatience);
+                attend(
+                    "la fenetre a l'ecran", [&] { return ecran_.visible(fenetre_); }, kPatience);
                 calme_place(fenetre_);
                 prend_clavier();
                 icones();
@@ -690,17 +711,22 @@ class Usage {
         const std::string titre = "glages du dessin";
         const std::string x = programme_->etat("x");
         const Window w = par_touche(XK_F5, "321", titre);
-        aucune_action([&] { remplit("pas", [&] { clic_panneau(w, kPas); }, hasard(5) + kCommandes); });
+        aucune_action([&] {
+            remplit(
+                "pas", [&] { clic_panneau(w, kPas); }, hasard(5) + kCommandes);
+        });
         egal("champ x", x, programme_->etat("x"));
         photo("reglages");
         const std::string pas = nombre_court((1 + au_plus(20)) / 4.0);
-        remplit("pas", [&] { clic_panneau(w, kPas); }, pas);
+        remplit(
+            "pas", [&] { clic_panneau(w, kPas); }, pas);
         const std::string grille = programme_->etat("grille");
         clic_panneau(w, kMontrer);
         clic_panneau(w, kAppliquer);
         attend_egal("grille", grille == "oui" ? "non" : "oui", [&] { return programme_->etat("grille"); });
         egal("pas", pas, programme_->etat("pas"));
-        une_fois("action 302", [&] { ecran_.va(ecran_.place(w).x + 300, ecran_.place(w).y + 80), ecran_.touche(XK_F3, XK_Control_L); });
+        une_fois("action 302",
+            [&] { ecran_.va(ecran_.place(w).x + 300, ecran_.place(w).y + 80), ecran_.touche(XK_F3, XK_Control_L); });
         ferme_de_l_une_des_facons(w, kReglagesFermer, titre);
     }
 
@@ -728,12 +754,14 @@ class Usage {
         note_connues();
         clic_panneau(w, kCritere);
         std::vector<Window> m;
-        attend("les choix", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
+        attend(
+            "les choix", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
         std::this_thread::sleep_for(kTenu); // the next click is a first one again
         const Cadre c = ecran_.place(m.front()), p = ecran_.place(w);
         const int x = p.x + kCritere.x * kCaractere / 10, y = p.y + kCritere.y * kLigne / 10;
         if (x < c.x || x > c.x + c.largeur || std::abs(y - c.y) > 4 * kEntree)
-            throw Echec("place des choix: attendu vers " + std::to_string(x) + "," + std::to_string(y) + ", vu " + texte(c));
+            throw Echec(
+                "place des choix: attendu vers " + std::to_string(x) + "," + std::to_string(y) + ", vu " + texte(c));
         photo("nomenclature");
         const int choix = au_plus(2);
         une_fois("controle 335 " + std::to_string(choix + 1), [&] {
@@ -755,7 +783,8 @@ class Usage {
         ecran_.bouton(1, true);
         ecran_.glisse(x, y, x - kGlissee, y);
         ecran_.bouton(1, false);
-        attend("une autre palette", [&] { return image() != avant; }, kPatience);
+        attend(
+            "une autre palette", [&] { return image() != avant; }, kPatience);
         photo("palette");
         clic(w, kRetablir);
         calme(image);
@@ -841,7 +870,8 @@ class Usage {
         ecran_.touche(XK_Return);
         attend_egal("fichiers", liste_de({grand + ".BMP", "maison.BMP"}), [&] { return liste_de(fichiers(".BMP")); });
         fermee(titre);
-        attend("la nouvelle", [&] { return programme_->etat("message").starts_with("Image : "); }, kPatience);
+        attend(
+            "la nouvelle", [&] { return programme_->etat("message").starts_with("Image : "); }, kPatience);
         egal("actions", "action 202", programme_->lignes(depuis, "action "));
         remplace(titre, nom, grand);
     }
@@ -862,7 +892,8 @@ class Usage {
         const std::vector<Window> connues = fenetres();
         const std::size_t combien = connues.size();
         ecran_.touche(XK_Return);
-        attend("la question", [&] { return fenetres().size() > combien; }, kPatience);
+        attend(
+            "la question", [&] { return fenetres().size() > combien; }, kPatience);
         clavier_a(question_parmi(connues));
         photo("question");
         ecran_.touche(XK_Escape);
@@ -887,8 +918,9 @@ class Usage {
             egal("ouvert", casse ? "non" : "oui",
                 programme_->etat("message").find("pas ouvert") == std::string::npos ? "oui" : "non");
             const std::string montre = casse ? "Plan_A1.dxf" : nom;
-            attend_egal("titre", "oui",
-                [&] { return ecran_.titre(fenetre_).find(montre) != std::string::npos ? "oui" : ecran_.titre(fenetre_); });
+            attend_egal("titre", "oui", [&] {
+                return ecran_.titre(fenetre_).find(montre) != std::string::npos ? "oui" : ecran_.titre(fenetre_);
+            });
         }
     }
 
@@ -926,7 +958,8 @@ class Usage {
         attend_egal("premiere ligne", l + l, [&] { return premiere_ligne(liste_ecrite()); });
         ecran_.touche(XK_F3);
         fermee(titre);
-        attend("la nouvelle", [&] { return programme_->etat("message").starts_with("Liste enregistr"); }, kPatience);
+        attend(
+            "la nouvelle", [&] { return programme_->etat("message").starts_with("Liste enregistr"); }, kPatience);
         egal("champ x", x, programme_->etat("x"));
         egal("actions", "", programme_->lignes(depuis, "action "));
         prend_clavier();
@@ -936,7 +969,8 @@ class Usage {
         note_connues();
         clic(w, kFichier);
         std::vector<Window> m;
-        attend("le menu de l'editeur", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
+        attend(
+            "le menu de l'editeur", [&] { return !(m = menus_ouverts()).empty(); }, kPatience);
         const Cadre menu = ecran_.place(m.front()), e = ecran_.place(w);
         if (menu.x < e.x || menu.x > e.x + kFichier.x || menu.y < e.y || menu.y > e.y + kBarreDuHaut + kMarge.y)
             throw Echec("place du menu de l'editeur: attendu dans " + texte(e) + ", vu " + texte(menu));
@@ -950,8 +984,10 @@ class Usage {
         dialogue('t', "pertoire des trac");
         photo("tracer");
         ecran_.touche(XK_Return);
-        attend("le trace", [&] { return fs::exists(o_.place / "traceur" / "maison.plt"); }, kPatience);
-        attend("la nouvelle", [&] { return programme_->etat("message").starts_with("Trac"); }, kPatience);
+        attend(
+            "le trace", [&] { return fs::exists(o_.place / "traceur" / "maison.plt"); }, kPatience);
+        attend(
+            "la nouvelle", [&] { return programme_->etat("message").starts_with("Trac"); }, kPatience);
         prend_clavier();
     }
 
@@ -962,12 +998,13 @@ class Usage {
         case 1: demande_fermeture(fenetre_); break;
         default: ecran_.clic(1), clavier_.tape("q");
         }
-        attend("la fin d'atelier", [&] { return !programme_->vit(); }, kPatience);
+        attend(
+            "la fin d'atelier", [&] { return !programme_->vit(); }, kPatience);
         egal("code d'atelier", "0", std::to_string(programme_->code()));
         egal("stderr", "", programme_->plaintes());
     }
 
-    static constexpr int kEcartDePlace = 2; // borders of managers that the settings do not know
+    static constexpr int kEcartDePlace = 2;          // borders of managers that the settings do not know
     static constexpr const char* kCommandes = "q-f"; // on the sheet these are commands
     static constexpr const char* kTitrePrincipal = "atelier - ";
 
@@ -987,8 +1024,8 @@ class Usage {
 
 Options options(int nombre, char** textes) {
     if (nombre < 7) throw Echec("usage: usage PROGRAMME IMAGES PLACE SECONDES GRAINE COMBINAISON [GROUPE [VERROU...]]");
-    Options o{textes[1], textes[2], textes[3], std::atoi(textes[4]), static_cast<unsigned>(std::atoi(textes[5])), textes[6],
-        nombre > 7 ? std::atoi(textes[7]) : 0, {}, ""};
+    Options o{textes[1], textes[2], textes[3], std::atoi(textes[4]), static_cast<unsigned>(std::atoi(textes[5])),
+        textes[6], nombre > 7 ? std::atoi(textes[7]) : 0, {}, ""};
     if (const char* const seule = std::getenv("USE_STEP")) o.seule = seule;
     for (int i = 8; i < nombre; ++i) o.verrous.push_back(XStringToKeysym(textes[i]));
     return o;
