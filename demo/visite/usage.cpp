@@ -830,10 +830,11 @@ class Usage {
 
     // The field for a path, emptied and typed into.
     void nomme(Window w, const std::string& nom) {
+        constexpr int kCheminMax = 90;
         const Cadre c = ecran_.place(w);
         clic(w, {c.largeur / 2, c.hauteur - 93});
-        ecran_.touche(XK_End);
-        for (int i = 0; i < 90; ++i) ecran_.touche(XK_BackSpace);
+        for (const KeySym efface : {XK_BackSpace, XK_Delete}) // End is a key of the dialog's lists
+            for (int i = 0; i < kCheminMax; ++i) ecran_.touche(efface);
         clavier_.tape((o_.place / nom).string());
     }
 

@@ -1,5 +1,6 @@
 // visite DIRECTORY DRAWINGS: visits a running atelier as a user would, with real mouse and keys, under mwm, and leaves pictures
 // of the screen in DIRECTORY; the drawing is a file of the folder DRAWINGS. Every step waits for what it should bring about; the exit code is 0 when all of them did.
+#include "clavier.h"
 #include "ecran.h"
 #include "lieux.h"
 
@@ -357,7 +358,9 @@ class Visite {
         ecran_.touche(XK_s, XK_Control_L);
         panneau("Enregistrer l'image");
         photo("20-image");
-        tape("vue");
+        constexpr int kCheminMax = 90;
+        for (int i = 0; i < kCheminMax; ++i) ecran_.touche(XK_BackSpace);
+        Clavier(ecran_).tape((plans_ / "vue").string());
         ecran_.touche(XK_Return);
         attend_fichier("VUE.BMP");
         attend_fichier("maison.BMP");
