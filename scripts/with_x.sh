@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# with_x.sh [--planes 24|8|16] [--mwm] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
+# with_x.sh [--planes 24|8|16] [--mwm|--openbox] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
 set -euo pipefail
 
 planes=24
@@ -7,7 +7,7 @@ manager=
 while [ $# -gt 0 ]; do
     case $1 in
         --planes) planes=$2; shift 2 ;;
-        --mwm) manager=mwm; shift ;;
+        --mwm | --openbox) manager=${1#--}; shift ;;
         *) break ;;
     esac
 done
@@ -33,8 +33,10 @@ export DISPLAY=":$number"
 if [ -n "$manager" ]; then
     "$manager" >/dev/null 2>&1 &
     wm=$!
+    sign=_MOTIF_WM_INFO
+    [ "$manager" = mwm ] || sign=_NET_SUPPORTING_WM_CHECK
     for _ in $(seq 200); do
-        xprop -root _MOTIF_WM_INFO 2>/dev/null | grep -q = && break
+        xprop -root "$sign" 2>/dev/null | grep -qE '[=#]' && break
         sleep 0.05
     done
 fi

@@ -102,6 +102,7 @@ bool Atelier::cree_fenetres(Taille taille) {
 
 int Atelier::boucle() {
     GRX_EVENEMENT e{};
+    tient_journal();
     while (!fini_) {
         // All that waits is handled before anything is drawn, so that the picture follows the hand.
         for (INT attente = 1; !fini_ && grx_digitaliseur(&e, attente) != 0; attente = 0) traite(e);
@@ -114,6 +115,7 @@ int Atelier::boucle() {
 }
 
 void Atelier::traite(const GRX_EVENEMENT& e) {
+    note(e);
     if (couleurs_prennent(e)) return;
     switch (e.type_evenement) {
     case GRX_EVT_AFFICHAGE:
@@ -208,7 +210,7 @@ void Atelier::relache(const GRX_BOUTON_RELACHE& e) {
 
 void Atelier::touche(const GRX_CARAC_APPUI& e) {
     if (panneau_tient(e.nofen)) return panneau_touche(e);
-    if (outils_.est_champ(e.nobou)) return;
+    if (outils_.est_champ(e.nobou) || bande_.est_champ(e.nobou)) return;
     const double dx = kPasTouche * vue_.largeur(), dy = kPasTouche * vue_.hauteur();
     if (elastique_) fin_elastique(false);
     switch (e.carac) {
@@ -229,6 +231,7 @@ void Atelier::touche(const GRX_CARAC_APPUI& e) {
 // --- menus, icons and controls --------------------------------------------------------------------------------------
 
 void Atelier::action(INT fonction) {
+    journal_.note("action " + std::to_string(fonction));
     dit("");
     fonction_ = fonction;
     switch (fonction) {

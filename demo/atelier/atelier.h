@@ -11,6 +11,7 @@
 #include "bande_info.h"
 #include "bandeau.h"
 #include "dessin.h"
+#include "journal.h"
 #include "outils.h"
 #include "panneau_couches.h"
 #include "panneau_reglages.h"
@@ -96,6 +97,11 @@ class Atelier {
     void bascule_titre();
     void bascule_bord();
 
+    // --- journal ---
+    void tient_journal();
+    void note(const GRX_EVENEMENT& e);
+    void note_etat();
+
     void taille_changee(INT nofen);
     void ferme();
 
@@ -121,6 +127,7 @@ class Atelier {
     Point du_haut(INT x, INT y) const;
     void prend_taille();
 
+    Journal journal_;
     Dessin dessin_;
     std::filesystem::path chemin_;
     std::filesystem::path repertoire_traces_; // none before the first plot

@@ -1,5 +1,7 @@
 #include "bande_info.h"
 
+#include <algorithm>
+
 #include "fonctions.h"
 #include "outils.h"
 #include "xt_f.h"
@@ -100,6 +102,12 @@ void BandeInfo::bascule(INT mere) {
 void BandeInfo::oublie() {
     for (const Champ& champ : kChamps) grx_libere_indice_objet_bout((zone_.*champ.place).nobou);
     fenetre_.nofen = -1;
+}
+
+bool BandeInfo::est_champ(INT nobou) const {
+    return ouverte() && nobou >= 0 && std::ranges::any_of(kChamps, [&](const Champ& champ) {
+        return champ.type == GRX_BOU_TEXTE && (zone_.*champ.place).nobou == nobou;
+    });
 }
 
 void BandeInfo::montre(const Contenu& contenu) {

@@ -26,6 +26,9 @@ class BandeInfo {
     bool ouverte() const { return fenetre_.nofen >= 0; }
     bool tient(INT nofen) const { return ouverte() && nofen == fenetre_.nofen; }
 
+    // Keys over a field are typed there and are no commands.
+    bool est_champ(INT nobou) const;
+
     void montre(const Contenu& contenu);
     void montre_bascules(bool grille, bool polaire) const;
     // What the user typed.

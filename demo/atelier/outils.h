@@ -48,6 +48,8 @@ class Outils {
     // The layer that an entry of the list stands for, -1 for an entry of another list.
     int calque_de(INT nobou, const char* entree, const std::vector<CalqueVu>& calques) const;
     bool est_champ(INT nobou) const { return nobou == champ_x_ || nobou == champ_y_; }
+    INT champ_x() const { return champ_x_; }
+    INT champ_y() const { return champ_y_; }
     // Keys go to the drawing again, not into a field.
     void rend_le_clavier() const;
 

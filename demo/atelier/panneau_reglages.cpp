@@ -171,6 +171,10 @@ void PanneauReglages::montre_bascule(bool valeur, int indice) const {
         grx_relache_bouton(nobou);
 }
 
+std::string PanneauReglages::pas_ecrit() const {
+    return panneau_.ouvert() ? texte_de(panneau_.bouton(kPas)) : "";
+}
+
 Suite PanneauReglages::applique() {
     lit_pas(texte_de(panneau_.bouton(kPas)));
     montre_pas();

@@ -32,6 +32,7 @@ class PanneauReglages {
     // A pen chosen in the list; liste is the slot of the list that tells of it.
     Suite plume_choisie(INT liste, INT place);
     const Reglages& reglages() const { return edites_; }
+    std::string pas_ecrit() const; // what the field of the step holds
 
   private:
     static constexpr int kNumero = 0;

@@ -1,244 +1,17 @@
 // visite DIRECTORY DRAWINGS: visits a running atelier as a user would, with real mouse and keys, under mwm, and leaves pictures
 // of the screen in DIRECTORY; the drawing is a file of the folder DRAWINGS. Every step waits for what it should bring about; the exit code is 0 when all of them did.
-#include <X11/Xatom.h>
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
+#include "clavier.h"
+#include "ecran.h"
+#include "lieux.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <deque>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <stdexcept>
-#include <string>
-#include <string_view>
-#include <thread>
-#include <utility>
-#include <vector>
+using namespace visite;
 
 namespace {
-
-using Horloge = std::chrono::steady_clock;
-constexpr auto kDelai = std::chrono::seconds(20);
-constexpr auto kPause = std::chrono::milliseconds(20);
-constexpr auto kTenu = std::chrono::milliseconds(1000); // a menu let go of earlier was clicked, and stays
-
-struct Echec : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
-
-struct Cadre {
-    int x = 0, y = 0, largeur = 0, hauteur = 0;
-};
-
-struct Image {
-    int largeur = 0, hauteur = 0;
-    std::vector<unsigned long> points;
-    unsigned long en(int x, int y) const {
-        return points[static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur) + static_cast<std::size_t>(x)];
-    }
-    bool operator==(const Image&) const = default;
-};
-
-void attend(const std::string& quoi, const std::function<bool()>& condition) {
-    const auto fin = Horloge::now() + kDelai;
-    while (!condition()) {
-        if (Horloge::now() > fin) throw Echec("rien ne vient : " + quoi);
-        std::this_thread::sleep_for(kPause);
-    }
-}
-
-int ignore_erreur(Display*, XErrorEvent*) {
-    return 0; // windows may be gone by the time they are asked about
-}
-
-// --- the screen ---------------------------------------------------------------------------------------------------
-
-class Ecran {
-  public:
-    Ecran() : d_(XOpenDisplay(nullptr)) {
-        if (d_ == nullptr) throw Echec("pas d'ecran");
-        XSetErrorHandler(ignore_erreur);
-        // The window manager may grab the server. Never drag what it draws itself: where a request waits at the moment
-        // of such a grab, the server forgets that this client need not care, and both wait for ever.
-        XTestGrabControl(d_, True);
-    }
-    ~Ecran() { XCloseDisplay(d_); }
-    Ecran(const Ecran&) = delete;
-    Ecran& operator=(const Ecran&) = delete;
-
-    Display* d() const { return d_; }
-    Window racine() const { return DefaultRootWindow(d_); }
-
-    std::vector<Window> filles(Window w) const {
-        Window racine = None, mere = None, *liste = nullptr;
-        unsigned int nombre = 0;
-        if (XQueryTree(d_, w, &racine, &mere, &liste, &nombre) == 0) return {};
-        std::vector<Window> r(liste, liste + nombre);
-        if (liste != nullptr) XFree(liste);
-        return r;
-    }
-
-    // The child of the root that holds w: the window manager's frame.
-    Window cadre_de(Window w) const {
-        while (w != None) {
-            Window racine = None, mere = None, *liste = nullptr;
-            unsigned int nombre = 0;
-            if (XQueryTree(d_, w, &racine, &mere, &liste, &nombre) == 0) return None;
-            if (liste != nullptr) XFree(liste);
-            if (mere == racine) return w;
-            w = mere;
-        }
-        return None;
-    }
-
-    Cadre place(Window w) const {
-        XWindowAttributes a{};
-        if (XGetWindowAttributes(d_, w, &a) == 0) return {};
-        Cadre c{0, 0, a.width, a.height};
-        Window fille = None;
-        XTranslateCoordinates(d_, w, racine(), 0, 0, &c.x, &c.y, &fille);
-        return c;
-    }
-
-    bool visible(Window w) const {
-        XWindowAttributes a{};
-        return XGetWindowAttributes(d_, w, &a) != 0 && a.map_state == IsViewable;
-    }
-
-    std::string titre(Window w) const {
-        XTextProperty nom{}; // of any encoding
-        if (XGetWMName(d_, w, &nom) == 0 || nom.value == nullptr) return {};
-        std::string r(reinterpret_cast<const char*>(nom.value), nom.nitems);
-        XFree(nom.value);
-        return r;
-    }
-
-    // The window that keys go to.
-    Window clavier() const {
-        Window w = None;
-        int retour = 0;
-        XGetInputFocus(d_, &w, &retour);
-        return w == PointerRoot ? None : w;
-    }
-
-    // WM_STATE of ICCCM: 1 normal, 3 iconic, 0 unknown.
-    long etat(Window w) const {
-        const Atom wm_state = XInternAtom(d_, "WM_STATE", False);
-        Atom type = None;
-        int format = 0;
-        unsigned long nombre = 0, reste = 0;
-        unsigned char* valeur = nullptr;
-        XGetWindowProperty(d_, w, wm_state, 0, 2, False, wm_state, &type, &format, &nombre, &reste, &valeur);
-        const long r = valeur != nullptr && nombre > 0 ? *reinterpret_cast<long*>(valeur) : 0;
-        if (valeur != nullptr) XFree(valeur);
-        return r;
-    }
-
-    Image image(const Cadre& c) const {
-        Image r{c.largeur, c.hauteur, {}};
-        XImage* const lue = XGetImage(d_, racine(), c.x, c.y, static_cast<unsigned>(c.largeur),
-            static_cast<unsigned>(c.hauteur), AllPlanes, ZPixmap);
-        if (lue == nullptr) throw Echec("l'ecran ne se laisse pas lire");
-        r.points.reserve(static_cast<std::size_t>(c.largeur) * static_cast<std::size_t>(c.hauteur));
-        for (int y = 0; y < c.hauteur; ++y)
-            for (int x = 0; x < c.largeur; ++x) r.points.push_back(XGetPixel(lue, x, y));
-        XDestroyImage(lue);
-        en_couleurs(r);
-        return r;
-    }
-
-    // On a screen with a palette what is seen can change while the cells of the picture stay: their colours are taken.
-    void en_couleurs(Image& image) const {
-        constexpr unsigned kOctet = 8;
-        if (DefaultDepth(d_, DefaultScreen(d_)) > static_cast<int>(kOctet)) return;
-        std::vector<XColor> cellules(1U << kOctet);
-        for (std::size_t i = 0; i < cellules.size(); ++i) cellules[i].pixel = i;
-        XQueryColors(d_, DefaultColormap(d_, DefaultScreen(d_)), cellules.data(), static_cast<int>(cellules.size()));
-        for (unsigned long& point : image.points) {
-            const XColor& c = cellules[point % cellules.size()];
-            point = (c.red * 0x100UL) | c.green | (c.blue / 0x100UL);
-        }
-    }
-
-    // As a window manager is asked to.
-    void deplace(Window w, int x, int y) {
-        XMoveWindow(d_, w, x, y);
-        XSync(d_, False);
-    }
-
-    // --- input ---
-
-    void va(int x, int y) {
-        XTestFakeMotionEvent(d_, -1, x, y, CurrentTime);
-        XSync(d_, False);
-    }
-    void glisse(int x1, int y1, int x2, int y2) {
-        constexpr int kEtapes = 24;
-        for (int i = 1; i <= kEtapes; ++i) va(x1 + (x2 - x1) * i / kEtapes, y1 + (y2 - y1) * i / kEtapes);
-    }
-    void bouton(unsigned numero, bool appui) {
-        XTestFakeButtonEvent(d_, numero, appui ? True : False, CurrentTime);
-        XSync(d_, False);
-    }
-    void clic(unsigned numero) {
-        bouton(numero, true);
-        bouton(numero, false);
-    }
-    void touche(KeySym symbole, KeySym avec = NoSymbol) {
-        if (avec != NoSymbol) cle(avec, true);
-        cle(symbole, true);
-        cle(symbole, false);
-        if (avec != NoSymbol) cle(avec, false);
-    }
-
-  private:
-    void cle(KeySym symbole, bool appui) {
-        XTestFakeKeyEvent(d_, XKeysymToKeycode(d_, symbole), appui ? True : False, CurrentTime);
-        XSync(d_, False);
-    }
-
-    Display* d_;
-};
 
 // --- the visit ----------------------------------------------------------------------------------------------------
 
 // Decorations of mwm, in pixels.
 constexpr int kTitre = 17, kBord = 7, kBordSansResize = 5;
-
-// What atelier has at the left of its window: tools this wide, in them a row of icons.
-constexpr int kOutils = 212;
-constexpr int kBarre = 32, kIconePlus = 65, kIcones = 29; // height of the menu bar, middle of the icon
-constexpr int kPasIcone = 38, kIconeGrille = 27;          // the panels' icons are in a second row
-
-// The cell that panels measure in, and what they have where: tenths of a character and of a line.
-constexpr int kCaractere = 9, kLigne = 23, kEntree = 25; // entries of a drop-down choice are this high, in pixels
-struct Place {
-    int x, y;
-};
-constexpr Place kMetres{403, 18}, kPas{160, 51}, kTrait{207, 66}, kMontrer{40, 80}, kAccrocher{40, 93}, kGris{418, 58},
-    kAppliquer{61, 155}, kReglagesFermer{165, 155};
-constexpr Place kFiltre{190, 8}, kPremiereCouche{100, 44}, kSeules{458, 45}, kToutes{458, 59}, kAucune{458, 73},
-    kFermer{458, 88};
-constexpr Place kCritere{169, 10}, kTableFermer{745, 152};
-
-// The dialog for drawings: the first file and the picture; the editor: its first menu. From the upper left corner of
-// the window.
-struct Pixels {
-    int x, y;
-};
-constexpr Pixels kFichiers{382, 104}, kApercu{18, 280}, kFichier{44, 16}, kPremierCalque{60, 296}, kBleu{251, 174},
-    kRetablir{294, 241}, kFleche{16, 14};
-constexpr int kGlissee = 200, kEntreeDeMenu = 23;
-constexpr int kHauteurFichier = 15, kCoteApercu = 70, kBandeau = 28;
 
 class Visite {
   public:
@@ -275,34 +48,19 @@ class Visite {
         try {
             fait();
         } catch (const Echec&) {
-            photo_immediate("echec");
+            visite::photo(fichier("echec"));
             throw;
         }
         std::puts("fait");
     }
 
-    // A picture of the whole screen, once it no longer changes; of a failure at once.
+    std::string fichier(const char* nom) const { return repertoire_ + "/" + nom + ".png"; }
+    // Of the whole screen, once it is at rest.
     void photo(const char* nom) {
-        calme([this] { return ecran_.image(ecran_.place(ecran_.racine())); });
-        photo_immediate(nom);
+        visite::calme([this] { return ecran_.image(ecran_.place(ecran_.racine())); });
+        visite::photo(fichier(nom));
     }
-    void photo_immediate(const char* nom) {
-        const std::string fichier = repertoire_ + "/" + nom + ".png";
-        const pid_t enfant = fork();
-        if (enfant == 0) {
-            execlp("import", "import", "-window", "root", fichier.c_str(), static_cast<char*>(nullptr));
-            _exit(127);
-        }
-        int code = 0;
-        if (enfant < 0 || waitpid(enfant, &code, 0) < 0 || code != 0) throw Echec("pas d'image " + fichier);
-    }
-
-    Window cherche(Window w, const std::string& titre = "atelier - ") const {
-        if (ecran_.titre(w).find(titre) != std::string::npos && ecran_.etat(w) != 0) return w;
-        for (const Window fille : ecran_.filles(w))
-            if (const Window trouvee = cherche(fille, titre); trouvee != None) return trouvee;
-        return None;
-    }
+    Window cherche(Window w, const std::string& titre = "atelier - ") const { return ecran_.cherche(w, titre); }
 
     // The drawing sheet: the window without the tools at the left, the menu bar above and the status strip below.
     Cadre feuille() const {
@@ -316,40 +74,8 @@ class Visite {
     }
     Image dessin() const { return ecran_.image(feuille()); }
 
-    // A picture once it brings nothing new, twice in a row. One of the last few is nothing new: an insertion point blinks.
-    static Image calme(const std::function<Image()>& image) {
-        constexpr std::size_t kFois = 2, kConnues = 4;
-        std::deque<Image> connues{image()};
-        std::size_t pareilles = 0;
-        attend("une image qui ne change plus", [&] {
-            Image nouvelle = image();
-            const bool connue = std::find(connues.begin(), connues.end(), nouvelle) != connues.end();
-            pareilles = connue ? pareilles + 1 : 0;
-            connues.push_back(std::move(nouvelle));
-            if (connues.size() > kConnues) connues.pop_front();
-            return pareilles == kFois;
-        });
-        return connues.back();
-    }
     Image calme() const {
-        return calme([this] { return dessin(); });
-    }
-
-    static std::size_t couleurs(const Image& image) {
-        std::vector<unsigned long> c = image.points;
-        std::sort(c.begin(), c.end());
-        return static_cast<std::size_t>(std::unique(c.begin(), c.end()) - c.begin());
-    }
-
-    // Part of the pixels of avant that are found again in apres, moved by dx, dy.
-    static double retrouves(const Image& avant, const Image& apres, int dx, int dy) {
-        long communs = 0, pareils = 0;
-        for (int y = std::max(0, -dy); y < avant.hauteur - std::max(0, dy); ++y)
-            for (int x = std::max(0, -dx); x < avant.largeur - std::max(0, dx); ++x) {
-                ++communs;
-                pareils += avant.en(x, y) == apres.en(x + dx, y + dy);
-            }
-        return static_cast<double>(pareils) / static_cast<double>(std::max(1L, communs));
+        return visite::calme([this] { return dessin(); });
     }
 
     template <class Geste>
@@ -637,7 +363,9 @@ class Visite {
         ecran_.touche(XK_s, XK_Control_L);
         panneau("Enregistrer l'image");
         photo("20-image");
-        tape("vue");
+        constexpr int kCheminMax = 90;
+        for (int i = 0; i < kCheminMax; ++i) ecran_.touche(XK_BackSpace);
+        Clavier(ecran_).tape((plans_ / "vue").string());
         ecran_.touche(XK_Return);
         attend_fichier("VUE.BMP");
         attend_fichier("maison.BMP");
@@ -750,7 +478,7 @@ class Visite {
         ecran_.clic(1);
         ecran_.touche(XK_F8);
         const Window w = panneau(kTitreCouleur);
-        const Image avant = calme([this] { return haut_du_dessin(); });
+        const Image avant = visite::calme([this] { return haut_du_dessin(); });
         const Cadre p = ecran_.place(w);
         const int x = p.x + kBleu.x, y = p.y + kBleu.y;
         ecran_.va(x, y);
@@ -785,14 +513,14 @@ class Visite {
         const Cadre avant = ecran_.place(w);
         const Cadre c = feuille();
         const auto image = [&] { return ecran_.image(ecran_.place(w)); };
-        const Image sans = calme(image);
+        const Image sans = visite::calme(image);
         ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur / 3);
         attend("d'autres coordonnees", [&] { return image() != sans; });
         photo("31-bande");
         ecran_.va(avant.x + kFleche.x, avant.y + kFleche.y);
         ecran_.clic(1);
         attend("deux rangees", [&] { return ecran_.place(w).hauteur > avant.hauteur * 3 / 2; });
-        calme(image);
+        visite::calme(image);
         photo("32-bande-agrandie");
         ecran_.va(avant.x + kFleche.x, avant.y + avant.hauteur + kFleche.y);
         ecran_.clic(1);
