@@ -19,7 +19,10 @@ GRX_DEBUT_C
 /* Opens the display named by DISPLAY and makes the library ready: toolkit, visual (24-plane true
  * colour, else 8-plane pseudo colour), colormap, font, cursors, screen sizes, window base, size of
  * a character. Takes font, colour counts and crosshair colour from the settings; the window and
- * button bases must be allocated. X protocol errors are ignored silently from here on.
+ * button bases must be allocated. From here on X protocol errors are ignored silently, and when the
+ * connection is lost the process ends by exit(1) without a word. An application that called
+ * XSetErrorHandler or XSetIOErrorHandler before is told first: its handler is called, that of the
+ * lost connection once. There it may save its work, but call neither Xlib nor this library.
  * Returns 1; 0 when the display cannot be opened (error 11 printed) or has no usable visual
  * (error 5 printed). To be called once; there is no shutdown. */
 GRX_API INT grx_init_application(void);
