@@ -45,12 +45,14 @@ GRX_DEBUT_C
 /* --- file dialogs: they run a loop of their own and return with the answer ----------------- */
 
 /* What happens in the application's windows meanwhile is not told, except that a window went:
- * grx_digitaliseur tells that next (type 7). So does grx_file_editeur_bloquant. */
+ * grx_digitaliseur tells that next (type 7). When the call returns its windows are gone from the
+ * screen. Both hold for grx_file_editeur_bloquant too. */
 
 /* Lets the user choose a file to read or write (scat.type_operation, HOST_CATAL_...), title
- * scat.titre. sfic_def: directory and file proposed; sfiltre: the kinds of files, 20 at most. When
- * writing, the name is put in capitals with the filter's extension, and replacing a file is asked
- * about. Out: the directory is stored in sfic->adrs and the name appended to sfic->fics, the
+ * scat.titre. sfic_def: directory and file proposed, which is put into the field whether there is
+ * such a file or not; sfiltre: the kinds of files, 20 at most. When writing, the name is put in
+ * capitals with the filter's extension, and replacing a file is asked about (question_suppression).
+ * Names with control characters, or too long for GRX_CHEMIN_DIALOGUE_MAX, are not taken. Out: the directory is stored in sfic->adrs and the name appended to sfic->fics, the
  * application's to free; *err the result of ajout_sfichier. Returns 1; 0, sfic and *err untouched,
  * when the user gives up or there is no main window. */
 GRX_API INT select_fichier_x11(SCATAL scat, SFICHIER sfic_def, SFILTRE sfiltre, SFICHIER* sfic, INT* err);
@@ -59,8 +61,8 @@ GRX_API INT select_fichier_x11(SCATAL scat, SFICHIER sfic_def, SFILTRE sfiltre, 
  * GRX_CHEMIN_DIALOGUE_MAX bytes. Returns 1; 0, rep_def untouched, when the user gives up. */
 GRX_API INT select_repertoire_x11(char* titre, char* rep_def);
 
-/* Asks whether a file is to be replaced (message 83, or "Replace File? -Yes -No"). Returns
- * GRX_QUESTION_OUI, _NON (also when memory is short) or _FERMEE. */
+/* Asks whether a file is to be replaced (message 83, or "Replace File? -Yes -No"), under the title
+ * of the file dialog on show, else of the main window; Return answers no. Returns GRX_QUESTION_OUI, _NON (also when memory is short) or _FERMEE. */
 GRX_API INT question_suppression(void);
 
 /* Gives the name of the preview of a file: the same with the extension "BMP". nombitmap:
@@ -71,6 +73,10 @@ GRX_API INT recup_bitmap_fichier(char* nomfic, char* nombitmap);
 GRX_API void affiche_bitmap_fichier(char* nom_fic, Widget wid);
 
 /* --- text editor: grx_debut_editeur, grx_editeur, then one of the file functions ------------ */
+
+/* A text that could not be saved stays unsaved, under the name it had; a message beside the editor
+ * gives the reason, and the bell rings. Pasting waits at most a second for the program that has the
+ * clipboard, and holds nothing up meanwhile. */
 
 /* Whole name of the file last closed in the editor, cut to its size; "" before. */
 extern GRX_API char memo_filename[GRX_MEMO_FILENAME_MAX];
@@ -85,8 +91,9 @@ GRX_API INT grx_editeur(void);
 GRX_API INT grx_file_editeur(char* adr, char* name);
 
 /* The same, then handles events until the editor is closed. When the file was closed under another
- * name, adr and name receive it, split at its last '/': GRX_MEMO_FILENAME_MAX bytes each. Returns 1
- * when the editor was left by its exit entry with the text saved, else 0. */
+ * name, adr and name receive it, split at its last '/': GRX_MEMO_FILENAME_MAX bytes each; a name
+ * under which nothing was ever read or written is not given. Returns 1 when the editor was left by
+ * its exit entry with the text saved, else 0; 0 also when there is no such file. */
 GRX_API INT grx_file_editeur_bloquant(char* adr, char* name);
 
 /* Closes the editor, losing what is not saved. Returns 1, or 0 when there is none. */
