@@ -1442,8 +1442,8 @@ class ClipboardOwner {
     std::string log_;
 };
 
-// The toolkit's clipboard never frees what it notes of a selection: such leaks hold nothing but its own functions below
-// XmClipboardInquireLength, or below its answer to another client.
+// The toolkit's clipboard never frees what it notes of a request for what the editor has copied: such leaks hold nothing
+// but its own functions below its answer.
 class ToolkitLeaks {
   public:
 #ifdef __SANITIZE_ADDRESS__
