@@ -105,7 +105,8 @@ HOST_SERVICE INT ajout_sfichier(SFICHIER* sfic, char* nom);
 /* Text of message nummess. texte: HOST_MESSAGE_MAX bytes. Returns 1; 0 with texte empty when there
  * is none, and the library then keeps the toolkit's own text. It asks for 1245 "Save",
  * 1246 "Cancel", 1250 "OK", 1251 "Filter", 1315 "Open", 1335 "Selection", 1336 "Directories",
- * 1066 "Files", and 83, the question before a file is replaced. */
+ * 1066 "Files", and 83, the question before a file is replaced with the labels of its buttons:
+ * "Replace it? -Yes -No". */
 HOST_SERVICE INT litmess(INT nummess, char* texte);
 
 /* As litmess; for applications, the library does not call it. */

@@ -45,24 +45,29 @@ GRX_DEBUT_C
 /* --- file dialogs: they run a loop of their own and return with the answer ----------------- */
 
 /* What happens in the application's windows meanwhile is not told, except that a window went:
- * grx_digitaliseur tells that next (type 7). So does grx_file_editeur_bloquant. */
+ * grx_digitaliseur tells that next (type 7). When the call returns its windows are gone from the
+ * screen. Both hold for grx_file_editeur_bloquant too. */
 
 /* Lets the user choose a file to read or write (scat.type_operation, HOST_CATAL_...), title
- * scat.titre. sfic_def: directory and file proposed; sfiltre: the kinds of files, 20 at most. When
- * writing, the name is put in capitals and ends with the extension of the FIRST filter, whichever the
- * user chose (a name that has it in any case keeps it, in capitals), and replacing a file is asked about;
- * when reading, the same is tried where no file has the name as it is. A bare name, without a directory,
- * ends the dialog with 0. In a UTF-8 locale the lists leave out file names that are not UTF-8, as Latin-1
- * ones with accents: these cannot be chosen. Out: the directory is stored in sfic->adrs and the name
- * appended to sfic->fics, the application's to free; *err the result of ajout_sfichier. Returns 1; 0, sfic
- * and *err untouched, when the user gives up or there is no main window. */
+ * scat.titre. sfic_def: directory and file proposed, which is put into the field whether there is
+ * such a file or not; sfiltre: the kinds of files, 20 at most. When writing, the name is put in
+ * capitals and ends with the extension of the FIRST filter, whichever the user chose (a name that has
+ * it in any case keeps it, in capitals), and replacing a file is asked about (question_suppression);
+ * when reading, the same is tried where no file has the name as it is. A bare name, without a
+ * directory, ends the dialog with 0. Names with control characters, or too long for
+ * GRX_CHEMIN_DIALOGUE_MAX, are not taken. In a UTF-8 locale the lists leave out file names that are not
+ * UTF-8, as Latin-1 ones with accents: these cannot be chosen. Out: the directory is stored in
+ * sfic->adrs and the name appended to sfic->fics, the application's to free; *err the result of
+ * ajout_sfichier. Returns 1; 0, sfic and *err untouched, when the user gives up or there is no main
+ * window. */
 GRX_API INT select_fichier_x11(SCATAL scat, SFICHIER sfic_def, SFILTRE sfiltre, SFICHIER* sfic, INT* err);
 
 /* Lets the user choose a directory. rep_def: in, the one proposed; out, the choice;
  * GRX_CHEMIN_DIALOGUE_MAX bytes. Returns 1; 0, rep_def untouched, when the user gives up. */
 GRX_API INT select_repertoire_x11(char* titre, char* rep_def);
 
-/* Asks whether a file is to be replaced (message 83, or "Replace File? -Yes -No"). Returns
+/* Asks whether a file is to be replaced (message 83, or "Replace File? -Yes -No"), under the title
+ * of the file dialog on show, else of the main window; Return answers no. Returns
  * GRX_QUESTION_OUI, _NON (also when memory is short) or _FERMEE. */
 GRX_API INT question_suppression(void);
 
@@ -74,6 +79,10 @@ GRX_API INT recup_bitmap_fichier(char* nomfic, char* nombitmap);
 GRX_API void affiche_bitmap_fichier(char* nom_fic, Widget wid);
 
 /* --- text editor: grx_debut_editeur, grx_editeur, then one of the file functions ------------ */
+
+/* A text that could not be saved stays unsaved, under the name it had; a message beside the editor
+ * gives the reason, and the bell rings. Pasting waits at most a second for the program that has the
+ * clipboard, and holds nothing up meanwhile. */
 
 /* Whole name of the file last closed in the editor, cut to its size; "" before. */
 extern GRX_API char memo_filename[GRX_MEMO_FILENAME_MAX];
@@ -89,8 +98,9 @@ GRX_API INT grx_editeur(void);
 GRX_API INT grx_file_editeur(char* adr, char* name);
 
 /* The same, then handles events until the editor is closed. When the file was closed under another
- * name, adr and name receive it, split at its last '/': GRX_MEMO_FILENAME_MAX bytes each. Returns 1
- * when the editor was left by its exit entry with the text saved, else 0. */
+ * name, adr and name receive it, split at its last '/': GRX_MEMO_FILENAME_MAX bytes each; a name
+ * under which nothing was ever read or written is not given. Returns 1 when the editor was left by
+ * its exit entry with the text saved, else 0; 0 also when there is no such file. */
 GRX_API INT grx_file_editeur_bloquant(char* adr, char* name);
 
 /* Closes the editor, losing what is not saved. Returns 1, or 0 when there is none. */

@@ -223,7 +223,8 @@ GRX_API INT ecrit_fichier_bitmap_mono(char* adr, char* nom_fic, uchar* tab_pix, 
 /* Allocates the table of button pictures; part of grx_alloue_base_boutons. Returns 0, or 13. */
 GRX_API INT grx_alloue_tab_image_boutons(INT maxbouton);
 
-/* Frees the table, not the pictures. */
+/* Frees the table with the copies of the pictures that it holds in memory. Buttons go on showing
+ * theirs, which are the server's; grx_desinstalle_bitmap no longer frees those. */
 GRX_API void grx_desalloue_tab_image_boutons(INT maxbouton);
 
 /* Reads the bitmap file nom_fic (a whole path) into the pixmap of a button's record; nobou below 0:

@@ -9,6 +9,7 @@
 #include <Xm/FileSB.h>
 #include <Xm/Label.h>
 #include <Xm/MainW.h>
+#include <Xm/MessageB.h>
 #include <Xm/Protocols.h>
 #include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
@@ -16,15 +17,18 @@
 #include <Xm/Text.h>
 #include <Xm/Xm.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "host_f.h"
 #include "kit/accelerators.h"
@@ -37,6 +41,7 @@
 #include "kit/option_menu.h"
 #include "kit/post.h"
 #include "kit/screen.h"
+#include "kit/selection_text.h"
 #include "kit/shell_command.h"
 #include "kit/xmstring.h"
 #include "pure/text.h"
@@ -44,6 +49,7 @@
 #include "xt_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_f.h"
+#include "xt_uti_f.h"
 
 char memo_filename[GRX_MEMO_FILENAME_MAX] = "";
 
@@ -62,9 +68,9 @@ enum Place : std::size_t {
     kNewDialog,
     kCloseWarning,
     kExitWarning,
-    kGeneralWarning, // nobody makes this one,
+    kGeneralWarning, // tells that saving failed
     kSaveDialog,
-    kPrintWarning, // nor this one
+    kPrintWarning, // nobody makes this one
     kPrin,
     kMenuBar,
     kShell,
@@ -79,6 +85,7 @@ grx::Block<char>& filename = kept_filename.value;
 grx::Kept<grx::AcceleratorTable> kept_keys;
 grx::AcceleratorTable& keys = kept_keys.value;
 int file_saved = 1;
+bool on_disk = false; // there is such a file: it was read, or written
 int exit_status = 0;
 grx::TextEncoding encoding = grx::TextEncoding::Unknown; // of the file in the text
 intptr_t generation = 0;                                 // which editor a destroy callback is of
@@ -91,7 +98,10 @@ bool is_on_show() {
     return at(kShell) != nullptr;
 }
 
+grx::SelectionText clipboard; // what was asked of it
+
 bool set_filename(std::string_view name) {
+    on_disk = false;
     filename = grx::Block<char>(name.size() + 1);
     if (filename) grx::copy_text(filename.data(), filename.size(), name);
     return static_cast<bool>(filename);
@@ -101,6 +111,7 @@ void forget_places() {
     editeur_ouvert = 0;
     ++generation;
     keys.clear(nullptr); // the grabs go with the window
+    clipboard.forget();
     tab_wid.reset();
     filename.reset();
 }
@@ -114,6 +125,7 @@ void open_for_typing() {
 }
 
 void show_text(char* text) {
+    clipboard.forget(); // what was asked for was for the text before
     XmTextSetString(at(kText), text);
     file_saved = 1; // after it: the text tells of every change
 }
@@ -163,6 +175,7 @@ bool OpenFile() {
     }
     encoding = grx::encoding_of(bytes.data());
     grx::LocaleText text(bytes.data());
+    on_disk = true;
     show_text(text.data());
     open_for_typing();
     return true;
@@ -218,13 +231,6 @@ bool fits_on_disk(const char* name, std::size_t size) {
     return uint64_t{room.f_bavail} * room.f_frsize + own >= size;
 }
 
-mode_t usual_mode() {
-    constexpr mode_t everybody = 0666;
-    const mode_t mask = umask(0);
-    umask(mask);
-    return everybody & ~mask;
-}
-
 // KEEP: nothing is written without a line feed at its end; an empty text is one byte.
 bool write_all(FILE* file, std::string_view text) {
     bool done = std::fwrite(text.data(), 1, text.size(), file) == text.size();
@@ -244,9 +250,9 @@ class TemporaryFile {
     bool made() const { return descriptor_ >= 0; }
     const char* name() const { return name_; }
 
-    // Once.
+    // Once. Nobody but its reader needs a right on it, whatever rights the target has.
     bool write(std::string_view text) {
-        fchmod(descriptor_, usual_mode());
+        fchmod(descriptor_, S_IRUSR);
         FILE* const file = fdopen(descriptor_, "wb");
         if (file != nullptr) return write_all(file, text);
         close(descriptor_);
@@ -267,31 +273,89 @@ bool copy_over(const char* from, const char* to) {
     return command.add(to[0] == '-' ? guarded : to).run() == 0;
 }
 
+// Why a text was not saved, in ISO 8859-1; null when it was.
+using Reason = const char*;
+constexpr Reason kNoMemory = "la m\351moire manque";
+constexpr Reason kNoName = "il n'a pas de nom";
+constexpr Reason kNoTemporary = "le fichier temporaire n'a pas pu \352tre \351crit";
+constexpr Reason kDiskFull = "le disque est plein";
+constexpr Reason kDirectory = "c'est un r\351pertoire";
+constexpr Reason kNoFile = "ce n'est pas un fichier";
+constexpr Reason kNoPath = "le chemin n'existe pas";
+constexpr Reason kNotPermitted = "l'\351criture n'est pas permise";
+constexpr Reason kNotCopied = "la copie a \351chou\351";
+
+Reason reason_of(int error) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ELOOP: return kNoPath;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case ETXTBSY: return kNotPermitted;
+    case ENOSPC:
+    case EDQUOT: return kDiskFull;
+    default: return kNotCopied;
+    }
+}
+
 // The copy would be put into a directory, under the temporary name, and would wait for a reader of a pipe.
-bool takes_no_text(const char* name) {
+Reason takes_no_text(const char* name) {
     struct stat status {};
-    return stat(name, &status) == 0 && (S_ISDIR(status.st_mode) || S_ISFIFO(status.st_mode));
+    if (stat(name, &status) != 0) return nullptr;
+    return S_ISDIR(status.st_mode) ? kDirectory : S_ISFIFO(status.st_mode) ? kNoFile : nullptr;
 }
 
-bool save(std::string_view text) {
-    if (takes_no_text(filename.data())) return false;
-    TemporaryFile temporary;
-    if (!temporary.made() || !temporary.write(text) || !fits_on_disk(filename.data(), text.size() + 1)) return false;
-    const FormerContent former(filename.data());
-    if (copy_over(temporary.name(), filename.data())) return true;
+// That a file can be written. One that is not there yet is made, with the rights that new files have: the copy into it
+// leaves them.
+Reason open_target(const char* name) {
+    constexpr mode_t everybody = 0666;
+    const int making = is_there(name) ? 0 : O_CREAT | O_EXCL;
+    const int descriptor = open(name, O_WRONLY | O_NOCTTY | O_CLOEXEC | making, everybody);
+    if (descriptor < 0) return reason_of(errno);
+    close(descriptor);
+    return nullptr;
+}
+
+Reason replace(const char* name, const char* by) {
+    const FormerContent former(name);
+    Reason reason = open_target(name);
+    if (reason != nullptr) return reason;
+    if (copy_over(by, name)) return nullptr;
     former.put_back();
-    return false;
+    return kNotCopied;
 }
 
-bool SaveFile() {
-    if (!filename || at(kText) == nullptr) return false;
+Reason save(std::string_view text) {
+    if (Reason reason = takes_no_text(filename.data())) return reason;
+    TemporaryFile temporary;
+    if (!temporary.made() || !temporary.write(text)) return kNoTemporary;
+    return fits_on_disk(filename.data(), text.size() + 1) ? replace(filename.data(), temporary.name()) : kDiskFull;
+}
+
+Reason save_text() {
+    if (!filename) return kNoName;
     char* const text = XmTextGetString(at(kText));
-    if (text == nullptr) return false;
+    if (text == nullptr) return kNoMemory;
     const grx::ApplicationText bytes(text, encoding);
-    const bool saved = save(bytes.lossless() ? bytes.c_str() : text);
+    const Reason reason = save(bytes.lossless() ? bytes.c_str() : text);
     XtFree(text);
-    if (saved) file_saved = 1;
-    return saved;
+    return reason;
+}
+
+void tell_failure(std::string_view name, Reason reason);
+void hide(Place place);
+
+// A text that is closed is not saved, and nobody misses that.
+bool SaveFile() {
+    if (at(kText) == nullptr || (!filename && !XtIsSensitive(at(kText)))) return false;
+    hide(kGeneralWarning);
+    const Reason reason = save_text();
+    file_saved = reason == nullptr;
+    on_disk = on_disk || file_saved != 0;
+    if (reason != nullptr) tell_failure(filename ? filename.data() : "Le texte", reason);
+    return file_saved != 0;
 }
 
 void CloseFile() {
@@ -363,31 +427,19 @@ void on_kill_done(Widget, XtPointer, Atom*, Atom*, XtPointer value, unsigned lon
 // The owner of the selection is asked to delete it. The text itself does not know that request.
 void delete_selection(Time time) {
     Widget text = at(kText);
-    XtGetSelectionValue(text, XA_PRIMARY, XInternAtom(x11_disp, "KILL_SELECTION", False), on_kill_done, nullptr, time);
+    const Atom request = XInternAtom(x11_disp, "KILL_SELECTION", False);
+    XtGetSelectionValue(grx::selection_requestor(), XA_PRIMARY, request, on_kill_done, nullptr, time);
     XmTextPosition left = 0, right = 0;
     if (XmTextGetSelectionPosition(text, &left, &right) && left != right) XmTextRemove(text);
 }
 
-// What the clipboard has in a format, with a zero behind it; nothing when it has none.
-grx::Block<char> on_clipboard(char* format) {
-    const Window window = grx::window_of(at(kText));
-    unsigned long length = 0;
-    const bool present = with_clipboard([&] { return XmClipboardInquireLength(x11_disp, window, format, &length); });
-    if (!present || length == 0) return {};
-    grx::Block<char> data(length + 1);
-    unsigned long given = 0;
-    const bool got = data && with_clipboard([&] {
-        return XmClipboardRetrieve(x11_disp, window, format, data.data(), length, &given, nullptr);
-    });
-    return got ? std::move(data) : grx::Block<char>();
+void insert(char* bytes) {
+    grx::LocaleText text(bytes);
+    XmTextInsert(at(kText), XmTextGetInsertionPosition(at(kText)), text.data());
 }
 
-void paste() {
-    auto data = on_clipboard(string_format);
-    if (!data) data = on_clipboard(unicode_format);
-    if (!data) return;
-    grx::LocaleText text(data.data());
-    XmTextInsert(at(kText), XmTextGetInsertionPosition(at(kText)), text.data());
+void paste(Time time) {
+    clipboard.ask("CLIPBOARD", {string_format, unicode_format}, time, insert);
 }
 
 } // namespace
@@ -422,8 +474,9 @@ int code_of(XtPointer client) {
     return grx::number_in(client);
 }
 
+// A file that there is none of is not told as saved.
 void leave(int status) {
-    exit_status = status;
+    exit_status = !filename || on_disk ? status : 0;
     CloseFile();
     grx_fin_editeur();
 }
@@ -455,11 +508,16 @@ void on_new_name(std::string_view name) {
     XtUnmanageChild(at(kNewDialog));
 }
 
-// KEEP: the new name stays when saving under it fails.
+// The name before stays when saving under the new one fails.
 void on_other_name(std::string_view name) {
     if (name.empty()) return;
+    const bool was_on_disk = on_disk;
+    grx::Block<char> former = std::move(filename);
     set_filename(name);
-    SaveFile();
+    if (!SaveFile()) {
+        filename = std::move(former);
+        on_disk = was_on_disk;
+    }
     XtUnmanageChild(at(kSaveDialog));
 }
 
@@ -587,6 +645,19 @@ Widget make_warning(const char* name, Code code) {
     return dialog;
 }
 
+// A message beside which one can go on working.
+Widget make_message() {
+    const grx::CompoundString title("Avertissement");
+    grx::Args args;
+    grx::set_dialog_look(args);
+    args.set(XmNdialogTitle, title.get()).set(XmNdialogStyle, XmDIALOG_MODELESS);
+    Widget dialog = XmCreateErrorDialog(at(kShell), const_cast<char*>("general warning"), args.list(), args.count());
+    if (dialog == nullptr) return nullptr;
+    for (const unsigned char part : {XmDIALOG_CANCEL_BUTTON, XmDIALOG_HELP_BUTTON})
+        XtUnmanageChild(XmMessageBoxGetChild(dialog, part));
+    return dialog;
+}
+
 Widget make_dialog(Place place) {
     switch (place) {
     case kOpenDialog: return make_file_dialog();
@@ -594,6 +665,7 @@ Widget make_dialog(Place place) {
     case kSaveDialog: return make_prompt("save dialog", "Sauver sous", kSaveAsCode);
     case kCloseWarning: return make_warning("close warning", kCloseCode);
     case kExitWarning: return make_warning("exit warning", kExitCode);
+    case kGeneralWarning: return make_message();
     default: return nullptr;
     }
 }
@@ -606,6 +678,26 @@ Widget dialog_at(Place place) {
 
 void show(Place place) {
     if (Widget dialog = dialog_at(place)) XtManageChild(dialog);
+}
+
+void hide(Place place) {
+    if (Widget dialog = at(place)) XtUnmanageChild(dialog);
+}
+
+// In one line, of a length that the screen has room for.
+void tell_failure(std::string_view name, Reason reason) {
+    constexpr int most = 60;
+    char line[256] = "";
+    const std::string_view shown = name.substr(name.rfind('/') + 1);
+    std::snprintf(line, sizeof line, "%.*s n'a pas \351t\351 sauv\351 : %s",
+        std::min(most, static_cast<int>(shown.size())), shown.data(), reason);
+    std::replace_if(line, line + std::strlen(line), grx::is_control, '?');
+    grx_bipbip(0, 0);
+    Widget dialog = dialog_at(kGeneralWarning);
+    if (dialog == nullptr) return;
+    const grx::CompoundString message(line);
+    grx::set_resource(dialog, XmNmessageString, message.get());
+    XtManageChild(dialog);
 }
 
 void show_save_dialog() {
@@ -649,7 +741,7 @@ void MenuCB(Widget, XtPointer client, XtPointer call) {
     case kExit: exit_or_warn(); break;
     case kCut: cut(time); break;
     case kCopy: copy_selection(time); break;
-    case kPaste: paste(); break;
+    case kPaste: paste(time); break;
     case kDelete: delete_selection(time); break;
     default: break;
     }
@@ -801,6 +893,16 @@ void destroy_at(const grx::Block<Widget>& widgets, std::size_t place) {
     if (widgets[place] != nullptr) XtDestroyWidget(widgets[place]);
 }
 
+// The window and its dialogs.
+void take_off_screen(const grx::Block<Widget>& widgets) {
+    for (std::size_t place = 0; place < widgets.size(); ++place) {
+        Widget w = widgets[place];
+        if (w != nullptr && !XtIsShell(w)) w = XtParent(w); // a dialog is a shell's child
+        if (w != nullptr && XtIsShell(w)) grx::take_off_screen(w);
+    }
+    grx::take_off_screen(nullptr);
+}
+
 void open_named(char* adr, char* name) {
     char path[HOST_CHEMIN_MAX] = "";
     if (grx::view(adr).size() + grx::view(name).size() + 2 > sizeof path) return;
@@ -811,10 +913,10 @@ void open_named(char* adr, char* name) {
     OpenFile();
 }
 
-// The name under which the file was closed goes back to the caller, when it is another.
+// The name under which the file was closed goes back to the caller, when it is another and there is such a file.
 void give_name_back(std::string_view opened, char* adr, char* name) {
     const std::string_view closed(memo_filename);
-    if (closed.empty() || closed == opened.substr(0, GRX_MEMO_FILENAME_MAX - 1)) return;
+    if (!on_disk || closed.empty() || closed == opened.substr(0, GRX_MEMO_FILENAME_MAX - 1)) return;
     const auto slash = closed.rfind('/'); // KEEP: a file of the root directory empties adr
     const bool has_directory = slash != std::string_view::npos;
     grx::copy_text(adr, GRX_MEMO_FILENAME_MAX, has_directory ? closed.substr(0, slash) : std::string_view());
@@ -857,6 +959,7 @@ INT grx_file_editeur_bloquant(char* adr, char* name) {
     grx::Block<char> opened(HOST_CHEMIN_MAX);
     if (opened && filename) grx::copy_text(opened.data(), opened.size(), filename.data());
     grx::run_until([] { return editeur_ouvert == 0 || !is_on_show() || grx::is_dying(at(kShell)); });
+    take_off_screen(tab_wid);
     give_name_back(opened ? opened.data() : "", adr, name);
     return exit_status;
 }
@@ -865,6 +968,7 @@ INT grx_fin_editeur(void) {
     if (editeur_ouvert == 0) return 0;
     const grx::Block<Widget> widgets = std::move(tab_wid); // the destruction of the window finds no places to free
     forget_places();
+    take_off_screen(widgets);
     for (std::size_t place = 0; place < kPrin; ++place) destroy_at(widgets, place);
     for (const Place place : {kMenuBar, kPrin, kShell}) destroy_at(widgets, place); // from the inside outwards
     return 1;

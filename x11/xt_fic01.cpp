@@ -24,10 +24,12 @@
 #include "kit/block.h"
 #include "kit/controls.h"
 #include "kit/drawables.h"
+#include "kit/locale_text.h"
 #include "kit/nested_loop.h"
 #include "kit/option_menu.h"
 #include "kit/post.h"
 #include "kit/screen.h"
+#include "kit/widgets.h"
 #include "kit/xmstring.h"
 #include "pure/question_text.h"
 #include "pure/text.h"
@@ -127,6 +129,14 @@ Widget child_of(Widget dialog, unsigned char which) {
 
 void remove(Widget w) {
     if (w != nullptr) XtUnmanageChild(w);
+}
+
+// Line feeds and the like stand for themselves in the field only: the answer has lost them, and would be another name.
+bool has_controls(Widget dialog) {
+    char* const typed = XmTextFieldGetString(child_of(dialog, XmDIALOG_TEXT));
+    const bool found = std::ranges::any_of(grx::view(typed), grx::is_control);
+    XtFree(typed);
+    return found;
 }
 
 // -- made once the parts are known
@@ -247,8 +257,10 @@ Widget make_question(Widget parent, const PartTable& parts) {
     set_text(args, XmNmessageString, question, parts[0].data());
     set_text(args, XmNokLabelString, yes, parts[1].data());
     set_text(args, XmNcancelLabelString, no, parts[2].data());
+    args.set(XmNdefaultButtonType, XmDIALOG_CANCEL_BUTTON); // Return loses no file
     Widget box = XmCreateQuestionDialog(parent, const_cast<char*>("question"), args.list(), args.count());
     if (box == nullptr) return nullptr;
+    grx::set_resource(XtParent(box), XmNtitle, grx::resource<const char*>(grx::nearest_shell(parent), XmNtitle));
     remove(XmMessageBoxGetChild(box, XmDIALOG_HELP_BUTTON));
     XtAddCallback(box, XmNokCallback, on_question, grx::as_client_data(kAccepted));
     XtAddCallback(box, XmNcancelCallback, on_question, grx::as_client_data(kCancelled));
@@ -273,6 +285,7 @@ int ask(Widget box) {
     asking = false;
     end_with(ques_accept, kGone);
     const int answer = ques_accept;
+    grx::take_off_screen(question_alive ? XtParent(box) : nullptr);
     if (question_alive) XtDestroyWidget(box);
     return answer;
 }
@@ -346,9 +359,9 @@ bool may_read(Name& name) {
 }
 
 // An answer that is not accepted leaves the dialog on show.
-void DialogAcceptCB(Widget, XtPointer client_data, XtPointer call_data) {
+void DialogAcceptCB(Widget dialog, XtPointer client_data, XtPointer call_data) {
     const auto* const info = static_cast<INFO_FICHIER*>(client_data);
-    if (asking || call_data == nullptr) return;
+    if (asking || call_data == nullptr || has_controls(dialog)) return;
     const grx::PlainText typed(static_cast<XmFileSelectionBoxCallbackStruct*>(call_data)->value);
     Name name(typed.c_str());
     if (!name.usable()) return;
@@ -469,6 +482,13 @@ bool has_file(const SFICHIER& proposed) {
     return proposed.nb_fics > 0 && proposed.fics != nullptr && !text_of(proposed.fics[0]).empty();
 }
 
+void show_name(Widget field, const char* path) {
+    grx::LocaleText name(path);
+    XmTextFieldSetString(field, name.data());
+    XmTextFieldSetInsertionPosition(field, XmTextFieldGetLastPosition(field)); // its end is seen
+}
+
+// One that is not in the list is a name all the same.
 void select_proposed(Widget dialog, const SFICHIER& proposed) {
     const std::size_t room =
         text_of(proposed.adrs).size() + (has_file(proposed) ? text_of(proposed.fics[0]).size() : 0);
@@ -479,7 +499,7 @@ void select_proposed(Widget dialog, const SFICHIER& proposed) {
     Widget list = child_of(dialog, XmDIALOG_LIST);
     const grx::CompoundString item(path, XmFONTLIST_DEFAULT_TAG);
     const int position = XmListItemPos(list, item.get());
-    if (position == 0) return;
+    if (position == 0) return show_name(child_of(dialog, XmDIALOG_TEXT), path);
     XmListSelectPos(list, position, True);
     XmListSetBottomPos(list, position);
 }
@@ -531,6 +551,7 @@ int run(Widget& dialog, int& answer) {
     choosing = false;
     end_with(answer, kGone);
     const int result = answer;
+    grx::take_off_screen(dialog != nullptr ? XtParent(dialog) : nullptr);
     if (result != kGone) drop_former(dialog);
     return result;
 }
@@ -568,10 +589,10 @@ INT select_fichier_x11(SCATAL scat, SFICHIER sfic_def, SFILTRE sfiltre, SFICHIER
 
 namespace {
 
-void DialogDirAcceptCB(Widget, XtPointer, XtPointer call_data) {
+void DialogDirAcceptCB(Widget dialog, XtPointer, XtPointer call_data) {
     if (call_data == nullptr) return;
     const grx::PlainText chosen(static_cast<XmFileSelectionBoxCallbackStruct*>(call_data)->value);
-    if (std::strlen(chosen.c_str()) >= GRX_CHEMIN_DIALOGUE_MAX) return;
+    if (std::strlen(chosen.c_str()) >= GRX_CHEMIN_DIALOGUE_MAX || has_controls(dialog)) return;
     keep_path(rep_retour_complet, chosen.c_str());
     sortie_rep = kAccepted;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <numeric>
 #include <span>
 
 #include "kit/batch.h"
@@ -99,9 +100,13 @@ void change_background(Changes& c, const GRX_ATTRIBUTS_TRACER& att) {
     memo_attrib.coul_fond = att.coul_fond;
 }
 
+bool is_dashed(const GRX_ATTRIBUTS_TRACER& att) {
+    return att.type_trait >= GRX_TRAIT_MIXTE && att.type_trait <= GRX_TRAIT_MIXTE_2_TIRETS;
+}
+
 void change_style(Changes& c, const GRX_ATTRIBUTS_TRACER& att) {
     if (att.type_trait == memo_attrib.type_trait && !context_stale) return;
-    const bool dashed = att.type_trait >= GRX_TRAIT_MIXTE && att.type_trait <= GRX_TRAIT_MIXTE_2_TIRETS;
+    const bool dashed = is_dashed(att);
     if (dashed) {
         const DashList& list = kDashLists[static_cast<std::size_t>(att.type_trait)];
         XSetDashes(x11_disp, g_c, 0, list.lengths, list.count);
@@ -263,12 +268,18 @@ void draw_line(Drawable target, const grx::Line& line) {
     grx::draw_line(target, line.x1, line.y1, line.x2, line.y2);
 }
 
+grx::Dashes dashes_of(const GRX_ATTRIBUTS_TRACER& att) {
+    if (!is_dashed(att)) return {};
+    const DashList& list = kDashLists[static_cast<std::size_t>(att.type_trait)];
+    return {std::accumulate(list.lengths, list.lengths + list.count, 0), grx_recup_epaisseur(att.epaisseur) > 0};
+}
+
 void draw_segment(Drawable target, const GRX_SEGMENT& s) {
     if (target == None) return;
     const grx::Line line{s.x1, s.y1, s.x2, s.y2};
     if (fits16({s.x1, s.y1, s.x2, s.y2})) {
         draw_line(target, line);
-    } else if (const auto part = grx::clip_segment(line)) {
+    } else if (const auto part = grx::clip_segment(line, dashes_of(s.attrib))) {
         draw_line(target, *part);
     }
 }

@@ -427,6 +427,7 @@ INT grx_alloue_tab_image_boutons(INT maxbouton) {
     return Tab_image ? 0 : GRX_ERR_BASE_BOUTONS;
 }
 
+// KEEP: the pictures' data goes with the table: nothing else would find it.
 void grx_desalloue_tab_image_boutons(INT) {
     for (Picture& picture : Tab_image) drop_picture(picture);
     Tab_image.reset();

@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "kit/args.h"
 #include "kit/drawables.h"
@@ -50,6 +51,10 @@ constexpr int kMaxErrorText = 80;
 char last_error_text[kMaxErrorText] = "";
 INT error_count = 0;
 
+// What the application had installed before; null when that was Xlib's own.
+XErrorHandler application_errors = nullptr;
+XIOErrorHandler application_end = nullptr;
+
 XmFontListEntry font_entry = nullptr;
 
 // Arguments of the application as the toolkit sees them; it keeps the address.
@@ -78,21 +83,36 @@ int erreur_systeme(Display* disp, XErrorEvent* evt);
 int erreur_io_systeme(Display* disp);
 
 int erreur_systeme(Display* disp, XErrorEvent* evt) {
+    static bool telling = false; // the application's may call the one that it found, which is this one
+    if (telling) return 0;
     XGetErrorText(disp, evt->error_code, last_error_text, kMaxErrorText);
     ++error_count;
+    if (application_errors == nullptr) return 0;
+    telling = true;
+    application_errors(disp, evt);
+    telling = false;
     return 0;
 }
 
-int erreur_io_systeme(Display*) {
+int erreur_io_systeme(Display* disp) {
+    if (application_end != nullptr) std::exchange(application_end, nullptr)(disp);
     return 0; // Xlib ends the process after this
 }
 }
 
 namespace {
 
+// Installs ours, and remembers the one before unless it is ours or Xlib's own, which nothing but null brings back.
+template <class Handler>
+void install(Handler (*set)(Handler), Handler ours, Handler& application) {
+    Handler before = set(nullptr);
+    Handler of_xlib = set(ours);
+    if (before != ours && before != of_xlib) application = before;
+}
+
 void install_error_handlers() {
-    XSetErrorHandler(erreur_systeme);
-    XSetIOErrorHandler(erreur_io_systeme);
+    install(XSetErrorHandler, erreur_systeme, application_errors);
+    install(XSetIOErrorHandler, erreur_io_systeme, application_end);
 }
 
 bool open_display() {

@@ -21,8 +21,9 @@ struct Message {
     const char* text;
 };
 
-// In ISO 8859-1. 83, the question before a file is replaced, is left to the library.
-constexpr std::array<Message, 8> default_messages{{
+// In ISO 8859-1. 83 is a question and the labels of its two buttons.
+constexpr std::array<Message, 9> default_messages{{
+    {83, "Remplacer le fichier ? -Oui -Non"},
     {1066, "Fichiers"},
     {1245, "Enregistrer"},
     {1246, "Annuler"},

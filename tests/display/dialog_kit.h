@@ -309,6 +309,25 @@ class Dialogs : public Base {
     Widget question_box() const { return on_screen_of(xmMessageBoxWidgetClass); }
     std::string selection() const { return field_text(part(XmDIALOG_TEXT)); }
 
+    // What another program sees on the screen that was not there before; the library's output is left as it is.
+    std::vector<Window> windows_on_screen() {
+        std::vector<Window> seen;
+        for (const Window window : children_of(this->test_display(), DefaultRootWindow(this->test_display()))) {
+            XWindowAttributes attributes{};
+            if (XGetWindowAttributes(this->test_display(), window, &attributes) && attributes.map_state == IsViewable)
+                seen.push_back(window);
+        }
+        return seen;
+    }
+    bool leaves_the_screen_as(const std::vector<Window>& before) {
+        const auto nothing_new = [&] {
+            return std::ranges::all_of(
+                windows_on_screen(), [&](Window w) { return std::ranges::count(before, w) > 0; });
+        };
+        return wait_until(
+            nothing_new, [] { wait_readable(-1, Milliseconds(5)); }, Milliseconds(1500));
+    }
+
     // --- what the user does
     void click(Widget widget, unsigned button = 1) {
         if (!is_viewable(widget)) {

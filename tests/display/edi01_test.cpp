@@ -1,4 +1,5 @@
 // The text editor: opened, typed into, saved and left by a real pointer and keyboard.
+#include "tests/display/bells.h"
 #include "tests/display/dialog_kit.h"
 
 #include "tests/support/descriptors.h"
@@ -19,6 +20,7 @@
 #include <clocale>
 #include <climits>
 #include <cstring>
+#include <fcntl.h>
 #include <fstream>
 #include <malloc.h>
 #include <optional>
@@ -636,12 +638,73 @@ TEST_F(Editor, RightsAndLinksOfTheFileStay) {
     EXPECT_EQ(bytes_of(path("real.txt")), "nx\n");
 }
 
+// What the program that copies finds is as secret as the file that it writes to.
+TEST_F(Editor, TheTemporaryFileHasNoMoreRightsThanTheFile) {
+    const std::string modes = path("modes");
+    const FakeCp cp("stat -c '%a %a' \"$1\" >>" + modes + "; exec /bin/cp \"$1\" \"$2\"");
+    const auto rights_of_copy = [&] {
+        std::ifstream in(modes);
+        unsigned rights = 0777;
+        in >> std::oct >> rights;
+        fs::remove(modes);
+        return rights;
+    };
+    const auto rights_of = [](const std::string& file) {
+        struct stat status {};
+        return stat(file.c_str(), &status) == 0 ? status.st_mode & 07777U : 0U;
+    };
+    for (const unsigned mode : {0600U, 0640U, 0604U, 0666U, 0755U}) {
+        put("a.txt", "secret\n");
+        ASSERT_EQ(chmod(path("a.txt").c_str(), mode), 0);
+        edit("a.txt");
+        type("n");
+        save();
+        EXPECT_EQ(bytes_of(path("a.txt")), "nsecret\n");
+        EXPECT_EQ(rights_of_copy() & ~mode, 0U) << std::oct << mode;
+        EXPECT_EQ(rights_of(path("a.txt")), mode);
+        grx_fin_editeur();
+        ASSERT_TRUE(closed());
+    }
+    for (const mode_t mask : {022, 027, 077}) {
+        const mode_t before = umask(mask);
+        show();
+        choose("File", "New");
+        fill_prompt(path("new.txt"));
+        answer(XmDIALOG_OK_BUTTON);
+        save();
+        umask(before);
+        EXPECT_EQ(rights_of(path("new.txt")), 0666U & ~mask);
+        EXPECT_EQ(rights_of_copy() & (mask | 0111U), 0U) << std::oct << mask;
+        fs::remove(path("new.txt"));
+        grx_fin_editeur();
+        ASSERT_TRUE(closed());
+    }
+}
+
 // --- saving that fails ---------------------------------------------------------------------------------------------
 
 class FailedSave : public Editor {
   protected:
-    // After a save that failed: the text is there, not saved, and nothing lies about.
-    void expect_kept(const std::string& text_then) {
+    void SetUp() override {
+        Editor::SetUp();
+        bells_.emplace(test_display());
+    }
+    Widget message() const { return on_screen_of(xmMessageBoxWidgetClass); }
+    // A window with the reason in one line, and a bell.
+    void expect_told(const std::string& reason) {
+        EXPECT_GT(bells_->rung().size(), 0U) << "no bell";
+        ASSERT_NE(message(), nullptr) << "nothing tells of it";
+        const std::string told = text_resource(message(), XmNmessageString);
+        EXPECT_NE(told.find(reason), std::string::npos) << told;
+        EXPECT_EQ(told.find('\n'), std::string::npos) << told;
+        EXPECT_EQ(text_resource(message(), XmNdialogTitle), "Avertissement");
+        click(XmMessageBoxGetChild(message(), XmDIALOG_OK_BUTTON));
+        EXPECT_TRUE(wait_for([&] { return message() == nullptr; }));
+        drain();
+    }
+    // After a save that failed: it was told, the text is there, not saved, and nothing lies about.
+    void expect_kept(const std::string& text_then, const std::string& reason) {
+        expect_told(reason);
         EXPECT_EQ(content(), text_then);
         EXPECT_EQ(left_behind(), std::set<std::string>{});
         choose("File", "Exit");
@@ -661,6 +724,8 @@ class FailedSave : public Editor {
         fs::create_directory(path("disk"));
         return mount("none", path("disk").c_str(), "tmpfs", 0, "size=64k") == 0;
     }
+
+    std::optional<Bells> bells_;
 };
 
 TEST_F(FailedSave, WhereTheFolderIsGone) {
@@ -668,45 +733,62 @@ TEST_F(FailedSave, WhereTheFolderIsGone) {
     type("n");
     fs::remove_all(path("Sub"));
     save();
-    expect_kept("nold\n");
+    expect_kept("nold\n", "le chemin n'existe pas");
     EXPECT_FALSE(there("Sub"));
 }
 
-TEST_F(FailedSave, WhereADirectoryIsTheTarget) {
-    edit("a.txt", "old\n");
+// Under another name: the one before stays, and saving goes on under it.
+class FailedSaveAs : public FailedSave {
+  protected:
+    void expect_refused(const std::string& name, const std::string& reason) {
+        edit("a.txt", "old\n");
+        choose("File", "Save As...");
+        fill_prompt(path(name));
+        answer(XmDIALOG_OK_BUTTON);
+        EXPECT_EQ(prompt(), nullptr);
+        expect_kept("old\n", reason);
+        choose("File", "Save As...");
+        EXPECT_EQ(field_text(button(prompt(), XmDIALOG_TEXT)), path("a.txt"));
+        answer(XmDIALOG_CANCEL_BUTTON);
+        type("n");
+        save();
+        EXPECT_EQ(bytes_of(path("a.txt")), "nold\n");
+        EXPECT_EQ(message(), nullptr);
+    }
+};
+
+TEST_F(FailedSaveAs, WhereADirectoryIsTheTarget) {
     fs::create_directory(path("Sub"));
-    choose("File", "Save As...");
-    fill_prompt(path("Sub"));
-    type("");
-    answer(XmDIALOG_OK_BUTTON);
-    type("n");
-    save();
+    expect_refused("Sub", "c'est un r\351pertoire");
     EXPECT_TRUE(fs::is_empty(path("Sub")));
-    expect_kept("nold\n");
 }
 
-TEST_F(FailedSave, WhereAPipeIsTheTarget) {
-    edit("a.txt", "old\n");
+TEST_F(FailedSaveAs, WhereAPipeIsTheTarget) {
     ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
-    choose("File", "Save As...");
-    fill_prompt(path("pipe"));
-    answer(XmDIALOG_OK_BUTTON);
-    type("n");
-    save();
+    expect_refused("pipe", "ce n'est pas un fichier");
     EXPECT_TRUE(fs::is_fifo(path("pipe")));
-    expect_kept("nold\n");
 }
 
-TEST_F(FailedSave, WhereALinkLeadsNowhere) {
-    edit("a.txt", "old\n");
+TEST_F(FailedSaveAs, WhereALinkLeadsNowhere) {
     fs::create_symlink(path("Sub/nowhere"), files_.path() / "link.txt");
-    choose("File", "Save As...");
-    fill_prompt(path("link.txt"));
-    answer(XmDIALOG_OK_BUTTON);
-    type("n");
-    save();
+    expect_refused("link.txt", "le chemin n'existe pas");
     EXPECT_TRUE(fs::is_symlink(path("link.txt"))) << "it was there before";
-    expect_kept("nold\n");
+}
+
+TEST_F(FailedSaveAs, WhereTheFolderIsMissing) {
+    expect_refused("Sub/b.txt", "le chemin n'existe pas");
+    EXPECT_FALSE(there("Sub"));
+}
+
+TEST_F(FailedSave, IsToldInOneLineWhateverTheName) {
+    const std::string name = "Sub/" + std::string(150, 'l') + "\nodd\tname.txt";
+    edit(name, "old\n");
+    type("n");
+    fs::remove_all(path("Sub"));
+    save();
+    ASSERT_NE(message(), nullptr);
+    EXPECT_LT(resource<Dimension>(message(), XmNwidth), 1000);
+    expect_kept("nold\n", "le chemin n'existe pas");
 }
 
 TEST_F(FailedSave, WhereTheTemporaryFileCannotBeMade) {
@@ -725,7 +807,7 @@ TEST_F(FailedSave, WhereTheTemporaryFileCannotBeMade) {
     drain();
     setrlimit(RLIMIT_NOFILE, &before);
     EXPECT_EQ(bytes_of(path("a.txt")), "old\n");
-    expect_kept("nold\n");
+    expect_kept("nold\n", "le fichier temporaire");
 }
 
 // A long text fails while it is written, a short one when the file is closed.
@@ -743,7 +825,7 @@ TEST_F(FailedSave, WhereTheTextDoesNotFit) {
         save();
         setrlimit(RLIMIT_FSIZE, &before);
         EXPECT_TRUE(bytes_of(path("a.txt")) == bytes);
-        expect_kept("n" + bytes);
+        expect_kept("n" + bytes, "le fichier temporaire");
         grx_fin_editeur();
         ASSERT_TRUE(closed());
     }
@@ -767,6 +849,7 @@ TEST_F(FailedSave, WhereTheDiskOfTheTargetIsFull) {
     if (mounted) {
         EXPECT_EQ(cp.arguments().size(), 0U) << "what has no room is not begun";
     }
+    expect_told(mounted ? "le disque est plein" : "la copie");
     EXPECT_EQ(content().size(), 80000U);
     choose("File", "Exit");
     EXPECT_TRUE(asks());
@@ -821,7 +904,7 @@ TEST_F(FailedSave, WhereTheCopyStopsHalfway) {
     save();
     EXPECT_EQ(open_descriptors(), files_before);
     EXPECT_EQ(bytes_of(path("a.txt")), "old text\n");
-    expect_kept("nold text\n");
+    expect_kept("nold text\n", "la copie a \351chou\351");
 }
 
 TEST_F(FailedSave, WhereTheCopyOfANewFileStopsHalfway) {
@@ -830,11 +913,22 @@ TEST_F(FailedSave, WhereTheCopyOfANewFileStopsHalfway) {
     choose("File", "Save As...");
     fill_prompt(path("new.txt"));
     answer(XmDIALOG_OK_BUTTON);
-    type("n");
-    save();
-    EXPECT_EQ(half.arguments().size(), 4U);
+    EXPECT_EQ(half.arguments().size(), 2U);
     EXPECT_FALSE(there("new.txt")) << "a part of it is no file";
-    expect_kept("nold text\n");
+    expect_kept("old text\n", "la copie a \351chou\351");
+}
+
+// What is shown goes when the text was saved after all.
+TEST_F(FailedSave, IsForgottenWhenTheNextOneSucceeds) {
+    edit("Sub/a.txt", "old\n");
+    type("n");
+    fs::remove_all(path("Sub"));
+    save();
+    EXPECT_NE(message(), nullptr);
+    fs::create_directory(path("Sub"));
+    save();
+    EXPECT_EQ(message(), nullptr);
+    EXPECT_EQ(bytes_of(path("Sub/a.txt")), "nold\n");
 }
 
 TEST_F(FailedSave, WhereTheShellGivesNoAnswer) {
@@ -843,6 +937,7 @@ TEST_F(FailedSave, WhereTheShellGivesNoAnswer) {
     const auto before = std::signal(SIGCHLD, SIG_IGN); // system() cannot collect it
     save();
     std::signal(SIGCHLD, before);
+    expect_told("la copie");
     choose("File", "Exit");
     EXPECT_TRUE(asks());
     answer(XmDIALOG_CANCEL_BUTTON);
@@ -1026,18 +1121,6 @@ TEST_F(Editor, SauverSousWritesUnderTheNewName) {
     choose("File", "Save As...");
     EXPECT_EQ(field_text(button(prompt(), XmDIALOG_TEXT)), path("b.txt"));
     answer(XmDIALOG_CANCEL_BUTTON);
-}
-
-TEST_F(Editor, SauverSousKeepsTheNewNameWhenItFails) {
-    edit("a.txt", "one\n");
-    choose("File", "Save As...");
-    fill_prompt(path("Sub/b.txt"));
-    answer(XmDIALOG_OK_BUTTON);
-    EXPECT_EQ(content(), "one\n");
-    fs::create_directory(path("Sub"));
-    save();
-    EXPECT_EQ(bytes_of(path("Sub/b.txt")), "one\n");
-    EXPECT_EQ(bytes_of(path("a.txt")), "one\n");
 }
 
 TEST_F(Editor, SauverSousWithoutAFileStartsEmpty) {
@@ -1277,28 +1360,43 @@ TEST_F(EditorKeys, MenusAreUsableByKeys) {
 
 // --- the clipboard -------------------------------------------------------------------------------------------------
 
-// Another program that owns the clipboard and offers a text as one type.
+// Another program that owns the clipboard and offers a text as one type. It may take its time, or never answer.
+constexpr int never = -1;
+
 class ClipboardOwner {
   public:
-    ClipboardOwner(const std::string& server, const std::string& text, const char* type) {
-        int ready[2];
-        if (pipe(ready) != 0) throw std::runtime_error("pipe");
+    ClipboardOwner(const std::string& server, const std::string& text, const char* type, int delay = 0) {
+        int told[2];
+        if (pipe2(told, O_CLOEXEC | O_NONBLOCK) != 0) throw std::runtime_error("pipe");
         pid_ = fork();
-        if (pid_ == 0) serve(server, text, type, ready[1]);
-        char byte = 0;
-        EXPECT_EQ(read(ready[0], &byte, 1), 1);
-        close(ready[0]);
-        close(ready[1]);
+        if (pid_ == 0) serve(server, text, type, delay, told[1]);
+        close(told[1]);
+        told_ = told[0];
+        EXPECT_TRUE(wait_until([&] { return count('r') == 1; }, [] { wait_readable(-1, Milliseconds(2)); }));
     }
     ~ClipboardOwner() {
         kill(pid_, SIGKILL);
         waitpid(pid_, nullptr, 0);
+        close(told_);
     }
     ClipboardOwner(const ClipboardOwner&) = delete;
     ClipboardOwner& operator=(const ClipboardOwner&) = delete;
 
+    // How often it was asked for the text, and has given it.
+    long asked() { return count('q'); }
+    long answered() { return count('a'); }
+
   private:
-    [[noreturn]] static void serve(const std::string& server, const std::string& text, const char* type, int ready) {
+    long count(char what) {
+        char byte = 0;
+        while (read(told_, &byte, 1) == 1) log_ += byte;
+        return std::ranges::count(log_, what);
+    }
+    static void tell(int told, const char* what) {
+        if (write(told, what, 1) != 1) _exit(1);
+    }
+    [[noreturn]] static void serve(
+        const std::string& server, const std::string& text, const char* type, int delay, int told) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         Display* display = XOpenDisplay(server.c_str());
         if (!display) _exit(1);
@@ -1307,12 +1405,16 @@ class ClipboardOwner {
         const Window window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
         XSetSelectionOwner(display, clipboard, window, CurrentTime);
         XSync(display, False);
-        if (write(ready, "r", 1) != 1) _exit(1);
+        tell(told, "r");
         for (;;) {
             XEvent event;
             XNextEvent(display, &event);
             if (event.type != SelectionRequest) continue;
             const auto& asked = event.xselectionrequest;
+            const bool for_text = asked.target == offered;
+            if (for_text) tell(told, "q");
+            if (delay == never) continue;
+            if (for_text && delay > 0) usleep(static_cast<useconds_t>(delay) * 1000);
             XEvent answer{};
             answer.xselection.type = SelectionNotify;
             answer.xselection.requestor = asked.requestor;
@@ -1324,21 +1426,24 @@ class ClipboardOwner {
                 const Atom list[] = {targets, offered};
                 XChangeProperty(display, asked.requestor, asked.property, XA_ATOM, 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(list), 2);
-            } else if (asked.target == offered) {
+            } else if (for_text) {
                 XChangeProperty(display, asked.requestor, asked.property, offered, 8, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
             } else {
                 answer.xselection.property = None;
             }
             XSendEvent(display, asked.requestor, False, NoEventMask, &answer);
-            XFlush(display);
+            XSync(display, False);
+            if (for_text) tell(told, "a");
         }
     }
     pid_t pid_ = -1;
+    int told_ = -1;
+    std::string log_;
 };
 
-// The toolkit's clipboard never frees what it notes of a selection: such leaks hold nothing but its own functions below
-// XmClipboardInquireLength, or below its answer to another client.
+// The toolkit's clipboard never frees what it notes of a request for what the editor has copied: such leaks hold nothing
+// but its own functions below its answer.
 class ToolkitLeaks {
   public:
 #ifdef __SANITIZE_ADDRESS__
@@ -1555,6 +1660,105 @@ TEST_F(Clipboard, TextOfAProgramThatOffersOnlyUtf8ComesIn) {
     EXPECT_EQ(content(), "utf8abc\n");
 }
 
+// An owner that lets one wait. Another window of the application, that goes on meanwhile.
+class SlowClipboard : public Clipboard {
+  protected:
+    void SetUp() override {
+        Clipboard::SetUp();
+        beside_ = make(GRX_FEN_GRAPHIQUE);
+        ASSERT_TRUE(wait_visible(widget_of(beside_)));
+        edit("a.txt", "abc\n");
+        type("");
+    }
+    // Chooses "Coller" without waiting for what comes of it.
+    void paste() {
+        click(widget_called("Edit"));
+        ASSERT_TRUE(wait_for([&] { return is_viewable(widget_called("Coller")); }));
+        drain();
+        click(widget_called("Coller"));
+        begun_ = Clock::now();
+    }
+    // That a press in the other window is told while the clipboard is waited for.
+    void expect_the_other_window_answers() {
+        events.clear();
+        pointer().click_in(widget_of(beside_), 5, 100);
+        EXPECT_TRUE(wait_for([&] { return events.count(GRX_EVT_BOUTON_RELACHE) > 0; })) << events.describe();
+        EXPECT_GT(events.count(GRX_EVT_BOUTON_APPUI), 0);
+        EXPECT_LT(Clock::now() - begun_, Milliseconds(1000));
+    }
+    // Lets time pass, with the application in its loop.
+    void pass(Milliseconds time) {
+        const auto until = Clock::now() + time;
+        EXPECT_TRUE(wait_for([&] { return Clock::now() > until; }));
+    }
+    static constexpr Milliseconds most{1000};
+
+    INT beside_ = 0;
+    Clock::time_point begun_{};
+};
+
+TEST_F(SlowClipboard, AnOwnerThatNeverAnswersHoldsNothingUp) {
+    ClipboardOwner owner(server().name(), "from outside", "STRING", never);
+    paste();
+    expect_the_other_window_answers();
+    pass(most + most / 2);
+    EXPECT_EQ(owner.asked(), 1) << "one attempt";
+    EXPECT_EQ(content(), "abc\n");
+    const ClipboardOwner another(server().name(), "at last ", "STRING");
+    choose("Edit", "Coller");
+    EXPECT_TRUE(wait_for([&] { return content() == "at last abc\n"; })) << content();
+}
+
+TEST_F(SlowClipboard, AnAnswerWithinASecondComesIn) {
+    ClipboardOwner owner(server().name(), "from outside ", "STRING", 500);
+    paste();
+    expect_the_other_window_answers();
+    EXPECT_EQ(content(), "abc\n");
+    EXPECT_TRUE(wait_for([&] { return content() == "from outside abc\n"; })) << content();
+    EXPECT_EQ(owner.asked(), 1);
+}
+
+TEST_F(SlowClipboard, AnAnswerAfterASecondIsTooLate) {
+    ClipboardOwner owner(server().name(), "from outside ", "STRING", 1600);
+    paste();
+    ASSERT_TRUE(wait_for([&] { return owner.answered() == 1; }));
+    drain();
+    EXPECT_EQ(content(), "abc\n");
+}
+
+TEST_F(SlowClipboard, AnotherFileDoesNotGetIt) {
+    put("b.txt", "other\n");
+    ClipboardOwner owner(server().name(), "from outside ", "STRING", 500);
+    paste();
+    ASSERT_TRUE(wait_for([&] { return owner.asked() == 1; }));
+    load(files_.text(), "b.txt");
+    ASSERT_TRUE(wait_for([&] { return owner.answered() == 1; }));
+    drain();
+    EXPECT_EQ(content(), "other\n");
+    choose("File", "Exit");
+    EXPECT_TRUE(closed()) << "nothing changed";
+}
+
+TEST_F(SlowClipboard, TheEndOfTheEditorIsSurvived) {
+    ClipboardOwner owner(server().name(), "from outside ", "STRING", 500);
+    paste();
+    ASSERT_TRUE(wait_for([&] { return owner.asked() == 1; }));
+    grx_fin_editeur();
+    ASSERT_TRUE(closed());
+    edit("b.txt", "other\n");
+    ASSERT_TRUE(wait_for([&] { return owner.answered() == 1; }));
+    pass(most);
+    EXPECT_EQ(content(), "other\n");
+}
+
+TEST_F(SlowClipboard, WhatIsTypedNextStandsBehind) {
+    const ClipboardOwner owner(server().name(), "from outside", "STRING", 20);
+    keyboard().key(XK_Insert, ShiftMask);
+    keyboard().type("x");
+    EXPECT_TRUE(wait_for([&] { return content().find('x') != std::string::npos; }));
+    EXPECT_EQ(content(), "from outsidexabc\n");
+}
+
 class ClipboardInUtf8 : public Clipboard {
   protected:
     void before_start() override {
@@ -1703,6 +1907,87 @@ TEST_F(Blocking, SauverSousGivesTheNewName) {
     EXPECT_EQ(left.name, "b.txt");
 }
 
+// A file that could not be written is not given back.
+TEST_F(Blocking, AFailedSauverSousLeavesTheNames) {
+    put("a.txt", "abc\n");
+    const std::pair<unsigned char, INT> ways[] = {{XmDIALOG_APPLY_BUTTON, 0}, {XmDIALOG_OK_BUTTON, 1}};
+    for (const auto& [button_of_warning, status] : ways) {
+        when_ready("ready", [] {});
+        pick("Save As...");
+        script_.when(
+            "prompt", [&] { return prompt() != nullptr; },
+            [&] { retype(button(prompt(), XmDIALOG_TEXT), path("Sub/b.txt")); });
+        script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
+        script_.when(
+            "told", [&] { return question_box() != nullptr; },
+            [&] { click(XmMessageBoxGetChild(question_box(), XmDIALOG_OK_BUTTON)); });
+        key(XK_F3);
+        respond(button_of_warning);
+        const auto left = block(files_.text(), "a.txt");
+        EXPECT_EQ(left.status, status);
+        EXPECT_EQ(left.directory, files_.text());
+        EXPECT_EQ(left.name, "a.txt");
+        EXPECT_EQ(std::string(memo_filename), path("a.txt"));
+    }
+}
+
+TEST_F(Blocking, ANewFileThatWasNeverWrittenIsNotGivenBack) {
+    put("a.txt", "abc\n");
+    for (const bool saved : {false, true}) {
+        when_ready("ready", [] {});
+        pick("New");
+        script_.when(
+            "prompt", [&] { return prompt() != nullptr; },
+            [&] { retype(button(prompt(), XmDIALOG_TEXT), path("new.txt")); });
+        script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
+        if (saved) pick("Save");
+        key(XK_F3);
+        const auto left = block(files_.text(), "a.txt");
+        EXPECT_EQ(there("new.txt"), saved);
+        EXPECT_EQ(left.status, saved ? 1 : 0);
+        EXPECT_EQ(left.name, saved ? "new.txt" : "a.txt");
+        EXPECT_EQ(left.directory, files_.text());
+    }
+}
+
+TEST_F(Blocking, AFileThatIsNotThereIsNotReportedAsSaved) {
+    when_ready("ready", [&] { EXPECT_FALSE(sensitive()); });
+    key(XK_F3);
+    const auto left = block(files_.text(), "missing.txt");
+    EXPECT_EQ(left.status, 0);
+    EXPECT_EQ(left.name, "missing.txt");
+}
+
+// --- off the screen when the call has returned
+
+TEST_F(Blocking, NothingIsLeftOnTheScreen) {
+    put("a.txt", "abc\n");
+    const auto before = windows_on_screen();
+    const auto leave = [&] {
+        when_ready("ready", [] {});
+        key(XK_F3);
+        block(files_.text(), "a.txt");
+        EXPECT_TRUE(leaves_the_screen_as(before));
+        change();
+        pick("Exit");
+        respond(XmDIALOG_APPLY_BUTTON);
+        block(files_.text(), "a.txt");
+        EXPECT_TRUE(leaves_the_screen_as(before));
+        when_ready("close", [&] { ask_to_close(test_display(), XtWindow(shell())); });
+        block(files_.text(), "a.txt");
+        EXPECT_TRUE(leaves_the_screen_as(before));
+        when_ready("finish", [] { grx_fin_editeur(); });
+        block(files_.text(), "a.txt");
+        EXPECT_TRUE(leaves_the_screen_as(before));
+    };
+    leave();
+    inside_a_callback(leave);
+    drain();
+    when_ready("destroy", [&] { grx_detruit_fenetre(main_); });
+    block(files_.text(), "a.txt");
+    EXPECT_TRUE(leaves_the_screen_as(before));
+}
+
 TEST_F(Blocking, ANameWithoutADirectoryEmptiesTheDirectory) {
     ASSERT_EQ(chdir(files_.text().c_str()), 0);
     put("a.txt", "abc\n");
@@ -1730,11 +2015,12 @@ TEST_F(Blocking, AtTheRootTheDirectoryIsEmpty) {
         pointer().move_in(text(), 8, 8);
         keyboard().key(XK_F3);
     });
-    // Where the root cannot be written, the text counts as saved still: saving under a name is no change of it.
+    const bool writable = access("/", W_OK) == 0;
+    if (!writable) respond(XmDIALOG_APPLY_BUTTON); // not everybody may write there: the text then counts as not saved
     const auto left = block(files_.text(), "a.txt");
     fs::remove(target);
-    EXPECT_EQ(left.directory, "");
-    EXPECT_EQ(left.name, target.substr(1));
+    EXPECT_EQ(left.directory, writable ? "" : files_.text());
+    EXPECT_EQ(left.name, writable ? target.substr(1) : "a.txt");
 }
 
 TEST_F(Blocking, LongNamesDoNotOverflow) {

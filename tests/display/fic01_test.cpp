@@ -893,14 +893,32 @@ TEST_F(FileDialog, AProposedFileOfTheRootIsSelected) {
     if (made) fs::remove("/" + name);
 }
 
-TEST_F(FileDialog, AProposedFileThatIsNotThereSelectsNothing) {
+TEST_F(FileDialog, AProposedFileThatIsNotThereStandsInTheField) {
     put("a.DAT");
-    when_open("look", [&] {
-        EXPECT_EQ(selected_items(part(XmDIALOG_LIST)), Names{});
-        EXPECT_EQ(list_items(part(XmDIALOG_LIST)), (Names{path("a.DAT")}));
-        cancel();
+    for (const INT operation : {HOST_CATAL_LECTURE, HOST_CATAL_ECRITURE}) {
+        when_open("look", [&] {
+            EXPECT_EQ(selected_items(part(XmDIALOG_LIST)), Names{});
+            EXPECT_EQ(list_items(part(XmDIALOG_LIST)), (Names{path("a.DAT")}));
+            EXPECT_EQ(selection(), path("b.DAT"));
+            accept();
+        });
+        if (operation == HOST_CATAL_LECTURE)
+            script_.then("there is no such file", [&] {
+                ASSERT_NE(file_box(), nullptr);
+                cancel();
+            });
+        const Choice choice = choose({.operation = operation, .names = {"b.DAT"}});
+        EXPECT_EQ(choice.names, operation == HOST_CATAL_ECRITURE ? Names{"B.DAT"} : Names{});
+    }
+}
+
+TEST_F(FileDialog, AProposedFileOfAnotherKindStandsInTheField) {
+    put("letter.txt");
+    when_open("ok", [&] {
+        EXPECT_EQ(selection(), path("letter.txt"));
+        accept();
     });
-    choose({.names = {"b.DAT"}});
+    EXPECT_EQ(choose({.names = {"letter.txt"}}).names, (Names{"letter.txt"}));
 }
 
 TEST_F(FileDialog, TheDirectoriesAreWalked) {
@@ -932,6 +950,31 @@ TEST_F(FileDialog, AnyNameCanBeChosen) {
         EXPECT_EQ(choice.names, (Names{name}));
         EXPECT_EQ(choice.directory, path("odd dir\xe9"));
     }
+}
+
+TEST_F(FileDialog, ControlCharactersAreRefused) {
+    const Names names{"tab\tbed.DAT", "line\nfeed.DAT", "esc\033ape.DAT", "del\177ete.DAT", "\001.DAT"};
+    for (const auto& name : names) put(name);
+    for (const INT operation : {HOST_CATAL_LECTURE, HOST_CATAL_ECRITURE}) {
+        for (const auto& name : names) {
+            when_open(name, [&] {
+                XmTextFieldSetString(part(XmDIALOG_TEXT), const_cast<char*>(path(name).c_str()));
+                accept();
+            });
+            script_.then("refused", [&] {
+                EXPECT_EQ(question_box(), nullptr);
+                ASSERT_NE(file_box(), nullptr);
+                cancel();
+            });
+            EXPECT_EQ(choose({.operation = operation}).result, 0);
+        }
+    }
+    when_open("proposed", [&] { accept(); });
+    script_.then("refused", [&] {
+        ASSERT_NE(file_box(), nullptr);
+        cancel();
+    });
+    EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE, .names = {"new\nname.DAT"}}).result, 0);
 }
 
 TEST_F(FileDialog, LongNamesAreTakenWholeOrNotAtAll) {
@@ -1330,6 +1373,146 @@ TEST_F(FileDialog, WithoutMemoryTheAnswerIsNoAndNothingIsAsked) {
     EXPECT_EQ(question_box(), nullptr);
 }
 
+TEST_F(FileDialog, TheQuestionHasTheTitleOfWhatAsks) {
+    const auto title_of_question = [&] {
+        char* name = nullptr;
+        XFetchName(test_display(), XtWindow(XtParent(question_box())), &name);
+        const std::string title(name != nullptr ? name : "");
+        if (name != nullptr) XFree(name);
+        return title;
+    };
+    put("PLAN.DAT");
+    when_open("type", [&] { enter("plan"); });
+    when_asked("of the dialog", [&] {
+        EXPECT_EQ(title_of_question(), "Enregistrer sous");
+        answer(XmDIALOG_OK_BUTTON);
+    });
+    EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE, .title = "Enregistrer sous"}).result, 1);
+    char* main_title = nullptr;
+    XFetchName(test_display(), XtWindow(grx_recherche_shell(widget_of(main_))), &main_title);
+    ASSERT_NE(main_title, nullptr);
+    when_asked("alone", [&] {
+        EXPECT_EQ(title_of_question(), main_title);
+        answer(XmDIALOG_OK_BUTTON);
+    });
+    EXPECT_EQ(script_.run([] { return question_suppression(); }), GRX_QUESTION_OUI);
+    XFree(main_title);
+}
+
+TEST_F(FileDialog, ReturnInTheQuestionIsNo) {
+    put("PLAN.DAT");
+    when_open("type", [&] { enter("plan"); });
+    when_asked("return", [&] {
+        EXPECT_EQ(resource<unsigned char>(question_box(), XmNdefaultButtonType), XmDIALOG_CANCEL_BUTTON);
+        pointer().move_in(question_box(), 5, 5);
+        keyboard().key(XK_Return);
+    });
+    when_answered("still there", [&] {
+        ASSERT_NE(file_box(), nullptr);
+        cancel();
+    });
+    EXPECT_EQ(choose({.operation = HOST_CATAL_ECRITURE}).result, 0);
+    when_asked("return", [&] {
+        pointer().move_in(question_box(), 5, 5);
+        keyboard().key(XK_Return);
+    });
+    EXPECT_EQ(script_.run([] { return question_suppression(); }), GRX_QUESTION_NON);
+}
+
+TEST_F(FileDialog, TheDefaultHostAsksInFrench) {
+    when_asked("look", [&] {
+        Widget box = question_box();
+        EXPECT_EQ(text_resource(box, XmNmessageString), "Remplacer le fichier ?");
+        EXPECT_EQ(text_resource(XmMessageBoxGetChild(box, XmDIALOG_OK_BUTTON), XmNlabelString), "Oui");
+        EXPECT_EQ(text_resource(XmMessageBoxGetChild(box, XmDIALOG_CANCEL_BUTTON), XmNlabelString), "Non");
+        answer(XmDIALOG_OK_BUTTON);
+    });
+    EXPECT_EQ(script_.run([] { return question_suppression(); }), GRX_QUESTION_OUI);
+}
+
+// --- off the screen when the call has returned -------------------------------------------------------------------------
+
+enum class Call { file, directory, question };
+
+struct Leaving {
+    const char* name;
+    Call call;
+    enum Way { accept, refuse, close, replace, destroy } way;
+};
+
+class LeftOnScreen : public FileDialogs<DisplayTest> {
+  protected:
+    void ask(const Leaving& leaving) {
+        if (leaving.call == Call::question) {
+            question_suppression();
+        } else if (leaving.call == Call::directory) {
+            char title[] = "Choose", directory[GRX_CHEMIN_DIALOGUE_MAX] = "/tmp";
+            select_repertoire_x11(title, directory);
+        } else {
+            choose_now({.operation = HOST_CATAL_ECRITURE});
+        }
+    }
+    Widget box(Call call) { return call == Call::question ? question_box() : file_box(); }
+
+    void leave(const Leaving& leaving) {
+        Widget asks = box(leaving.call);
+        const auto button = [&](unsigned char which) {
+            return leaving.call == Call::question ? XmMessageBoxGetChild(asks, which)
+                                                  : XmFileSelectionBoxGetChild(asks, which);
+        };
+        switch (leaving.way) {
+        case Leaving::accept:
+            if (leaving.call == Call::file) retype_selection(path("new"));
+            return click(button(XmDIALOG_OK_BUTTON));
+        case Leaving::replace: put("PLAN.DAT"); return enter("plan");
+        case Leaving::refuse: return click(button(XmDIALOG_CANCEL_BUTTON));
+        case Leaving::close: return ask_to_close(test_display(), XtWindow(XtParent(asks)));
+        case Leaving::destroy: grx_detruit_fenetre(main_);
+        }
+    }
+
+    void plan(const Leaving& leaving) {
+        script_.when(
+            leaving.name, [=, this] { return box(leaving.call) != nullptr; }, [=, this] { leave(leaving); });
+        if (leaving.way == Leaving::replace) when_asked("replace", [this] { answer(XmDIALOG_OK_BUTTON); });
+    }
+};
+
+constexpr Leaving leavings[] = {{"accepted", Call::file, Leaving::accept}, {"refused", Call::file, Leaving::refuse},
+    {"closed", Call::file, Leaving::close}, {"replaced", Call::file, Leaving::replace},
+    {"directory accepted", Call::directory, Leaving::accept}, {"directory refused", Call::directory, Leaving::refuse},
+    {"directory closed", Call::directory, Leaving::close}, {"yes", Call::question, Leaving::accept},
+    {"no", Call::question, Leaving::refuse}, {"question closed", Call::question, Leaving::close},
+    {"main window destroyed", Call::file, Leaving::destroy}};
+
+TEST_F(LeftOnScreen, NothingIs) {
+    const auto before = windows_on_screen();
+    ASSERT_FALSE(before.empty());
+    for (const auto& leaving : leavings) {
+        plan(leaving);
+        script_.run([&] {
+            ask(leaving);
+            return 0;
+        });
+        EXPECT_TRUE(leaves_the_screen_as(before)) << leaving.name;
+    }
+}
+
+// There what is destroyed lives on until the callback returns.
+TEST_F(LeftOnScreen, NothingIsInsideACallbackEither) {
+    const auto before = windows_on_screen();
+    inside_a_callback([&] {
+        for (const auto& leaving : leavings) {
+            plan(leaving);
+            script_.run([&] {
+                ask(leaving);
+                return 0;
+            });
+            EXPECT_TRUE(leaves_the_screen_as(before)) << leaving.name;
+        }
+    });
+}
+
 // So it stays in front of what it is about.
 TEST_F(FileDialog, TheQuestionBelongsToWhatAsks) {
     put("PLAN.DAT");
@@ -1444,6 +1627,20 @@ TEST_F(DirectoryDialog, GivesATypedDirectory) {
     });
     EXPECT_EQ(choose_directory(""), 1);
     EXPECT_STREQ(directory_, "/usr/lib");
+}
+
+TEST_F(DirectoryDialog, ControlCharactersAreRefused) {
+    for (const std::string name : {"/tm\tp", "/tmp\n", "/\033tmp"}) {
+        when_open("type", [&] {
+            XmTextFieldSetString(part(XmDIALOG_TEXT), const_cast<char*>(name.c_str()));
+            accept();
+        });
+        script_.then("refused", [&] {
+            ASSERT_NE(file_box(), nullptr);
+            cancel();
+        });
+        EXPECT_EQ(choose_directory("/tmp"), 0);
+    }
 }
 
 TEST_F(DirectoryDialog, ClosingLeavesTheProposalAlone) {

@@ -464,6 +464,19 @@ TEST_F(IconTest, TableOfPicturesIsReleased) {
     EXPECT_EQ(install(plain_icon("a.bmp", 4), 1), 0); // without a table there is no place
 }
 
+// What the server shows stays.
+TEST_F(IconTest, TheTableGoesWithThePicturesDataAndControlsKeepWhatTheyShow) {
+    const INT window = visible_window(), label = label_in(window);
+    const auto bytes = heap().bytes();
+    ASSERT_EQ(install(plain_icon("a.bmp", 4), label), 1);
+    const Pixmap shown = button_record(label).image;
+    EXPECT_GT(heap().bytes(), bytes);
+    grx_desalloue_tab_image_boutons(1000);
+    EXPECT_LT(heap().bytes(), bytes);
+    EXPECT_EQ(button_record(label).image, shown);
+    EXPECT_FALSE(grab(x11_disp, shown).empty());
+}
+
 TEST_F(IconTest, ANewTableOfPicturesReleasesTheOneBefore) {
     const INT window = visible_window(), label = label_in(window);
     const auto file = plain_icon("a.bmp", 4);

@@ -36,6 +36,7 @@ TEST(Fits16, OfSeveralIsAllOfThem) {
 TEST(Box, LiesInside16BitsWithRoomForWideLinesAndOutsideAnyWindow) {
     EXPECT_LT(kBox + 8, 32767);
     EXPECT_GT(kBox, 16384);
+    EXPECT_GT(grx::kDashedBox, 8192);
     EXPECT_EQ(grx::into_box(0), 0);
     EXPECT_EQ(grx::into_box(kBox), kBox);
     EXPECT_EQ(grx::into_box(kBox + 1), kBox);
@@ -75,6 +76,37 @@ TEST(ClipSegment, DiagonalsAreCutAtTheCorners) {
     EXPECT_EQ(line->y1, -kBox);
     EXPECT_EQ(line->x2, kBox);
     EXPECT_EQ(line->y2, kBox);
+}
+
+// However far it begins: a whole number of periods from there, before the box, within 16 bits.
+TEST(ClipSegment, DashedOnesBeginAtAMultipleOfTheirPeriod) {
+    std::mt19937 random(5);
+    std::uniform_int_distribution<int32_t> far(-2000000, 2000000);
+    int cut = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const Line whole{far(random), far(random), far(random), far(random)};
+        const grx::Dashes dashes{std::uniform_int_distribution<int32_t>(2, 48)(random), i % 2 == 0};
+        const auto part = clip_segment(whole, dashes);
+        if (!part) continue;
+        EXPECT_TRUE(grx::fits16({part->x1, part->y1, part->x2, part->y2}));
+        if (part->x1 == whole.x1 && part->y1 == whole.y1) continue;
+        ++cut;
+        const double dx = part->x1 - whole.x1, dy = part->y1 - whole.y1;
+        const double along = dashes.wide ? std::hypot(dx, dy) : std::max(std::abs(dx), std::abs(dy));
+        EXPECT_NEAR(std::remainder(along, dashes.period), 0.0, dashes.wide ? 0.75 : 1e-6);
+        EXPECT_GE(std::max(std::abs(part->x1), std::abs(part->y1)), grx::kDashedBox - 1);
+        const double length = std::hypot(part->x2 - part->x1, part->y2 - part->y1);
+        EXPECT_LE(dashes.wide ? length : 0.0, 46340.0) << "servers compute its square";
+    }
+    EXPECT_GT(cut, 100);
+}
+
+TEST(ClipSegment, DashedOnesThatBeginInsideAreNotMoved) {
+    const auto line = clip_segment(Line{17, 33, 1000000, 33}, {16, false});
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->x1, 17);
+    EXPECT_EQ(line->y1, 33);
+    EXPECT_EQ(line->x2, grx::kDashedBox);
 }
 
 TEST(ClipSegment, PassingByIsNothing) {

@@ -57,15 +57,16 @@ TEST_F(HostMessages, LabelsAreFrench) {
     EXPECT_EQ(dialog(1335), "S\351lection");
     EXPECT_EQ(dialog(1336), "R\351pertoires");
     EXPECT_EQ(dialog(1066), "Fichiers");
+    EXPECT_EQ(dialog(83), "Remplacer le fichier ? -Oui -Non");
 }
 
 TEST_F(HostMessages, OthersAreNone) {
-    for (const INT number : {83, 0, 1, 1247, -1245, INT_MAX, INT_MIN}) EXPECT_EQ(dialog(number), "none") << number;
+    for (const INT number : {82, 84, 0, 1, 1247, -1245, INT_MAX, INT_MIN}) EXPECT_EQ(dialog(number), "none") << number;
 }
 
 TEST_F(HostMessages, ReaderOfTheApplicationsSeesTheSame) {
     EXPECT_EQ(application(1315), "Ouvrir");
-    EXPECT_EQ(application(83), "none");
+    EXPECT_EQ(application(84), "none");
 }
 
 TEST_F(HostMessages, FileOfTheSystemDirectoryOverrides) {

@@ -41,4 +41,11 @@ void run_until(Done done) {
     evt_global = pending;
 }
 
+/// Takes what such a loop had on show off the screen: inside a callback its destruction waits for the end of that.
+/// `shell` may be null, when it is gone.
+inline void take_off_screen(Widget shell) {
+    if (shell != nullptr) XtPopdown(shell);
+    if (x11_disp != nullptr) XFlush(x11_disp);
+}
+
 } // namespace grx

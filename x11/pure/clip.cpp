@@ -21,26 +21,50 @@ bool narrow(double direction, double distance, double& t0, double& t1) {
 }
 
 int32_t rounded(double v) {
-    return into_box(std::llround(v));
+    return static_cast<int32_t>(std::llround(v));
+}
+
+/// How far a point of the segment is from one of whole pixels.
+double off_pixel(Vertex a, double dx, double dy, double fraction) {
+    const double x = a.x + fraction * dx, y = a.y + fraction * dy;
+    return std::fabs(x - std::round(x)) + std::fabs(y - std::round(y));
+}
+
+/// The fraction of the segment where a period of dashes begins, at or shortly before `t0`. Of the last few the one
+/// nearest to a whole pixel: cutting there shifts the dashes least.
+double period_before(Vertex a, double dx, double dy, double t0, const Dashes& dashes) {
+    if (dashes.period <= 0 || t0 <= 0.0) return t0;
+    constexpr double room = 1000.0; // before the box, in pixels
+    const double length = dashes.wide ? std::hypot(dx, dy) : std::max(std::fabs(dx), std::fabs(dy));
+    const double last = std::floor(t0 * length / dashes.period);
+    const double first = std::max(0.0, last - std::floor(room / dashes.period));
+    double best = last * dashes.period / length;
+    for (double k = last - 1.0; k >= first && off_pixel(a, dx, dy, best) > 0.0; k -= 1.0) {
+        const double t = k * dashes.period / length;
+        if (off_pixel(a, dx, dy, t) < off_pixel(a, dx, dy, best)) best = t;
+    }
+    return best;
 }
 
 } // namespace
 
-std::optional<Line> clip_segment(Vertex a, Vertex b) {
+std::optional<Line> clip_segment(Vertex a, Vertex b, const Dashes& dashes) {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
+    const double box = dashes.period > 0 ? kDashedBox : kBox;
     double t0 = 0.0;
     double t1 = 1.0;
-    const bool inside = narrow(-dx, a.x + kBox, t0, t1) && narrow(dx, kBox - a.x, t0, t1)
-                        && narrow(-dy, a.y + kBox, t0, t1) && narrow(dy, kBox - a.y, t0, t1);
+    const bool inside = narrow(-dx, a.x + box, t0, t1) && narrow(dx, box - a.x, t0, t1)
+                        && narrow(-dy, a.y + box, t0, t1) && narrow(dy, box - a.y, t0, t1);
     if (!inside) return std::nullopt;
-    return Line{rounded(a.x + t0 * dx), rounded(a.y + t0 * dy), rounded(a.x + t1 * dx), rounded(a.y + t1 * dy)};
+    const double start = period_before(a, dx, dy, t0, dashes);
+    return Line{rounded(a.x + start * dx), rounded(a.y + start * dy), rounded(a.x + t1 * dx), rounded(a.y + t1 * dy)};
 }
 
-std::optional<Line> clip_segment(const Line& line) {
+std::optional<Line> clip_segment(const Line& line, const Dashes& dashes) {
     const Vertex a{static_cast<double>(line.x1), static_cast<double>(line.y1)};
     const Vertex b{static_cast<double>(line.x2), static_cast<double>(line.y2)};
-    return clip_segment(a, b);
+    return clip_segment(a, b, dashes);
 }
 
 Vertex point_on(const Ellipse& e, double degrees) {

@@ -12,6 +12,9 @@ namespace grx {
 
 inline constexpr int32_t kBox = 30000; // half side of the box; leaves room for wide lines inside 16 bits
 
+// The same of dashed lines: servers lose the dashes of wide ones whose length is above 46340, the root of 2^31.
+inline constexpr int32_t kDashedBox = 16000;
+
 constexpr bool fits16(int32_t v) {
     return v >= INT16_MIN && v <= INT16_MAX;
 }
@@ -35,9 +38,17 @@ struct Line {
     int32_t x1, y1, x2, y2;
 };
 
-/// The part of a segment inside the box, nothing when it passes outside.
-std::optional<Line> clip_segment(const Line& line);
-std::optional<Line> clip_segment(Vertex a, Vertex b);
+/// How the dashes of a line repeat. Those of a thin line are counted in steps of its longer axis, as it is drawn, those
+/// of a wide one along the line.
+struct Dashes {
+    int32_t period = 0; // pixels; 0 = a solid line
+    bool wide = false;
+};
+
+/// The part of a segment inside the box, nothing when it passes outside. That of a dashed one may begin a little before,
+/// at a multiple of its period from the true start: its dashes lie where those of the whole segment would.
+std::optional<Line> clip_segment(const Line& line, const Dashes& dashes = {});
+std::optional<Line> clip_segment(Vertex a, Vertex b, const Dashes& dashes = {});
 
 inline constexpr std::size_t kMaxArcSteps = 16384;
 

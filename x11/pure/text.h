@@ -17,6 +17,11 @@ constexpr bool is_blank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
+constexpr bool is_control(char c) {
+    constexpr char del = 0x7F;
+    return (c >= 0 && c < ' ') || c == del;
+}
+
 constexpr std::string_view trimmed(std::string_view text) {
     while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
     while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
