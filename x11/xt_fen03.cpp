@@ -1,8 +1,6 @@
 // The menu bar of the main window, and the files it is read from.
 #include "xt_prive.h"
 
-#include <X11/IntrinsicP.h>
-#include <X11/ShellP.h>
 #include <X11/StringDefs.h>
 #include <Xm/CascadeB.h>
 #include <Xm/PushB.h>
@@ -27,6 +25,7 @@
 #include "kit/keyboard.h"
 #include "kit/option_menu.h"
 #include "kit/post.h"
+#include "kit/posted_menu.h"
 #include "kit/screen.h"
 #include "kit/xmstring.h"
 #include "pure/menu_line.h"
@@ -254,18 +253,9 @@ void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
     pass_on(*event, focus_in(top));
 }
 
-bool is_open(Widget pulldown) {
-    return reinterpret_cast<ShellWidget>(XtParent(pulldown))->shell.popped_up != False;
-}
-
-bool menus_are_open() {
-    const auto pulldowns = std::span(Tab_pull).first(static_cast<std::size_t>(Nb_pull));
-    return std::any_of(pulldowns.begin(), pulldowns.end(), is_open);
-}
-
 // In open menus a letter counts where the toolkit looks for it.
 void follow_group(XKeyEvent& event) {
-    if (!menus_are_open()) return;
+    if (!grx::has_open_menu(Glob_menu_bar)) return;
     grx::note_group(event);
     if (grx::group_of(event) == 0) return;
     const KeyCode known = XKeysymToKeycode(x11_disp, grx::symbol_in_force(event));
@@ -605,6 +595,7 @@ INT grx_fin_menu_bar(void) {
 }
 
 INT grx_detruit_menu_bar(void) {
+    grx::close_menus(Glob_menu_bar); // the toolkit goes on with menus that go while they are open
     accelerators.clear(top_manager());
     keep_a_cascade();
     for (std::size_t i = 0; i < Nb_objet; ++i) {

@@ -1096,6 +1096,57 @@ TEST_F(MenuTest, TakingDownLeavesTheBar) {
     EXPECT_EQ(shown_bar(), example_shown);
 }
 
+// Posted by pointer or key, with a submenu or without: they go first.
+TEST_F(MenuTest, OpenMenusAreTakenDown) {
+    main_window(example);
+    const auto taken_down_and_built_again = [&] {
+        grx_detruit_menu_bar();
+        drain();
+        EXPECT_TRUE(children_of(grx_get_Glob_menu_bar()).empty());
+        grx_recree_menu_bar();
+        drain();
+        EXPECT_EQ(shown_bar(), example_shown);
+        point_at(grx_recup_nofen_principale());
+        keyboard().key(XK_k);
+        EXPECT_TRUE(events.wait(GRX_EVT_CARAC_APPUI)) << "the keyboard is free again";
+        EXPECT_EQ(chosen_by_key(102, XK_s, ControlMask), 1);
+    };
+    for (int i = 0; i < 3; ++i) {
+        open_submenu();
+        taken_down_and_built_again();
+        pointer().click_in(children_of(grx_get_Glob_menu_bar()).at(1));
+        ASSERT_TRUE(wait_visible(entry_named("About")));
+        taken_down_and_built_again();
+        keyboard().key(XK_f, Mod1Mask);
+        ASSERT_TRUE(wait_visible(entry_named("Save")));
+        taken_down_and_built_again();
+    }
+}
+
+TEST_F(MenuTest, OpenMenusAreBuiltAgain) {
+    main_window(example);
+    open_submenu();
+    EXPECT_EQ(grx_recree_menu_bar(), 0);
+    drain();
+    EXPECT_EQ(children_of(grx_get_Glob_menu_bar()).size(), 4U);
+    grx_detruit_menu_bar();
+    drain();
+    grx_recree_menu_bar();
+    drain();
+    EXPECT_EQ(shown_bar(), example_shown);
+}
+
+TEST_F(MenuTest, TheWindowOfAnOpenMenuMayGo) {
+    const INT window = main_window(example);
+    open_submenu();
+    grx_detruit_fenetre(window);
+    drain();
+    EXPECT_EQ(grx_get_Glob_menu_bar(), nullptr);
+    main_window();
+    EXPECT_EQ(shown_bar(), example_shown);
+    open_submenu();
+}
+
 TEST_F(MenuTest, KeysOfMenusTakenDownAreGone) {
     main_window(keys);
     grx_detruit_menu_bar();
