@@ -198,25 +198,35 @@ Widget menu_of(const XKeyEvent& event) {
     return cascade != nullptr && XtIsManaged(cascade) && XtIsSensitive(cascade) ? cascade : nullptr;
 }
 
-bool opening_menu = false; // the key that the toolkit knows is on its way to the bar
+// Where the toolkit looks for a mnemonic: on the key of the first layout group that has it.
+KeyCode known_key(Widget cascade) {
+    return XKeysymToKeycode(x11_disp, grx::resource<KeySym>(cascade, XmNmnemonic, NoSymbol));
+}
 
-// The toolkit looks for a mnemonic where the first layout group that has it has it.
-bool open_menu(const XEvent& event) {
-    Widget cascade = menu_of(event.xkey);
-    if (cascade == nullptr) return false;
+bool opening_menu = false;    // the key that the toolkit knows is on its way to the bar
+unsigned int opening_key = 0; // whose release is still to come
+
+// The toolkit's menus open when the key is released; the user's release would close them.
+void open_menu(Widget cascade, const XEvent& event) {
     XEvent known = event;
     known.xkey.window = grx::window_of(top_manager());
-    known.xkey.keycode = XKeysymToKeycode(x11_disp, grx::resource<KeySym>(cascade, XmNmnemonic, NoSymbol));
+    known.xkey.keycode = known_key(cascade);
     known.xkey.state = Mod1Mask;
     opening_menu = true;
-    XtDispatchEventToWidget(top_manager(), &known);
+    for (const int type : {KeyPress, KeyRelease}) {
+        known.type = type;
+        XtDispatchEventToWidget(top_manager(), &known);
+    }
     opening_menu = false;
-    return true;
+    opening_key = event.xkey.keycode;
 }
 
 bool choose_by_key(const XEvent& event) {
     XEvent key = event;
-    return accelerators.activate(key) || open_menu(event);
+    if (accelerators.activate(key)) return true;
+    Widget cascade = menu_of(event.xkey);
+    if (cascade != nullptr) open_menu(cascade, event);
+    return cascade != nullptr;
 }
 
 bool is_of_another_group(const XKeyEvent& event) {
@@ -243,34 +253,49 @@ void pass_on(const XEvent& event, Widget focus) {
 // Stands before the toolkit's own handler, which knows neither groups nor new layouts.
 void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
     if (opening_menu || event->type != KeyPress) return;
-    grx::note_group(event->xkey);
-    if (choose_by_key(*event)) {
-        *go_on = False;
-        return;
-    }
-    if (!is_of_another_group(event->xkey)) return;
+    XEvent key = *event;
+    grx::note_group(key.xkey);
+    Widget cascade = menu_of(key.xkey);
+    if (cascade != nullptr && known_key(cascade) == key.xkey.keycode) return; // the toolkit's own
+    const bool chosen = choose_by_key(key);
+    if (!chosen && !is_of_another_group(key.xkey)) return;
     *go_on = False;
-    pass_on(*event, focus_in(top));
+    if (!chosen) pass_on(key, focus_in(top));
 }
 
 // In open menus a letter counts where the toolkit looks for it.
 void follow_group(XKeyEvent& event) {
     if (!grx::has_open_menu(Glob_menu_bar)) return;
-    grx::note_group(event);
-    if (grx::group_of(event) == 0) return;
-    const KeyCode known = XKeysymToKeycode(x11_disp, grx::symbol_in_force(event));
-    if (known != 0) event.keycode = known;
+    XKeyEvent key = event;
+    grx::note_group(key);
+    const KeyCode known = grx::group_of(key) != 0 ? XKeysymToKeycode(x11_disp, grx::symbol_in_force(key)) : KeyCode{0};
+    if (known == 0) return;
+    event.keycode = known;
+    event.state = XkbBuildCoreState(event.state, 0);
 }
 
-XtEventDispatchProc dispatch_key = nullptr;     // what the toolkit does with a key press
-XtEventDispatchProc dispatch_mapping = nullptr; // and with a new keyboard layout
+// What the toolkit does with keys, and with a new keyboard layout.
+XtEventDispatchProc dispatch_press = nullptr;
+XtEventDispatchProc dispatch_release = nullptr;
+XtEventDispatchProc dispatch_mapping = nullptr;
 
 // What was sent on has been to the menus: no widget types it, no record comes of it.
 Boolean on_key_press(XEvent* event) {
     if (forwarded.take(event->xkey)) return True;
+    if (event->xkey.keycode == opening_key) opening_key = 0;
     XEvent key = *event;
     follow_group(key.xkey);
-    return dispatch_key(&key);
+    return dispatch_press(&key);
+}
+
+Boolean on_key_release(XEvent* event) {
+    if (event->xkey.keycode == opening_key) {
+        opening_key = 0;
+        return True;
+    }
+    XEvent key = *event;
+    follow_group(key.xkey);
+    return dispatch_release(&key);
 }
 
 // The toolkit keeps the key of a mnemonic, not its letter.
@@ -297,7 +322,8 @@ void stand_before(int type, XtEventDispatchProc own, XtEventDispatchProc& toolki
 }
 
 void watch_keyboard() {
-    stand_before(KeyPress, on_key_press, dispatch_key);
+    stand_before(KeyPress, on_key_press, dispatch_press);
+    stand_before(KeyRelease, on_key_release, dispatch_release);
     stand_before(MappingNotify, on_mapping, dispatch_mapping);
 }
 

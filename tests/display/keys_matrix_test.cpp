@@ -6,6 +6,7 @@
 #include <X11/extensions/XTest.h>
 #include <Xm/XmAll.h>
 
+#include <clocale>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -296,5 +297,229 @@ TEST_P(KeyboardMatrix, EachKeyHasOneEffectInOnePlace) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, KeyboardMatrix, testing::ValuesIn(keyboards), [](const auto& info) { return std::string(info.param.name); });
+
+// Letters with Alt open the menus of the bar, alone they choose in an open one: those of the layout in force.
+class MnemonicMatrix : public KeyboardMatrix {
+  protected:
+    bool open() {
+        const auto windows = children_of(test_display(), DefaultRootWindow(test_display()));
+        return std::ranges::any_of(windows, [&](Window w) {
+            Widget const shell = XtWindowToWidget(x11_disp, w);
+            return shell != nullptr && XtIsSubclass(shell, xmMenuShellWidgetClass) && visible(w);
+        });
+    }
+
+    // Opens a menu with Alt and its letter, chooses with a letter alone: that choice is all that happens.
+    void choose(Place place, const Keyboards& k, KeySym menu, KeySym letter, const char* wanted) {
+        const std::string where = std::string(k.name) + ", " + place_names[place];
+        reset();
+        press(key_with(menu, k.group), alt);
+        ASSERT_TRUE(wait_for([&] { return open(); })) << where;
+        EXPECT_EQ(effect(), "") << where;
+        press(key_with(letter, k.group), 0);
+        ASSERT_TRUE(wait_for([&] { return !open(); })) << where;
+        EXPECT_EQ(effect(), wanted) << where;
+    }
+
+    void all_menus(const Keyboards& k, Place place) {
+        go_to(place);
+        choose(place, k, XK_f, XK_q, "menu 14");
+        choose(place, k, XK_m, XK_a, "menu 15");
+        choose(place, k, XK_m, XK_d, "menu 16");
+        reset();
+        press(key_with(XK_q, k.group), alt); // no menu of the bar has it, nor where the other layout has m
+        EXPECT_FALSE(open()) << k.name << place_names[place];
+    }
+};
+
+TEST_P(MnemonicMatrix, EachLetterChoosesOnce) {
+    keyboard_as(GetParam());
+    for (const Place place : {in_main, in_second, in_field, in_panel, on_push, on_scale}) all_menus(GetParam(), place);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, MnemonicMatrix, testing::ValuesIn(keyboards), [](const auto& info) { return std::string(info.param.name); });
+
+// --- single cases -------------------------------------------------------------------------------------------------
+
+class SingleKeys : public KeyboardMatrix {
+  protected:
+    // Makes Num_Lock another modifier, alone.
+    void give_num_lock(int index) {
+        const KeyCode key = XKeysymToKeycode(test_display(), XK_Num_Lock);
+        XModifierKeymap* map = XGetModifierMapping(test_display());
+        map = XDeleteModifiermapEntry(map, key, Mod2MapIndex);
+        map = XInsertModifiermapEntry(map, key, index);
+        EXPECT_EQ(XSetModifierMapping(test_display(), map), MappingSuccess);
+        XFreeModifiermap(map);
+        XSync(test_display(), False);
+        drain();
+    }
+};
+
+constexpr Keyboards plain_us = keyboards[0];
+
+INSTANTIATE_TEST_SUITE_P(
+    Us, SingleKeys, testing::Values(plain_us), [](const auto&) { return std::string("Keyboard"); });
+
+// A user types ahead while the application is busy: none of what is sent on is typed when it comes back.
+TEST_P(SingleKeys, TypedAheadAreTypedOnce) {
+    go_to(in_field);
+    reset();
+    const KeyCode q = 24, shift = XKeysymToKeycode(test_display(), XK_Shift_L);
+    for (int i = 0; i < 300; ++i) {
+        send(shift, true);
+        send(q, true);
+        send(q, false);
+        send(shift, false);
+    }
+    drain();
+    drain();
+    EXPECT_EQ(change_of(in_field), "field '" + std::string(300, 'Q') + "un deux' 300");
+    EXPECT_EQ(events.count(GRX_EVT_CARAC_APPUI), 300);
+    go_to(in_panel);
+    reset();
+    for (int i = 0; i < 300; ++i) {
+        send(shift, true);
+        send(q, true);
+        send(q, false);
+        send(shift, false);
+    }
+    drain();
+    drain();
+    EXPECT_EQ(change_of(in_panel), "panel '" + std::string(300, 'Q') + "un deux' 300");
+    EXPECT_EQ(change_of(in_field), "");
+}
+
+// Ctrl+space is no key of the main window's button that has the focus there.
+TEST_P(SingleKeys, ControlSpaceRunsNoButtonOfTheMainWindow) {
+    const INT other = control(GRX_BOU_SIMPLE, main_, {20, 120, 100, 40});
+    pointer().move_in(grx_recup_objet_bout(other), 10, 10);
+    drain();
+    grx_force_focus_sur_bouton(other);
+    for (const Place place : {on_push, on_scale, in_second}) {
+        pointer().move_in(widget_at(place), 10, 10);
+        drain();
+        reset();
+        press(key_with(XK_space, 0), ControlMask);
+        const std::string name = place_names[static_cast<std::size_t>(place)];
+        EXPECT_EQ(effect(), place == on_push ? "done push 0" : "") << name << ": " << events.describe();
+    }
+}
+
+// The modifier of Num_Lock is the one that the keyboard says.
+TEST_P(SingleKeys, NumLockMayBeAnotherModifier) {
+    give_num_lock(Mod3MapIndex);
+    XkbLockModifiers(test_display(), XkbUseCoreKbd, Mod2Mask | Mod3Mask, Mod3Mask);
+    XSync(test_display(), False);
+    for (const Place place : {in_main, in_second, in_field, on_push}) {
+        go_to(place);
+        expect(24, ShiftMask, typed(place, 'Q'), place_names[static_cast<std::size_t>(place)]);
+        expect_row(rows[1], 0, "menu 11", place_names[static_cast<std::size_t>(place)]);
+        expect_row(rows[2], 0, "menu 13", place_names[static_cast<std::size_t>(place)]);
+    }
+}
+
+// A letter that no key of the group in force has stays where the first group has it.
+TEST_P(SingleKeys, LettersMissingInAGroupStayWhereTheFirstHasThem) {
+    keyboard().layout("us,gr");
+    press(XKeysymToKeycode(test_display(), XK_Shift_L), 0);
+    XkbLockGroup(test_display(), XkbUseCoreKbd, 1);
+    XSync(test_display(), False);
+    drain();
+    for (const Place place : {in_main, in_second, in_field, in_panel, on_push, on_scale}) {
+        go_to(place);
+        expect_row(rows[1], 0, "menu 11", place_names[static_cast<std::size_t>(place)]);
+        expect_row(rows[2], 0, "menu 13", place_names[static_cast<std::size_t>(place)]);
+    }
+}
+
+// A layout that came while the bar was there: menus open and choose by its letters.
+class NewLayout : public MnemonicMatrix {};
+INSTANTIATE_TEST_SUITE_P(Us, NewLayout, testing::Values(plain_us), [](const auto&) { return std::string("Keyboard"); });
+
+TEST_P(NewLayout, MnemonicsFollow) {
+    for (const auto& k : {keyboards[4], keyboards[0]}) { // fr, and back to us
+        keyboard_as(k);
+        for (const Place place : {in_main, in_second}) all_menus(k, place);
+    }
+}
+
+// Accented letters in a locale whose characters are more than one byte.
+class Utf8Keys : public KeyboardMatrix {
+  protected:
+    void before_start() override {
+        ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
+        KeyboardMatrix::before_start();
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Fr, Utf8Keys, testing::Values(keyboards[4], keyboards[6]),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_P(Utf8Keys, AccentedLettersArrive) {
+    keyboard_as(GetParam());
+    const INT accented = GetParam().letter_and_digit[2];
+    for (const Place place : {in_main, in_second, on_push, on_scale}) {
+        go_to(place);
+        expect(11, 0, typed(place, accented), place_names[static_cast<std::size_t>(place)]);
+    }
+    for (const Place place : {in_field, in_panel}) {
+        go_to(place);
+        reset();
+        press(11, 0);
+        EXPECT_EQ(events.count(GRX_EVT_CARAC_APPUI), 1);
+        char text[64] = "";
+        grx_recup_texte_bouton(place == in_field ? field_ : panel_, text);
+        EXPECT_EQ(std::string(text), static_cast<char>(accented) + std::string("un deux"));
+    }
+}
+
+// What applications ask themselves: the same for accented letters, and the state is written into the event.
+TEST_P(Utf8Keys, AccentedLettersTranslate) {
+    keyboard_as(GetParam());
+    XEvent event{};
+    event.xkey.type = KeyPress;
+    event.xkey.display = x11_disp;
+    event.xkey.keycode = 11;
+    event.xkey.state = GetParam().locks;
+    INT code = 0;
+    EXPECT_EQ(grx_translate_touche(&event, &code), 1);
+    EXPECT_EQ(code, GetParam().letter_and_digit[2]);
+}
+
+// --- under a window manager -----------------------------------------------------------------------------------------
+
+class KeysWmTest : public KeyboardMatrix {
+  protected:
+    void before_start() override {
+        KeyboardMatrix::before_start();
+        manager_.emplace(server());
+    }
+    // mwm gives the keys to the window that was clicked.
+    void go_to(Place place) override {
+        KeyboardMatrix::go_to(place);
+        Widget shell = grx_recherche_shell(widget_at(place));
+        pointer().click_in(shell, 270, 210);
+        ASSERT_TRUE(wait_for([&] {
+            Window owner = None;
+            int revert = 0;
+            XGetInputFocus(test_display(), &owner, &revert);
+            return owner == XtWindow(shell);
+        }));
+        KeyboardMatrix::go_to(place);
+        drain();
+    }
+
+  private:
+    std::optional<WindowManager> manager_;
+};
+
+INSTANTIATE_TEST_SUITE_P(All, KeysWmTest, testing::Values(keyboards[1], keyboards[3], keyboards[4]),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_P(KeysWmTest, EachKeyHasOneEffectInOnePlace) {
+    keyboard_as(GetParam());
+    for (const Place place : {in_main, in_second, in_field, in_panel, on_push, on_scale}) all_keys(GetParam(), place);
+}
 
 } // namespace
