@@ -513,6 +513,10 @@ void install_callbacks(Widget w, const Control& c, const ControlClass& control_c
     if (c.bou.type == GRX_BOU_COULEUR) grx_change_couleur_bouton(record->nobou, std::max<INT>(c.bou.coul_fond, 0));
     add_press_callback(w, control_class.press, record);
     XtAddEventHandler(w, control_class.events, False, grx_gere_evenements_bouton, record);
+    if (c.bou.type != GRX_BOU_ECHELLE) return;
+    for (Widget part : grx::children_of(w)) { // its slider has the focus
+        if (XtIsWidget(part)) XtAddEventHandler(part, KeyPressMask, False, grx_gere_evenements_bouton, record);
+    }
 }
 
 void show_icon(Widget w, const Control& c, STRUCTURE_BOUTON* record) {

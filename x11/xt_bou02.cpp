@@ -107,12 +107,9 @@ bool is_tab(INT key) {
     return key == GRX_TOUCHE_TAB || key == GRX_TOUCHE_BACKTAB;
 }
 
-void on_key(Widget w, const STRUCTURE_BOUTON& button, XEvent& event, Boolean* go_on) {
-    INT key = 0;
-    if (grx_translate_touche(&event, &key) == 0) {
-        if (grx::forward_to_menu(event) && go_on != nullptr) *go_on = False; // a field types nothing of it
-        return;
-    }
+void on_key(Widget w, const STRUCTURE_BOUTON& button, const XEvent& event, Boolean* go_on) {
+    const INT key = grx::key_for_application(event, go_on);
+    if (key == 0) return;
     if (is_tab(key) && XmIsTextField(w)) {
         post_text(key == GRX_TOUCHE_TAB ? GRX_EVT_TAB : GRX_EVT_BACKTAB, button, w);
         return;
@@ -125,10 +122,8 @@ void on_key(Widget w, const STRUCTURE_BOUTON& button, XEvent& event, Boolean* go
 }
 
 // A field that Tab has just reached is ready to be overwritten.
-void on_key_release(Widget w, const STRUCTURE_BOUTON& button, XEvent& event) {
-    INT key = 0;
-    grx_translate_touche(&event, &key);
-    if (is_tab(key) && XmIsTextField(w)) grx_selectionne_champ_focus(button.nobou);
+void on_key_release(Widget w, const STRUCTURE_BOUTON& button, const XEvent& event) {
+    if (is_tab(grx::code_of_key(event.xkey)) && XmIsTextField(w)) grx_selectionne_champ_focus(button.nobou);
 }
 
 void dispatch(Widget w, const STRUCTURE_BOUTON& button, XEvent& event, Boolean* go_on) {

@@ -5,6 +5,7 @@
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
 
+#include "kit/keyboard.h"
 #include "kit/screen.h"
 #include "pure/keys.h"
 #include "xt_ent_f.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr INT kHandled = 1;
 constexpr INT kKeyInstead = 2; // asked for a mouse press, found a key
-constexpr unsigned int kModifiers = ShiftMask | ControlMask | Mod1Mask;
 
 INT fenetre_a_digitaliser = GRX_AUCUN;
 
@@ -69,20 +69,46 @@ INT no_code(INT* touche) {
     return 0;
 }
 
-INT translate_text(XKeyEvent* key, INT* touche) {
+// A character of Latin-1 is more than one byte in some locales: the lookup then gives none in the one there is.
+INT translate_text(XKeyEvent key, INT* touche) {
     char byte = 0;
-    if (XLookupString(key, &byte, 1, nullptr, nullptr) <= 0) return no_code(touche);
-    return code(touche, static_cast<unsigned char>(byte));
+    KeySym symbol = NoSymbol;
+    if (XLookupString(&key, &byte, 1, &symbol, nullptr) > 0) return code(touche, static_cast<unsigned char>(byte));
+    return grx::is_accented(static_cast<UNSIGNED_INT>(symbol)) ? code(touche, static_cast<INT>(symbol))
+                                                               : no_code(touche);
 }
 
 // KEEP: the modifier state is used as the index of the keysym. A modified key that has none there is left to the
 // menus and translates to nothing.
-bool left_to_menus(XKeyEvent* key) {
-    if ((key->state & kModifiers) == 0) return false;
-    return XLookupKeysym(key, static_cast<int>(key->state)) == NoSymbol;
+bool left_to_menus(const XKeyEvent& event, unsigned int state) {
+    XKeyEvent key = event;
+    return (state & grx::kMenuModifiers) != 0 && XLookupKeysym(&key, static_cast<int>(state)) == NoSymbol;
+}
+
+INT translate(const XKeyEvent& event, INT* touche) {
+    XKeyEvent key = event;
+    const KeySym keysym = XLookupKeysym(&key, 0);
+    switch (grx::classify_key(static_cast<UNSIGNED_INT>(keysym))) {
+    case grx::KeyClass::Itself: return code(touche, static_cast<INT>(keysym));
+    case grx::KeyClass::Tab: return code(touche, (key.state & ShiftMask) != 0 ? GRX_TOUCHE_BACKTAB : GRX_TOUCHE_TAB);
+    case grx::KeyClass::BackTab: return code(touche, GRX_TOUCHE_BACKTAB);
+    case grx::KeyClass::Untaken: return no_code(touche);
+    case grx::KeyClass::Character: break;
+    }
+    return translate_text(key, touche);
 }
 
 } // namespace
+
+namespace grx {
+
+INT code_of_key(const XKeyEvent& key) {
+    INT touche = 0;
+    if (!left_to_menus(key, held_modifiers(key.state))) translate(key, &touche);
+    return touche;
+}
+
+} // namespace grx
 
 extern "C" {
 
@@ -126,20 +152,10 @@ INT grx_translate_touche(XEvent* ev, INT* touche) {
     if (touche == nullptr) touche = &unread;
     const bool is_key = ev != nullptr && (ev->type == KeyPress || ev->type == KeyRelease);
     if (!is_key || ev->xkey.display == nullptr) return no_code(touche);
-    XKeyEvent* const key = &ev->xkey;
-    if (left_to_menus(key)) {
-        key->state &= kModifiers;
-        return no_code(touche);
-    }
-    const KeySym keysym = XLookupKeysym(key, 0);
-    switch (grx::classify_key(static_cast<UNSIGNED_INT>(keysym))) {
-    case grx::KeyClass::Itself: return code(touche, static_cast<INT>(keysym));
-    case grx::KeyClass::Tab: return code(touche, (key->state & ShiftMask) != 0 ? GRX_TOUCHE_BACKTAB : GRX_TOUCHE_TAB);
-    case grx::KeyClass::BackTab: return code(touche, GRX_TOUCHE_BACKTAB);
-    case grx::KeyClass::Untaken: return no_code(touche);
-    case grx::KeyClass::Character: break;
-    }
-    return translate_text(key, touche);
+    XKeyEvent& key = ev->xkey;
+    if (!left_to_menus(key, key.state)) return translate(key, touche);
+    key.state &= grx::kMenuModifiers;
+    return no_code(touche);
 }
 
 INT grx_recup_etat_clavier(void) {

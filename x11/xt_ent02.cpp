@@ -103,7 +103,7 @@ INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
     if (attente == 0 && grx::queue_empty()) return poll_timers(evt);
     XEvent event;
     XtAppNextEvent(contexte, &event);
-    if (event.type == KeyPress) grx::Memo_event = event;
+    if (event.type == KeyPress && !grx::was_forwarded(event.xkey)) grx::Memo_event = event;
     return handling(event, evt);
 }
 

@@ -118,19 +118,16 @@ void on_motion(const STRUCTURE_FENETRE& window, const XMotionEvent& event) {
     post_pointer(GRX_EVT_SOURIS_BOUGE, window.nofen, event.x, y).bouton = memo_bouton;
 }
 
-void on_key(const STRUCTURE_FENETRE& window, XEvent& event) {
-    INT key = 0;
-    if (grx_translate_touche(&event, &key) == 0) {
-        grx::forward_to_menu(event);
-        return;
-    }
+void on_key(const STRUCTURE_FENETRE& window, const XEvent& event, Boolean* go_on) {
+    const INT key = grx::key_for_application(event, go_on);
+    if (key == 0) return;
     // KEEP: keys count y from the top, the pointer from the bottom.
     GRX_DIGIT& record = post_pointer(GRX_EVT_CARAC_APPUI, window.nofen, event.xkey.x, event.xkey.y);
     record.bouton = 0;
     record.carac = key;
 }
 
-void dispatch(STRUCTURE_FENETRE& window, XEvent& event) {
+void dispatch(STRUCTURE_FENETRE& window, XEvent& event, Boolean* go_on) {
     switch (event.type) {
     case Expose: on_expose(window); break;
     case ConfigureNotify: on_configure(window); break;
@@ -142,7 +139,7 @@ void dispatch(STRUCTURE_FENETRE& window, XEvent& event) {
     case ButtonPress: on_button(window, event.xbutton, GRX_EVT_BOUTON_APPUI); break;
     case ButtonRelease: on_button(window, event.xbutton, GRX_EVT_BOUTON_RELACHE); break;
     case MotionNotify: on_motion(window, event.xmotion); break;
-    case KeyPress: on_key(window, event); break;
+    case KeyPress: on_key(window, event, go_on); break;
     default: break;
     }
 }
@@ -159,9 +156,9 @@ STRUCTURE_FENETRE* live_window(Widget w, XtPointer client) {
 
 extern "C" {
 
-void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean*) {
+void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean* cont) {
     STRUCTURE_FENETRE* const window = live_window(w, client);
-    if (window != nullptr && ev != nullptr) dispatch(*window, *ev);
+    if (window != nullptr && ev != nullptr) dispatch(*window, *ev, cont);
 }
 
 void grx_scroll_change(Widget w, XtPointer client, XtPointer call) {

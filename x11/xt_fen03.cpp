@@ -8,9 +8,11 @@
 #include <Xm/Separator.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 #include "host_f.h"
@@ -18,9 +20,12 @@
 #include "kit/accelerators.h"
 #include "kit/args.h"
 #include "kit/block.h"
+#include "kit/forwarded.h"
 #include "kit/kept.h"
+#include "kit/keyboard.h"
 #include "kit/option_menu.h"
 #include "kit/post.h"
+#include "kit/posted_menu.h"
 #include "kit/screen.h"
 #include "kit/xmstring.h"
 #include "pure/menu_line.h"
@@ -90,8 +95,8 @@ INT decode_chaine_ressource_menu(char* chaine, LI_MENU* ligne_menu) {
 }
 
 INT decode_ligne_ressource_menu(char* debut, char* ligne, LI_MENU* ligne_menu, INT* ind_para) {
-    if (ligne == nullptr || ligne_menu == nullptr || ind_para == nullptr) return kSkipped;
-    const grx::MenuLine kind = grx::menu_line(ligne, view_of(debut), Debut_Menu != 0, *ind_para);
+    if (ligne_menu == nullptr || ind_para == nullptr) return kSkipped;
+    const grx::MenuLine kind = grx::menu_line(view_of(ligne), view_of(debut), Debut_Menu != 0, *ind_para);
     if (kind == grx::MenuLine::comment || kind == grx::MenuLine::skip_word) return kSkipped;
     *ligne_menu = empty_line();
     switch (kind) {
@@ -136,12 +141,14 @@ int Nb_pull = 0;
 char Bcree = 0; // the bar is rebuilt in place
 grx::Kept<grx::AcceleratorTable> kept_accelerators;
 grx::AcceleratorTable& accelerators = kept_accelerators.value;
-Time last_matched = 0; // time of the key press that was matched when it was forwarded
-
-bool entry_chosen = false; // by the key forwarded last
+grx::ForwardedKeys forwarded;
 
 Widget top_manager() {
     return Glob_menu_bar != nullptr ? XtParent(Glob_menu_bar) : nullptr;
+}
+
+Window main_x_window() {
+    return grx::window_of(grx_recup_objet_fen(grx_recup_nofen_principale()));
 }
 
 void forget_entries() {
@@ -165,34 +172,162 @@ void forget_bar(Widget bar, XtPointer, XtPointer) {
     Glob_menu_bar = nullptr;
 }
 
-bool matched_when_forwarded(const XKeyEvent& event) {
-    return event.send_event != 0 && event.time == last_matched;
+// -- keys of the menus
+
+std::span<Widget> cascades() {
+    return std::span(Tab_cascade).first(static_cast<std::size_t>(Nb_cascade));
 }
 
-// The toolkit takes a key that it grabs for held until its release: the user's comes to another window, maybe before
-// the press that is sent, and the keys after it would be lost.
-void send_release(Window window, XEvent event) {
-    event.type = KeyRelease;
-    XSendEvent(x11_disp, window, True, KeyPressMask, &event);
+grx::MenuKey key_of_menu(Widget cascade) {
+    const auto symbol = grx::resource<KeySym>(cascade, XmNmnemonic, NoSymbol);
+    return {symbol, Mod1Mask, symbol != NoSymbol ? grx::places_of(symbol) : grx::KeyPlaces{}};
 }
 
-void on_accelerator_key(Widget, XtPointer, XEvent* event, Boolean*) {
-    if (event->type == KeyPress && !matched_when_forwarded(event->xkey)) accelerators.activate(*event);
+// Those of the bar open with Alt and their letter.
+template <class Match>
+Widget menu_with(const XKeyEvent& event, Match match) {
+    if ((event.state & Mod1Mask) == 0) return nullptr;
+    for (Widget cascade : cascades()) {
+        if (XtParent(cascade) == Glob_menu_bar && match(key_of_menu(cascade), event)) return cascade;
+    }
+    return nullptr;
 }
 
-XtEventDispatchProc dispatch_mapping = nullptr; // what the toolkit does with a new keyboard layout
+Widget menu_of(const XKeyEvent& event) {
+    Widget cascade = menu_with(event, grx::matches);
+    return cascade != nullptr && XtIsManaged(cascade) && XtIsSensitive(cascade) ? cascade : nullptr;
+}
+
+// Where the toolkit looks for a mnemonic: on the key of the first layout group that has it.
+KeyCode known_key(Widget cascade) {
+    return XKeysymToKeycode(x11_disp, grx::resource<KeySym>(cascade, XmNmnemonic, NoSymbol));
+}
+
+bool opening_menu = false;    // the key that the toolkit knows is on its way to the bar
+unsigned int opening_key = 0; // whose release is still to come
+
+// The toolkit's menus open when the key is released; the user's release would close them.
+void open_menu(Widget cascade, const XEvent& event) {
+    XEvent known = event;
+    known.xkey.window = grx::window_of(top_manager());
+    known.xkey.keycode = known_key(cascade);
+    known.xkey.state = Mod1Mask;
+    opening_menu = true;
+    for (const int type : {KeyPress, KeyRelease}) {
+        known.type = type;
+        XtDispatchEventToWidget(top_manager(), &known);
+    }
+    opening_menu = false;
+    opening_key = event.xkey.keycode;
+}
+
+bool choose_by_key(const XEvent& event) {
+    XEvent key = event;
+    if (accelerators.activate(key)) return true;
+    Widget cascade = menu_of(event.xkey);
+    if (cascade != nullptr) open_menu(cascade, event);
+    return cascade != nullptr;
+}
+
+bool is_of_another_group(const XKeyEvent& event) {
+    if (accelerators.is_of_another_group(event)) return true;
+    return menu_with(event, grx::matches_somewhere) != nullptr && menu_with(event, grx::matches) == nullptr;
+}
+
+Widget focus_in(Widget top) {
+    Widget focus = XmGetFocusWidget(top);
+    return focus != nullptr && focus != top ? focus : grx_recup_objet_fen(grx_recup_nofen_principale());
+}
+
+// A key that was grabbed for another layout group goes where it would have gone.
+void pass_on(const XEvent& event, Widget focus) {
+    XEvent key = event;
+    Window child = None;
+    if (grx::window_of(focus) == None) return;
+    key.xkey.window = grx::window_of(focus);
+    XTranslateCoordinates(
+        x11_disp, event.xkey.window, key.xkey.window, event.xkey.x, event.xkey.y, &key.xkey.x, &key.xkey.y, &child);
+    XtDispatchEventToWidget(focus, &key);
+}
+
+// Stands before the toolkit's own handler, which knows neither groups nor new layouts.
+void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
+    if (opening_menu || event->type != KeyPress) return;
+    XEvent key = *event;
+    grx::note_group(key.xkey);
+    Widget cascade = menu_of(key.xkey);
+    if (cascade != nullptr && known_key(cascade) == key.xkey.keycode) return; // the toolkit's own
+    const bool chosen = choose_by_key(key);
+    if (!chosen && !is_of_another_group(key.xkey)) return;
+    *go_on = False;
+    if (!chosen) pass_on(key, focus_in(top));
+}
+
+// In open menus a letter counts where the toolkit looks for it.
+void follow_group(XKeyEvent& event) {
+    if (!grx::has_open_menu(Glob_menu_bar)) return;
+    XKeyEvent key = event;
+    grx::note_group(key);
+    const KeyCode known = grx::group_of(key) != 0 ? XKeysymToKeycode(x11_disp, grx::symbol_in_force(key)) : KeyCode{0};
+    if (known == 0) return;
+    event.keycode = known;
+    event.state = XkbBuildCoreState(event.state, 0);
+}
+
+// What the toolkit does with keys, and with a new keyboard layout.
+XtEventDispatchProc dispatch_press = nullptr;
+XtEventDispatchProc dispatch_release = nullptr;
+XtEventDispatchProc dispatch_mapping = nullptr;
+
+// What was sent on has been to the menus: no widget types it, no record comes of it.
+Boolean on_key_press(XEvent* event) {
+    if (forwarded.take(event->xkey)) return True;
+    if (event->xkey.keycode == opening_key) opening_key = 0;
+    XEvent key = *event;
+    follow_group(key.xkey);
+    return dispatch_press(&key);
+}
+
+Boolean on_key_release(XEvent* event) {
+    if (event->xkey.keycode == opening_key) {
+        opening_key = 0;
+        return True;
+    }
+    XEvent key = *event;
+    follow_group(key.xkey);
+    return dispatch_release(&key);
+}
+
+// The toolkit keeps the key of a mnemonic, not its letter.
+void look_for_mnemonic_again(Widget w) {
+    if (w == nullptr || XmIsSeparator(w)) return;
+    const auto symbol = grx::resource<KeySym>(w, XmNmnemonic, NoSymbol);
+    if (symbol == NoSymbol || XKeysymToKeycode(x11_disp, symbol) == 0) return;
+    for (const KeySym value : {KeySym{NoSymbol}, symbol}) grx::set_resource(w, XmNmnemonic, value);
+}
 
 // The toolkit has read the new layout when this is called.
 Boolean on_mapping(XEvent* event) {
     const Boolean handled = dispatch_mapping(event);
-    if (Glob_menu_bar != nullptr) accelerators.follow_keyboard(top_manager());
+    if (Glob_menu_bar == nullptr) return handled;
+    accelerators.follow_keyboard(top_manager());
+    for (Widget cascade : cascades()) look_for_mnemonic_again(cascade);
+    for (Widget entry : std::span(Tab_objet.data(), Nb_objet)) look_for_mnemonic_again(entry);
     return handled;
 }
 
-void watch_keyboard() {
-    const XtEventDispatchProc before = XtSetEventDispatcher(x11_disp, MappingNotify, on_mapping);
-    if (before != on_mapping) dispatch_mapping = before;
+void stand_before(int type, XtEventDispatchProc own, XtEventDispatchProc& toolkits) {
+    const XtEventDispatchProc before = XtSetEventDispatcher(x11_disp, type, own);
+    if (before != own) toolkits = before;
 }
+
+void watch_keyboard() {
+    stand_before(KeyPress, on_key_press, dispatch_press);
+    stand_before(KeyRelease, on_key_release, dispatch_release);
+    stand_before(MappingNotify, on_mapping, dispatch_mapping);
+}
+
+// -- menu files
 
 const char* menu_file_name() {
     switch (istate[IST_MODULE_MENU]) {
@@ -357,7 +492,7 @@ Widget make_bar(Widget parent) {
     Widget bar = grx_debut_menu_bar(parent);
     if (bar == nullptr) return nullptr;
     XtAddCallback(bar, XmNdestroyCallback, forget_bar, nullptr);
-    XtAddEventHandler(parent, KeyPressMask, False, on_accelerator_key, nullptr);
+    XtInsertEventHandler(parent, KeyPressMask, False, on_key_of_bar, nullptr, XtListHead);
     watch_keyboard();
     return bar;
 }
@@ -412,11 +547,27 @@ void destroy_all(std::array<Widget, N>& widgets, int count) {
 
 namespace grx {
 
+bool is_menu_key(const XKeyEvent& event) {
+    if ((event.state & (ControlMask | Mod1Mask)) == 0) return false;
+    return accelerators.has(event) || menu_of(event) != nullptr;
+}
+
 bool forward_to_menu(const XEvent& event) {
     evt_menu = event;
-    entry_chosen = false;
+    evt_menu.xkey.state &= kMenuModifiers;
+    const bool chosen = main_x_window() != None && choose_by_key(event);
     grx_envoie_dernier_evenement_a_fenetre_menu();
-    return entry_chosen;
+    return chosen;
+}
+
+bool was_forwarded(const XKeyEvent& event) {
+    return forwarded.holds(event);
+}
+
+INT key_for_application(const XEvent& event, Boolean* go_on) {
+    const INT code = is_menu_key(event.xkey) ? 0 : code_of_key(event.xkey);
+    if (code == 0 && forward_to_menu(event) && go_on != nullptr) *go_on = False; // a field types nothing of it
+    return code;
 }
 
 } // namespace grx
@@ -470,6 +621,7 @@ INT grx_fin_menu_bar(void) {
 }
 
 INT grx_detruit_menu_bar(void) {
+    grx::close_menus(Glob_menu_bar); // the toolkit goes on with menus that go while they are open
     accelerators.clear(top_manager());
     keep_a_cascade();
     for (std::size_t i = 0; i < Nb_objet; ++i) {
@@ -501,13 +653,11 @@ INT grx_recup_taille_menu_bar(INT, INT* lar, INT* hau) {
 }
 
 INT grx_envoie_dernier_evenement_a_fenetre_menu(void) {
-    const Window window = grx::window_of(grx_recup_objet_fen(grx_recup_nofen_principale()));
+    const Window window = main_x_window();
     if (window == None || grx::evt_menu.xkey.window == window) return 0; // never forwarded twice
     grx::evt_menu.xkey.window = window;
-    entry_chosen = accelerators.activate(grx::evt_menu);
-    if (entry_chosen) last_matched = grx::evt_menu.xkey.time;
-    XSendEvent(x11_disp, window, True, KeyPressMask, &grx::evt_menu);
-    if (accelerators.has(grx::evt_menu.xkey)) send_release(window, grx::evt_menu);
+    watch_keyboard();
+    if (forwarded.add(grx::evt_menu.xkey)) XSendEvent(x11_disp, window, True, KeyPressMask, &grx::evt_menu);
     return 0;
 }
 

@@ -48,11 +48,14 @@ void frame_place(
     Widget shell, INT& x, INT& y); // root coordinates of the window manager's frame, or of the window itself
 
 // -- menu bar (xt_fen03)
-extern XEvent evt_menu;                    // last key event that no control took
-bool forward_to_menu(const XEvent& event); // true when it chose an entry
+extern XEvent evt_menu;                                       // last key event that no control took
+bool forward_to_menu(const XEvent& event);                    // true when it chose an entry or opened a menu
+bool was_forwarded(const XKeyEvent& event);                   // a key press that the library sent to the main window
+INT key_for_application(const XEvent& event, Boolean* go_on); // its code; 0: it went to the menus
 
-// -- events (xt_ent02)
-extern XEvent Memo_event; // last key press
+// -- events (xt_ent01, xt_ent02)
+INT code_of_key(const XKeyEvent& key); // whatever locks and layout group are on; 0: none
+extern XEvent Memo_event;              // last key press
 
 // -- drawing (xt_gfx01)
 extern GRX_ATTRIBUTS_TRACER memo_attrib; // attributes last applied to g_c

@@ -351,7 +351,9 @@ TEST_F(MenuZone, MalformedLinesLeaveAnEmptyRecord) {
 
 TEST_F(MenuZone, NullIsSurvived) {
     LI_MENU one{};
-    EXPECT_NE(decode_ligne_ressource_menu(in(marker), nullptr, &one, &depth), 0);
+    EXPECT_EQ(decode_ligne_ressource_menu(in(marker), nullptr, &one, &depth),
+        decode_ligne_ressource_menu(in(marker), in(""), &one, &depth))
+        << "as an empty line";
     EXPECT_NE(decode_ligne_ressource_menu(in(marker), in("{"), nullptr, &depth), 0);
     EXPECT_NE(decode_ligne_ressource_menu(in(marker), in("{"), &one, nullptr), 0);
     EXPECT_EQ(depth, 0);

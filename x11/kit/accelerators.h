@@ -1,17 +1,17 @@
 // Keys that stand for menu entries. The toolkit registers nothing for an accelerator text that ends in a colon, as these
-// do: the library grabs the keys itself, with and without CapsLock and NumLock, and matches them.
+// do: the library grabs the keys itself, with and without CapsLock and NumLock, wherever a layout group has them, and
+// matches them.
 #pragma once
 
 #include <X11/Intrinsic.h>
-#include <X11/XKBlib.h>
 #include <Xm/Xm.h>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <string_view>
 
 #include "kit/block.h"
+#include "kit/keyboard.h"
 #include "pure/menu_line.h"
 #include "xt_ini_t.h"
 
@@ -19,14 +19,8 @@ namespace grx {
 
 struct Accelerator {
     Widget entry; // null when it was destroyed
-    KeySym symbol;
-    KeyCode key; // where the symbol is on this keyboard, 0 when nowhere
-    unsigned int modifiers;
-    bool shifted; // the key's symbol is on its second level: Shift may be held
+    MenuKey key;
 };
-
-constexpr unsigned int kAcceleratorModifiers = ShiftMask | ControlMask | Mod1Mask;
-constexpr unsigned int kNumLock = Mod2Mask;
 
 inline unsigned int mask_of(const KeyModifiers& held) {
     return (held.control ? ControlMask : 0U) | (held.shift ? ShiftMask : 0U) | (held.alt ? Mod1Mask : 0U);
@@ -42,54 +36,37 @@ inline KeySym keysym_named(std::string_view name) {
     return static_cast<unsigned char>(text[0]); // a sign is its own keysym
 }
 
-inline void find_key(Accelerator& a) {
-    a.key = XKeysymToKeycode(x11_disp, a.symbol);
-    KeySym lower = NoSymbol, upper = NoSymbol;
-    XtConvertCase(x11_disp, a.symbol, &lower, &upper);
-    a.shifted = a.key != 0 && XkbKeycodeToKeysym(x11_disp, a.key, 0, 0) != lower;
-}
-
 /// What an accelerator text asks for; no symbol when it names none.
 inline Accelerator accelerator_for(Widget entry, std::string_view text) {
     const KeyText parts = split_accelerator(text);
     const auto modifiers = key_modifiers(parts.modifiers);
-    Accelerator result{
-        entry, modifiers ? keysym_named(parts.key) : NoSymbol, 0, mask_of(modifiers.value_or(KeyModifiers{})), false};
-    if (result.symbol != NoSymbol) find_key(result);
-    return result;
+    const KeySym symbol = modifiers ? keysym_named(parts.key) : NoSymbol;
+    if (symbol == NoSymbol) return {entry, {}};
+    return {entry, {symbol, mask_of(*modifiers), places_of(symbol)}};
 }
 
-inline bool matches(const Accelerator& accelerator, const XKeyEvent& event) {
-    const unsigned int held = event.state & kAcceleratorModifiers;
-    const bool as_named = held == accelerator.modifiers;
-    const bool with_shift = accelerator.shifted && held == (accelerator.modifiers | ShiftMask);
-    return accelerator.key != 0 && event.keycode == accelerator.key && (as_named || with_shift);
-}
-
-/// Calls `change(modifiers)` for every state of the locks.
+/// Calls `change(code, modifiers)` for each key that has the symbol in some group, in every state of the locks.
 template <class Change>
-void with_locks(const Accelerator& accelerator, Change change) {
-    for (const unsigned int locks : {0U, static_cast<unsigned int>(LockMask), kNumLock, LockMask | kNumLock}) {
-        change(accelerator.modifiers | locks);
-        if (accelerator.shifted) change(accelerator.modifiers | ShiftMask | locks);
+void for_each_grab(const MenuKey& key, unsigned int num_lock, Change change) {
+    const auto grab_with = [&](const KeyPlace& place, unsigned int locks) {
+        change(place.code, key.modifiers | locks);
+        if (place.shifted) change(place.code, key.modifiers | ShiftMask | locks);
+    };
+    for (const auto* place = key.places.begin(); place != key.places.end(); ++place) {
+        const bool again =
+            std::any_of(key.places.begin(), place, [place](const KeyPlace& p) { return p.code == place->code; });
+        if (place->code == 0 || again) continue;
+        for (const unsigned int locks : {0U, static_cast<unsigned int>(LockMask), num_lock, LockMask | num_lock})
+            grab_with(*place, locks);
     }
-}
-
-inline void grab(Widget top, const Accelerator& a) {
-    if (a.key == 0) return;
-    with_locks(a, [&](unsigned int m) { XtGrabKey(top, a.key, m, False, GrabModeAsync, GrabModeAsync); });
-}
-
-inline void ungrab(Widget top, const Accelerator& a) {
-    if (a.key == 0) return;
-    with_locks(a, [&](unsigned int m) { XtUngrabKey(top, a.key, m); });
 }
 
 /// The keys of one window's menu bar.
 class AcceleratorTable {
   public:
     void add(Widget top, const Accelerator& accelerator) {
-        if (accelerator.symbol == NoSymbol || !has_room()) return;
+        if (accelerator.key.symbol == NoSymbol || !has_room()) return;
+        if (count_ == 0) num_lock_ = num_lock_mask();
         table_[count_++] = accelerator;
         grab(top, accelerator);
     }
@@ -104,8 +81,9 @@ class AcceleratorTable {
     /// The keys where a new layout of the keyboard has them.
     void follow_keyboard(Widget top) {
         for (std::size_t i = 0; i < count_; ++i) ungrab(top, table_[i]); // all of them before any: places are exchanged
+        num_lock_ = num_lock_mask();
         for (std::size_t i = 0; i < count_; ++i) {
-            find_key(table_[i]);
+            table_[i].key.places = places_of(table_[i].key.symbol);
             grab(top, table_[i]);
         }
     }
@@ -116,32 +94,53 @@ class AcceleratorTable {
         table_.reset();
     }
 
-    bool has(const XKeyEvent& event) const {
-        return std::any_of(
-            table_.data(), table_.data() + count_, [&event](const Accelerator& a) { return matches(a, event); });
+    /// True for a key that is grabbed for another layout group than the one in force.
+    bool is_of_another_group(const XKeyEvent& event) const {
+        const auto here = [&event](const Accelerator& a) { return matches(a.key, event); };
+        const auto somewhere = [&event](const Accelerator& a) { return matches_somewhere(a.key, event); };
+        return std::any_of(begin(), end(), somewhere) && std::none_of(begin(), end(), here);
     }
 
-    /// Activates the first entry of a key that is managed and sensitive.
+    /// True for a key that activates an entry.
+    bool has(const XKeyEvent& event) const { return entry_of(event) != nullptr; }
+
     bool activate(XEvent& event) const {
-        for (std::size_t i = 0; i < count_; ++i) {
-            const Accelerator& a = table_[i];
-            if (a.entry == nullptr || !matches(a, event.xkey)) continue;
-            if (!XtIsManaged(a.entry) || !XtIsSensitive(a.entry)) continue;
-            XmAnyCallbackStruct call{XmCR_ACTIVATE, &event};
-            XtCallCallbacks(a.entry, const_cast<char*>(XmNactivateCallback), &call);
-            return true;
-        }
-        return false;
+        Widget entry = entry_of(event.xkey);
+        if (entry == nullptr) return false;
+        XmAnyCallbackStruct call{XmCR_ACTIVATE, &event};
+        XtCallCallbacks(entry, const_cast<char*>(XmNactivateCallback), &call);
+        return true;
     }
 
   private:
+    const Accelerator* begin() const { return table_.data(); }
+    const Accelerator* end() const { return table_.data() + count_; }
+
+    /// The first entry of a key that is managed and sensitive.
+    Widget entry_of(const XKeyEvent& event) const {
+        const auto* const found = std::find_if(begin(), end(), [&event](const Accelerator& a) {
+            return a.entry != nullptr && matches(a.key, event) && XtIsManaged(a.entry) && XtIsSensitive(a.entry);
+        });
+        return found != end() ? found->entry : nullptr;
+    }
+
     bool has_room() {
         constexpr std::size_t first = 32;
         return count_ < table_.size() || table_.resize(table_.size() == 0 ? first : 2 * table_.size());
     }
 
+    void grab(Widget top, const Accelerator& a) const {
+        for_each_grab(a.key, num_lock_,
+            [top](KeyCode code, unsigned int m) { XtGrabKey(top, code, m, False, GrabModeAsync, GrabModeAsync); });
+    }
+
+    void ungrab(Widget top, const Accelerator& a) const {
+        for_each_grab(a.key, num_lock_, [top](KeyCode code, unsigned int m) { XtUngrabKey(top, code, m); });
+    }
+
     Block<Accelerator> table_;
     std::size_t count_ = 0;
+    unsigned int num_lock_ = 0; // of the grabs
 };
 
 } // namespace grx

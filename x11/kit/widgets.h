@@ -10,6 +10,9 @@
 #include <Xm/ScrolledW.h>
 #include <Xm/ScrollBar.h>
 
+#include <algorithm>
+#include <span>
+
 #include "kit/args.h"
 
 namespace grx {
@@ -24,17 +27,18 @@ inline Widget nearest_shell(Widget w) {
     return nearest_of_class(w, shellWidgetClass);
 }
 
+/// The children of a widget; a widget that is no composite has none.
+inline std::span<const Widget> children_of(Widget w) {
+    if (w == nullptr || !XtIsComposite(w)) return {};
+    return {resource<WidgetList>(w, XtNchildren), resource<Cardinal>(w, XtNnumChildren)};
+}
+
 /// True when `wanted` is `root` or stands somewhere inside it. `wanted` is only compared: it may be gone.
 inline bool holds_widget(Widget root, Widget wanted) {
     if (root == nullptr || wanted == nullptr) return false;
     if (root == wanted) return true;
-    if (!XtIsComposite(root)) return false;
-    const auto* const children = resource<WidgetList>(root, XtNchildren);
-    const auto count = resource<Cardinal>(root, XtNnumChildren);
-    for (Cardinal i = 0; i < count; ++i) {
-        if (holds_widget(children[i], wanted)) return true;
-    }
-    return false;
+    const auto children = children_of(root);
+    return std::any_of(children.begin(), children.end(), [wanted](Widget w) { return holds_widget(w, wanted); });
 }
 
 /// The X window of a widget that has one by now, else None. Read from the widget: drawing asks for every primitive.
@@ -46,11 +50,8 @@ inline Window window_of(Widget w) {
 inline void redraw(Widget w) {
     if (window_of(w) == None) return;
     XClearArea(XtDisplay(w), window_of(w), 0, 0, 0, 0, True);
-    if (!XtIsComposite(w)) return;
-    const auto* const children = resource<WidgetList>(w, XtNchildren);
-    const auto count = resource<Cardinal>(w, XtNnumChildren);
-    for (Cardinal i = 0; i < count; ++i) {
-        if (XtIsWidget(children[i])) redraw(children[i]);
+    for (Widget child : children_of(w)) {
+        if (XtIsWidget(child)) redraw(child);
     }
 }
 

@@ -27,4 +27,9 @@ constexpr KeyClass classify_key(uint32_t keysym) {
     return KeyClass::Character;
 }
 
+/// The signs and letters of Latin-1 beyond ASCII: their keysym is their character.
+constexpr bool is_accented(uint32_t keysym) {
+    return keysym >= 0xA0 && keysym <= 0xFF;
+}
+
 } // namespace grx
