@@ -152,7 +152,34 @@ STRUCTURE_FENETRE* live_window(Widget w, XtPointer client) {
     return own != nullptr && (own == w || grx_recherche_shell(own) == w) ? window : nullptr;
 }
 
+// The window whose widget holds another one; GRX_AUCUN when that stands in a dialog of the library.
+INT window_around(Widget part) {
+    for (Widget w = XtParent(part); w != nullptr && !XtIsShell(w); w = XtParent(w)) {
+        const INT nofen = grx_recup_indice_fen(w);
+        if (nofen != MAXOBJETFEN) return nofen;
+    }
+    return GRX_AUCUN;
+}
+
 } // namespace
+
+namespace grx {
+
+void key_over_part(Widget part, XtPointer, XEvent* event, Boolean* go_on) {
+    const INT nofen = window_around(part);
+    if (nofen == GRX_AUCUN) return;
+    Widget work = grx_recup_objet_fen(nofen);
+    Position part_x = 0, part_y = 0, work_x = 0, work_y = 0;
+    XtTranslateCoords(part, 0, 0, &part_x, &part_y);
+    XtTranslateCoords(work, 0, 0, &work_x, &work_y);
+    XEvent key = *event;
+    key.xkey.window = window_of(work);
+    key.xkey.x += part_x - work_x;
+    key.xkey.y += part_y - work_y;
+    on_key(*window_record(nofen), key, go_on);
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -439,7 +439,7 @@ void make_filters(Widget row, std::size_t count) {
     if (menu == nullptr) return;
     Widget first = make_filter(menu, efichier[0]);
     for (std::size_t i = 1; i < count; ++i) make_filter(menu, efichier[i]);
-    Widget box = grx::make_option_menu(row, "OptionMenu", "", menu, first);
+    Widget box = grx::make_option_menu(row, "OptionMenu", "", menu, first, grx::key_over_part);
     if (count > 1) return;
     if (first != nullptr) XtSetSensitive(first, False);
     if (box != nullptr) XtSetSensitive(box, False);

@@ -271,7 +271,7 @@ Widget grx_cree_support_bascule_liste(Widget pere) {
 }
 
 Widget grx_cree_titre_bascule_liste(Widget support, Widget menu, Widget btn_def, char* titre) {
-    Widget box = grx::make_option_menu(support, "Bascule liste", titre, menu, btn_def);
+    Widget box = grx::make_option_menu(support, "Bascule liste", titre, menu, btn_def, grx::key_over_part);
     if (box != nullptr) XtAddEventHandler(box, ButtonPressMask, False, on_title_press, nullptr);
     return box;
 }

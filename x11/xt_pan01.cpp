@@ -746,7 +746,7 @@ INT grx_cree_istate1(GRX_MSG* message) {
     Widget title = add_form_title(item, form, lines.title());
     Widget menu = grx::make_pulldown(form, "PullMenu");
     Widget shown = add_menu_choices(item, menu, lines);
-    Widget box = grx::make_option_menu(form, "OptionMenu", "", menu, shown);
+    Widget box = grx::make_option_menu(form, "OptionMenu", "", menu, shown, grx::key_over_part);
     line_up(title, box);
     put_on_screen(form);
     if (BOUTONS_PANEL* const record = record_of(item.panel, item.number)) record->objet_defaut = shown;

@@ -47,6 +47,9 @@ bool in_frame(Widget shell); // a window manager put it into a frame of its own
 void frame_place(
     Widget shell, INT& x, INT& y); // root coordinates of the window manager's frame, or of the window itself
 
+void key_over_part(Widget part, XtPointer, XEvent* event,
+    Boolean* go_on); // event handler: keys over a widget without a number are keys over the window around it
+
 // -- menu bar (xt_fen03)
 extern XEvent evt_menu;                                       // last key event that no control took
 bool forward_to_menu(const XEvent& event);                    // true when it chose an entry or opened a menu

@@ -118,7 +118,7 @@ Widget make_box(Widget parent, Widget menu, Widget shown, INT pox, INT poy) {
     grx::Args args;
     args.set(XmNx, grx::as_position(grx::as_position(pox) - kMarginLeft));
     args.set(XmNy, grx::as_position(grx::as_position(poy) - kMarginTop));
-    Widget box = grx::make_option_menu(parent, "OptionMenu", "", menu, shown, args);
+    Widget box = grx::make_option_menu(parent, "OptionMenu", "", menu, shown, grx::key_over_part, args);
     if (box != nullptr) XtAddCallback(box, XmNdestroyCallback, on_death, nullptr);
     return box;
 }

@@ -130,6 +130,26 @@ TEST_F(TableChoices, TouchNothingElseOfIt) {
     std::memset(static_cast<void*>(&table()), 0, sizeof table());
 }
 
+TEST_F(TableChoices, KeysTypedAfterAChoiceAreTheWindows) {
+    create(three);
+    for (int round = 0; round < 3; ++round) {
+        ASSERT_NO_FATAL_FAILURE(choose(1));
+        ASSERT_TRUE(events.wait(GRX_EVT_EXEC_FONCTION)) << events.describe();
+        pointer().move_in(widget_of(window), 300, 200);
+        settle();
+        keyboard().key(XK_Escape);
+        drain();
+        ASSERT_EQ(events.types(), (std::vector<INT>{GRX_EVT_CARAC_APPUI})) << events.describe();
+        const GRX_DIGIT& key = events.seen().back().carac_appui;
+        EXPECT_EQ(key.nofen, window);
+        EXPECT_EQ(key.nobou, -1);
+        EXPECT_EQ(key.carac, 27);
+        EXPECT_EQ(key.x, 300);
+        EXPECT_EQ(key.y, 200);
+        settle();
+    }
+}
+
 TEST_F(TableChoices, AreButtonsOfThePulldown) {
     create(three);
     const Widget pulldown = resource<Widget>(option(), XmNsubMenuId);

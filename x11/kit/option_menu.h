@@ -42,8 +42,9 @@ inline Widget make_pulldown(Widget parent, const char* name) {
 
 /// The box of a menu, managed, in the place that `args` gives; `shown` is the choice shown at first, null for the
 /// toolkit's own. A menu that is no pulldown, or a choice that is not in it, breaks the toolkit: it is left out.
-inline Widget make_option_menu(
-    Widget parent, const char* name, const char* title, Widget menu, Widget shown, Args args = {}) {
+/// Once chosen in, the box has the keyboard: `on_key` gets what is typed.
+inline Widget make_option_menu(Widget parent, const char* name, const char* title, Widget menu, Widget shown,
+    XtEventHandler on_key, Args args = {}) {
     if (!can_hold_children(parent)) return nullptr;
     const CompoundString label(title);
     args.set(XmNlabelString, label.get());
@@ -53,6 +54,7 @@ inline Widget make_option_menu(
     Widget box = XmCreateOptionMenu(parent, const_cast<char*>(name), args.list(), args.count());
     if (box == nullptr) return nullptr;
     set_resource(XmOptionLabelGadget(box), XmNfontList, fontlist); // it does not come down from the box
+    XtAddEventHandler(box, KeyPressMask, False, on_key, nullptr);
     XtManageChild(box);
     return box;
 }
