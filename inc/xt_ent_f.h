@@ -47,11 +47,15 @@ GRX_API INT grx_supprime_tous_evenement_pour_fenetre(INT type, INT nofen);
 /* Handles every pending X event except client messages, which are dropped. */
 GRX_API INT grx_flush_tous_evenements(void);
 
-/* Gives the key code of an X key event: the byte of the character, the keysym of function and
- * cursor keys, Delete and Insert, GRX_TOUCHE_TAB, GRX_TOUCHE_BACKTAB. Returns 1 with it in *touche;
- * 0 with *touche 0 for modifiers and keys without a code. Writes into the event: for a key held with
- * Shift, Control or Alt that has no symbol at the index state, ev->xkey.state keeps these three
- * modifiers only. Give it a copy where the event is used afterwards. */
+/* Gives the key code of an X key event: the byte of the character (accented letters are their
+ * Latin-1 byte in every locale), the keysym of function and cursor keys, Delete and Insert,
+ * GRX_TOUCHE_TAB, GRX_TOUCHE_BACKTAB. Returns 1 with it in *touche; 0 with *touche 0 for modifiers
+ * and keys without a code.
+ * ev's state as it stands, locks and layout group with the modifiers, is the place in the core
+ * keyboard mapping that must hold a symbol while Shift, Control or Alt is held. Where it holds none
+ * the result is 0 and the state in ev is CUT to these three: pass a copy when the event is needed
+ * afterwards. So Shift+A with NumLock on gives 0 here. Key events (type 3) do not depend on the
+ * locks and the group: they carry the capital. */
 GRX_API INT grx_translate_touche(XEvent* ev, INT* touche);
 
 /* Modifier key held now: GRX_CLAVIER_SHIFT, GRX_CLAVIER_CONTROL, GRX_CLAVIER_ALT, the first that

@@ -243,9 +243,9 @@ GRX_API INT test_client_fenetre_graphique(GRX_ARGS_LIBRES);
 
 /* Decodes one line of a menu file. debut: the zone marker ("#:ZONE_MENU_BAR"); lines before the one
  * that contains it are ignored. ligne: the line, not changed. ligne_menu: out, emptied for structure
- * lines. ind_para: depth of the braces, in and out. Returns 0 = line taken; 1 = comment, or a line
- * with DEBUT or FIN, ligne_menu untouched; -1 = neither POPUP nor ITEM, or a field without its
- * closing '|'; -2 = one closing brace too many. */
+ * lines. ind_para: depth of the braces, in and out. A null ligne is an empty one. Returns 0 = line
+ * taken; 1 = comment, or a line with DEBUT or FIN, ligne_menu untouched; -1 = neither POPUP nor ITEM,
+ * or a field without its closing '|'; -2 = one closing brace too many. */
 GRX_API INT decode_ligne_ressource_menu(char* debut, char* ligne, LI_MENU* ligne_menu, INT* ind_para);
 
 /* Decodes "POPUP|number|text|" or "ITEM|number|text|accelerator|function number|". A message number
@@ -265,7 +265,8 @@ GRX_API INT copie_li_menu(LI_MENU* li1, LI_MENU li2);
  * which tells it from a mouse press; controls act by type 6). Returns 0 in every case. */
 GRX_API INT grx_cree_menu_bar(Widget parent);
 
-/* Empties the menu bar, and fills it again, as after a change of the selected file. */
+/* Empties the menu bar, and fills it again, as after a change of the selected file. Menus that are
+ * open are closed first. */
 GRX_API INT grx_detruit_menu_bar(void);
 GRX_API INT grx_recree_menu_bar(void);
 
@@ -273,7 +274,11 @@ GRX_API INT grx_recree_menu_bar(void);
  * labelled texte, in support; an entry of the menu mere, a separator when texte begins with '-'
  * (acce: key such as "Ctrl+S" or "", mneu: mnemonic or GRX_MENU_SANS_MNEMO, nofo: function number);
  * free the tables. The widgets are the library's. Null when one cannot be made, or mere is no menu. A
- * key may have the modifiers Ctrl, Shift, Alt and Meta; with any other it is shown but does nothing. */
+ * key may have the modifiers Ctrl, Shift, Alt and Meta; with any other it is shown but does nothing.
+ * Keys with Ctrl or Alt choose from every window and control, a field with the focus among them, and
+ * so do Alt and the mnemonic of a menu. Keys without them, "F5", choose in the main window; in any
+ * other one they are key events (type 3). Keys are those that carry the letter in the layout group in
+ * force, or in the first group that has it; NumLock and CapsLock do not matter. */
 GRX_API Widget grx_debut_menu_bar(Widget mere);
 GRX_API Widget grx_debut_sous_menu_bar(Widget mere);
 GRX_API Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support);
@@ -286,8 +291,8 @@ GRX_API Widget grx_get_Glob_menu_bar(void);
 /* Size of the menu bar, 0, 0 without one; nofen is ignored. */
 GRX_API INT grx_recup_taille_menu_bar(INT nofen, INT* lar, INT* hau);
 
-/* Sends the last untranslated key event to the main window, so that menu accelerators work
- * everywhere. */
+/* Sends the last key event that no control took to the main window. Its menus have seen it by then:
+ * when it comes back it goes no further, nothing is typed and no event is posted. */
 GRX_API INT grx_envoie_dernier_evenement_a_fenetre_menu(void);
 
 /* --- Toolkit side: callbacks and handlers, exported for applications that install them
