@@ -25,6 +25,7 @@
 #include "kit/drawables.h"
 #include "kit/field_text.h"
 #include "kit/screen.h"
+#include "kit/shell_place.h"
 #include "kit/table.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
@@ -64,7 +65,6 @@ constexpr std::size_t kGeometryText = 32;
 struct Beside {
     Widget outer;
     bool dead_pixmap;
-    bool framed;
     char geometry[kGeometryText]; // the toolkit keeps its address
 };
 std::array<Beside, GRX_NB_FENETRES> beside{};
@@ -147,14 +147,6 @@ bool holds_dead_pixmap(INT nofen) {
 
 void mark_dead_pixmap(INT nofen, bool dead) {
     beside_of(nofen).dead_pixmap = dead;
-}
-
-void mark_framed(INT nofen, bool framed) {
-    beside_of(nofen).framed = framed;
-}
-
-bool is_framed(INT nofen) {
-    return beside_of(nofen).framed;
 }
 
 Widget outer_widget(INT nofen) {
@@ -265,7 +257,6 @@ INT grx_libere_indice_objet_fen(INT nofen) {
     release_saved_picture(nofen);
     beside_of(nofen).outer = nullptr;
     beside_of(nofen).dead_pixmap = false;
-    beside_of(nofen).framed = false;
     return 1;
 }
 
@@ -597,7 +588,6 @@ void register_window(const Build& b) {
     record.type = b.fen.type;
     beside_of(nofen).outer = b.nested ? b.outer : nullptr;
     beside_of(nofen).dead_pixmap = false;
-    beside_of(nofen).framed = false;
 }
 
 void free_number(Widget, XtPointer number, XtPointer) {
@@ -616,7 +606,10 @@ void install_handlers(const Build& b, INT* number) {
     XtAddCallback(b.work, XmNdestroyCallback, grx_shell_est_detruit, number);
     XtAddCallback(b.work, XmNdestroyCallback, free_number, number);
     XtAddEventHandler(b.work, kWorkEvents, False, grx_gere_evenements_fenetre, record);
-    if (!b.nested) XtAddEventHandler(b.shell, kShellEvents, False, grx_gere_evenements_fenetre, record);
+    if (!b.nested) {
+        XtInsertEventHandler(b.shell, SubstructureNotifyMask, False, grx::blunt_news_of_a_child, nullptr, XtListHead);
+        XtAddEventHandler(b.shell, kShellEvents, False, grx_gere_evenements_fenetre, record);
+    }
     if (b.fen.type != GRX_FEN_MESSAGE) return;
     XtAddCallback(b.work, XmNokCallback, grx_reponse_a_message, number);
     XtAddCallback(b.work, XmNcancelCallback, grx_reponse_a_message, number);

@@ -17,6 +17,7 @@
 #include "kit/locale_text.h"
 #include "kit/post.h"
 #include "kit/screen.h"
+#include "kit/shell_place.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
 #include "pure/out.h"
@@ -137,7 +138,6 @@ void dispatch(STRUCTURE_FENETRE& window, XEvent& event) {
     case UnmapNotify: grx::post(evt_global.iconification, GRX_EVT_ICONIFICATION, window.nofen); break;
     case MapNotify: grx::post(evt_global.desiconification, GRX_EVT_DESICONIF, window.nofen); break;
     case EnterNotify: post_crossing(GRX_EVT_ENTREE, window.nofen); break;
-    case ReparentNotify: grx::mark_framed(window.nofen, event.xreparent.parent != grx::root_window()); break;
     case LeaveNotify: post_crossing(GRX_EVT_SORTIE, window.nofen); break;
     case ButtonPress: on_button(window, event.xbutton, GRX_EVT_BOUTON_APPUI); break;
     case ButtonRelease: on_button(window, event.xbutton, GRX_EVT_BOUTON_RELACHE); break;
@@ -160,6 +160,7 @@ STRUCTURE_FENETRE* live_window(Widget w, XtPointer client) {
 extern "C" {
 
 void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean*) {
+    if (w != nullptr && ev != nullptr && grx::is_news_of_a_child(*ev)) grx::forget_place(w);
     STRUCTURE_FENETRE* const window = live_window(w, client);
     if (window != nullptr && ev != nullptr) dispatch(*window, *ev);
 }
@@ -283,14 +284,6 @@ Window frame_of(Window window) {
     }
 }
 
-// Root coordinates of a window that no window manager has put into a frame.
-Origin root_origin_of(Window window) {
-    int x = 0, y = 0;
-    Window child = None;
-    XTranslateCoordinates(x11_disp, window, grx::root_window(), 0, 0, &x, &y, &child);
-    return {x, y};
-}
-
 Origin origin_of(Window window) {
     Window root = None;
     int x = 0, y = 0;
@@ -327,12 +320,9 @@ void set_increments(Widget bar, INT valeur) {
 
 namespace grx {
 
-// The frame is noted with the window that the shell was made for; nested windows share the shell.
 bool in_frame(Widget shell) {
-    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen) {
-        if (grx::is_framed(nofen) && shell_of(nofen) == shell) return true;
-    }
-    return false;
+    const Window window = window_of(shell);
+    return window != None && frame_of(window) != window;
 }
 
 void frame_place(Widget shell, INT& x, INT& y) {
@@ -449,11 +439,12 @@ INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur) {
 }
 
 INT grx_recup_position_fenetre(INT nofen, INT* x, INT* y) {
-    const Window window = grx::window_of(shell_of(nofen));
-    if (window == None) return 0;
-    const Origin origin = grx::in_frame(shell_of(nofen)) ? origin_of(frame_of(window)) : root_origin_of(window);
-    grx::give(x, origin.x);
-    grx::give(y, grx::turn_over_y(grx_recup_hau_ecran(), origin.y));
+    Widget shell = shell_of(nofen);
+    if (grx::window_of(shell) == None) return 0;
+    INT left = 0, top = 0;
+    grx::frame_place(shell, left, top);
+    grx::give(x, left);
+    grx::give(y, grx::turn_over_y(grx_recup_hau_ecran(), top));
     return 0;
 }
 

@@ -13,6 +13,7 @@
 #include "kit/args.h"
 #include "kit/drawables.h"
 #include "kit/post.h"
+#include "kit/shell_place.h"
 #include "kit/xmstring.h"
 #include "pure/palette.h"
 #include "xt_bou_f.h"
@@ -238,6 +239,7 @@ INT grx_init_application(void) {
     }
     turn_off_drag_and_drop();
     keep_display_object();
+    grx::watch_places_of_shells(x11_disp);
     if (grx_init_graphique() == 0) return 0;
     grx_recup_taille_ecran(&lar_ecran, &hau_ecran);
     grx_recup_taille_ecran_mm(&lar_ecran_mm, &hau_ecran_mm);

@@ -35,8 +35,6 @@ Size known_size(INT nofen);                          // last size seen of a wind
 void set_known_size(INT nofen, Size size);
 bool holds_dead_pixmap(INT nofen); // the backing picture was released, its id is still stored
 void mark_dead_pixmap(INT nofen, bool dead);
-void mark_framed(INT nofen, bool framed); // a window manager put the window into a frame of its own
-bool is_framed(INT nofen);
 Widget outer_widget(INT nofen);        // outermost widget made for a nested window, else null
 Widget own_scrolled_window(INT nofen); // that the window was made in, null when there is none
 INT* stored_width(INT nofen);          // largeur_fen, hauteur_fen: null out of range
