@@ -376,6 +376,17 @@ void make_main_window(Build& b, Widget container) {
     if (b.main != nullptr) XtManageChild(b.main);
 }
 
+// The whole of a nested window, scroll bars included, has the place and size asked for: what was put into it meanwhile
+// made it larger or smaller.
+void size_nested(const Build& b) {
+    if (!b.nested || b.outer == nullptr || b.outer == b.work) return;
+    grx::Args args;
+    if (b.x >= 0) args.set(XmNx, grx::as_position(b.x));
+    if (b.y >= 0) args.set(XmNy, grx::as_position(b.y));
+    set_given_size(args, b.fen);
+    XtSetValues(b.outer, args.list(), args.count());
+}
+
 // Position, size and attachments of whatever stands outermost in the parent of a nested window.
 void set_place_in_parent(grx::Args& args, const Build& b) {
     struct Side {
@@ -388,6 +399,7 @@ void set_place_in_parent(grx::Args& args, const Build& b) {
     if (b.x >= 0) args.set(XmNx, grx::as_position(b.x));
     if (b.y >= 0) args.set(XmNy, grx::as_position(b.y));
     set_size(args, b.fen);
+    if (!b.visible()) args.set(XmNmappedWhenManaged, False);
     for (const auto& side : sides) {
         if ((b.fen.attache & side.bit) != 0) args.set(side.resource, XmATTACH_FORM);
     }
@@ -557,7 +569,6 @@ bool make_work_widget(Build& b, Widget container) {
     grx::Args args;
     if (b.nested) {
         if (!b.scrolls()) set_place_in_parent(args, b);
-        if (!b.visible()) args.set(XmNmappedWhenManaged, False);
         grx::set_foreground(args, b.fen.coul_trace);
     }
     grx::set_background(args, b.fen.coul_fond);
@@ -566,6 +577,7 @@ bool make_work_widget(Build& b, Widget container) {
     b.work = maker_of(b.fen.type)(container, args, b);
     if (b.work == nullptr) return false;
     if (b.outer == nullptr) b.outer = b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work;
+    if (b.outer != b.work) grx::set_resource(b.work, XmNmappedWhenManaged, True); // the whole is hidden, not its parts
     return true;
 }
 
@@ -607,6 +619,7 @@ void install_handlers(const Build& b, INT* number) {
     XtAddCallback(b.work, XmNdestroyCallback, free_number, number);
     XtAddEventHandler(b.work, kWorkEvents, False, grx_gere_evenements_fenetre, record);
     if (!b.nested) {
+        grx::end_with_its_window(b.shell);
         XtInsertEventHandler(b.shell, SubstructureNotifyMask, False, grx::blunt_news_of_a_child, nullptr, XtListHead);
         XtAddEventHandler(b.shell, kShellEvents, False, grx_gere_evenements_fenetre, record);
     }
@@ -622,7 +635,7 @@ void put_on_screen(const Build& b) {
     } else {
         XtRealizeWidget(b.shell);
     }
-    if (b.parent == nullptr) grx_init_gc(b.shell);
+    if (b.parent == nullptr) grx::give_context(b.shell);
 }
 
 void give_backing_picture(INT nofen) {
@@ -695,6 +708,7 @@ bool make_widgets(Build& b) {
 void show_window(Build& b, INT* number) {
     set_work_areas(b);
     XtManageChild(b.work);
+    size_nested(b);
     install_handlers(b, number);
     if (!b.nested) {
         put_on_screen(b);

@@ -20,6 +20,9 @@ extern INT system_pix[GRX_NB_COULEURS]; // pixel of each system position: icon, 
 extern INT icone_pix[GRX_NB_COULEURS];  // pixel of each icon colour
 extern INT pal_pix[GRX_NB_COULEURS];    // system position of each pixel, 8 planes only
 
+// -- start-up (xt_ini01)
+void give_context(Widget shell); // grx_init_gc for a window of the library's: its drawing context goes with it
+
 // -- window base (xt_fen01)
 extern Widget* Tableau_objet_fen; // widget of each window number
 
@@ -43,7 +46,8 @@ INT* stored_height(INT nofen);
 // -- window events (xt_fen02)
 bool in_frame(Widget shell); // a window manager put it into a frame of its own
 void frame_place(
-    Widget shell, INT& x, INT& y); // root coordinates of the window manager's frame, or of the window itself
+    Widget shell, INT& x, INT& y);           // root coordinates of the window manager's frame, or of the window itself
+void move_shell(Widget shell, INT x, INT y); // as grx_deplace_fenetre does, without raising it
 
 // -- menu bar (xt_fen03)
 extern XEvent evt_menu;                    // last key event that no control took
