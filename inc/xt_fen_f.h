@@ -139,7 +139,7 @@ GRX_API Widget grx_recup_parent(Widget fils);
 
 /* --- operations: on screen ---------------------------------------------------------------- */
 
-/* Show and hide a window. */
+/* Show and hide a window; a nested one as a whole, scroll bars included. */
 GRX_API INT grx_affiche_fenetre(INT nofen);
 GRX_API INT grx_cache_fenetre(INT nofen);
 GRX_API INT grx_affiche_fenetre_fille(INT nofen);
@@ -164,14 +164,16 @@ GRX_API INT grx_deplace_fenetre(INT nofen, INT x, INT y);
 GRX_API INT grx_change_taille_fenetre(INT nofen, INT largeur, INT hauteur);
 GRX_API INT grx_change_taille_fenetre_fille(INT nofen, INT largeur, INT hauteur);
 
-/* Size of a window's shell, or of its own widget. */
+/* Size of a window's shell, or of its own widget: of the whole of a nested one, scroll bars
+ * included. */
 GRX_API INT grx_recup_taille_fenetre(INT nofen, INT* largeur, INT* hauteur);
 GRX_API INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur);
 
-/* Position of a window as grx_deplace_fenetre takes it. */
+/* Position of a window as grx_deplace_fenetre takes it: of the window manager's frame where there is
+ * one. The server is asked at every call. */
 GRX_API INT grx_recup_position_fenetre(INT nofen, INT* x, INT* y);
 
-/* Position of a window's widget in its parent, y downwards; 0, 0 for an unknown number. */
+/* Position of a nested window, as a whole, in its parent, y downwards; 0, 0 for an unknown number. */
 GRX_API INT grx_recup_position_fenetre_fille(INT nofen, INT* x, INT* y);
 
 /* Iconify a window and bring it back. Need a window manager. Post types 12 and 13. */

@@ -298,8 +298,9 @@ GRX_API INT grx_image_system_to_oxa(INT lar, INT hau, uchar* buf);
 /* Position of the lowest set bit of a colour mask, 32 for 0. */
 GRX_API INT decode_decalage(unsigned long mask);
 
-/* Makes the drawing contexts g_c (on the realised shell) and gc (on the root window). A g_c made
- * before is replaced, not freed. */
+/* Makes the drawing context g_c anew (on the realised shell), and gc (on the root window) the first
+ * time. The g_c before stays usable. Those that windows were made with are freed with them, when
+ * neither they nor their successor are g_c; those of calls of the application's are its own. */
 GRX_API INT grx_init_gc(Widget shell);
 
 /* Thickness in pixels of the vertical scroll bar of a window; 0 when it has none. */

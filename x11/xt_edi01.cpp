@@ -876,6 +876,7 @@ void make_shell(Widget over) {
     grx::set_menu_look(args);
     tab_wid[kShell] = XtCreatePopupShell("Editeur", transientShellWidgetClass, over, args.list(), args.count());
     if (at(kShell) == nullptr) return;
+    grx::end_with_its_window(at(kShell));
     const Atom close = XmInternAtom(x11_disp, const_cast<char*>("WM_DELETE_WINDOW"), False);
     XmAddWMProtocolCallback(at(kShell), close, on_close_request, nullptr);
 }

@@ -183,12 +183,14 @@ INT grx_recup_position_absolue_souris(INT* x, INT* y) {
 
 INT grx_attend_creation_fenetre(INT nofen) {
     if (x11_disp == nullptr) return 0;
+    const bool existed = grx_recup_objet_fen(nofen) != nullptr;
     DOUBLE top = 0.0;
     chrono_top(&top);
     while (chrono_delai(top, kCreationWait) == 0) {
         GRX_EVENEMENT evt{};
         const bool found = grx_digitaliseur(&evt, 0) != 0;
         if (found && evt.type_evenement == GRX_EVT_AFFICHAGE && evt.affichage.nofen == nofen) break;
+        if (existed && grx_recup_objet_fen(nofen) == nullptr) break; // closed, or destroyed by another client
         if (!found && grx::queue_empty()) grx::rest_until_input(kPollRest);
     }
     return 0;

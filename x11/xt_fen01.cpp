@@ -25,6 +25,7 @@
 #include "kit/drawables.h"
 #include "kit/field_text.h"
 #include "kit/screen.h"
+#include "kit/shell_place.h"
 #include "kit/table.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
@@ -64,7 +65,6 @@ constexpr std::size_t kGeometryText = 32;
 struct Beside {
     Widget outer;
     bool dead_pixmap;
-    bool framed;
     char geometry[kGeometryText]; // the toolkit keeps its address
 };
 std::array<Beside, GRX_NB_FENETRES> beside{};
@@ -147,14 +147,6 @@ bool holds_dead_pixmap(INT nofen) {
 
 void mark_dead_pixmap(INT nofen, bool dead) {
     beside_of(nofen).dead_pixmap = dead;
-}
-
-void mark_framed(INT nofen, bool framed) {
-    beside_of(nofen).framed = framed;
-}
-
-bool is_framed(INT nofen) {
-    return beside_of(nofen).framed;
 }
 
 Widget outer_widget(INT nofen) {
@@ -265,7 +257,6 @@ INT grx_libere_indice_objet_fen(INT nofen) {
     release_saved_picture(nofen);
     beside_of(nofen).outer = nullptr;
     beside_of(nofen).dead_pixmap = false;
-    beside_of(nofen).framed = false;
     return 1;
 }
 
@@ -385,6 +376,17 @@ void make_main_window(Build& b, Widget container) {
     if (b.main != nullptr) XtManageChild(b.main);
 }
 
+// The whole of a nested window, scroll bars included, has the place and size asked for: what was put into it meanwhile
+// made it larger or smaller.
+void size_nested(const Build& b) {
+    if (!b.nested || b.outer == nullptr || b.outer == b.work) return;
+    grx::Args args;
+    if (b.x >= 0) args.set(XmNx, grx::as_position(b.x));
+    if (b.y >= 0) args.set(XmNy, grx::as_position(b.y));
+    set_given_size(args, b.fen);
+    XtSetValues(b.outer, args.list(), args.count());
+}
+
 // Position, size and attachments of whatever stands outermost in the parent of a nested window.
 void set_place_in_parent(grx::Args& args, const Build& b) {
     struct Side {
@@ -397,6 +399,7 @@ void set_place_in_parent(grx::Args& args, const Build& b) {
     if (b.x >= 0) args.set(XmNx, grx::as_position(b.x));
     if (b.y >= 0) args.set(XmNy, grx::as_position(b.y));
     set_size(args, b.fen);
+    if (!b.visible()) args.set(XmNmappedWhenManaged, False);
     for (const auto& side : sides) {
         if ((b.fen.attache & side.bit) != 0) args.set(side.resource, XmATTACH_FORM);
     }
@@ -566,7 +569,6 @@ bool make_work_widget(Build& b, Widget container) {
     grx::Args args;
     if (b.nested) {
         if (!b.scrolls()) set_place_in_parent(args, b);
-        if (!b.visible()) args.set(XmNmappedWhenManaged, False);
         grx::set_foreground(args, b.fen.coul_trace);
     }
     grx::set_background(args, b.fen.coul_fond);
@@ -575,6 +577,7 @@ bool make_work_widget(Build& b, Widget container) {
     b.work = maker_of(b.fen.type)(container, args, b);
     if (b.work == nullptr) return false;
     if (b.outer == nullptr) b.outer = b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work;
+    if (b.outer != b.work) grx::set_resource(b.work, XmNmappedWhenManaged, True); // the whole is hidden, not its parts
     return true;
 }
 
@@ -597,7 +600,6 @@ void register_window(const Build& b) {
     record.type = b.fen.type;
     beside_of(nofen).outer = b.nested ? b.outer : nullptr;
     beside_of(nofen).dead_pixmap = false;
-    beside_of(nofen).framed = false;
 }
 
 void free_number(Widget, XtPointer number, XtPointer) {
@@ -616,7 +618,11 @@ void install_handlers(const Build& b, INT* number) {
     XtAddCallback(b.work, XmNdestroyCallback, grx_shell_est_detruit, number);
     XtAddCallback(b.work, XmNdestroyCallback, free_number, number);
     XtAddEventHandler(b.work, kWorkEvents, False, grx_gere_evenements_fenetre, record);
-    if (!b.nested) XtAddEventHandler(b.shell, kShellEvents, False, grx_gere_evenements_fenetre, record);
+    if (!b.nested) {
+        grx::end_with_its_window(b.shell);
+        XtInsertEventHandler(b.shell, SubstructureNotifyMask, False, grx::blunt_news_of_a_child, nullptr, XtListHead);
+        XtAddEventHandler(b.shell, kShellEvents, False, grx_gere_evenements_fenetre, record);
+    }
     if (b.fen.type != GRX_FEN_MESSAGE) return;
     XtAddCallback(b.work, XmNokCallback, grx_reponse_a_message, number);
     XtAddCallback(b.work, XmNcancelCallback, grx_reponse_a_message, number);
@@ -629,7 +635,7 @@ void put_on_screen(const Build& b) {
     } else {
         XtRealizeWidget(b.shell);
     }
-    if (b.parent == nullptr) grx_init_gc(b.shell);
+    if (b.parent == nullptr) grx::give_context(b.shell);
 }
 
 void give_backing_picture(INT nofen) {
@@ -702,6 +708,7 @@ bool make_widgets(Build& b) {
 void show_window(Build& b, INT* number) {
     set_work_areas(b);
     XtManageChild(b.work);
+    size_nested(b);
     install_handlers(b, number);
     if (!b.nested) {
         put_on_screen(b);

@@ -14,9 +14,11 @@
 #include "kit/args.h"
 #include "kit/controls.h"
 #include "kit/drawables.h"
+#include "kit/frames.h"
 #include "kit/locale_text.h"
 #include "kit/post.h"
 #include "kit/screen.h"
+#include "kit/shell_place.h"
 #include "kit/xmstring.h"
 #include "pure/axis.h"
 #include "pure/out.h"
@@ -34,6 +36,12 @@ INT memo_bouton = 0; // mouse button held down, 0 = none
 
 Widget shell_of(INT nofen) {
     return grx_recherche_shell(grx_recup_objet_fen(nofen));
+}
+
+// A nested window with its scroll bars; the work widget of any other.
+Widget whole_of(INT nofen) {
+    Widget outer = grx::outer_widget(nofen);
+    return outer != nullptr ? outer : grx_recup_objet_fen(nofen);
 }
 
 struct Origin {
@@ -88,8 +96,8 @@ void on_expose(STRUCTURE_FENETRE& window) {
 
 // A nested window has a size of its own; any other is as large as its shell.
 grx::Size current_size(INT nofen) {
-    if (grx::outer_widget(nofen) != nullptr) return grx::size_of(grx_recup_objet_fen(nofen));
-    return grx::size_of(shell_of(nofen));
+    Widget outer = grx::outer_widget(nofen);
+    return grx::size_of(outer != nullptr ? outer : shell_of(nofen));
 }
 
 void on_configure(STRUCTURE_FENETRE& window) {
@@ -127,14 +135,22 @@ void on_key(const STRUCTURE_FENETRE& window, const XEvent& event, Boolean* go_on
     record.carac = key;
 }
 
+// Another client destroyed the window: what is left of it goes, and tells so as it does.
+void on_destroy(const STRUCTURE_FENETRE& window, const XDestroyWindowEvent& event) {
+    Widget outer = whole_of(window.nofen);
+    Widget doomed = grx::outer_widget(window.nofen) != nullptr ? outer : shell_of(window.nofen);
+    const bool own = event.window == grx::window_of(grx_recup_objet_fen(window.nofen));
+    if (own && doomed != nullptr && !grx::is_dying(doomed)) XtDestroyWidget(doomed);
+}
+
 void dispatch(STRUCTURE_FENETRE& window, XEvent& event, Boolean* go_on) {
     switch (event.type) {
     case Expose: on_expose(window); break;
     case ConfigureNotify: on_configure(window); break;
     case UnmapNotify: grx::post(evt_global.iconification, GRX_EVT_ICONIFICATION, window.nofen); break;
     case MapNotify: grx::post(evt_global.desiconification, GRX_EVT_DESICONIF, window.nofen); break;
+    case DestroyNotify: on_destroy(window, event.xdestroywindow); break;
     case EnterNotify: post_crossing(GRX_EVT_ENTREE, window.nofen); break;
-    case ReparentNotify: grx::mark_framed(window.nofen, event.xreparent.parent != grx::root_window()); break;
     case LeaveNotify: post_crossing(GRX_EVT_SORTIE, window.nofen); break;
     case ButtonPress: on_button(window, event.xbutton, GRX_EVT_BOUTON_APPUI); break;
     case ButtonRelease: on_button(window, event.xbutton, GRX_EVT_BOUTON_RELACHE); break;
@@ -184,6 +200,7 @@ void key_over_part(Widget part, XtPointer, XEvent* event, Boolean* go_on) {
 extern "C" {
 
 void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean* cont) {
+    if (w != nullptr && ev != nullptr && grx::is_news_of_a_child(*ev)) grx::forget_place(w);
     STRUCTURE_FENETRE* const window = live_window(w, client);
     if (window != nullptr && ev != nullptr) dispatch(*window, *ev, cont);
 }
@@ -256,7 +273,7 @@ void unmap_shell(Widget shell) {
 
 void request_geometry(Widget shell, XtGeometryMask what, Position x, Position y) {
     XtWidgetGeometry wanted{};
-    wanted.request_mode = what | CWStackMode;
+    wanted.request_mode = what;
     wanted.x = x;
     wanted.y = y;
     wanted.stack_mode = Above;
@@ -264,9 +281,9 @@ void request_geometry(Widget shell, XtGeometryMask what, Position x, Position y)
 }
 
 // The toolkit's idea of a shell's place can be wrong, and it asks for no move to where it believes the shell to be.
-void move_for_certain(Widget shell, Position x, Position y) {
+void move_for_certain(Widget shell, Position x, Position y, XtGeometryMask besides) {
     const bool believed_there = grx::resource<Position>(shell, XmNx) == x || grx::resource<Position>(shell, XmNy) == y;
-    request_geometry(shell, CWX | CWY, x, y);
+    request_geometry(shell, CWX | CWY | besides, x, y);
     if (believed_there && grx::window_of(shell) != None) XMoveWindow(x11_disp, XtWindow(shell), x, y);
 }
 
@@ -285,34 +302,6 @@ void give_size(Widget w, INT* largeur, INT* hauteur) {
     const grx::Size size = grx::size_of(w);
     grx::give(largeur, size.width);
     grx::give(hauteur, size.height);
-}
-
-Window parent_window(Window window, Window* root) {
-    Window parent = None;
-    Window* children = nullptr;
-    unsigned int count = 0;
-    const Status known = XQueryTree(x11_disp, window, root, &parent, &children, &count);
-    if (children != nullptr) XFree(children);
-    return known != 0 ? parent : None;
-}
-
-// The window manager's frame, or the window itself where there is none. The toolkit's own idea of a shell's
-// position is not to be trusted: it takes a child's move for the shell's.
-Window frame_of(Window window) {
-    for (;;) {
-        Window root = None;
-        const Window parent = parent_window(window, &root);
-        if (parent == None || parent == root) return window;
-        window = parent;
-    }
-}
-
-// Root coordinates of a window that no window manager has put into a frame.
-Origin root_origin_of(Window window) {
-    int x = 0, y = 0;
-    Window child = None;
-    XTranslateCoordinates(x11_disp, window, grx::root_window(), 0, 0, &x, &y, &child);
-    return {x, y};
 }
 
 Origin origin_of(Window window) {
@@ -351,12 +340,9 @@ void set_increments(Widget bar, INT valeur) {
 
 namespace grx {
 
-// The frame is noted with the window that the shell was made for; nested windows share the shell.
 bool in_frame(Widget shell) {
-    for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen) {
-        if (grx::is_framed(nofen) && shell_of(nofen) == shell) return true;
-    }
-    return false;
+    const Window window = window_of(shell);
+    return window != None && frame_of(window) != window;
 }
 
 void frame_place(Widget shell, INT& x, INT& y) {
@@ -365,6 +351,10 @@ void frame_place(Widget shell, INT& x, INT& y) {
     const Origin origin = origin_of(frame_of(window));
     x = origin.x;
     y = origin.y;
+}
+
+void move_shell(Widget shell, INT x, INT y) {
+    move_for_certain(shell, as_position(x), as_position(turn_over_y(grx_recup_hau_ecran(), y)), 0);
 }
 
 } // namespace grx
@@ -408,12 +398,12 @@ INT grx_cache_fenetre(INT nofen) {
 }
 
 INT grx_affiche_fenetre_fille(INT nofen) {
-    if (const Window window = grx::window_of(grx_recup_objet_fen(nofen))) XMapWindow(x11_disp, window);
+    if (const Window window = grx::window_of(whole_of(nofen))) XMapWindow(x11_disp, window);
     return 0;
 }
 
 INT grx_cache_fenetre_fille(INT nofen) {
-    if (const Window window = grx::window_of(grx_recup_objet_fen(nofen))) XUnmapWindow(x11_disp, window);
+    if (const Window window = grx::window_of(whole_of(nofen))) XUnmapWindow(x11_disp, window);
     return 0;
 }
 
@@ -426,23 +416,23 @@ INT grx_detruit_fenetre(INT nofen) {
 }
 
 INT grx_detruit_fenetre_fille(INT nofen) {
-    Widget w = grx_recup_objet_fen(nofen);
+    Widget w = whole_of(nofen);
     if (w == nullptr) return 0;
-    Widget outer = grx::outer_widget(nofen);
-    XtDestroyWidget(outer != nullptr ? outer : w);
+    XtDestroyWidget(w);
     grx_libere_indice_objet_fen(nofen);
     return 0;
 }
 
 INT grx_reaffiche_fenetre(INT nofen) {
-    if (Widget shell = shell_of(nofen)) request_geometry(shell, 0, 0, 0);
+    if (Widget shell = shell_of(nofen)) request_geometry(shell, CWStackMode, 0, 0);
     return 0;
 }
 
 INT grx_deplace_fenetre(INT nofen, INT x, INT y) {
     Widget shell = shell_of(nofen);
     if (shell == nullptr) return 0;
-    move_for_certain(shell, grx::as_position(x), grx::as_position(grx::turn_over_y(grx_recup_hau_ecran(), y)));
+    const INT top = grx::turn_over_y(grx_recup_hau_ecran(), y);
+    move_for_certain(shell, grx::as_position(x), grx::as_position(top), CWStackMode);
     return 0;
 }
 
@@ -457,7 +447,7 @@ INT grx_change_taille_fenetre(INT nofen, INT largeur, INT hauteur) {
 }
 
 INT grx_change_taille_fenetre_fille(INT nofen, INT largeur, INT hauteur) {
-    Widget w = grx_recup_objet_fen(nofen);
+    Widget w = whole_of(nofen);
     if (w != nullptr && usable_size(nofen, largeur, hauteur)) set_widget_size(w, largeur, hauteur);
     return 0;
 }
@@ -468,23 +458,24 @@ INT grx_recup_taille_fenetre(INT nofen, INT* largeur, INT* hauteur) {
 }
 
 INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur) {
-    give_size(grx_recup_objet_fen(nofen), largeur, hauteur);
+    give_size(whole_of(nofen), largeur, hauteur);
     return 0;
 }
 
 INT grx_recup_position_fenetre(INT nofen, INT* x, INT* y) {
-    const Window window = grx::window_of(shell_of(nofen));
-    if (window == None) return 0;
-    const Origin origin = grx::in_frame(shell_of(nofen)) ? origin_of(frame_of(window)) : root_origin_of(window);
-    grx::give(x, origin.x);
-    grx::give(y, grx::turn_over_y(grx_recup_hau_ecran(), origin.y));
+    Widget shell = shell_of(nofen);
+    if (grx::window_of(shell) == None) return 0;
+    INT left = 0, top = 0;
+    grx::frame_place(shell, left, top);
+    grx::give(x, left);
+    grx::give(y, grx::turn_over_y(grx_recup_hau_ecran(), top));
     return 0;
 }
 
 INT grx_recup_position_fenetre_fille(INT nofen, INT* x, INT* y) {
     grx::give(x, 0);
     grx::give(y, 0);
-    Widget w = grx_recup_objet_fen(nofen);
+    Widget w = whole_of(nofen);
     if (w == nullptr) return 0;
     grx::give(x, grx::resource<Position>(w, XmNx));
     grx::give(y, grx::resource<Position>(w, XmNy));

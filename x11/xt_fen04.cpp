@@ -256,7 +256,7 @@ class Place {
     bool as_before() const { return seen_top() == seen_top_; }
     void keep_frame(int64_t outwards, int64_t upwards) const {
         if (framed_) outwards = upwards = 0;
-        grx_deplace_fenetre(nofen_, grx::saturated(left_ - outwards), grx::saturated(top_ + upwards));
+        grx::move_shell(shell_, grx::saturated(left_ - outwards), grx::saturated(top_ + upwards));
     }
 
   private:

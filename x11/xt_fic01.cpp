@@ -280,6 +280,7 @@ void on_question_death(Widget, XtPointer, XtPointer) {
 int ask(Widget box) {
     asking = question_alive = true;
     XtAddCallback(box, XmNdestroyCallback, on_question_death, nullptr);
+    grx::end_with_its_window(XtParent(box));
     XtManageChild(box);
     grx::run_until([box] { return ques_accept != kWaiting || !question_alive || grx::is_dying(box); });
     asking = false;
@@ -510,6 +511,7 @@ void add_file_callbacks(Widget dialog) {
     XtAddCallback(dialog, XmNunmapCallback, DialogDestroyCB, nullptr);
     XtAddCallback(dialog, XmNdestroyCallback, forget_file_dialog, nullptr);
     XtAddEventHandler(XtParent(dialog), VisibilityChangeMask, False, DialogVisibilityEH, nullptr);
+    grx::end_with_its_window(XtParent(dialog));
 }
 
 INT ok_message(INT operation) {

@@ -7,6 +7,7 @@
 #include <Xm/DragDrop.h>
 #include <Xm/Xm.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "kit/args.h"
 #include "kit/drawables.h"
 #include "kit/post.h"
+#include "kit/shell_place.h"
 #include "kit/xmstring.h"
 #include "pure/palette.h"
 #include "xt_bou_f.h"
@@ -243,7 +245,78 @@ INT create_probe_window() {
     return grx_cree_fenetre(&fenetre) == 0 ? fenetre.nofen : GRX_AUCUN;
 }
 
+// -- contexts
+
+// The drawing context before the present one, which an application may still hold.
+GC former_g_c = nullptr;
+
+// Contexts of windows that are gone, in use still.
+std::array<GC, 2> contexts_left{};
+
+GC new_drawing_context(Window window) {
+    XGCValues values{};
+    values.function = GXcopy;
+    values.line_width = 0;
+    values.graphics_exposures = False; // a copy would queue an event that a polling application sees
+    unsigned long mask = GCFunction | GCLineWidth | GCGraphicsExposures;
+    if (fontstruct != nullptr) {
+        values.font = fontstruct->fid;
+        mask |= GCFont;
+    }
+    return XCreateGC(x11_disp, window, mask, &values);
+}
+
+GC new_xor_context() {
+    XGCValues values{};
+    values.subwindow_mode = IncludeInferiors;
+    values.foreground = WhitePixel(x11_disp, x11_screen);
+    values.function = GXxor;
+    values.line_width = 0;
+    values.line_style = LineSolid;
+    values.cap_style = CapNotLast;
+    values.join_style = JoinRound;
+    values.graphics_exposures = False;
+    const unsigned long mask = GCSubwindowMode | GCForeground | GCFunction | GCLineWidth | GCLineStyle | GCCapStyle
+                               | GCJoinStyle | GCGraphicsExposures;
+    return XCreateGC(x11_disp, DefaultRootWindow(x11_disp), mask, &values);
+}
+
+bool context_in_use(GC context) {
+    return context == g_c || context == former_g_c;
+}
+
+void free_contexts_left() {
+    for (GC& context : contexts_left) {
+        if (context == nullptr || context_in_use(context)) continue;
+        XFreeGC(x11_disp, context);
+        context = nullptr;
+    }
+}
+
+void release_context(Widget, XtPointer client, XtPointer) {
+    GC const context = static_cast<GC>(client);
+    if (!context_in_use(context)) {
+        XFreeGC(x11_disp, context);
+        return;
+    }
+    for (GC& left : contexts_left) {
+        if (left != nullptr) continue;
+        left = context;
+        return;
+    }
+}
+
 } // namespace
+
+namespace grx {
+
+void give_context(Widget shell) {
+    GC const before = g_c;
+    grx_init_gc(shell);
+    if (g_c != before) XtAddCallback(shell, XmNdestroyCallback, release_context, g_c);
+}
+
+} // namespace grx
 
 extern "C" {
 
@@ -258,6 +331,7 @@ INT grx_init_application(void) {
     }
     turn_off_drag_and_drop();
     keep_display_object();
+    grx::watch_places_of_shells(x11_disp);
     if (grx_init_graphique() == 0) return 0;
     grx_recup_taille_ecran(&lar_ecran, &hau_ecran);
     grx_recup_taille_ecran_mm(&lar_ecran_mm, &hau_ecran_mm);
@@ -302,29 +376,13 @@ INT grx_gere_application(void) {
 INT grx_init_gc(Widget shell) {
     const Window window = grx::window_of(shell);
     if (window == None) return 0;
-    XGCValues values{};
-    values.function = GXcopy;
-    values.line_width = 0;
-    values.graphics_exposures = False; // a copy would queue an event that a polling application sees
-    unsigned long mask = GCFunction | GCLineWidth | GCGraphicsExposures;
-    if (fontstruct != nullptr) {
-        values.font = fontstruct->fid;
-        mask |= GCFont;
-    }
-    g_c = XCreateGC(x11_disp, window, mask, &values); // KEEP: the context made before is not freed
-    values.subwindow_mode = IncludeInferiors;
-    values.foreground = WhitePixel(x11_disp, x11_screen);
-    values.function = GXxor;
-    values.line_style = LineSolid;
-    values.cap_style = CapNotLast;
-    values.join_style = JoinRound;
-    mask = GCSubwindowMode | GCForeground | GCFunction | GCLineWidth | GCLineStyle | GCCapStyle | GCJoinStyle
-           | GCGraphicsExposures;
-    gc = XCreateGC(x11_disp, DefaultRootWindow(x11_disp), mask, &values);
+    former_g_c = g_c; // KEEP: it stays usable
+    g_c = new_drawing_context(window);
+    free_contexts_left();
+    if (gc == nullptr) gc = new_xor_context();
     grx_init_memo_attrib();
     return 0;
 }
-
 INT grx_affecte_carac_fenetre_systeme(void) {
     const GRX_EVENEMENT pending = evt_global; // the probes' destruction is nobody's event
     const INT window = create_probe_window();

@@ -20,6 +20,9 @@ extern INT system_pix[GRX_NB_COULEURS]; // pixel of each system position: icon, 
 extern INT icone_pix[GRX_NB_COULEURS];  // pixel of each icon colour
 extern INT pal_pix[GRX_NB_COULEURS];    // system position of each pixel, 8 planes only
 
+// -- start-up (xt_ini01)
+void give_context(Widget shell); // grx_init_gc for a window of the library's: its drawing context goes with it
+
 // -- window base (xt_fen01)
 extern Widget* Tableau_objet_fen; // widget of each window number
 
@@ -35,8 +38,6 @@ Size known_size(INT nofen);                          // last size seen of a wind
 void set_known_size(INT nofen, Size size);
 bool holds_dead_pixmap(INT nofen); // the backing picture was released, its id is still stored
 void mark_dead_pixmap(INT nofen, bool dead);
-void mark_framed(INT nofen, bool framed); // a window manager put the window into a frame of its own
-bool is_framed(INT nofen);
 Widget outer_widget(INT nofen);        // outermost widget made for a nested window, else null
 Widget own_scrolled_window(INT nofen); // that the window was made in, null when there is none
 INT* stored_width(INT nofen);          // largeur_fen, hauteur_fen: null out of range
@@ -45,7 +46,8 @@ INT* stored_height(INT nofen);
 // -- window events (xt_fen02)
 bool in_frame(Widget shell); // a window manager put it into a frame of its own
 void frame_place(
-    Widget shell, INT& x, INT& y); // root coordinates of the window manager's frame, or of the window itself
+    Widget shell, INT& x, INT& y);           // root coordinates of the window manager's frame, or of the window itself
+void move_shell(Widget shell, INT x, INT y); // as grx_deplace_fenetre does, without raising it
 
 void key_over_part(Widget part, XtPointer, XEvent* event,
     Boolean* go_on); // event handler: keys over a widget without a number are keys over the window around it

@@ -587,4 +587,64 @@ TEST_F(DecoratingWmTest, TheEmptyHookDoesNothing) {
     EXPECT_EQ(decorations(n), 1);
 }
 
+// --- the place in the stack ---------------------------------------------------------------------------------------
+
+template <class Base>
+class Stacked : public Base {
+  protected:
+    INT shown(INT parent = -1) {
+        GRX_FENETRE window = described(GRX_FEN_ALPHA, visible_bit);
+        window.fen_mere = parent;
+        const INT n = make(window);
+        EXPECT_TRUE(Base::wait_visible(widget_of(n)));
+        Base::drain();
+        return n;
+    }
+
+    // The windows of these numbers, from the lowest to the highest.
+    std::vector<INT> order(const std::vector<INT>& numbers) {
+        XSync(x11_disp, False);
+        std::vector<INT> result;
+        for (Window top : children_of(Base::test_display(), DefaultRootWindow(Base::test_display()))) {
+            std::vector<Window> inside;
+            gather_windows(Base::test_display(), top, inside);
+            for (INT n : numbers)
+                if (std::ranges::find(inside, XtWindow(shell_of(n))) != inside.end()) result.push_back(n);
+        }
+        return result;
+    }
+
+    // A window manager that has put a new window up has done all that was asked before.
+    void let_the_manager_finish() {
+        grx_detruit_fenetre(shown());
+        Base::drain();
+    }
+
+    void expect_the_order_kept(const std::vector<INT>& numbers) {
+        let_the_manager_finish();
+        const auto before = order(numbers);
+        ASSERT_EQ(before.size(), numbers.size());
+        for (const INT n : numbers)
+            for (std::size_t k = 0; k < operations.size(); ++k) {
+                operations[k](n);
+                EXPECT_TRUE(Base::wait_for([&] { return order(numbers) == before && Base::visible(x_window(n)); }));
+                let_the_manager_finish();
+                EXPECT_EQ(order(numbers), before) << "window " << n << " operation " << k;
+                EXPECT_TRUE(Base::visible(x_window(n)));
+            }
+    }
+
+    void expect_all_orders_kept() {
+        const INT first = shown(), second = shown(), third = shown();
+        expect_the_order_kept({first, second, third});
+        grx_restack_fenetre(first, third);
+        expect_the_order_kept({first, second, third});
+    }
+};
+
+class StackedDecorating : public Stacked<DisplayTest> {};
+TEST_F(StackedDecorating, AWindowStaysWhereItLies) {
+    expect_all_orders_kept();
+}
+
 } // namespace

@@ -322,6 +322,25 @@ TEST_F(Strip, IsEnlargedAndReducedAgainAndAgain) {
     EXPECT_EQ(server_area(test_display(), x_window(window)).height, 2 * height + 6) << "the host resizes";
 }
 
+// As an application uses it: the arrow is clicked, the strip changes, the window gets the height that goes with it.
+TEST_F(Strip, TheArrowsAnswerAfterTheWindowFollowed) {
+    create();
+    for (int turn = 0; turn < 3; ++turn) {
+        for (const bool larger : {true, false}) {
+            const INT arrow = number(larger ? &GRX_ZONE_INFO::Bou_fleche_haut : &GRX_ZONE_INFO::Bou_fleche_bas);
+            take_pointer_away();
+            settle();
+            pointer().click_in(control(arrow));
+            const auto pushed = events.wait(GRX_EVT_EXEC_FONCTION, Milliseconds(3000));
+            ASSERT_TRUE(pushed) << "turn " << turn << ": " << events.describe();
+            EXPECT_EQ(pushed->exec_fonction.nobou, arrow);
+            (larger ? grx_agrandit_fenetre_info : grx_reduit_fenetre_info)(window_record, *zone, &row_height);
+            grx_change_taille_fenetre(window, 1000, larger ? 2 * height + 6 : height + 4);
+            ASSERT_TRUE(wait_for([&] { return seen(number(&GRX_ZONE_INFO::Bou_grille)) == larger; }));
+        }
+    }
+}
+
 TEST_F(Strip, TheHeightsAreThoseOfTheWindowThatIsNamed) {
     create();
     const INT other = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE, 200, 151);

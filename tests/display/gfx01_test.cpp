@@ -254,7 +254,7 @@ TEST_F(ContextTest, ANewContextGetsTheAttributesAgain) {
     EXPECT_EQ(screen(second).count(pixel_of(9)), 190 * 5);
 }
 
-// KEEP: the context made before is not freed; an application may hold it.
+// KEEP: the context made before stays usable; an application may hold it.
 TEST_F(ContextTest, TheContextBeforeStaysUsable) {
     const INT first = graphic_window();
     const GC before = g_c;

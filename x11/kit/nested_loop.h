@@ -1,22 +1,15 @@
 // A loop inside the application's own, for a dialog that returns with its answer.
 #pragma once
 
-#include <X11/IntrinsicP.h>
-
 #include <bitset>
 #include <cstddef>
 
+#include "kit/widgets.h"
 #include "xt_ent_t.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
 
 namespace grx {
-
-/// True for a widget whose destruction has begun. Inside a callback its callbacks come only when that callback returns:
-/// a loop that runs there and waits for them would not end.
-inline bool is_dying(Widget w) {
-    return w->core.being_destroyed != False;
-}
 
 using WindowNumbers = std::bitset<GRX_NB_FENETRES>;
 

@@ -46,6 +46,23 @@ inline Window window_of(Widget w) {
     return w != nullptr ? w->core.window : None;
 }
 
+/// True for a widget whose destruction has begun. Inside a callback its callbacks come only when that callback returns:
+/// a loop that runs there and waits for them would not end.
+inline bool is_dying(Widget w) {
+    return w->core.being_destroyed != False;
+}
+
+inline void end_of_its_window(Widget shell, XtPointer, XEvent* event, Boolean*) {
+    const bool own = event->type == DestroyNotify && event->xdestroywindow.window == window_of(shell);
+    if (own && !is_dying(shell)) XtDestroyWidget(shell);
+}
+
+/// Destroys a shell whose window another client has destroyed.
+inline void end_with_its_window(Widget shell) {
+    if (shell != nullptr && XtIsShell(shell))
+        XtAddEventHandler(shell, StructureNotifyMask, False, end_of_its_window, nullptr);
+}
+
 /// Asks for the exposure of a widget and of everything in it.
 inline void redraw(Widget w) {
     if (window_of(w) == None) return;

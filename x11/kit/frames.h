@@ -1,0 +1,40 @@
+// The frames that a window manager puts windows into.
+#pragma once
+
+#include <X11/Xlib.h>
+
+#include "xt_ini_t.h"
+
+namespace grx {
+
+/// What the server tells of the windows around one.
+class WindowTree {
+  public:
+    explicit WindowTree(Window window) {
+        if (XQueryTree(x11_disp, window, &root_, &parent_, &children_, &count_) == 0) parent_ = None;
+    }
+    ~WindowTree() {
+        if (children_ != nullptr) XFree(children_);
+    }
+    WindowTree(const WindowTree&) = delete;
+    WindowTree& operator=(const WindowTree&) = delete;
+
+    Window parent() const { return parent_ != root_ ? parent_ : None; } // None for the root itself
+
+  private:
+    Window root_ = None;
+    Window parent_ = None;
+    Window* children_ = nullptr;
+    unsigned int count_ = 0;
+};
+
+/// The window manager's frame, or the window itself where there is none.
+inline Window frame_of(Window window) {
+    for (;;) {
+        const Window parent = WindowTree(window).parent();
+        if (parent == None) return window;
+        window = parent;
+    }
+}
+
+} // namespace grx
