@@ -60,11 +60,6 @@ inline void draw_line(Drawable target, int x1, int y1, int x2, int y2) {
         XDrawLine(x11_disp, target, g_c, x1, y1, x2, y2);
 }
 
-inline void draw_rectangle(Drawable target, int x, int y, unsigned int width, unsigned int height) {
-    if (!join(X_PolyRectangle, target, xRectangle{p16(x), p16(y), u16(width), u16(height)}))
-        XDrawRectangle(x11_disp, target, g_c, x, y, width, height);
-}
-
 inline void fill_rectangle(Drawable target, int x, int y, unsigned int width, unsigned int height) {
     if (!join(X_PolyFillRectangle, target, xRectangle{p16(x), p16(y), u16(width), u16(height)}))
         XFillRectangle(x11_disp, target, g_c, x, y, width, height);
@@ -76,9 +71,12 @@ struct ArcBox {
     int start, extent; // 64ths of a degree
 };
 
+inline bool join_arc(CARD8 type, Drawable target, const ArcBox& a) {
+    return join(type, target, xArc{p16(a.x), p16(a.y), u16(a.width), u16(a.height), p16(a.start), p16(a.extent)});
+}
+
 inline void fill_arc(Drawable target, const ArcBox& a) {
-    const xArc arc{p16(a.x), p16(a.y), u16(a.width), u16(a.height), p16(a.start), p16(a.extent)};
-    if (!join(X_PolyFillArc, target, arc))
+    if (!join_arc(X_PolyFillArc, target, a))
         XFillArc(x11_disp, target, g_c, a.x, a.y, a.width, a.height, a.start, a.extent);
 }
 
