@@ -289,9 +289,15 @@ unsigned int covering(INT from, INT to) {
     return std::min<unsigned int>(span(from, to) + 1, UINT16_MAX);
 }
 
+bool in_memory(Drawable target) {
+    return (image_redess != nullptr && target == *image_redess)
+           || (image_redess_bouton != nullptr && target == *image_redess_bouton);
+}
+
 void outline_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
-    grx::draw_outline(target, corners_of(r));
+    const auto draw = in_memory(target) ? grx::draw_outline_in_memory : grx::draw_outline_on_screen;
+    draw(target, corners_of(r));
 }
 
 void fill_rectangle(Drawable target, const GRX_RECTANGLE& r) {

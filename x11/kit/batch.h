@@ -60,6 +60,11 @@ inline void draw_line(Drawable target, int x1, int y1, int x2, int y2) {
         XDrawLine(x11_disp, target, g_c, x1, y1, x2, y2);
 }
 
+inline void draw_rectangle(Drawable target, int x, int y, unsigned int width, unsigned int height) {
+    if (!join(X_PolyRectangle, target, xRectangle{p16(x), p16(y), u16(width), u16(height)}))
+        XDrawRectangle(x11_disp, target, g_c, x, y, width, height);
+}
+
 inline void fill_rectangle(Drawable target, int x, int y, unsigned int width, unsigned int height) {
     if (!join(X_PolyFillRectangle, target, xRectangle{p16(x), p16(y), u16(width), u16(height)}))
         XFillRectangle(x11_disp, target, g_c, x, y, width, height);

@@ -68,14 +68,19 @@ inline void draw_closed_line(Drawable target, const Outline& o) {
     XDrawLines(x11_disp, target, g_c, points, 5, CoordModeOrigin);
 }
 
-inline void draw_outline(Drawable target, const Outline& o) {
+inline void draw_outline_on_screen(Drawable target, const Outline& o) {
     if (segments_will_do()) {
         draw_sides(target, o);
     } else if (!solid_lines() || thin_lines()) {
         draw_closed_line(target, o);
     } else if (!fill_sides(target, o)) {
-        XDrawRectangle(x11_disp, target, g_c, o.left, o.top, o.width(), o.height());
+        draw_rectangle(target, o.left, o.top, o.width(), o.height());
     }
+}
+
+/// In a picture nothing is noted: the shortest request is the best.
+inline void draw_outline_in_memory(Drawable target, const Outline& o) {
+    draw_rectangle(target, o.left, o.top, o.width(), o.height());
 }
 
 /// Thin arcs do not join each other: one request of them draws what as many requests do.
