@@ -1,4 +1,4 @@
-// Each drawing primitive against plain Xlib sending the same requests, in one process on one server.
+// Each drawing primitive against Xlib's own call for it, in one process on one server.
 // Usage: bench_primitives [--gate]   (--gate: fail when one falls clearly below 0.95 of plain Xlib)
 #include "bench/chrono.h"
 #include "bench/session.h"

@@ -74,13 +74,20 @@ bool font_cursor(INT curseur) {
     return curseur >= kFirstFontCursor && curseur < GRX_CURS_CONCENTRIQUE;
 }
 
-// A shape of the cursor font is made when it is first used: each is looked up in the files of the user's cursor
-// theme, and a start that looked up all ten would take a third longer.
+Cursor new_cursor(INT curseur) {
+    if (font_cursor(curseur))
+        return XCreateFontCursor(x11_disp, kFontShapes[static_cast<std::size_t>(curseur - kFirstFontCursor)]);
+    if (curseur == GRX_CURS_CROIX) return bitmap_cursor(grx::bits_curseur_croix, grx::kCrossSide, kCrossHotSpot);
+    const auto snap = static_cast<std::size_t>(curseur - GRX_CURS_CONCENTRIQUE);
+    return bitmap_cursor(*kSnapShapes[snap], grx::kSnapSide, kSnapHotSpot);
+}
+
+// A cursor is made when it is first used: a start that made all of them would send many requests for shapes that are
+// seldom shown, and look up those of the cursor font in the files of the user's cursor theme.
 Cursor cursor_of(INT curseur) {
-    if (!known_cursor(curseur)) return None;
+    if (!known_cursor(curseur) || curseur == GRX_CURS_AUCUN || x11_disp == nullptr) return None;
     Cursor& cursor = curs_pix[static_cast<std::size_t>(curseur)];
-    if (cursor == None && font_cursor(curseur) && x11_disp != nullptr)
-        cursor = XCreateFontCursor(x11_disp, kFontShapes[static_cast<std::size_t>(curseur - kFirstFontCursor)]);
+    if (cursor == None) cursor = new_cursor(curseur);
     return cursor;
 }
 
@@ -89,12 +96,7 @@ Cursor cursor_of(INT curseur) {
 extern "C" {
 
 INT grx_definit_tous_curseurs(void) {
-    if (x11_disp == nullptr) return 0;
-    std::size_t number = GRX_CURS_AUCUN;
-    curs_pix[number++] = None;
-    curs_pix[number++] = bitmap_cursor(grx::bits_curseur_croix, grx::kCrossSide, kCrossHotSpot);
-    for (std::size_t i = 0; i < kFontShapes.size(); ++i) curs_pix[number++] = None;
-    for (const auto* bits : kSnapShapes) curs_pix[number++] = bitmap_cursor(*bits, grx::kSnapSide, kSnapHotSpot);
+    curs_pix = {};
     return 0;
 }
 
@@ -111,7 +113,7 @@ INT grx_change_curseur(INT curseur, INT nofen) {
 
 INT grx_change_couleur_curseur(INT curseur, INT couleur) {
     const Cursor cursor = cursor_of(curseur);
-    if (cursor == None || x11_disp == nullptr) return 0;
+    if (cursor == None) return 0;
     XColor foreground = colour_of(couleur);
     XColor background = white();
     XRecolorCursor(x11_disp, cursor, &foreground, &background);

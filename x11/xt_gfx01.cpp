@@ -9,9 +9,9 @@
 #include <numeric>
 #include <span>
 
-#include "kit/batch.h"
 #include "kit/drawables.h"
 #include "kit/images.h"
+#include "kit/outlines.h"
 #include "kit/screen.h"
 #include "kit/transfer.h"
 #include "pure/axis.h"
@@ -284,11 +284,7 @@ void draw_segment(Drawable target, const GRX_SEGMENT& s) {
     }
 }
 
-struct Corners {
-    INT left, top, right, bottom;
-};
-
-Corners corners_of(const GRX_RECTANGLE& r) {
+grx::Outline corners_of(const GRX_RECTANGLE& r) {
     const auto [left, right] = std::minmax(r.x1, r.x2);
     const auto [top, bottom] = std::minmax(r.y1, r.y2);
     if (fits16({left, right, top, bottom})) return {left, top, right, bottom};
@@ -304,15 +300,20 @@ unsigned int covering(INT from, INT to) {
     return std::min<unsigned int>(span(from, to) + 1, UINT16_MAX);
 }
 
+bool in_memory(Drawable target) {
+    return (image_redess != nullptr && target == *image_redess)
+           || (image_redess_bouton != nullptr && target == *image_redess_bouton);
+}
+
 void outline_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
-    const Corners c = corners_of(r);
-    grx::draw_rectangle(target, c.left, c.top, span(c.left, c.right), span(c.top, c.bottom));
+    const auto draw = in_memory(target) ? grx::draw_outline_in_memory : grx::draw_outline_on_screen;
+    draw(target, corners_of(r));
 }
 
 void fill_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     if (target == None) return;
-    const Corners c = corners_of(r);
+    const grx::Outline c = corners_of(r);
     grx::fill_rectangle(target, c.left, c.top, covering(c.left, c.right), covering(c.top, c.bottom));
 }
 
@@ -352,6 +353,10 @@ constexpr INT kArcUnits = 64; // X counts angles in 64ths of a degree
 
 INT start_of(const GRX_ARC& arc) {
     return arc.angle_dep % kFullTurn * kArcUnits;
+}
+
+grx::ArcBox box_of(const GRX_ARC& arc) {
+    return {arc.x, arc.y, arc.lar, arc.hau, start_of(arc), extent_of(arc) * kArcUnits};
 }
 
 XPoint* points_of(const GRX_POLY& poly) {
@@ -447,19 +452,19 @@ void grx_trace_arc(GRX_ARC arc) {
         draw_chords(target, arc);
         return;
     }
-    XDrawArc(x11_disp, target, g_c, arc.x, arc.y, arc.lar, arc.hau, start_of(arc), extent_of(arc) * kArcUnits);
+    grx::draw_arc(target, box_of(arc));
 }
 
 void grx_remplit_arc(GRX_ARC arc) {
     const Drawable target = open_window(arc.nofen, arc.attrib);
     if (target == None || !box_fits(arc)) return;
-    grx::fill_arc(target, {arc.x, arc.y, arc.lar, arc.hau, start_of(arc), extent_of(arc) * kArcUnits});
+    grx::fill_arc(target, box_of(arc));
 }
 
 void grx_trace_polyline(GRX_POLY poly) {
     const Drawable target = open_window(poly.nofen, poly.attrib);
     if (target == None || !has_points(poly)) return;
-    XDrawLines(x11_disp, target, g_c, points_of(poly), poly.npoints, CoordModeOrigin);
+    grx::draw_polyline(target, {points_of(poly), static_cast<std::size_t>(poly.npoints)});
 }
 
 void grx_remplit_polygone(GRX_POLY poly) {

@@ -458,6 +458,7 @@ void grx_desinstalle_bitmap(INT nobou) {
 namespace {
 
 SICON* tab_icon_mem = nullptr;
+SICON** tab_icon_end = &tab_icon_mem; // at or near the end: where the next one is hung
 ENRICON icon_courante{};
 
 bool named(const ENRICON& icon, const char* name) {
@@ -484,6 +485,7 @@ extern "C" {
 
 INT init_tab_icon(void) {
     tab_icon_mem = nullptr;
+    tab_icon_end = &tab_icon_mem;
     icon_courante.nom_icon[0] = '\0';
     return 0;
 }
@@ -491,9 +493,8 @@ INT init_tab_icon(void) {
 INT append_icon(ENRICON enr_icon) {
     SICON* const entry = new_entry(enr_icon);
     if (entry == nullptr) return 1;
-    SICON** end = &tab_icon_mem;
-    while (*end != nullptr) end = &(*end)->suiv;
-    *end = entry;
+    while (*tab_icon_end != nullptr) tab_icon_end = &(*tab_icon_end)->suiv;
+    *tab_icon_end = entry;
     return 0;
 }
 

@@ -5,11 +5,13 @@
 #include <X11/StringDefs.h>
 #include <Xm/DisplayP.h>
 #include <Xm/DragDrop.h>
+#include <Xm/DropSMgrP.h>
 #include <Xm/Xm.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 #include "kit/args.h"
@@ -137,11 +139,31 @@ void keep_display_object() {
     ++reinterpret_cast<XmDisplayRec*>(XmGetXmDisplay(x11_disp))->display.shellCount;
 }
 
+// What the toolkit and Xlib would ask the server for one by one, each with an answer to wait for.
+void intern_names_at_once() {
+    static const char* const names[] = {
+        "_MOTIF_DEFAULT_BINDINGS", "WM_LOCALE_NAME", "WM_CLIENT_LEADER", "UTF8_STRING", "STRING"};
+    Atom atoms[std::size(names)];
+    XInternAtoms(x11_disp, const_cast<char**>(names), std::size(names), False, atoms);
+}
+
+void no_drop_site(XmDropSiteManagerObject, Widget, ArgList, Cardinal) {}
+void no_drop_site_there(XmDropSiteManagerObject, Widget) {}
+
+// Text fields offer themselves to drags even when nothing can be dropped: the first asks the server for tables that all
+// applications share, and makes them on a connection of its own when they are not there.
+void offer_no_drop_sites() {
+    XmDropSiteManagerClassPart& sites = xmDropSiteManagerClassRec.dropManager_class;
+    sites.createInfo = sites.updateInfo = sites.retrieveInfo = no_drop_site;
+    sites.destroyInfo = sites.startUpdate = sites.endUpdate = no_drop_site_there;
+}
+
 // A press of the second mouse button on a label would otherwise start a drag that takes over the event loop.
 void turn_off_drag_and_drop() {
     Widget display_object = XmGetXmDisplay(x11_disp);
     grx::set_resource(display_object, XmNdragInitiatorProtocolStyle, XmDRAG_NONE);
     grx::set_resource(display_object, XmNdragReceiverProtocolStyle, XmDRAG_NONE);
+    offer_no_drop_sites();
 }
 
 void load_font() {
@@ -329,6 +351,7 @@ INT grx_init_application(void) {
         grx_erreur(GRX_ERR_DISPLAY);
         return 0;
     }
+    intern_names_at_once();
     turn_off_drag_and_drop();
     keep_display_object();
     grx::watch_places_of_shells(x11_disp);

@@ -98,7 +98,7 @@ void PlainPicture::apply(const GRX_ATTRIBUTS_TRACER& a) {
     XSetDashes(display_, context_, 0, list.data(), static_cast<int>(list.size()));
 }
 
-void PlainPicture::draw(const Primitive& p) {
+void draw_plainly(Display* display, Drawable target, GC context, const Primitive& p) {
     const auto& v = p.v;
     const int left = std::min(v[0], v[2]), top = std::min(v[1], v[3]);
     const auto across = static_cast<unsigned>(std::abs(v[0] - v[2])),
@@ -107,22 +107,25 @@ void PlainPicture::draw(const Primitive& p) {
     auto* list = reinterpret_cast<XPoint*>(points.data());
     const int count = static_cast<int>(points.size());
     const auto wide = static_cast<unsigned>(v[2]), high = static_cast<unsigned>(v[3]);
-    apply(p.attrib);
     switch (p.kind) {
-    case Kind::point: XDrawPoint(display_, pixmap_, context_, v[0], v[1]); break;
-    case Kind::segment: XDrawLine(display_, pixmap_, context_, v[0], v[1], v[2], v[3]); break;
-    case Kind::rectangle: XDrawRectangle(display_, pixmap_, context_, left, top, across, down); break;
-    case Kind::filled_rectangle: XFillRectangle(display_, pixmap_, context_, left, top, across + 1, down + 1); break;
-    case Kind::arc: XDrawArc(display_, pixmap_, context_, v[0], v[1], wide, high, v[4] * 64, (v[5] - v[4]) * 64); break;
+    case Kind::point: XDrawPoint(display, target, context, v[0], v[1]); break;
+    case Kind::segment: XDrawLine(display, target, context, v[0], v[1], v[2], v[3]); break;
+    case Kind::rectangle: XDrawRectangle(display, target, context, left, top, across, down); break;
+    case Kind::filled_rectangle: XFillRectangle(display, target, context, left, top, across + 1, down + 1); break;
+    case Kind::arc: XDrawArc(display, target, context, v[0], v[1], wide, high, v[4] * 64, (v[5] - v[4]) * 64); break;
     case Kind::filled_arc:
-        XFillArc(display_, pixmap_, context_, v[0], v[1], wide, high, v[4] * 64, (v[5] - v[4]) * 64);
+        XFillArc(display, target, context, v[0], v[1], wide, high, v[4] * 64, (v[5] - v[4]) * 64);
         break;
-    case Kind::polyline: XDrawLines(display_, pixmap_, context_, list, count, CoordModeOrigin); break;
-    case Kind::polygon: XFillPolygon(display_, pixmap_, context_, list, count, Complex, CoordModeOrigin); break;
-    case Kind::triangle: XFillPolygon(display_, pixmap_, context_, list, count, Nonconvex, CoordModeOrigin); break;
+    case Kind::polyline: XDrawLines(display, target, context, list, count, CoordModeOrigin); break;
+    case Kind::polygon: XFillPolygon(display, target, context, list, count, Complex, CoordModeOrigin); break;
+    case Kind::triangle: XFillPolygon(display, target, context, list, count, Nonconvex, CoordModeOrigin); break;
     }
-    // Nothing joins this request to the next one: an empty request stands between them.
-    XNoOp(display_);
+    XNoOp(display);
+}
+
+void PlainPicture::draw(const Primitive& p) {
+    apply(p.attrib);
+    draw_plainly(display_, pixmap_, context_, p);
 }
 
 // --- at random ----------------------------------------------------------------------------------------------

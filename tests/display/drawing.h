@@ -41,6 +41,9 @@ void draw(INT nofen, const Primitive& primitive);
 void draw_on_button(INT nobou, const Primitive& primitive);
 bool has_button_twin(Primitive::Kind kind);
 
+// Xlib's own call for it, with a context that is ready. Nothing joins the request to the next one: an empty one follows.
+void draw_plainly(Display* display, Drawable target, GC context, const Primitive& primitive);
+
 // A pixmap on which plain Xlib draws what the library should: each primitive alone, each with its context set whole.
 class PlainPicture {
   public:

@@ -7,8 +7,10 @@
 
 #include <Xm/XmAll.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -588,6 +590,42 @@ TEST_F(NamedIcons, ShortageLeavesTheList) {
     EXPECT_EQ(found->suiv, nullptr);
     grx_free(reinterpret_cast<char*>(b.tab_pix), b.taille_buffer); // still the caller's
     desalloue_tab_icon();
+}
+
+double processor_seconds() {
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+// Blocks of a thousand. The best of the first five, or of the last: what another process disturbs is not counted.
+TEST_F(NamedIcons, TheLastOfManyIsAppendedAsQuicklyAsTheFirst) {
+    constexpr int blocks = 30, looked_at = 5;
+    double first = 1e9, last = 1e9;
+    for (int block = 0; block < blocks; ++block) {
+        const double start = processor_seconds();
+        for (int i = 0; i < 1000; ++i) {
+            ENRICON record{};
+            record.nom_icon[0] = 'i';
+            append_icon(record);
+        }
+        const double taken = processor_seconds() - start;
+        if (block < looked_at) first = std::min(first, taken);
+        if (block >= blocks - looked_at) last = std::min(last, taken);
+    }
+    EXPECT_LT(last, 6 * first);
+}
+
+TEST_F(NamedIcons, AfterAnEndThatIsGoneTheListBeginsAnew) {
+    EXPECT_EQ(append_icon(icon("a", 1, 1, 1)), 0);
+    EXPECT_EQ(append_icon(icon("b", 1, 1, 1)), 0);
+    EXPECT_EQ(desalloue_tab_icon(), 0);
+    EXPECT_EQ(append_icon(icon("c", 1, 1, 1)), 0);
+    EXPECT_EQ(append_icon(icon("d", 1, 1, 1)), 0);
+    ENRICON* found = nullptr;
+    EXPECT_EQ(find("a", &found), 0);
+    EXPECT_EQ(find("c", &found), 1);
+    EXPECT_STREQ(found->suiv->nom_icon, "d");
 }
 
 } // namespace

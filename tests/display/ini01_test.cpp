@@ -1,6 +1,8 @@
 // Start-up: the display, the visual, the font, the screen, the measured character cell, and what is left behind.
 #include "tests/display/window_kit.h"
 #include "tests/support/cell_hog.h"
+#include "tests/support/controls.h"
+#include "tests/support/counters.h"
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"
 
@@ -745,6 +747,56 @@ TEST_F(StartUp, TheMainLoopDispatches) {
     EXPECT_EQ(evt_global.type_evenement, GRX_EVT_BOUTON_RELACHE);
     EXPECT_EQ(evt_global.bouton_relache.nofen, window);
     EXPECT_EQ(evt_global.bouton_relache.x, 30);
+}
+
+// --- what start-up asks the server and waits for ------------------------------------------------------------------
+
+class StartTripsOn24 : public XTest {}; // on 8 planes every colour cell is asked for by itself
+
+TEST_F(StartTripsOn24, AreFewUntilTheFirstPicture) {
+    const unsigned long before = x_totals().round_trips;
+    ASSERT_EQ(grx_alloue_base_fenetres(), 0);
+    ASSERT_EQ(grx_alloue_base_boutons(), 0);
+    ASSERT_EQ(outcome_of(grx_init_application).result, 1);
+    EXPECT_LE(x_totals().round_trips - before, 70U);
+    GRX_FENETRE window;
+    grx_init_fenetre(&window);
+    window.type = GRX_FEN_GRAPHIQUE;
+    window.droite = 600;
+    window.haut = 400;
+    ASSERT_EQ(grx_cree_fenetre(&window), 0);
+    GRX_EVENEMENT event{};
+    while (event.type_evenement != GRX_EVT_AFFICHAGE) grx_digitaliseur(&event, 1);
+    EXPECT_LE(x_totals().round_trips - before, 77U);
+}
+
+class NoDropSites : public DisplayTest {};
+
+// Nothing can be dropped on it, so it asks nothing about drags.
+TEST_F(NoDropSites, ATextFieldAsksTheServerNothing) {
+    GRX_FENETRE window;
+    grx_init_fenetre(&window);
+    window.type = GRX_FEN_ALPHA;
+    window.droite = window.haut = 300;
+    ASSERT_EQ(grx_cree_fenetre(&window), 0);
+    GRX_BOUTON field = button_at(GRX_BOU_TEXTE, window.nofen, {10, 10, 100, 30});
+    field.attrib |= GRX_BOU_ATT_TEXTE_LECTURE; // an editable one opens an input method
+    const Cost cost(x11_disp);
+    ASSERT_EQ(grx_cree_bouton(&field), 0);
+    EXPECT_EQ(cost.round_trips(), 0U);
+    Widget w = grx_recup_objet_bout(field.nobou);
+    XtVaSetValues(w, XmNeditable, True, nullptr);
+    XtVaSetValues(w, XmNeditable, False, nullptr);
+    EXPECT_EQ(grx_detruit_bouton(field.nobou), 0);
+    drain();
+    const Atom drags = XInternAtom(test_display(), "_MOTIF_DRAG_WINDOW", False);
+    Atom type = None;
+    int format = 0;
+    unsigned long items = 0, left = 0;
+    unsigned char* value = nullptr;
+    XGetWindowProperty(test_display(), DefaultRootWindow(test_display()), drags, 0, 1, False, AnyPropertyType, &type,
+        &format, &items, &left, &value);
+    EXPECT_EQ(type, Atom{None}); // the window of all drags was made for nobody
 }
 
 } // namespace

@@ -132,9 +132,11 @@ TEST_F(TableChoices, TouchNothingElseOfIt) {
 
 TEST_F(TableChoices, KeysTypedAfterAChoiceAreTheWindows) {
     create(three);
+    settle();
     for (int round = 0; round < 3; ++round) {
         ASSERT_NO_FATAL_FAILURE(choose(1));
         ASSERT_TRUE(events.wait(GRX_EVT_EXEC_FONCTION)) << events.describe();
+        ASSERT_TRUE(wait_for([&] { return !visible(XtWindow(control(numbers()[1]))); }));
         pointer().move_in(widget_of(window), 300, 200);
         settle();
         keyboard().key(XK_Escape);

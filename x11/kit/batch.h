@@ -76,9 +76,12 @@ struct ArcBox {
     int start, extent; // 64ths of a degree
 };
 
+inline bool join_arc(CARD8 type, Drawable target, const ArcBox& a) {
+    return join(type, target, xArc{p16(a.x), p16(a.y), u16(a.width), u16(a.height), p16(a.start), p16(a.extent)});
+}
+
 inline void fill_arc(Drawable target, const ArcBox& a) {
-    const xArc arc{p16(a.x), p16(a.y), u16(a.width), u16(a.height), p16(a.start), p16(a.extent)};
-    if (!join(X_PolyFillArc, target, arc))
+    if (!join_arc(X_PolyFillArc, target, a))
         XFillArc(x11_disp, target, g_c, a.x, a.y, a.width, a.height, a.start, a.extent);
 }
 
