@@ -428,7 +428,7 @@ void on_kill_done(Widget, XtPointer, Atom*, Atom*, XtPointer value, unsigned lon
 void delete_selection(Time time) {
     Widget text = at(kText);
     const Atom request = XInternAtom(x11_disp, "KILL_SELECTION", False);
-    XtGetSelectionValue(grx::selection_requestor(), XA_PRIMARY, request, on_kill_done, nullptr, time);
+    XtGetSelectionValue(grx::hidden_shell(), XA_PRIMARY, request, on_kill_done, nullptr, time);
     XmTextPosition left = 0, right = 0;
     if (XmTextGetSelectionPosition(text, &left, &right) && left != right) XmTextRemove(text);
 }

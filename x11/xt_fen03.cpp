@@ -2,6 +2,7 @@
 #include "xt_prive.h"
 
 #include <X11/StringDefs.h>
+#include <Xm/BulletinB.h>
 #include <Xm/CascadeB.h>
 #include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
@@ -21,6 +22,7 @@
 #include "kit/args.h"
 #include "kit/block.h"
 #include "kit/forwarded.h"
+#include "kit/hidden_shell.h"
 #include "kit/kept.h"
 #include "kit/keyboard.h"
 #include "kit/option_menu.h"
@@ -165,8 +167,29 @@ void forget_entry(Widget entry, XtPointer, XtPointer) {
     }
 }
 
+Widget make_cascade(Widget support, const char* text, Widget submenu) {
+    const grx::CompoundString label(text);
+    grx::Args args;
+    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, submenu);
+    grx::set_menu_look(args);
+    return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
+}
+
+// The toolkit forgets its arrow pictures, without freeing them, when the last cascade button of a look goes: one that
+// nobody sees, with the look of now, is there whenever menus are taken down.
+void keep_a_cascade() {
+    static Widget board = nullptr;
+    static Widget spare = nullptr;
+    Widget const before = spare;
+    if (board == nullptr) board = XmCreateBulletinBoard(grx::hidden_shell(), const_cast<char*>("spare"), nullptr, 0);
+    spare = grx_debut_sous_menu_bar(board);
+    if (spare != nullptr) make_cascade(spare, " ", grx_debut_sous_menu_bar(spare));
+    if (before != nullptr) XtDestroyWidget(before);
+}
+
 void forget_bar(Widget bar, XtPointer, XtPointer) {
     if (bar != Glob_menu_bar) return;
+    keep_a_cascade();            // those of the bar go when all callbacks are done
     accelerators.clear(nullptr); // the grabs go with the window
     forget_entries();
     Glob_menu_bar = nullptr;
@@ -510,33 +533,6 @@ void build_bar(Widget parent, FILE* file) {
     XtManageChild(Glob_menu_bar);
 }
 
-Widget make_cascade(Widget support, const char* text, Widget submenu) {
-    const grx::CompoundString label(text);
-    grx::Args args;
-    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, submenu);
-    grx::set_menu_look(args);
-    return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
-}
-
-// The toolkit forgets its arrow pictures, without freeing them, when the last cascade button of a look goes: one that
-// nobody sees, with the look of now, stays while the menus are taken down and built again. It goes with the main window.
-Widget spare_menu = nullptr;
-
-void forget_spare(Widget menu, XtPointer, XtPointer) {
-    if (menu == spare_menu) spare_menu = nullptr;
-}
-
-void keep_a_cascade() {
-    Widget const before = spare_menu;
-    if (top_manager() == nullptr) return;
-    spare_menu = grx_debut_sous_menu_bar(top_manager());
-    if (spare_menu != nullptr) {
-        XtAddCallback(spare_menu, XmNdestroyCallback, forget_spare, nullptr);
-        make_cascade(spare_menu, " ", grx_debut_sous_menu_bar(spare_menu));
-    }
-    if (before != nullptr) XtDestroyWidget(before);
-}
-
 // The youngest first: the shell of a submenu goes with the menu that holds it.
 template <std::size_t N>
 void destroy_all(std::array<Widget, N>& widgets, int count) {
@@ -623,7 +619,7 @@ INT grx_fin_menu_bar(void) {
 INT grx_detruit_menu_bar(void) {
     grx::close_menus(Glob_menu_bar); // the toolkit goes on with menus that go while they are open
     accelerators.clear(top_manager());
-    keep_a_cascade();
+    if (Glob_menu_bar != nullptr) keep_a_cascade();
     for (std::size_t i = 0; i < Nb_objet; ++i) {
         if (Tab_objet[i] != nullptr) XtDestroyWidget(Tab_objet[i]);
     }

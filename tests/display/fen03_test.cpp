@@ -1202,6 +1202,23 @@ class Rebuilding : public MenuTest {
     }
 };
 
+TEST_F(Rebuilding, MainWindowsWithMenusLeaveNothingInTheServer) {
+    const Widget own = XmGetXmDisplay(x11_disp);
+    const auto once = [this] {
+        const INT window = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE | GRX_FEN_ATT_PRINCIPALE, 300, 200);
+        ASSERT_GT(window, 0);
+        grx_affecte_nofen_principale(window);
+        drain();
+        grx_detruit_fenetre(window);
+        drain();
+    };
+    write_menu(example);
+    for (int i = 0; i < 3; ++i) once();
+    const auto before = server_resources(test_display(), XtWindow(own));
+    for (int i = 0; i < 50; ++i) once();
+    EXPECT_EQ(server_resources(test_display(), XtWindow(own)), before);
+}
+
 TEST_F(Rebuilding, AHundredTimesChangesNothing) {
     const auto [before, after] = a_hundred_times(main_window(keys));
     EXPECT_EQ(before, after);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <X11/Intrinsic.h>
-#include <X11/Shell.h>
 #include <X11/StringDefs.h>
 #include <X11/Xatom.h>
 
@@ -12,26 +11,14 @@
 
 #include "kit/args.h"
 #include "kit/block.h"
+#include "kit/hidden_shell.h"
 #include "kit/queue.h"
-#include "kit/screen.h"
 #include "kit/widgets.h"
 
 namespace grx {
 
-/// The widget that asks: never shown, never destroyed. The toolkit goes on using it for seconds, when the owner does not
-/// answer, and would not notice that one of a window had gone.
-inline Widget selection_requestor() {
-    static Widget shell = nullptr;
-    if (shell != nullptr) return shell;
-    Args args;
-    args.set(XmNwidth, 1).set(XmNheight, 1).set(XmNmappedWhenManaged, False);
-    set_screen(args);
-    shell = XtAppCreateShell("requestor", "Requestor", overrideShellWidgetClass, x11_disp, args.list(), args.count());
-    XtRealizeWidget(shell);
-    return shell;
-}
-
-/// One attempt at a time: a new one, or the end of its time, makes the one before forgotten.
+/// One attempt at a time: a new one, or the end of its time, makes the one before forgotten. The widget that asks is one
+/// that never goes: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
 class SelectionText {
   public:
     using Formats = std::array<const char*, 2>; // in the order in which they are asked for
@@ -65,7 +52,7 @@ class SelectionText {
         format_ = format;
         const Atom target = XInternAtom(x11_disp, formats_[format], False);
         asking_ = this;
-        XtGetSelectionValue(selection_requestor(), selection_, target, on_answer, as_client_data(attempt_), time_);
+        XtGetSelectionValue(hidden_shell(), selection_, target, on_answer, as_client_data(attempt_), time_);
     }
 
     // Most owners answer at once. The text then stands before what is typed next, which stays in the queue meanwhile.
@@ -86,7 +73,7 @@ class SelectionText {
 
     static Bool is_ours(Display*, XEvent* event, XPointer) {
         const bool kind = event->type == SelectionNotify || event->type == PropertyNotify;
-        return kind && event->xany.window == window_of(selection_requestor()) ? True : False;
+        return kind && event->xany.window == window_of(hidden_shell()) ? True : False;
     }
 
     static void give_up(XtPointer self, XtIntervalId*) {
