@@ -105,7 +105,7 @@ GRX_API INT grx_affiche_bord_fenetre(INT nofen);
 
 /* --- cursors ----------------------------------------------------------------------------- */
 
-/* Creates the table of cursors; part of start-up. */
+/* Empties the table of cursors, each of which is made when it is first used; part of start-up. */
 GRX_API INT grx_definit_tous_curseurs(void);
 
 /* Gives a cursor (GRX_CURS_..., others do nothing) to a realised widget, or to a window's shell. */
