@@ -1,6 +1,6 @@
 // Panels against plain Motif making the same widgets, in one process on one server.
 // Usage: bench_panels [--gate]
-#include "bench/chrono.h"
+#include "bench/report.h"
 
 #include "host_f.h"
 #include "host_g.h"
@@ -21,28 +21,21 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <numeric>
 #include <string>
 #include <vector>
 
 namespace {
 
-constexpr INT kItems = 40, kEntries = 10000, kKey = 5;
+constexpr INT kItems = 40, kMany = 250, kEntries = 10000, kLong = 30000, kKey = 5;
 constexpr int kRounds = 9;
-constexpr double kNoise = 0.10;
-int above = 0;
 
-void report(const char* name, const grxbench::Comparison& c, double most) {
-    const double ratio = c.library / c.plain;
-    std::printf("%-24s plain Motif %7.1f ms  grx %7.1f ms  ratio %.2f (at most %.2f)\n", name, c.plain * 1e3,
-        c.library * 1e3, ratio, most);
-    if (ratio > most + kNoise) ++above;
-}
-
-INT open_window() {
+INT open_window(bool visible = true) {
     GRX_FENETRE fenetre;
     grx_init_fenetre(&fenetre);
     fenetre.type = GRX_FEN_ALPHA;
     fenetre.droite = fenetre.haut = 700;
+    if (!visible) fenetre.attrib &= ~GRX_FEN_ATT_VISIBLE;
     return grx_cree_fenetre(&fenetre) == 0 ? fenetre.nofen : -1;
 }
 
@@ -76,11 +69,11 @@ INT kind(INT item) {
 
 // --- the library's side
 
-void library_item(INT nofen, INT item) {
+void library_item(INT nofen, INT item, INT type) {
     GRX_MSG message{};
     grx_init_message(&message);
-    message.type = kind(item);
-    message.clef = item;
+    message.type = type;
+    message.clef = item % kItems;
     message.nobou = 0;
     message.prebou = item;
     message.fen_mere = nofen;
@@ -94,9 +87,24 @@ void library_item(INT nofen, INT item) {
 
 void library_panel() {
     const INT nofen = open_window();
-    for (INT item = 0; item < kItems; ++item) library_item(nofen, item);
+    for (INT item = 0; item < kItems; ++item) library_item(nofen, item, kind(item));
     close_window(nofen);
     grx_supprime_items(0);
+}
+
+// Items of one kind in a window that is on show, or is shown when they are there.
+void library_items(INT type, INT count, bool on_show) {
+    const INT nofen = open_window(on_show);
+    show();
+    for (INT item = 0; item < count; ++item) library_item(nofen, item, type);
+    if (!on_show) grx_affiche_fenetre(nofen);
+    close_window(nofen);
+    grx_supprime_items(0);
+    for (INT key = 0; key < kItems; ++key) grx_supprime_item_liste(0, key);
+}
+
+void items_of_every_kind(INT count) {
+    for (const INT type : {10, 20, 21, 22, 23, 31, 32, 33, 50, 60, 70, 81, 90, 100}) library_items(type, count, true);
 }
 
 // --- the plain side: the same widgets, resources and handlers
@@ -226,27 +234,46 @@ void plain_item(Widget parent, INT item) {
 
 void plain_panel() {
     const INT nofen = open_window(); // its cost is the same on both sides
-    for (INT item = 0; item < kItems; ++item) plain_item(grx_recup_objet_fen(nofen), item);
+    Widget form = XmCreateForm(grx_recup_objet_fen(nofen), const_cast<char*>("plain"), nullptr, 0);
+    XtManageChild(form);
+    for (INT item = 0; item < kItems; ++item) plain_item(form, item);
     close_window(nofen);
 }
 
 // --- lists
 
-std::vector<std::array<char, 80>> entries(kEntries);
+std::vector<std::array<char, 80>> entries(kLong);
+std::vector<INT> positions(kLong);
 
-void library_list() {
-    const INT nofen = open_window();
+INT make_list(INT nofen, INT count, INT type) {
     GRX_MSG message{};
     grx_init_message(&message);
     message.clef = kKey + GRX_BASE_CLEF_LISTE;
-    message.nb_cara = kEntries;
+    message.type = type;
+    message.nb_cara = count;
     message.nobou = 0;
     message.fen_mere = nofen;
     message.x = message.y = 10;
     message.largeur = message.hauteur = 400;
+    lnstate[kKey] = count;
     grx_cree_item_liste(&message);
+    return nofen;
+}
+
+void library_list() {
+    close_window(make_list(open_window(), kEntries, GRX_LISTE_SIMPLE));
+    grx_supprime_item_liste(0, kKey);
+}
+
+// A list of which `selected` entries are selected at first; one of its entries is changed.
+void changed_list(INT selected) {
+    listate[kKey] = selected;
+    const INT nofen = make_list(open_window(), kLong, GRX_LISTE_MULTIPLE);
+    show();
+    grx_modif_un_item_liste(kKey, 3);
     close_window(nofen);
     grx_supprime_item_liste(0, kKey);
+    listate[kKey] = 0;
 }
 
 void plain_list() {
@@ -271,10 +298,11 @@ void plain_list() {
 }
 
 void fill_host_list() {
+    std::iota(positions.begin(), positions.end(), 0);
+    lcstate[kKey] = positions.data();
     for (std::size_t i = 0; i < entries.size(); ++i)
         std::snprintf(entries[i].data(), entries[i].size(), "entry number %zu of many", i);
     lsstate[kKey] = reinterpret_cast<CH80*>(entries.data());
-    lnstate[kKey] = kEntries;
 }
 
 } // namespace
@@ -284,13 +312,24 @@ int main(int argc, char** argv) {
     grx_alloue_base_fenetres();
     grx_alloue_base_boutons();
     if (grx_init_application() == 0) return 2;
-    std::array<ITEM_PANEL, kItems> items{};
+    std::array<ITEM_PANEL, kMany> items{};
     PANEL panel{};
-    panel.nb_items = kItems;
+    panel.nb_items = kMany;
     panel.tab_items = items.data();
     if (grx_alloue_base_items_panels(1, &panel) != 0) return 2;
     fill_host_list();
-    report("panel of 40 items", grxbench::compare(kRounds, plain_panel, library_panel), 1.5);
-    report("list of 10000 entries", grxbench::compare(kRounds, plain_list, library_list), 1.25);
-    return gate && above > 0 ? 1 : 0;
+    using grxbench::compare;
+    grxbench::report("panel of 40 items", compare(kRounds, plain_panel, library_panel), 1.5);
+    grxbench::report("250 items of kind 20 on show",
+        compare(
+            kRounds, [] { library_items(GRX_ITEM_BOUTON, kMany, false); },
+            [] { library_items(GRX_ITEM_BOUTON, kMany, true); }),
+        1.5, "not yet shown", "shown");
+    grxbench::report_growth("60 and 120 items of every kind", 3, 60, items_of_every_kind, 2.6);
+    grxbench::report("list of 10000 entries", compare(kRounds, plain_list, library_list), 1.25);
+    grxbench::report("30000 entries, all selected",
+        compare(
+            kRounds, [] { changed_list(0); }, [] { changed_list(kLong); }),
+        2.0, "none", "all");
+    return gate && grxbench::above > 0 ? 1 : 0;
 }

@@ -525,20 +525,25 @@ void show_icon(Widget w, const Control& c, STRUCTURE_BOUTON* record) {
         grx::show_pixmap(w, record->image);
 }
 
+// The size that is given, or else the one that the layout gives.
+grx::Size drawing_size(Widget w, const GRX_BOUTON& bou) {
+    if (bou.largeur > 0 && bou.hauteur > 0) return {bou.largeur, bou.hauteur};
+    const grx::Size size = grx::size_of(w);
+    return {bou.largeur > 0 ? bou.largeur : size.width, bou.hauteur > 0 ? bou.hauteur : size.height};
+}
+
 void give_off_screen_copy(Widget w, const Control& c, INT nobou) {
     constexpr INT black = 1; // a reserved colour
-    const grx::Size size = grx::size_of(w);
+    const grx::Size size = drawing_size(w, c.bou);
     const Window window = grx::window_of(w);
     if (window != None) {
         XSetWindowAttributes attributes{};
         attributes.backing_store = WhenMapped;
         XChangeWindowAttributes(x11_disp, window, CWBackingStore, &attributes);
     }
-    const INT width = c.bou.largeur > 0 ? c.bou.largeur : size.width;
-    const INT height = c.bou.hauteur > 0 ? c.bou.hauteur : size.height;
     grx_desinstalle_bitmap(nobou); // an icon, which the copy replaces
     structure_bouton[nobou].image = None;
-    grx_cree_bitmap_backingstore_bouton(nobou, width, height, black, black);
+    grx_cree_bitmap_backingstore_bouton(nobou, size.width, size.height, black, black);
 }
 
 void put_on_screen(Widget w, const Control& c, STRUCTURE_BOUTON* record) {

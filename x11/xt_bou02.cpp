@@ -216,16 +216,6 @@ Widget with_scrolled_window(Widget w) {
     return outer;
 }
 
-// One toolkit call for controls of one parent: others in the same call would be passed over.
-void manage_by_parent(Widget* widgets, std::size_t count) {
-    for (Widget* const end = widgets + count; widgets != end;) {
-        Widget parent = XtParent(*widgets);
-        Widget* const next = std::find_if(widgets, end, [parent](Widget w) { return XtParent(w) != parent; });
-        XtManageChildren(widgets, static_cast<Cardinal>(next - widgets));
-        widgets = next;
-    }
-}
-
 Widget text_of(INT nobou) {
     Widget w = grx_recup_objet_bout(nobou);
     return grx::holds_text(w) ? w : nullptr;
@@ -340,7 +330,7 @@ INT grx_affiche_boutons(INT* nobou, INT nb_bout) {
     for (INT i = 0; i < nb_bout; ++i) {
         if (Widget w = grx_recup_objet_bout(nobou[i])) widgets[count++] = with_scrolled_window(w);
     }
-    manage_by_parent(widgets.data(), count);
+    grx::by_parent(widgets.span().first(count), XtManageChildren);
     return 0;
 }
 
@@ -371,6 +361,7 @@ INT grx_desactive_bouton(INT nobou, INT bloquer) {
 }
 
 INT grx_force_focus_sur_bouton(INT nobou) {
+    grx::lay_out_pending(); // the toolkit learns of new controls when they are laid out
     if (Widget w = grx_recup_objet_bout(nobou)) XmProcessTraversal(w, XmTRAVERSE_CURRENT);
     return 0;
 }
@@ -493,6 +484,7 @@ INT grx_recup_couleur_trace_bouton(INT nobou) {
 INT grx_change_taille_bouton(INT nobou, INT largeur, INT hauteur) {
     Widget w = grx_recup_objet_bout(nobou);
     if (w == nullptr || largeur <= 0 || hauteur <= 0) return 0;
+    grx::lay_out_pending();
     grx::Args args;
     args.set(XmNwidth, grx::as_size(largeur)).set(XmNheight, grx::as_size(hauteur));
     XtSetValues(w, args.list(), args.count());
@@ -511,6 +503,7 @@ INT grx_recup_taille_bouton(INT nobou, INT* largeur, INT* hauteur) {
 INT grx_change_position_bouton(INT nobou, INT x, INT y) {
     Widget w = grx::with_scroll_bars(grx_recup_objet_bout(nobou));
     if (w == nullptr) return 0;
+    grx::lay_out_pending();
     grx::Args args;
     args.set(XmNx, grx::as_position(x)).set(XmNy, grx::as_position(y));
     if (hangs_on(w, XmNleftAttachment, XmNrightAttachment)) args.set(XmNleftOffset, int{grx::as_position(x)});
@@ -522,8 +515,9 @@ INT grx_change_position_bouton(INT nobou, INT x, INT y) {
 INT grx_recup_position_bouton(INT nobou, INT* x, INT* y) {
     Widget w = grx::with_scroll_bars(grx_recup_objet_bout(nobou));
     if (w == nullptr) return 0;
-    if (x != nullptr) *x = grx::resource<Position>(w, XmNx);
-    if (y != nullptr) *y = grx::resource<Position>(w, XmNy);
+    const grx::Place where = grx::place_of(w);
+    if (x != nullptr) *x = where.x;
+    if (y != nullptr) *y = where.y;
     return 0;
 }
 

@@ -123,12 +123,14 @@ INT grx_init_evenement(GRX_EVENEMENT* evt) {
 INT grx_cherche_evenement(INT type, GRX_EVENEMENT* evt, INT bloquant) {
     if (evt == nullptr) return 0;
     if (x11_disp == nullptr || mask_for(type) == NoEventMask) return nothing(evt);
+    grx::lay_out_pending();
     return bloquant != 0 ? wait_for_event(type, evt) : take_pending(type, evt);
 }
 
 INT grx_supprime_tous_evenement_pour_fenetre(INT type, INT nofen) {
     Widget w = grx_recup_objet_fen(nofen);
     if (x11_disp == nullptr || w == nullptr) return 0;
+    grx::lay_out_pending();
     supprime_gestion_expose_pour_fenetre(nofen);
     XSync(x11_disp, False);
     const Window window = grx::window_of(w);
@@ -140,6 +142,7 @@ INT grx_supprime_tous_evenement_pour_fenetre(INT type, INT nofen) {
 
 INT grx_flush_tous_evenements(void) {
     XEvent event;
+    grx::lay_out_pending();
     while (x11_disp != nullptr && XEventsQueued(x11_disp, QueuedAfterFlush) != 0) {
         XtAppNextEvent(contexte, &event);
         if (event.type != ClientMessage) XtDispatchEvent(&event);

@@ -98,6 +98,7 @@ bool post_untold_end() {
 
 INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
+    grx::lay_out_pending();
     grx_init_evenement(&evt_global);
     if (grx::untold_ends.any() && post_untold_end()) return deliver(evt);
     if (attente == 0 && grx::queue_empty()) return poll_timers(evt);

@@ -24,6 +24,7 @@
 #include "kit/bitmaps.h"
 #include "kit/drawables.h"
 #include "kit/field_text.h"
+#include "kit/late_layout.h"
 #include "kit/screen.h"
 #include "kit/shell_place.h"
 #include "kit/table.h"
@@ -469,7 +470,7 @@ using Maker = Widget (*)(Widget parent, grx::Args& args, const Build& b);
 
 Widget make_bulletin_board(Widget parent, grx::Args& args, const Build& b) {
     if (b.sized()) args.set(XmNmarginWidth, 0).set(XmNmarginHeight, 0);
-    return XmCreateBulletinBoard(parent, const_cast<char*>("fenetre"), args.list(), args.count());
+    return grx::create_bulletin_board(parent, "fenetre", args);
 }
 
 // A drawing area shows no shadows: colours given to them spare the server four questions about colours of their own.
@@ -492,16 +493,12 @@ Widget make_scrolled_text(Widget parent, grx::Args& args, const Build&) {
     return XmCreateScrolledText(parent, const_cast<char*>("texte"), args.list(), args.count());
 }
 
-Widget make_form(Widget parent, grx::Args& args, const char* name) {
-    return XmCreateForm(parent, const_cast<char*>(name), args.list(), args.count());
-}
-
 Widget make_alpha(Widget parent, grx::Args& args, const Build&) {
-    return make_form(parent, args, "fen_alpha");
+    return grx::create_form(parent, "fen_alpha", args);
 }
 
 Widget make_menu(Widget parent, grx::Args& args, const Build&) {
-    return make_form(parent, args, "fen_menu");
+    return grx::create_form(parent, "fen_menu", args);
 }
 
 void abandon(Widget, XtPointer box, XtPointer call) {
@@ -708,6 +705,7 @@ bool make_widgets(Build& b) {
 void show_window(Build& b, INT* number) {
     set_work_areas(b);
     XtManageChild(b.work);
+    grx::lay_out_pending(); // what is made for a nested window has its size
     size_nested(b);
     install_handlers(b, number);
     if (!b.nested) {

@@ -292,6 +292,7 @@ bool usable_size(INT nofen, INT largeur, INT hauteur) {
 }
 
 void set_widget_size(Widget w, INT largeur, INT hauteur) {
+    grx::lay_out_pending();
     grx::Args args;
     args.set(XmNwidth, grx::as_size(largeur)).set(XmNheight, grx::as_size(hauteur));
     XtSetValues(w, args.list(), args.count());
@@ -477,8 +478,9 @@ INT grx_recup_position_fenetre_fille(INT nofen, INT* x, INT* y) {
     grx::give(y, 0);
     Widget w = whole_of(nofen);
     if (w == nullptr) return 0;
-    grx::give(x, grx::resource<Position>(w, XmNx));
-    grx::give(y, grx::resource<Position>(w, XmNy));
+    const grx::Place where = grx::place_of(w);
+    grx::give(x, INT{where.x});
+    grx::give(y, INT{where.y});
     return 0;
 }
 

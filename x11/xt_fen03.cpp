@@ -15,6 +15,7 @@
 #include <cstring>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "host_f.h"
 #include "host_g.h"
@@ -425,13 +426,26 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
     return entry;
 }
 
+// An entry or a separator in the table, not managed yet; null when it cannot be made.
+Widget make_atom(const char* texte, const char* acce, char mneu, INT nofo, Widget mere) {
+    if (!grx::can_hold_children(mere) || !room_for_entry()) return nullptr;
+    EntryText text{texte != nullptr ? texte : "", "", mneu};
+    grx::copy_text(text.accelerator, grx::first_accelerator(view_of(acce)));
+    Widget entry = text.label[0] == '-' ? make_separator(mere) : make_entry(mere, text, nofo);
+    if (entry == nullptr) return nullptr;
+    XtAddCallback(entry, XmNdestroyCallback, forget_entry, nullptr);
+    Tab_objet[Nb_objet++] = entry;
+    return entry;
+}
+
 // -- building
 
 struct Builder {
     LI_MENU top_line{};
     LI_MENU sub_line{};
-    Widget top = nullptr; // open pulldown of the bar
-    Widget sub = nullptr; // open submenu in it
+    Widget top = nullptr;    // open pulldown of the bar
+    Widget sub = nullptr;    // open submenu in it
+    std::size_t managed = 0; // entries of Tab_objet that are: a menu is laid out when it is complete, not for each
 };
 
 Widget open_pulldown(Widget parent) {
@@ -441,9 +455,15 @@ Widget open_pulldown(Widget parent) {
     return pulldown;
 }
 
+void manage_entries(Builder& b) {
+    grx::by_parent(Tab_objet.span().first(Nb_objet).subspan(b.managed), XtManageChildren);
+    b.managed = Nb_objet;
+}
+
 // The cascade button comes when its menu is complete, behind everything read before it.
-void close_pulldown(Widget& pulldown, const LI_MENU& line, Widget support) {
+void close_pulldown(Builder& b, Widget& pulldown, const LI_MENU& line, Widget support) {
     if (pulldown == nullptr) return;
+    manage_entries(b);
     LI_MENU copy = line;
     Widget cascade = grx_fin_sous_menu_bar(copy.nom_fonction, pulldown, support);
     pulldown = nullptr;
@@ -457,17 +477,17 @@ void close_pulldown(Widget& pulldown, const LI_MENU& line, Widget support) {
 }
 
 void close_sub(Builder& b) {
-    close_pulldown(b.sub, b.sub_line, b.top);
+    close_pulldown(b, b.sub, b.sub_line, b.top);
 }
 
 void close_top(Builder& b) {
     close_sub(b);
-    close_pulldown(b.top, b.top_line, Glob_menu_bar);
+    close_pulldown(b, b.top, b.top_line, Glob_menu_bar);
 }
 
 void add_entry(LI_MENU& line, Widget pulldown) {
     if (pulldown != nullptr && line.itype == GRX_MENU_ITEM)
-        grx_cree_atome(line.nom_fonction, line.accelerateur, line.mneumonic, line.no_fo, pulldown);
+        make_atom(line.nom_fonction, line.accelerateur, line.mneumonic, line.no_fo, pulldown);
 }
 
 void build_in_bar(Builder& b, LI_MENU& line) {
@@ -531,6 +551,15 @@ void build_bar(Widget parent, FILE* file) {
     if (Glob_menu_bar == nullptr) return;
     build_from(file);
     XtManageChild(Glob_menu_bar);
+}
+
+// Of a menu that holds them still, each that goes would have the others laid out again.
+void destroy_entries() {
+    grx::Block<Widget> entries = std::move(Tab_objet);
+    Widget* const end = std::remove(entries.begin(), entries.begin() + std::exchange(Nb_objet, 0), nullptr);
+    const std::span<Widget> left{entries.begin(), end};
+    grx::by_parent(left, XtUnmanageChildren);
+    for (Widget entry : left) XtDestroyWidget(entry);
 }
 
 // The youngest first: the shell of a submenu goes with the menu that holds it.
@@ -600,14 +629,7 @@ Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
 }
 
 INT grx_cree_atome(char* texte, char* acce, char mneu, int nofo, Widget mere) {
-    if (!grx::can_hold_children(mere) || !room_for_entry()) return 0;
-    EntryText text{texte != nullptr ? texte : "", "", mneu};
-    grx::copy_text(text.accelerator, grx::first_accelerator(view_of(acce)));
-    Widget entry = text.label[0] == '-' ? make_separator(mere) : make_entry(mere, text, nofo);
-    if (entry == nullptr) return 0;
-    XtAddCallback(entry, XmNdestroyCallback, forget_entry, nullptr);
-    XtManageChild(entry);
-    Tab_objet[Nb_objet++] = entry;
+    if (Widget entry = make_atom(texte, acce, mneu, nofo, mere)) XtManageChild(entry);
     return 0;
 }
 
@@ -620,9 +642,7 @@ INT grx_detruit_menu_bar(void) {
     grx::close_menus(Glob_menu_bar); // the toolkit goes on with menus that go while they are open
     accelerators.clear(top_manager());
     if (Glob_menu_bar != nullptr) keep_a_cascade();
-    for (std::size_t i = 0; i < Nb_objet; ++i) {
-        if (Tab_objet[i] != nullptr) XtDestroyWidget(Tab_objet[i]);
-    }
+    destroy_entries();
     destroy_all(Tab_cascade, Nb_cascade);
     destroy_all(Tab_pull, Nb_pull);
     forget_entries(); // also a bar of menus without entries

@@ -747,12 +747,14 @@ INT grx_desalloue_image_bouton(void) {
 }
 
 void grx_cree_bitmap_backingstore_bouton(INT nobou, INT lar, INT hau, INT coul_trace, INT coul_fond) {
-    const ButtonBacking backing = button_backing(nobou);
-    if (backing.window == None || g_c == nullptr || lar <= 0 || hau <= 0) return;
+    const Window window = grx::window_of(grx_recup_objet_bout(nobou));
+    if (window == None || g_c == nullptr || lar <= 0 || hau <= 0) return;
+    STRUCTURE_BOUTON* record = nullptr;
+    grx_recup_structure_bouton(nobou, &record);
     const grx::Size size{lar, hau};
-    grx::give_pixmap(nobou, grx::make_pixmap(backing.window, size));
+    grx::give_pixmap(nobou, grx::make_pixmap(window, size));
     grx_affecte_gc(plain(coul_fond, coul_trace));
-    grx::fill_drawable(backing.record->image, g_c, size);
+    grx::fill_drawable(record->image, g_c, size);
 }
 
 void grx_detruit_bitmap_backingstore_bouton(INT nobou) {

@@ -142,7 +142,8 @@ constexpr bool is_composite_kind(INT type) {
 }
 
 Box box_of(Widget w) {
-    return {grx::resource<Position>(w, XmNx), grx::resource<Position>(w, XmNy), grx::size_of(w)};
+    const grx::Place where = grx::place_of(w);
+    return {where.x, where.y, grx::size_of(w)};
 }
 
 // A composite item is as large as the form around its choices.
@@ -413,8 +414,8 @@ void press_if_set(const Item& item, INT nobou) {
 void indent(Widget label, INT by) {
     if (label == nullptr) return;
     grx::Args args;
-    args.set(XmNmarginLeft, by).set(XmNwidth, grx::size_of(label).width + by);
-    XtSetValues(label, args.list(), args.count());
+    args.set(XmNmarginLeft, by).set(XmNwidth, grx::given_size(label).width + by);
+    grx::change_unasked(label, [&] { XtSetValues(label, args.list(), args.count()); });
 }
 
 void add_small_button(Item& item, const char* title) {
@@ -427,7 +428,10 @@ void add_small_button(Item& item, const char* title) {
     GRX_BOUTON label = label_of(item, title);
     label.x = moved(item.message.x, side);
     label.hauteur = line_height();
-    indent(grx_recup_objet_bout(add(item, label, kLabel)), character_width());
+    label.attrib &= ~GRX_BOU_ATT_VISIBLE; // until it is indented
+    const INT nobou = add(item, label, kLabel);
+    indent(grx_recup_objet_bout(nobou), character_width());
+    grx_affiche_bouton(nobou);
 }
 
 void set_icon_size(GRX_BOUTON& bou, const GRX_MSG& message) {
@@ -460,9 +464,7 @@ INT add_push_button(Item& item, const char* title, INT no_fo) {
 
 // The attributes of both scales are those of other kinds; which way they lie, their own kind says. Turning a scale
 // exchanges its width and height: they are given again.
-void turn(INT nobou, bool horizontal, const GRX_BOUTON& scale) {
-    Widget w = grx_recup_objet_bout(nobou);
-    if (w == nullptr) return;
+void turn(Widget w, bool horizontal, const GRX_BOUTON& scale) {
     grx::Args direction, size;
     direction.set(XmNorientation, horizontal ? XmHORIZONTAL : XmVERTICAL);
     direction.set(XmNprocessingDirection, horizontal ? XmMAX_ON_RIGHT : XmMAX_ON_TOP);
@@ -482,7 +484,7 @@ void add_scale(Item& item) {
     scale.largeur = in_characters(item.message.largeur, character_width());
     scale.hauteur = in_characters(item.message.hauteur, line_height());
     const INT nobou = add(item, scale, kChoice);
-    turn(nobou, horizontal, scale);
+    if (Widget w = grx_recup_objet_bout(nobou)) grx::change_unasked(w, [&] { turn(w, horizontal, scale); });
     grx_change_valeur_echelle(nobou, item.message.ival);
 }
 
@@ -615,6 +617,7 @@ Widget add_form_title(Item& item, Widget form, const char* text) {
 // As large as its content: a container that is not on show yet does not grow with it.
 void put_on_screen(Widget container) {
     grx::set_size(container, grx::wanted_size(container));
+    if (XtIsRealized(XtParent(container))) XtRealizeWidget(container); // what it asks for then costs no layout yet
     XtManageChild(container);
 }
 

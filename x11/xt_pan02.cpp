@@ -61,13 +61,21 @@ grx::ItemTable items_of(INT clef, INT count) {
     return items;
 }
 
-void select_at_first(Widget list, INT clef) {
+// The positions selected at first, as the application has them.
+std::span<const INT> first_positions(INT clef) {
     const INT* const positions = of_host(lcstate, clef);
-    const INT count = positions != nullptr ? of_host(listate, clef) : 0;
-    const int entries = grx::resource<int>(list, XmNitemCount);
-    for (INT i = 0; i < count; ++i) {
-        if (positions[i] >= 0 && positions[i] < entries) XmListSelectPos(list, positions[i] + 1, False);
+    return {positions, static_cast<std::size_t>(positions != nullptr ? std::max<INT>(of_host(listate, clef), 0) : 0)};
+}
+
+void select_at_first(Widget list, INT clef) {
+    const auto wanted = first_positions(clef);
+    if (grx::resource<unsigned char>(list, XmNselectionPolicy) == XmMULTIPLE_SELECT) {
+        grx::select_several(list, wanted);
+        return;
     }
+    const int entries = grx::resource<int>(list, XmNitemCount);
+    const auto last = std::find_if(wanted.rbegin(), wanted.rend(), [=](INT p) { return p >= 0 && p < entries; });
+    if (last != wanted.rend()) XmListSelectPos(list, *last + 1, False);
 }
 
 // ----------------------------------------------------------------------------------------------------- the table
@@ -250,8 +258,11 @@ Widget make_list(Widget parent, const GRX_MSG& msg, grx::ItemTable& items) {
     grx::Args place;
     attach(place, kAcross, msg.x, msg.largeur);
     attach(place, kDown, msg.y, msg.hauteur);
-    XtManageChild(list); // which asks for room of its own
-    XtSetValues(XtParent(list), place.list(), place.count());
+    Widget box = XtParent(list);
+    grx::change_unasked(box, [&] {
+        XtManageChild(list); // which asks for room of its own
+        XtSetValues(box, place.list(), place.count());
+    });
     return list;
 }
 

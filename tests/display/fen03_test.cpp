@@ -12,6 +12,7 @@
 
 #include <X11/IntrinsicP.h>
 #include <X11/XKBlib.h>
+#include <Xm/RowColumnP.h>
 #include <Xm/XmAll.h>
 
 #include <algorithm>
@@ -542,6 +543,59 @@ TEST_F(ManyEntries, AllOfThemAreThereAndPost) {
         XtCallCallbacks(entry, const_cast<char*>(XmNactivateCallback), nullptr);
         ASSERT_EQ(evt_global.bouton_appui.no_fo, i);
     }
+}
+
+// How often the toolkit lays a row or a column out while it lives.
+class ColumnLayouts {
+  public:
+    ColumnLayouts() : toolkit_(xmRowColumnClassRec.composite_class.change_managed) {
+        current = this;
+        xmRowColumnClassRec.composite_class.change_managed = [](Widget column) {
+            ++current->count;
+            current->toolkit_(column);
+        };
+    }
+    ~ColumnLayouts() { xmRowColumnClassRec.composite_class.change_managed = toolkit_; }
+    ColumnLayouts(const ColumnLayouts&) = delete;
+    ColumnLayouts& operator=(const ColumnLayouts&) = delete;
+
+    int count = 0;
+
+  private:
+    static inline ColumnLayouts* current = nullptr;
+    XtWidgetProc toolkit_;
+};
+
+TEST_F(ManyEntries, AMenuIsLaidOutAsAWhole) {
+    main_window(menu_of(1));
+    const auto layouts = [&](int count) {
+        write_menu(menu_of(count));
+        grx_detruit_menu_bar();
+        drain();
+        const ColumnLayouts seen;
+        grx_recree_menu_bar();
+        grx_detruit_menu_bar();
+        drain();
+        return seen.count;
+    };
+    layouts(2);
+    EXPECT_EQ(layouts(200), layouts(2));
+}
+
+TEST_F(ManyEntries, RequestsGrowWithTheEntriesAndNoFaster) {
+    main_window(menu_of(1));
+    const auto requests = [&](int count) {
+        write_menu(menu_of(count));
+        const Cost cost(x11_disp);
+        grx_recree_menu_bar();
+        grx_detruit_menu_bar();
+        drain();
+        return cost.requests();
+    };
+    grx_detruit_menu_bar();
+    requests(2);
+    const auto hundred = requests(100);
+    EXPECT_LE(requests(200), 2 * hundred);
 }
 
 TEST_F(MenuTest, HundredMenusAndNoMore) {

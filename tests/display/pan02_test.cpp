@@ -1,9 +1,24 @@
 // Panel lists: creation, what they post, their selection, the table that grows, reloading, their end.
 #include "tests/display/panel_kit.h"
 
+#include "tests/support/next_function.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <numeric>
+
+namespace {
+
+int single_selections = 0; // asked of the toolkit
+
+} // namespace
+
+void XmListSelectPos(Widget list, int position, Boolean notify) {
+    static const auto next = grxtest::next_function<void(Widget, int, Boolean)>("XmListSelectPos");
+    ++single_selections;
+    next(list, position, notify);
+}
 
 namespace {
 
@@ -257,6 +272,54 @@ TEST_F(PanelLists, PositionsOutsideTheListAreIgnored) {
     Widget list = made(GRX_LISTE_MULTIPLE);
     EXPECT_EQ(selected_in(list), std::vector<int>{2});
     EXPECT_EQ(chosen_in_slot(0), std::vector<INT>{2});
+}
+
+TEST_F(PanelLists, SelectedAtFirstAsTheToolkitDoesOneByOne) {
+    const std::vector<std::vector<INT>> orders{
+        {1}, {0, 1, 2, 3}, {5, 1, 3}, {2, 2}, {2, 2, 2}, {4, 0, 4, 1}, {3, -1, 9, 1}, {0, 0, 1, 1}};
+    for (const INT type : {GRX_LISTE_SIMPLE, GRX_LISTE_MULTIPLE}) {
+        for (const auto& order : orders) {
+            const HostList host(key, numbered_entries(6), order);
+            Widget list = made(type);
+            const Pixels ours = grab(x11_disp, XtWindow(list));
+            listate[key] = 0;
+            Widget other = made(type);
+            const auto same_lists = [&] {
+                EXPECT_EQ(selected_in(list), selected_in(other)) << testing::PrintToString(order);
+                if (!selected_in(other).empty()) {
+                    EXPECT_EQ(XmListGetKbdItemPos(list), XmListGetKbdItemPos(other)) << testing::PrintToString(order);
+                }
+            };
+            for (const INT position : order) {
+                if (position >= 0 && position < 6) XmListSelectPos(other, position + 1, False);
+            }
+            settle();
+            same_lists();
+            EXPECT_TRUE(same(ours, grab(x11_disp, XtWindow(other)))) << testing::PrintToString(order);
+            XtDestroyWidget(XtParent(list));
+            XtDestroyWidget(XtParent(other));
+            settle();
+        }
+    }
+}
+
+// For each entry alone the toolkit looks through all of them.
+TEST_F(PanelLists, ManySelectedAtFirstAreSelectedTogether) {
+    for (const INT type : {GRX_LISTE_SIMPLE, GRX_LISTE_MULTIPLE}) {
+        std::vector<INT> all(300);
+        std::iota(all.begin(), all.end(), 0);
+        const HostList host(key, numbered_entries(300), all);
+        single_selections = 0;
+        Widget list = made(type);
+        grx_modif_un_item_liste(key, 5);
+        EXPECT_LE(single_selections, 2);
+        if (type == GRX_LISTE_SIMPLE) all = {299};
+        EXPECT_EQ(selected_in(list), all);
+        EXPECT_EQ(chosen_in_slot(0), all);
+        XtDestroyWidget(XtParent(list));
+        settle();
+        grx_supprime_item_liste(panel, key);
+    }
 }
 
 TEST_F(PanelLists, NothingSelectedAtFirst) {

@@ -2,15 +2,18 @@
 #pragma once
 
 #include <X11/Intrinsic.h>
-#include <Xm/List.h>
+#include <Xm/ListP.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <span>
 #include <utility>
 
 #include "kit/args.h"
 #include "kit/block.h"
 #include "kit/screen.h"
+#include "kit/widgets.h"
 #include "kit/xmstring.h"
 
 namespace grx {
@@ -78,6 +81,24 @@ inline void remove_list_callbacks(Widget list, const ListCallbacks& callbacks, X
     XtRemoveCallback(list, XmNsingleSelectionCallback, callbacks.single, client);
     XtRemoveCallback(list, XmNdefaultActionCallback, callbacks.chosen, client);
     XtRemoveCallback(list, XmNmultipleSelectionCallback, callbacks.multiple, client);
+}
+
+/// Selects entries by their positions from 0, the other way round each time one is named, as the toolkit does; without
+/// callbacks. All at once: for each alone the toolkit would look through the whole list.
+inline void select_several(Widget list, std::span<const INT> positions) {
+    XmListPart& part = reinterpret_cast<XmListWidget>(list)->list;
+    const std::span<ElementPtr> entries(part.InternalList, static_cast<std::size_t>(part.itemCount));
+    for (const INT position : positions) {
+        if (position < 0 || position >= part.itemCount) continue;
+        Boolean& selected = entries[static_cast<std::size_t>(position)]->selected;
+        selected = selected ? False : True;
+    }
+    const auto last =
+        std::find_if(entries.rbegin(), entries.rend(), [](const Element* entry) { return entry->selected != False; });
+    if (last == entries.rend()) return;
+    (*last)->selected = False; // the toolkit selects it, and reads what the others are
+    XmListSelectPos(list, static_cast<int>(entries.rend() - last), False);
+    redraw(list);
 }
 
 inline int selected_count(Widget list) {

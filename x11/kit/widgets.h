@@ -11,9 +11,11 @@
 #include <Xm/ScrollBar.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <span>
 
 #include "kit/args.h"
+#include "kit/late_layout.h"
 
 namespace grx {
 
@@ -39,6 +41,18 @@ inline bool holds_widget(Widget root, Widget wanted) {
     if (root == wanted) return true;
     const auto children = children_of(root);
     return std::any_of(children.begin(), children.end(), [wanted](Widget w) { return holds_widget(w, wanted); });
+}
+
+/// One toolkit call for neighbours that have the same parent: others in the same call would be passed over.
+inline void by_parent(std::span<Widget> widgets, void (*call)(WidgetList, Cardinal)) {
+    while (!widgets.empty()) {
+        Widget const parent = XtParent(widgets.front());
+        const auto next =
+            std::find_if(widgets.begin(), widgets.end(), [parent](Widget w) { return XtParent(w) != parent; });
+        const auto run = static_cast<std::size_t>(next - widgets.begin());
+        call(widgets.data(), static_cast<Cardinal>(run));
+        widgets = widgets.subspan(run);
+    }
 }
 
 /// The X window of a widget that has one by now, else None. Read from the widget: drawing asks for every primitive.
@@ -78,8 +92,26 @@ struct Size {
     bool operator==(const Size&) const = default;
 };
 
+/// The size of a widget as it stands.
+inline Size given_size(Widget w) {
+    return {w->core.width, w->core.height};
+}
+
+/// The size of a widget when everything is laid out.
 inline Size size_of(Widget w) {
-    return {resource<Dimension>(w, XtNwidth), resource<Dimension>(w, XtNheight)};
+    lay_out_pending();
+    return given_size(w);
+}
+
+struct Place {
+    Position x = 0;
+    Position y = 0;
+};
+
+/// The place of a widget in its parent when everything is laid out.
+inline Place place_of(Widget w) {
+    lay_out_pending();
+    return {w->core.x, w->core.y};
 }
 
 /// The size that a widget would like to have.
@@ -98,7 +130,7 @@ inline void set_size(Widget w, Size size) {
 /// Gives a widget that has no size yet the one it wants: some learn theirs when they are managed, and are then refused
 /// it in a window that keeps its own.
 inline void give_wanted_size(Widget w) {
-    const Size size = size_of(w), wanted = wanted_size(w);
+    const Size size = given_size(w), wanted = wanted_size(w);
     set_size(w, {size.width > 1 ? size.width : wanted.width, size.height > 1 ? size.height : wanted.height});
 }
 
