@@ -1,7 +1,7 @@
 // How long atelier takes for a picture of a large drawing, all of it in view: it is started on the display of the
 // environment with drawings of demo/plans/dessine_quartier.py, real mouse input moves and magnifies the sheet step by
 // step, and a picture counts when atelier says that the server has finished it.
-// Usage: bench_atelier_frames [--gate]   (--gate: fail when a limit is missed by more than noise)
+// Usage: bench_atelier_frames [--gate | N]   (N: only the drawing of so many entities; --gate: fail when a limit is missed by more than noise)
 #include "bench/chrono.h"
 
 #include <X11/Xlib.h>
@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -82,6 +83,18 @@ class Atelier {
             if (!picture()) return false;
         return true;
     }
+    /// Takes what was said before; how many pictures that were.
+    int forget() {
+        std::array<char, 4096> buffer{};
+        int lines = 0;
+        for (pollfd ready{output_, POLLIN, 0}; poll(&ready, 1, 0) > 0;) {
+            const ssize_t n = read(output_, buffer.data(), buffer.size());
+            if (n <= 0) break;
+            lines += static_cast<int>(std::count(buffer.begin(), buffer.begin() + n, '\n'));
+        }
+        return lines;
+    }
+    pid_t process() const { return child_; }
     double resident_bytes() const {
         std::ifstream file("/proc/" + std::to_string(child_) + "/statm");
         double all = 0, resident = 0;
@@ -121,28 +134,51 @@ class Mouse {
     int x_ = 0, y_ = 0;
 };
 
+// Milliseconds that a process has had of the processors.
+double used(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/schedstat");
+    double nanoseconds = 0;
+    file >> nanoseconds;
+    return nanoseconds / 1e6;
+}
+
+pid_t server_of(Display* display) {
+    ucred peer{};
+    socklen_t length = sizeof peer;
+    return getsockopt(ConnectionNumber(display), SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0 ? peer.pid : -1;
+}
+
+// Milliseconds a picture: the best round's median, and what of the processors atelier and the server used on the average.
+struct Cost {
+    double time = -1, atelier = 0, server = 0;
+};
+
 struct Result {
     bool worked = false;
     double load = 0, bytes = 0; // seconds until the first picture; resident per entity
-    double move = 0, zoom = 0;  // milliseconds a picture: the best round's median
+    Cost move, zoom;
 };
 
-// The best of the medians of all rounds; below 0 when a picture never came. step: there, or back again.
-double measure(Atelier& atelier, const std::function<void(bool)>& step) {
+// step: there, or back again.
+Cost measure(Atelier& atelier, pid_t server, const std::function<void(bool)>& step) {
     std::vector<double> medians;
+    const double atelier_before = used(atelier.process()), server_before = used(server);
     for (int round = 0; round < kRounds; ++round) {
         std::vector<double> times;
         for (int i = 0; i < 2 * kSteps; ++i) {
             bool came = false;
+            if (atelier.forget() > 0) return {};
             times.push_back(1e3 * grxbench::seconds([&] {
                 step(i < kSteps);
                 came = atelier.picture();
             }));
-            if (!came) return -1;
+            if (!came) return {};
         }
         medians.push_back(grxbench::median(times));
     }
-    return grxbench::fastest(medians);
+    constexpr double kPictures = 2.0 * kSteps * kRounds;
+    return {grxbench::fastest(medians), (used(atelier.process()) - atelier_before) / kPictures,
+        (used(server) - server_before) / kPictures};
 }
 
 Result run(Display* display, const fs::path& program, const std::string& drawing, int entities) {
@@ -154,16 +190,17 @@ Result run(Display* display, const fs::path& program, const std::string& drawing
     r.load = std::chrono::duration<double>(grxbench::Clock::now() - start).count();
     if (!atelier.settled()) return r;
     r.bytes = atelier.resident_bytes() / entities;
+    const pid_t server = server_of(display);
     mouse.press(kMiddle, true);
-    r.move = measure(atelier, [&](bool there) { mouse.by(there ? kStepX : -kStepX, there ? kStepY : -kStepY); });
+    r.move = measure(atelier, server, [&](bool there) { mouse.by(there ? kStepX : -kStepX, there ? kStepY : -kStepY); });
     mouse.press(kMiddle, false);
     // Smaller and back to what it was: all of the drawing stays in view.
     bool smaller = false;
-    r.zoom = measure(atelier, [&](bool) {
+    r.zoom = measure(atelier, server, [&](bool) {
         smaller = !smaller;
         mouse.turn(smaller ? kDown : kUp);
     });
-    r.worked = r.move > 0 && r.zoom > 0;
+    r.worked = r.move.time > 0 && r.zoom.time > 0;
     return r;
 }
 
@@ -173,18 +210,22 @@ bool generate(const std::string& file, int entities) {
 }
 
 bool within(const Limit& limit, const Result& r) {
-    return r.move <= limit.move * kNoise && r.zoom <= limit.zoom * kNoise;
+    return r.move.time <= limit.move * kNoise && r.zoom.time <= limit.zoom * kNoise;
+}
+
+void print(const char* what, const Cost& cost, double limit) {
+    std::printf("          %-10s %7.2f ms a picture, limit %5.1f%s (processor: atelier %.1f ms, server %.1f ms)\n", what,
+        cost.time, limit, cost.time <= limit ? "" : ", ABOVE", cost.atelier, cost.server);
 }
 
 bool report(const Limit& limit, const Result& r) {
     if (!r.worked) {
-        std::printf("%8d entities: no picture came\n", limit.entities);
+        std::printf("%8d entities: a picture did not come, or one too many\n", limit.entities);
         return false;
     }
-    std::printf("%8d entities  first picture %5.2f s  %4.0f bytes an entity  moved %6.2f ms (limit %5.1f)  "
-                "magnified %6.2f ms (limit %5.1f)%s\n",
-        limit.entities, r.load, r.bytes, r.move, limit.move, r.zoom, limit.zoom,
-        r.move <= limit.move && r.zoom <= limit.zoom ? "" : "  ABOVE");
+    std::printf("%8d entities: first picture after %.2f s, %.0f bytes resident an entity\n", limit.entities, r.load, r.bytes);
+    print("moved", r.move, limit.move);
+    print("magnified", r.zoom, limit.zoom);
     std::fflush(stdout);
     return within(limit, r);
 }
@@ -193,6 +234,7 @@ bool report(const Limit& limit, const Result& r) {
 
 int main(int argc, char** argv) {
     const bool gate = argc > 1 && std::strcmp(argv[1], "--gate") == 0;
+    const int only = argc > 1 && !gate ? std::atoi(argv[1]) : 0;
     const fs::path program = fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "demo" / "atelier";
     if (!fs::exists(program)) {
         std::printf("atelier was not built: nothing to measure\n");
@@ -203,6 +245,7 @@ int main(int argc, char** argv) {
     if (display == nullptr || mkdtemp(place.data()) == nullptr) return 2;
     bool good = true;
     for (const Limit& limit : kLimits) {
+        if (only != 0 && limit.entities != only) continue;
         const std::string drawing = place + "/" + std::to_string(limit.entities) + ".dxf";
         good &= generate(drawing, limit.entities) && report(limit, run(display, program, drawing, limit.entities));
         fs::remove(drawing);

@@ -109,7 +109,13 @@ class Trace {
     // Gives each stroke, seen through m and cut into lines that leave the curves by tolerance at most, to
     // recoit(std::vector<Point>&).
     template <class Recoit>
-    void aplatit(const Matrice& m, double tolerance, Recoit recoit) const;
+    void aplatit(const Matrice& m, double tolerance, Recoit recoit) const {
+        std::vector<Point> trait;
+        aplatit(m, tolerance, recoit, trait);
+    }
+    // The same with room for the points that lasts: for who does it often.
+    template <class Recoit>
+    void aplatit(const Matrice& m, double tolerance, Recoit recoit, std::vector<Point>& trait) const;
 
   private:
     const Pas* pas_ = nullptr;
@@ -170,8 +176,8 @@ class Classeur {
 void courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance);
 
 template <class Recoit>
-void Trace::aplatit(const Matrice& m, double tolerance, Recoit recoit) const {
-    std::vector<Point> trait;
+void Trace::aplatit(const Matrice& m, double tolerance, Recoit recoit, std::vector<Point>& trait) const {
+    trait.clear();
     const Point* point = points_;
     for (const Pas pas : this->pas()) {
         if (pas == Pas::Courbe) {

@@ -29,16 +29,14 @@ struct Pixel {
 };
 
 Pixel pixel(Point p) {
-    const auto arrondi = [](double d) { return static_cast<int>(d < 0 ? d - 0.5 : d + 0.5); };
+    const auto arrondi = [](double d) { return static_cast<int>(d + std::copysign(0.5, d)); };
     return {arrondi(p.x), arrondi(p.y)};
 }
 
-std::vector<Pixel> pixels(const std::vector<Point>& points) {
-    std::vector<Pixel> r;
-    r.reserve(points.size());
+void met_en_pixels(std::vector<Pixel>& r, const std::vector<Point>& points) {
+    r.clear();
     for (const Point p : points)
         if (const Pixel q = pixel(p); r.empty() || r.back() != q) r.push_back(q);
-    return r;
 }
 
 // Thin solid lines and points of one colour after the other, each drawn once: a second time shows nothing new as long
@@ -49,22 +47,24 @@ class Deja {
     void oublie() { ++suite_; }
     // Notes it. Of very many, some are forgotten.
     bool vu(Pixel p, Pixel q) {
-        const Place neuve{p, q, suite_};
-        Place& place = places_[(hache(p) * 31 + hache(q)) % kPlaces];
+        const Place neuve{cle(p) << 32 | cle(q), suite_};
+        Place& place = places_[(neuve.cle * 0x9E3779B97F4A7C15U) >> kDecale];
         if (place == neuve) return true;
         place = neuve;
         return false;
     }
 
   private:
-    static constexpr std::size_t kPlaces = 1U << 15;
+    static constexpr int kBits = 13, kDecale = 64 - kBits;
+    static constexpr std::size_t kPlaces = 1U << kBits;
     struct Place {
-        Pixel p, q;
+        std::uint64_t cle = 0;
         unsigned suite = 0;
         bool operator==(const Place&) const = default;
     };
-    static std::size_t hache(Pixel p) {
-        return static_cast<std::uint32_t>(p.x) * 2654435761U + static_cast<std::uint32_t>(p.y) * 40503U;
+    // Sheets are less than 65536 pixels wide.
+    static std::uint64_t cle(Pixel p) {
+        return static_cast<std::uint16_t>(p.x) << 16U | static_cast<std::uint16_t>(p.y);
     }
 
     std::vector<Place> places_;
@@ -110,23 +110,20 @@ class Pinceau {
     }
 
     void ligne(const std::vector<Point>& points) {
-        const std::vector<Pixel> p = pixels(points);
-        if (p.size() == 1) return point(p[0]);
-        if (fine()) {
-            for (std::size_t i = 0; i + 1 < p.size(); ++i) segment(p[i], p[i + 1]);
-        } else {
-            contour(p);
-        }
+        met_en_pixels(pixels_, points);
+        if (pixels_.size() == 1) return point(pixels_[0]);
+        if (!fine()) return contour();
+        for (std::size_t i = 0; i + 1 < pixels_.size(); ++i) segment(pixels_[i], pixels_[i + 1]);
     }
 
     void surface(const std::vector<Point>& points) {
-        std::vector<Pixel> p = pixels(points);
-        std::vector<GRX_POINT_POLY> r = requete(p);
-        if (p.size() > 2) grx_remplit_polygone(poly(r.data(), r.size()));
+        met_en_pixels(pixels_, points);
+        if (pixels_.empty()) return;
+        met_en_requete();
+        if (requete_.size() > 2) grx_remplit_polygone(poly(requete_.data(), requete_.size()));
         // Thin surfaces keep an outline when they have less than a pixel of inside.
-        if (p.empty()) return;
-        p.push_back(Pixel(p.front()));
-        contour(p);
+        pixels_.push_back(Pixel(pixels_.front()));
+        contour();
     }
 
     // Thin and solid: all the same in one piece or in several, drawn once or more.
@@ -134,18 +131,16 @@ class Pinceau {
 
   private:
     // Requests have a largest size: long lines go in several, each beginning where the last one ended.
-    void contour(const std::vector<Pixel>& pixels) {
-        std::vector<GRX_POINT_POLY> p = requete(pixels);
-        for (std::size_t i = 0; i + 1 < p.size(); i += kPointsMax - 1)
-            grx_trace_polyline(poly(p.data() + i, std::min(kPointsMax, p.size() - i)));
+    void contour() {
+        met_en_requete();
+        for (std::size_t i = 0; i + 1 < requete_.size(); i += kPointsMax - 1)
+            grx_trace_polyline(poly(requete_.data() + i, std::min(kPointsMax, requete_.size() - i)));
     }
 
-    std::vector<GRX_POINT_POLY> requete(const std::vector<Pixel>& pixels) const {
-        std::vector<GRX_POINT_POLY> r;
-        r.reserve(pixels.size());
-        for (const Pixel p : pixels)
-            r.push_back({static_cast<short>(p.x + decalage_.x), static_cast<short>(p.y + decalage_.y)});
-        return r;
+    void met_en_requete() {
+        requete_.clear();
+        for (const Pixel p : pixels_)
+            requete_.push_back({static_cast<short>(p.x + decalage_.x), static_cast<short>(p.y + decalage_.y)});
     }
 
     GRX_POLY poly(GRX_POINT_POLY* points, std::size_t nombre) const {
@@ -160,6 +155,8 @@ class Pinceau {
     Plume plume_;
     Ecart decalage_;
     Deja deja_;
+    std::vector<Pixel> pixels_; // of the line at hand
+    std::vector<GRX_POINT_POLY> requete_;
 };
 
 void trace_sur(Pinceau& pinceau, const Trace& chemin, const Matrice& m, const Boite& limites) {
@@ -183,10 +180,6 @@ bool un_pixel(const Boite& b) {
     return b.max.x - b.min.x < 1 && b.max.y - b.min.y < 1 && pixel(b.min) == pixel(b.max);
 }
 
-bool droit(const Objet& o) {
-    return !o.chemin.courbe();
-}
-
 // Draws the objects that show within a part of the screen.
 class Rendu {
   public:
@@ -195,6 +188,7 @@ class Rendu {
           pinceau_({scene.nofen, {}}, vue.decalage()) {
         const Point coin{1.0 * vue.decalage().x, 1.0 * vue.decalage().y};
         partie_ = {partie.min - coin, partie.max - coin};
+        for (const CalqueVu& calque : scene.dessin.calques) visibles_.push_back(calque.visible ? 1 : 0);
         const Boite large = elargie(partie, kDebord);
         cherchee_ = Boite::entre(vue.vers_dessin(large.min), vue.vers_dessin(large.max));
     }
@@ -207,7 +201,7 @@ class Rendu {
 
   private:
     void objet(const Objet& o) {
-        if (!scene_.dessin.calques[static_cast<std::size_t>(o.calque)].visible) return;
+        if (visibles_[static_cast<std::size_t>(o.calque)] == 0) return;
         if (o.genre == Genre::Texte) return texte(o);
         const Boite b = sur_feuille(o.boite);
         if (!elargie(b, o.epaisseur == 0 && o.genre != Genre::Point ? kDebordFin : kDebord).touche(partie_)) return;
@@ -228,8 +222,12 @@ class Rendu {
     }
 
     void trait(const Objet& o, const Boite& b) {
-        if (pinceau_.fine() && droit(o) && contient(portee_, b)) return lignes(o.chemin);
-        trace_sur(pinceau_, o.chemin, m_, portee_);
+        if (!contient(portee_, b)) return trace_sur(pinceau_, o.chemin, m_, portee_);
+        if (pinceau_.fine() && !o.chemin.courbe()) return lignes(o.chemin);
+        const auto ligne = [&](const std::vector<Point>& points) {
+            if (points.size() > 1) pinceau_.ligne(points);
+        };
+        o.chemin.aplatit(m_, kTolerance, ligne, points_);
     }
 
     // All straight, thin, solid and within reach.
@@ -279,10 +277,12 @@ class Rendu {
     const Scene& scene_;
     Matrice m_;
     Boite portee_;
-    Boite partie_;   // on the sheet
-    Boite cherchee_; // in the drawing
+    std::vector<char> visibles_; // of the layers
+    Boite partie_;               // on the sheet
+    Boite cherchee_;             // in the drawing
     double echelle_;
     Pinceau pinceau_;
+    std::vector<Point> points_; // of the curve at hand
 };
 
 // A part of the sheet, in the drawing.
