@@ -84,8 +84,9 @@ Trace Classeur::garde(const Trace& trace, const Matrice& m) {
 void courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance) {
     const Point debut = trait.back();
     const auto carre = [](Point v) { return v.x * v.x + v.y * v.y; };
-    const double courbure = std::sqrt(std::max(carre(debut - 2 * p + q), carre(p - 2 * q + fin)));
-    const double voulu = 0.75 * courbure > tolerance ? std::ceil(std::sqrt(0.75 * courbure / tolerance)) : 1;
+    const double courbure2 = std::max(carre(debut - 2 * p + q), carre(p - 2 * q + fin));
+    const bool plate = 0.75 * 0.75 * courbure2 <= tolerance * tolerance;
+    const double voulu = plate ? 1 : std::ceil(std::sqrt(0.75 * std::sqrt(courbure2) / tolerance));
     const int n = voulu < kCoupesMax ? std::max(1, static_cast<int>(voulu)) : kCoupesMax;
     for (int i = 1; i < n; ++i) {
         const double t = static_cast<double>(i) / n, s = 1 - t;

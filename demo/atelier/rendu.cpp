@@ -75,10 +75,14 @@ class Deja {
 class Pinceau {
   public:
     Pinceau(const Plume& plume, Ecart decalage) : plume_(plume), decalage_(decalage) {}
+    ~Pinceau() { finit(); }
+    Pinceau(const Pinceau&) = delete;
+    Pinceau& operator=(const Pinceau&) = delete;
 
     void prend(int couleur, int trait, int epaisseur) {
         GRX_ATTRIBUTS_TRACER& a = plume_.attrib;
         if (a.coul_trace == couleur && a.type_trait == trait && a.epaisseur == epaisseur) return;
+        finit();
         deja_.oublie();
         a.coul_trace = couleur;
         a.type_trait = trait;
@@ -87,13 +91,14 @@ class Pinceau {
     int motif() const { return periode(plume_.attrib.type_trait); }
 
     void point(Pixel p) {
-        if (plume_.attrib.type_trait == 0 && deja_.vu(p, p)) return;
-        GRX_POINT point{};
-        point.nofen = plume_.nofen;
-        point.x = p.x + decalage_.x;
-        point.y = p.y + decalage_.y;
-        point.attrib = plume_.attrib;
-        grx_trace_point(point);
+        if (plume_.attrib.type_trait != 0) return trace_point(p);
+        if (!deja_.vu(p, p)) points_.push_back(p);
+    }
+
+    // Points of one colour go together, after the lines, which makes few requests of many.
+    void finit() {
+        for (const Pixel p : points_) trace_point(p);
+        points_.clear();
     }
 
     // Of a solid line.
@@ -130,6 +135,15 @@ class Pinceau {
     bool fine() const { return plume_.attrib.epaisseur == 0 && plume_.attrib.type_trait == 0; }
 
   private:
+    void trace_point(Pixel p) const {
+        GRX_POINT point{};
+        point.nofen = plume_.nofen;
+        point.x = p.x + decalage_.x;
+        point.y = p.y + decalage_.y;
+        point.attrib = plume_.attrib;
+        grx_trace_point(point);
+    }
+
     // Requests have a largest size: long lines go in several, each beginning where the last one ended.
     void contour() {
         met_en_requete();
@@ -155,6 +169,7 @@ class Pinceau {
     Plume plume_;
     Ecart decalage_;
     Deja deja_;
+    std::vector<Pixel> points_; // still to be drawn
     std::vector<Pixel> pixels_; // of the line at hand
     std::vector<GRX_POINT_POLY> requete_;
 };
@@ -185,7 +200,7 @@ class Rendu {
   public:
     Rendu(const Scene& scene, const Vue& vue, const Boite& partie)
         : scene_(scene), m_(vue.vers_feuille()), portee_(vue.portee()), echelle_(vue.echelle()),
-          pinceau_({scene.nofen, {}}, vue.decalage()) {
+          pinceau_(Plume{scene.nofen, {}}, vue.decalage()) {
         const Point coin{1.0 * vue.decalage().x, 1.0 * vue.decalage().y};
         partie_ = {partie.min - coin, partie.max - coin};
         for (const CalqueVu& calque : scene.dessin.calques) visibles_.push_back(calque.visible ? 1 : 0);
