@@ -85,8 +85,9 @@ struct Objet {
     Boite boite;
     Trace chemin;
     double hauteur = 0;
-    int couleur = 0; // index into Dessin::couleurs
-    int calque = 0;  // index into Dessin::calques
+    int couleur = 0;    // index into Dessin::couleurs
+    int calque = 0;     // index into Dessin::calques
+    float courbure = 0; // of the path, or a little more
     Genre genre = Genre::Trait;
     std::uint8_t trait = 0;     // GRX_TRAIT_...
     std::uint8_t epaisseur = 0; // line-width index
@@ -102,7 +103,7 @@ struct CalqueVu {
 
 struct Dessin {
     std::vector<Objet> objets; // in the order in which they are drawn
-    Classeur chemins;           // of the objects
+    Classeur chemins;          // of the objects
     Index index;               // of the objects, room for the largest texts included
     std::vector<CalqueVu> calques;
     std::vector<Rgb> couleurs; // the most used ones first

@@ -16,6 +16,11 @@ constexpr int kProfondeurMax = 24;
 constexpr std::size_t kPointsMax = 64'000'000;
 constexpr std::size_t kInsertionsMax = 1'000'000;
 
+// No less than it, however it is rounded.
+float au_dessus(double d) {
+    return std::nextafter(static_cast<float>(d), std::numeric_limits<float>::max());
+}
+
 // What an insertion passes on to its block.
 struct Passe {
     Matrice place;
@@ -95,6 +100,7 @@ class Eclatement {
             return;
         }
         o.boite = o.chemin.boite();
+        o.courbure = au_dessus(o.chemin.courbure());
         o.couleur = place_couleur(passe.couleur);
         o.calque = place_calque(passe.calque);
         o.trait = static_cast<std::uint8_t>(f.genre == Genre::Trait ? passe.trait : 0);

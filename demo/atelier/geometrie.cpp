@@ -10,6 +10,11 @@ constexpr double kPasArc = std::numbers::pi / 8; // a cubic leaves such an arc b
 constexpr double kTourMax = 100 * std::numbers::pi;
 constexpr int kCoupesMax = 256;
 
+double courbure_de(Point debut, Point p, Point q, Point fin) {
+    const auto carre = [](Point v) { return v.x * v.x + v.y * v.y; };
+    return std::sqrt(std::max(carre(debut - 2 * p + q), carre(p - 2 * q + fin)));
+}
+
 } // namespace
 
 void Chemin::courbe(Point p, Point q, Point fin) {
@@ -55,6 +60,16 @@ Boite Trace::boite() const {
     return boite;
 }
 
+double Trace::courbure() const {
+    double r = 0;
+    const Point* point = points_;
+    for (const Pas pas : this->pas()) {
+        if (pas == Pas::Courbe) r = std::max(r, courbure_de(point[-1], point[0], point[1], point[2]));
+        point += pas == Pas::Courbe ? 3 : 1;
+    }
+    return r;
+}
+
 bool Trace::fini() const {
     constexpr double kLoin = 1e12; // beyond this, doubles no longer tell tenths apart
     return std::ranges::all_of(points(), [](Point p) { return std::abs(p.x) <= kLoin && std::abs(p.y) <= kLoin; });
@@ -83,10 +98,8 @@ Trace Classeur::garde(const Trace& trace, const Matrice& m) {
 
 void courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance) {
     const Point debut = trait.back();
-    const auto carre = [](Point v) { return v.x * v.x + v.y * v.y; };
-    const double courbure2 = std::max(carre(debut - 2 * p + q), carre(p - 2 * q + fin));
-    const bool plate = 0.75 * 0.75 * courbure2 <= tolerance * tolerance;
-    const double voulu = plate ? 1 : std::ceil(std::sqrt(0.75 * std::sqrt(courbure2) / tolerance));
+    const double courbure = courbure_de(debut, p, q, fin);
+    const double voulu = plate(courbure, tolerance) ? 1 : std::ceil(std::sqrt(0.75 * courbure / tolerance));
     const int n = voulu < kCoupesMax ? std::max(1, static_cast<int>(voulu)) : kCoupesMax;
     for (int i = 1; i < n; ++i) {
         const double t = static_cast<double>(i) / n, s = 1 - t;

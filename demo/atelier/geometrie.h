@@ -85,6 +85,11 @@ struct Boite {
     }
 };
 
+// Whether curves of this much bend, seen as large as tolerance is, leave the lines between their ends by it at most.
+constexpr bool plate(double courbure, double tolerance) {
+    return 0.75 * courbure <= tolerance;
+}
+
 // One step of a path: to a point without drawing, by a line, or by a cubic curve that two more points guide.
 enum class Pas : std::uint8_t { Aller, Ligne, Courbe };
 
@@ -105,6 +110,8 @@ class Trace {
     // Around all points, those that guide the curves included.
     Boite boite() const;
     bool fini() const;
+    // Of the curve that bends most: a length, 0 without curves.
+    double courbure() const;
 
     // Gives each stroke, seen through m and cut into lines that leave the curves by tolerance at most, to
     // recoit(std::vector<Point>&).

@@ -48,7 +48,9 @@ class Filet {
         int etage = fond_.suivant(couleur);
         const auto chacune = [&](auto&& fait) {
             for (int y = y1; y <= y2; ++y)
-                for (int x = x1; x <= x2; ++x) fait(mailles_[static_cast<std::size_t>(y) * static_cast<std::size_t>(cote_) + static_cast<std::size_t>(x)]);
+                for (int x = x1; x <= x2; ++x)
+                    fait(mailles_[static_cast<std::size_t>(y) * static_cast<std::size_t>(cote_)
+                                  + static_cast<std::size_t>(x)]);
         };
         chacune([&](const Dernier& d) { etage = std::max(etage, d.suivant(couleur)); });
         chacune([&](Dernier& d) { d = {etage, couleur}; });
@@ -119,8 +121,8 @@ std::vector<Cle> cles(std::span<const Objet> objets, const Boite& boite) {
     Filet filet(boite, objets.size());
     for (const Objet& o : objets) {
         const int couleur = o.trait == 0 ? o.couleur : kSansCouleur;
-        r.push_back({static_cast<std::uint32_t>(filet.pose(boite_au_plus(o), couleur)), allure(o), place(o.boite, boite),
-            static_cast<std::uint32_t>(r.size())});
+        r.push_back({static_cast<std::uint32_t>(filet.pose(boite_au_plus(o), couleur)), allure(o),
+            place(o.boite, boite), static_cast<std::uint32_t>(r.size())});
     }
     return r;
 }

@@ -55,7 +55,7 @@ class Deja {
     }
 
   private:
-    static constexpr int kBits = 13, kDecale = 64 - kBits;
+    static constexpr int kBits = 11, kDecale = 64 - kBits;
     static constexpr std::size_t kPlaces = 1U << kBits;
     struct Place {
         std::uint64_t cle = 0;
@@ -238,30 +238,31 @@ class Rendu {
 
     void trait(const Objet& o, const Boite& b) {
         if (!contient(portee_, b)) return trace_sur(pinceau_, o.chemin, m_, portee_);
-        if (pinceau_.fine() && !o.chemin.courbe()) return lignes(o.chemin);
+        if (pinceau_.fine() && plate(echelle_ * o.courbure, kTolerance)) return lignes(o.chemin);
         const auto ligne = [&](const std::vector<Point>& points) {
             if (points.size() > 1) pinceau_.ligne(points);
         };
         o.chemin.aplatit(m_, kTolerance, ligne, points_);
     }
 
-    // All straight, thin, solid and within reach.
+    // Thin, solid and within reach; curves are so flat that their ends are enough.
     void lignes(const Trace& chemin) {
-        const auto pas = chemin.pas();
-        const auto points = chemin.points();
-        for (std::size_t i = 0; i < pas.size();) {
-            Pixel ici = pixel(m_.applique(points[i]));
-            bool bouge = false;
-            const std::size_t debut = i++;
-            for (; i < pas.size() && pas[i] == Pas::Ligne; ++i) {
-                const Pixel la = pixel(m_.applique(points[i]));
-                if (la == ici) continue;
-                pinceau_.segment(ici, la);
-                ici = la;
-                bouge = true;
-            }
-            if (!bouge && i - debut > 1) pinceau_.point(ici);
+        const Point* point = chemin.points().data();
+        Pixel ici;
+        bool immobile = false, trace = false; // the stroke at hand: came back to its pixel, left it
+        const auto finit = [&] {
+            if (immobile && !trace) pinceau_.point(ici);
+            immobile = trace = false;
+        };
+        for (const Pas pas : chemin.pas()) {
+            if (pas == Pas::Aller) finit();
+            point += pas == Pas::Courbe ? 2 : 0;
+            const Pixel la = pixel(m_.applique(*point++));
+            if (pas != Pas::Aller) (la == ici ? immobile : trace) = true;
+            if (pas != Pas::Aller && la != ici) pinceau_.segment(ici, la);
+            ici = la;
         }
+        finit();
     }
 
     void texte(const Objet& o) {
