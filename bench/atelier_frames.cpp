@@ -26,10 +26,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 5, kSteps = 12;        // pictures of a round, there and back again
-constexpr int kStepX = 14, kStepY = 8;         // pixels that the hand moves between two pictures
-constexpr int kPatience = 120;                 // seconds
-constexpr double kNoise = 1.25;                // what a shared machine may add to the best round
+constexpr int kRounds = 5, kSteps = 12; // pictures of a round, there and back again
+constexpr int kStepX = 14, kStepY = 8;  // pixels that the hand moves between two pictures
+constexpr int kPatience = 120;          // seconds
+constexpr double kNoise = 1.25;         // what a shared machine may add to the best round
 constexpr unsigned kMiddle = 2, kUp = 4, kDown = 5;
 
 struct Limit {
@@ -192,7 +192,8 @@ Result run(Display* display, const fs::path& program, const std::string& drawing
     r.bytes = atelier.resident_bytes() / entities;
     const pid_t server = server_of(display);
     mouse.press(kMiddle, true);
-    r.move = measure(atelier, server, [&](bool there) { mouse.by(there ? kStepX : -kStepX, there ? kStepY : -kStepY); });
+    r.move =
+        measure(atelier, server, [&](bool there) { mouse.by(there ? kStepX : -kStepX, there ? kStepY : -kStepY); });
     mouse.press(kMiddle, false);
     // Smaller and back to what it was: all of the drawing stays in view.
     bool smaller = false;
@@ -205,7 +206,8 @@ Result run(Display* display, const fs::path& program, const std::string& drawing
 }
 
 bool generate(const std::string& file, int entities) {
-    const std::string command = "python3 '" GRX_PLANS "/dessine_quartier.py' " + std::to_string(entities) + " >'" + file + "'";
+    const std::string command =
+        "python3 '" GRX_PLANS "/dessine_quartier.py' " + std::to_string(entities) + " >'" + file + "'";
     return std::system(command.c_str()) == 0;
 }
 
@@ -214,8 +216,8 @@ bool within(const Limit& limit, const Result& r) {
 }
 
 void print(const char* what, const Cost& cost, double limit) {
-    std::printf("          %-10s %7.2f ms a picture, limit %5.1f%s (processor: atelier %.1f ms, server %.1f ms)\n", what,
-        cost.time, limit, cost.time <= limit ? "" : ", ABOVE", cost.atelier, cost.server);
+    std::printf("          %-10s %7.2f ms a picture, limit %5.1f%s (processor: atelier %.1f ms, server %.1f ms)\n",
+        what, cost.time, limit, cost.time <= limit ? "" : ", ABOVE", cost.atelier, cost.server);
 }
 
 bool report(const Limit& limit, const Result& r) {
@@ -223,7 +225,8 @@ bool report(const Limit& limit, const Result& r) {
         std::printf("%8d entities: a picture did not come, or one too many\n", limit.entities);
         return false;
     }
-    std::printf("%8d entities: first picture after %.2f s, %.0f bytes resident an entity\n", limit.entities, r.load, r.bytes);
+    std::printf(
+        "%8d entities: first picture after %.2f s, %.0f bytes resident an entity\n", limit.entities, r.load, r.bytes);
     print("moved", r.move, limit.move);
     print("magnified", r.zoom, limit.zoom);
     std::fflush(stdout);

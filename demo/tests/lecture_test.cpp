@@ -97,7 +97,8 @@ TEST(Lecture, PolylinesOfBothKinds) {
     const Dessin vieille = lu("0 POLYLINE|8 0|66 1|70 1|0 VERTEX|8 0|10 0|20 0|0 VERTEX|8 0|10 10|20 0|42 1|"
                               "0 VERTEX|8 0|10 10|20 10|0 SEQEND|8 0|0 LINE|8 0|10 0|20 0|11 1|21 1");
     ASSERT_EQ(vieille.objets.size(), 2U);
-    EXPECT_EQ(points(*std::ranges::max_element(vieille.objets, {}, [](const Objet& o) { return o.chemin.nb_points(); })),
+    EXPECT_EQ(
+        points(*std::ranges::max_element(vieille.objets, {}, [](const Objet& o) { return o.chemin.nb_points(); })),
         points(seul(neuve)));
 }
 
