@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
 #include "fonctions.h"
+#include "glissement.h"
 #include "host_g.h"
 #include "palette.h"
 #include "rendu.h"
@@ -151,6 +153,7 @@ void Atelier::taille_changee(INT nofen) {
     if (!cadree_) vue_.cadre_tout(dessin_.boite);
     cadree_ = true;
     redessine();
+    annonce_image();
 }
 
 // The sheet keeps to the right of the tools, whatever the size of the window.
@@ -198,7 +201,7 @@ void Atelier::bouge(const GRX_SOURIS_BOUGE& e) {
     if (!prise_) return;
     vue_.deplace(p - *prise_);
     prise_ = p;
-    a_redessiner_ = true;
+    a_glisser_ = true;
 }
 
 void Atelier::relache(const GRX_BOUTON_RELACHE& e) {
@@ -225,7 +228,7 @@ void Atelier::touche(const GRX_CARAC_APPUI& e) {
     case 'q': return action(kFonctionQuitter);
     default: return;
     }
-    a_redessiner_ = true;
+    a_glisser_ = true;
 }
 
 // --- menus, icons and controls --------------------------------------------------------------------------------------
@@ -343,29 +346,62 @@ void Atelier::fin_elastique(bool zoome) {
 // --- picture ------------------------------------------------------------------------------------------------------
 
 void Atelier::rafraichit() {
-    if (a_redessiner_) redessine();
+    const bool image = a_redessiner_ || a_glisser_;
+    if (a_redessiner_)
+        redessine();
+    else if (a_glisser_)
+        glisse();
     montre_bandeau();
+    if (image) annonce_image();
+}
+
+// For who measures how long pictures take: a line for each, once the server has finished it.
+void Atelier::annonce_image() {
+    static const bool mesure = std::getenv("ATELIER_MESURE") != nullptr;
+    if (!mesure) return;
+    XSync(x11_disp, False);
+    std::puts("image");
+    std::fflush(stdout);
 }
 
 // Unseen into the backing picture, then shown at once; exposures show it again without asking.
 void Atelier::redessine() {
-    a_redessiner_ = false;
     grx_affecte_nofen_active(graphique_);
     grx_alloue_image(graphique_);
-    trace_feuille();
+    trace_feuille(tout_l_ecran(vue_));
     grx_desalloue_image();
+    montre_vue();
+}
+
+// The picture moves, and only what comes to light is drawn.
+void Atelier::glisse() {
+    const auto ecart = peinte_ ? vue_.deplacement_depuis(*peinte_) : std::nullopt;
+    if (!ecart || !glisse_image(graphique_, vue_, *ecart)) return redessine();
+    grx_affecte_nofen_active(graphique_);
+    for (const Boite& partie : parties_decouvertes(vue_, *ecart)) {
+        const Decoupe decoupe(partie);
+        grx_alloue_image(graphique_);
+        trace_feuille(partie);
+        grx_desalloue_image();
+    }
+    montre_vue();
+}
+
+void Atelier::montre_vue() {
+    a_redessiner_ = a_glisser_ = false;
+    peinte_ = vue_;
     grx_affiche_bitmap_backingstore(graphique_);
     montre_titre();
     montre_outils();
 }
 
-void Atelier::trace_feuille() {
+void Atelier::trace_feuille(const Boite& partie) {
     Plume plume{graphique_, {}};
     const std::vector<PlumeNommee> connues = plumes();
     plume.attrib.coul_trace = connues[static_cast<std::size_t>(reglages_.plume)].couleur;
     plume.attrib.type_trait = trait_grille(reglages_.trait);
     if (reglages_.grille) trace_grille(plume, vue_, reglages_.pas);
-    trace_dessin(graphique_, dessin_, vue_, indices_, agrandissement_textes(reglages_.textes));
+    trace_dessin({graphique_, dessin_, indices_, agrandissement_textes(reglages_.textes)}, vue_, partie);
 }
 
 double Atelier::montre_en() const {

@@ -113,12 +113,15 @@ class Atelier {
     // What the user sees follows once all waiting events were handled.
     void rafraichit();
     void redessine();
+    void glisse();
+    void montre_vue();
+    static void annonce_image();
     void montre_bandeau();
     void montre_outils();
     void montre_titre();
     double echelle_papier() const;
     std::string texte_position(Point p) const;
-    void trace_feuille();
+    void trace_feuille(const Boite& partie);
     // From coordinates of the drawing to those that the user reads, and how many decimals they need.
     double montre_en() const;
     int decimales() const;
@@ -161,7 +164,9 @@ class Atelier {
     std::optional<Point> pointeur_; // none before the first move
     int hauteur_fenetre_ = 1;
     bool cadree_ = false;
-    bool a_redessiner_ = false;
+    std::optional<Vue> peinte_; // what the backing picture shows
+    bool a_redessiner_ = false; // all of it
+    bool a_glisser_ = false;    // or only what a move of the view uncovers
     bool fini_ = false;
 };
 

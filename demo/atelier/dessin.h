@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "geometrie.h"
+#include "index.h"
 
 namespace atelier {
 
@@ -17,7 +18,7 @@ struct Rgb {
     auto operator<=>(const Rgb&) const = default;
 };
 
-enum class Genre { Plein, Trait, Point, Texte };
+enum class Genre : std::uint8_t { Plein, Trait, Point, Texte };
 
 // --- as it is read ------------------------------------------------------------------------------------------------
 
@@ -81,15 +82,18 @@ struct Brut {
 // --- as it is drawn -----------------------------------------------------------------------------------------------
 
 struct Objet {
-    Genre genre = Genre::Trait;
-    Chemin chemin;
     Boite boite;
-    int couleur = 0;   // index into Dessin::couleurs
-    int calque = 0;    // index into Dessin::calques
-    int trait = 0;     // GRX_TRAIT_...
-    int epaisseur = 0; // line-width index
+    Trace chemin;
     double hauteur = 0;
+    int couleur = 0;    // index into Dessin::couleurs
+    int calque = 0;     // index into Dessin::calques
+    float courbure = 0; // of the path, or a little more
+    Genre genre = Genre::Trait;
+    std::uint8_t trait = 0;     // GRX_TRAIT_...
+    std::uint8_t epaisseur = 0; // line-width index
 };
+
+constexpr double kTextesMax = 2; // times larger than in the drawing that texts may be shown
 
 // A layer that has something on it, and whether the user wants to see it.
 struct CalqueVu {
@@ -99,6 +103,8 @@ struct CalqueVu {
 
 struct Dessin {
     std::vector<Objet> objets; // in the order in which they are drawn
+    Classeur chemins;          // of the objects
+    Index index;               // of the objects, room for the largest texts included
     std::vector<CalqueVu> calques;
     std::vector<Rgb> couleurs; // the most used ones first
     Boite boite;

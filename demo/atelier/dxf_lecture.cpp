@@ -289,21 +289,37 @@ class Lecture : public DL_CreationAdapter {
 
 } // namespace
 
-Dessin lit_texte(std::string_view texte) {
-    DxfReduit reduit_ = reduit(texte);
+namespace {
+
+Brut interprete(std::string&& texte) {
     Lecture lecture;
-    std::istringstream flux(reduit_.texte);
+    std::istringstream flux(std::move(texte));
     DL_Dxf dxf;
     if (!dxf.in(flux, &lecture)) throw ErreurLecture("n'est pas un dessin DXF");
-    Brut brut = lecture.fait();
-    brut.unites = reduit_.unites;
-    for (const auto& [nom, nombre] : reduit_.non_dessinees) brut.non_dessinees[nom] += nombre;
-    brut.remarques = std::move(reduit_.remarques);
+    return lecture.fait();
+}
+
+Dessin lit_reduit(DxfReduit&& lu) {
+    Brut brut = interprete(std::move(lu.texte));
+    brut.unites = lu.unites;
+    for (const auto& [nom, nombre] : lu.non_dessinees) brut.non_dessinees[nom] += nombre;
+    brut.remarques = std::move(lu.remarques);
     return eclate(brut);
 }
 
+// The text of the file goes before it is interpreted.
+DxfReduit reduit_fichier(const std::string& chemin) {
+    return reduit(lit_fichier(chemin));
+}
+
+} // namespace
+
+Dessin lit_texte(std::string_view texte) {
+    return lit_reduit(reduit(texte));
+}
+
 Dessin lit_dessin(const std::string& chemin) {
-    return lit_texte(lit_fichier(chemin));
+    return lit_reduit(reduit_fichier(chemin));
 }
 
 std::string bilan(const Compte& non_dessinees) {

@@ -5,6 +5,7 @@
 
 #include "couleurs.h"
 #include "dessin.h"
+#include "ordre.h"
 #include "traits.h"
 
 namespace atelier {
@@ -12,8 +13,13 @@ namespace atelier {
 namespace {
 
 constexpr int kProfondeurMax = 24;
-constexpr std::size_t kPointsMax = 4'000'000;
-constexpr std::size_t kInsertionsMax = 400'000;
+constexpr std::size_t kPointsMax = 64'000'000;
+constexpr std::size_t kInsertionsMax = 1'000'000;
+
+// No less than it, however it is rounded.
+float au_dessus(double d) {
+    return std::nextafter(static_cast<float>(d), std::numeric_limits<float>::max());
+}
 
 // What an insertion passes on to its block.
 struct Passe {
@@ -37,8 +43,8 @@ class Eclatement {
         pose(brut_.entites, {});
         if (plein()) dessin_.remarques.emplace_back("dessin trop grand : la suite est laissee de cote");
         trie_couleurs();
-        std::ranges::stable_sort(dessin_.objets, {}, rang);
         for (const Objet& o : dessin_.objets) dessin_.boite.ajoute(o.boite);
+        range();
         return std::move(dessin_);
     }
 
@@ -87,17 +93,18 @@ class Eclatement {
         if (!passe.visible || f.chemin.empty()) return;
         Objet o;
         o.genre = f.genre;
-        o.chemin.ajoute(f.chemin, passe.place);
+        o.chemin = dessin_.chemins.garde(f.chemin, passe.place);
         points_ += o.chemin.nb_points();
         if (!o.chemin.fini()) {
             ++dessin_.non_dessinees["hors limites"];
             return;
         }
         o.boite = o.chemin.boite();
+        o.courbure = au_dessus(o.chemin.courbure());
         o.couleur = place_couleur(passe.couleur);
         o.calque = place_calque(passe.calque);
-        o.trait = f.genre == Genre::Trait ? passe.trait : 0;
-        o.epaisseur = f.genre == Genre::Trait ? passe.epaisseur : 0;
+        o.trait = static_cast<std::uint8_t>(f.genre == Genre::Trait ? passe.trait : 0);
+        o.epaisseur = static_cast<std::uint8_t>(f.genre == Genre::Trait ? passe.epaisseur : 0);
         o.hauteur = f.hauteur * passe.place.grandeur();
         dessin_.objets.push_back(std::move(o));
     }
@@ -156,11 +163,16 @@ class Eclatement {
         for (Objet& o : dessin_.objets) o.couleur = place[static_cast<std::size_t>(o.couleur)];
     }
 
-    // Fills first; then broken lines, whose gaps cover what is below; solid lines, points and texts on top.
-    static int rang(const Objet& o) {
-        if (o.genre == Genre::Plein) return 0;
-        if (o.genre == Genre::Trait) return o.trait != 0 ? 1 : 2;
-        return 3;
+    // What is drawn one after the other lies close together in memory, paths as well as objects.
+    void range() {
+        ordonne(dessin_.objets, dessin_.boite);
+        Classeur chemins;
+        for (Objet& o : dessin_.objets) o.chemin = chemins.garde(o.chemin);
+        dessin_.chemins = std::move(chemins);
+        std::vector<Boite> boites;
+        boites.reserve(dessin_.objets.size());
+        for (const Objet& o : dessin_.objets) boites.push_back(boite_au_plus(o));
+        dessin_.index = Index(boites);
     }
 
     const Brut& brut_;

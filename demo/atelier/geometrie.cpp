@@ -10,6 +10,11 @@ constexpr double kPasArc = std::numbers::pi / 8; // a cubic leaves such an arc b
 constexpr double kTourMax = 100 * std::numbers::pi;
 constexpr int kCoupesMax = 256;
 
+double courbure_de(Point debut, Point p, Point q, Point fin) {
+    const auto carre = [](Point v) { return v.x * v.x + v.y * v.y; };
+    return std::sqrt(std::max(carre(debut - 2 * p + q), carre(p - 2 * q + fin)));
+}
+
 } // namespace
 
 void Chemin::courbe(Point p, Point q, Point fin) {
@@ -43,27 +48,58 @@ void Chemin::ferme() {
     }
 }
 
-void Chemin::ajoute(const Chemin& autre, const Matrice& m) {
-    pas_.insert(pas_.end(), autre.pas_.begin(), autre.pas_.end());
-    points_.reserve(points_.size() + autre.points_.size());
-    for (const Point p : autre.points_) points_.push_back(m.applique(p));
+void Chemin::ajoute(const Trace& autre, const Matrice& m) {
+    pas_.insert(pas_.end(), autre.pas().begin(), autre.pas().end());
+    points_.reserve(points_.size() + autre.nb_points());
+    for (const Point p : autre.points()) points_.push_back(m.applique(p));
 }
 
-Boite Chemin::boite() const {
+Boite Trace::boite() const {
     Boite boite;
-    for (const Point p : points_) boite.ajoute(p);
+    for (const Point p : points()) boite.ajoute(p);
     return boite;
 }
 
-bool Chemin::fini() const {
-    constexpr double kLoin = 1e12; // beyond this, doubles no longer tell tenths apart
-    return std::ranges::all_of(points_, [](Point p) { return std::abs(p.x) <= kLoin && std::abs(p.y) <= kLoin; });
+double Trace::courbure() const {
+    double r = 0;
+    const Point* point = points_;
+    for (const Pas pas : this->pas()) {
+        if (pas == Pas::Courbe) r = std::max(r, courbure_de(point[-1], point[0], point[1], point[2]));
+        point += pas == Pas::Courbe ? 3 : 1;
+    }
+    return r;
 }
 
-void Chemin::courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance) {
+bool Trace::fini() const {
+    constexpr double kLoin = 1e12; // beyond this, doubles no longer tell tenths apart
+    return std::ranges::all_of(points(), [](Point p) { return std::abs(p.x) <= kLoin && std::abs(p.y) <= kLoin; });
+}
+
+template <class T>
+T* Classeur::Blocs<T>::prend(std::size_t nombre) {
+    constexpr std::size_t kBloc = 1U << 16;
+    if (pris + nombre > taille) {
+        taille = std::max(kBloc, nombre);
+        pris = 0;
+        blocs.push_back(std::make_unique_for_overwrite<T[]>(taille));
+    }
+    pris += nombre;
+    return blocs.back().get() + (pris - nombre);
+}
+
+Trace Classeur::garde(const Trace& trace, const Matrice& m) {
+    if (trace.empty()) return {};
+    Pas* const pas = pas_.prend(trace.pas().size());
+    Point* const points = points_.prend(trace.nb_points());
+    std::ranges::copy(trace.pas(), pas);
+    std::ranges::transform(trace.points(), points, [&](Point p) { return m.applique(p); });
+    return {{pas, trace.pas().size()}, {points, trace.nb_points()}};
+}
+
+void courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance) {
     const Point debut = trait.back();
-    const double courbure = std::max(norme(debut - 2 * p + q), norme(p - 2 * q + fin));
-    const double voulu = std::ceil(std::sqrt(0.75 * courbure / tolerance));
+    const double courbure = courbure_de(debut, p, q, fin);
+    const double voulu = plate(courbure, tolerance) ? 1 : std::ceil(std::sqrt(0.75 * courbure / tolerance));
     const int n = voulu < kCoupesMax ? std::max(1, static_cast<int>(voulu)) : kCoupesMax;
     for (int i = 1; i < n; ++i) {
         const double t = static_cast<double>(i) / n, s = 1 - t;

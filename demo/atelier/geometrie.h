@@ -5,7 +5,9 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <numbers>
+#include <span>
 #include <vector>
 
 namespace atelier {
@@ -83,11 +85,54 @@ struct Boite {
     }
 };
 
-// Lines and cubic curves: what any affine map turns into the same kind of thing again.
+// Whether curves of this much bend, seen as large as tolerance is, leave the lines between their ends by it at most.
+constexpr bool plate(double courbure, double tolerance) {
+    return 0.75 * courbure <= tolerance;
+}
+
+// One step of a path: to a point without drawing, by a line, or by a cubic curve that two more points guide.
+enum class Pas : std::uint8_t { Aller, Ligne, Courbe };
+
+// A path that somebody else holds: lines and cubic curves, what any affine map turns into the same kind of thing again.
+class Trace {
+  public:
+    Trace() = default;
+    Trace(std::span<const Pas> pas, std::span<const Point> points)
+        : pas_(pas.data()), points_(points.data()), nb_pas_(static_cast<std::uint32_t>(pas.size())),
+          nb_points_(static_cast<std::uint32_t>(points.size())) {}
+
+    bool empty() const { return nb_pas_ == 0; }
+    std::size_t nb_points() const { return nb_points_; }
+    // One for Aller and Ligne, three for Courbe.
+    std::span<const Point> points() const { return {points_, nb_points_}; }
+    std::span<const Pas> pas() const { return {pas_, nb_pas_}; }
+    bool courbe() const { return nb_points_ != nb_pas_; }
+    // Around all points, those that guide the curves included.
+    Boite boite() const;
+    bool fini() const;
+    // Of the curve that bends most: a length, 0 without curves.
+    double courbure() const;
+
+    // Gives each stroke, seen through m and cut into lines that leave the curves by tolerance at most, to
+    // recoit(std::vector<Point>&).
+    template <class Recoit>
+    void aplatit(const Matrice& m, double tolerance, Recoit recoit) const {
+        std::vector<Point> trait;
+        aplatit(m, tolerance, recoit, trait);
+    }
+    // The same with room for the points that lasts: for who does it often.
+    template <class Recoit>
+    void aplatit(const Matrice& m, double tolerance, Recoit recoit, std::vector<Point>& trait) const;
+
+  private:
+    const Pas* pas_ = nullptr;
+    const Point* points_ = nullptr;
+    std::uint32_t nb_pas_ = 0, nb_points_ = 0;
+};
+
+// A path as it is made.
 class Chemin {
   public:
-    enum class Pas : std::uint8_t { Aller, Ligne, Courbe };
-
     void aller(Point p) { ajoute(Pas::Aller, p); }
     void ligne(Point p) { ajoute(empty() ? Pas::Aller : Pas::Ligne, p); }
     void courbe(Point p, Point q, Point fin);
@@ -95,37 +140,53 @@ class Chemin {
     void arc(Point centre, Point u, Point v, double t0, double t1);
     // Back to where the last stroke began.
     void ferme();
-    void ajoute(const Chemin& autre, const Matrice& m);
+    void ajoute(const Trace& autre, const Matrice& m);
 
+    operator Trace() const { return {pas_, points_}; }
     bool empty() const { return pas_.empty(); }
-    std::size_t nb_points() const { return points_.size(); }
     const std::vector<Point>& points() const { return points_; }
-    const std::vector<Pas>& pas() const { return pas_; }
-    // Around all points, those that guide the curves included.
-    Boite boite() const;
-    bool fini() const;
-
-    // Gives each stroke, seen through m and cut into lines that leave the curves by tolerance at most, to
-    // recoit(std::vector<Point>&).
+    Boite boite() const { return Trace(*this).boite(); }
+    std::size_t nb_points() const { return points_.size(); }
+    bool fini() const { return Trace(*this).fini(); }
     template <class Recoit>
-    void aplatit(const Matrice& m, double tolerance, Recoit recoit) const;
+    void aplatit(const Matrice& m, double tolerance, Recoit recoit) const {
+        Trace(*this).aplatit(m, tolerance, recoit);
+    }
 
   private:
     void ajoute(Pas pas, Point p) {
         pas_.push_back(pas);
         points_.push_back(p);
     }
-    static void courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance);
 
     std::vector<Pas> pas_;
-    std::vector<Point> points_; // one for Aller and Ligne, three for Courbe
+    std::vector<Point> points_;
 };
 
+// Holds many paths close together, in the order in which they came; they stay where they are when it is moved.
+class Classeur {
+  public:
+    Trace garde(const Trace& trace, const Matrice& m = {});
+
+  private:
+    template <class T>
+    struct Blocs {
+        std::vector<std::unique_ptr<T[]>> blocs;
+        std::size_t pris = 0, taille = 0; // of the last one
+        T* prend(std::size_t nombre);
+    };
+    Blocs<Pas> pas_;
+    Blocs<Point> points_;
+};
+
+// The points after the last one of trait that a curve goes through, fin included.
+void courbe_en_lignes(std::vector<Point>& trait, Point p, Point q, Point fin, double tolerance);
+
 template <class Recoit>
-void Chemin::aplatit(const Matrice& m, double tolerance, Recoit recoit) const {
-    std::vector<Point> trait;
-    auto point = points_.begin();
-    for (const Pas pas : pas_) {
+void Trace::aplatit(const Matrice& m, double tolerance, Recoit recoit, std::vector<Point>& trait) const {
+    trait.clear();
+    const Point* point = points_;
+    for (const Pas pas : this->pas()) {
         if (pas == Pas::Courbe) {
             courbe_en_lignes(trait, m.applique(point[0]), m.applique(point[1]), m.applique(point[2]), tolerance);
             point += 3;

@@ -10,10 +10,6 @@ namespace atelier {
 
 namespace {
 
-bool courbe(const Objet& o) {
-    return std::ranges::find(o.chemin.pas(), Chemin::Pas::Courbe) != o.chemin.pas().end();
-}
-
 double longueur(const Objet& o) {
     constexpr double kPart = 1e-4; // of the object, that lines may leave its curves by
     const double tolerance = std::max(kPart * std::max(o.boite.largeur(), o.boite.hauteur()), 1e-12);
@@ -31,7 +27,7 @@ const char* nature(const Objet& o) {
     case Genre::Texte: return "Textes";
     case Genre::Trait: break;
     }
-    return courbe(o) ? "Arcs" : "Lignes";
+    return o.chemin.courbe() ? "Arcs" : "Lignes";
 }
 
 std::string groupe(const Dessin& d, const Objet& o, Critere critere) {
@@ -46,7 +42,7 @@ void compte(LigneTable& l, const Objet& o) {
     case Genre::Plein:
     case Genre::Point: ++l.autres; return;
     case Genre::Texte: ++l.textes; return;
-    case Genre::Trait: ++(courbe(o) ? l.arcs : l.lignes);
+    case Genre::Trait: ++(o.chemin.courbe() ? l.arcs : l.lignes);
     }
     l.longueur += longueur(o);
 }

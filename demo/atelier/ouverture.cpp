@@ -1,5 +1,7 @@
 #include "ouverture.h"
 
+#include <malloc.h>
+
 #include <cstdio>
 #include <exception>
 
@@ -13,6 +15,7 @@ Ouverture ouvre_fichier(const std::string& chemin) try {
     r.raison = bilan(r.dessin->non_dessinees);
     if (!r.raison.empty()) std::printf("%s\n", r.raison.c_str());
     std::fflush(stdout);
+    malloc_trim(0); // reading takes several times what the drawing takes in the end
     return r;
 } catch (const std::exception& e) {
     return {std::nullopt, e.what()};

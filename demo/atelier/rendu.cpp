@@ -1,8 +1,10 @@
 #include "rendu.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "decoupe.h"
+#include "ordre.h"
 #include "police.h"
 #include "reglages.h"
 #include "traits.h"
@@ -13,151 +15,329 @@ namespace atelier {
 namespace {
 
 constexpr double kTolerance = 0.2;       // pixels by which curves may be off
-constexpr double kDebord = 64;           // pixels drawn beyond the window: wider than any line
+constexpr double kDebord = 64;           // pixels that a wide line, or a cross, may show beyond its box, at most
+constexpr double kDebordFin = 1;         // and a thin line
 constexpr double kTexteMin = 2.5;        // height in pixels below which a text is a smudge
 constexpr std::size_t kPointsMax = 2000; // of one request
 constexpr double kParEpaisseur = 20;     // height in pixels of a text for each width that its strokes gain
 constexpr int kEpaisseurTexteMax = 4;
 constexpr int kDemiCroix = 3;
 
-GRX_POINT_POLY pixel(Point p) {
-    return {static_cast<short>(std::lround(p.x)), static_cast<short>(std::lround(p.y))};
+struct Pixel {
+    int x = 0, y = 0;
+    bool operator==(const Pixel&) const = default;
+};
+
+Pixel pixel(Point p) {
+    const auto arrondi = [](double d) { return static_cast<int>(d + std::copysign(0.5, d)); };
+    return {arrondi(p.x), arrondi(p.y)};
 }
 
-bool meme(GRX_POINT_POLY a, GRX_POINT_POLY b) {
-    return a.x == b.x && a.y == b.y;
-}
-
-std::vector<GRX_POINT_POLY> pixels(const std::vector<Point>& points) {
-    std::vector<GRX_POINT_POLY> r;
-    r.reserve(points.size());
+void met_en_pixels(std::vector<Pixel>& r, const std::vector<Point>& points) {
+    r.clear();
     for (const Point p : points)
-        if (const GRX_POINT_POLY q = pixel(p); r.empty() || !meme(r.back(), q)) r.push_back(q);
-    return r;
+        if (const Pixel q = pixel(p); r.empty() || r.back() != q) r.push_back(q);
 }
 
-GRX_POLY poly(const Plume& plume, GRX_POINT_POLY* points, std::size_t nombre) {
-    GRX_POLY p{};
-    p.nofen = plume.nofen;
-    p.points = points;
-    p.npoints = static_cast<INT>(nombre);
-    p.attrib = plume.attrib;
-    return p;
-}
+// Thin solid lines and points of one colour after the other, each drawn once: a second time shows nothing new as long
+// as nothing else came between.
+class Deja {
+  public:
+    Deja() : places_(kPlaces) {}
+    void oublie() { ++suite_; }
+    // Notes it. Of very many, some are forgotten.
+    bool vu(Pixel p, Pixel q) {
+        const Place neuve{cle(p) << 32 | cle(q), suite_};
+        Place& place = places_[(neuve.cle * 0x9E3779B97F4A7C15U) >> kDecale];
+        if (place == neuve) return true;
+        place = neuve;
+        return false;
+    }
 
-void trace_point(const Plume& plume, GRX_POINT_POLY p) {
-    GRX_POINT point{};
-    point.nofen = plume.nofen;
-    point.x = p.x;
-    point.y = p.y;
-    point.attrib = plume.attrib;
-    grx_trace_point(point);
-}
-
-// Requests have a largest size: long lines go in several, each beginning where the last one ended.
-void trace_ligne(const Plume& plume, const std::vector<Point>& ligne) {
-    std::vector<GRX_POINT_POLY> p = pixels(ligne);
-    if (p.size() == 1) return trace_point(plume, p[0]);
-    for (std::size_t i = 0; i + 1 < p.size(); i += kPointsMax - 1)
-        grx_trace_polyline(poly(plume, p.data() + i, std::min(kPointsMax, p.size() - i)));
-}
-
-void trace_croix(const Plume& plume, Point centre) {
-    const GRX_POINT_POLY c = pixel(centre);
-    const auto decale = [c](int dx, int dy) {
-        return GRX_POINT_POLY{static_cast<short>(c.x + dx), static_cast<short>(c.y + dy)};
+  private:
+    static constexpr int kBits = 11, kDecale = 64 - kBits;
+    static constexpr std::size_t kPlaces = 1U << kBits;
+    struct Place {
+        std::uint64_t cle = 0;
+        unsigned suite = 0;
+        bool operator==(const Place&) const = default;
     };
-    GRX_POINT_POLY h[2]{decale(-kDemiCroix, 0), decale(kDemiCroix, 0)};
-    GRX_POINT_POLY v[2]{decale(0, -kDemiCroix), decale(0, kDemiCroix)};
-    grx_trace_polyline(poly(plume, h, 2));
-    grx_trace_polyline(poly(plume, v, 2));
-}
+    // Sheets are less than 65536 pixels wide.
+    static std::uint64_t cle(Pixel p) {
+        return static_cast<std::uint16_t>(p.x) << 16U | static_cast<std::uint16_t>(p.y);
+    }
 
-void remplit(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites) {
-    chemin.aplatit(m, kTolerance, [&](const std::vector<Point>& contour) {
-        std::vector<GRX_POINT_POLY> p = pixels(decoupe_surface(contour, limites));
-        if (p.size() > 2) grx_remplit_polygone(poly(plume, p.data(), p.size()));
+    std::vector<Place> places_;
+    unsigned suite_ = 1;
+};
+
+// From pixels of the sheet to primitives on the screen.
+class Pinceau {
+  public:
+    Pinceau(const Plume& plume, Ecart decalage) : plume_(plume), decalage_(decalage) {}
+    ~Pinceau() { finit(); }
+    Pinceau(const Pinceau&) = delete;
+    Pinceau& operator=(const Pinceau&) = delete;
+
+    void prend(int couleur, int trait, int epaisseur) {
+        GRX_ATTRIBUTS_TRACER& a = plume_.attrib;
+        if (a.coul_trace == couleur && a.type_trait == trait && a.epaisseur == epaisseur) return;
+        finit();
+        deja_.oublie();
+        a.coul_trace = couleur;
+        a.type_trait = trait;
+        a.epaisseur = epaisseur;
+    }
+    int motif() const { return periode(plume_.attrib.type_trait); }
+
+    void point(Pixel p) {
+        if (plume_.attrib.type_trait != 0) return trace_point(p);
+        if (!deja_.vu(p, p)) points_.push_back(p);
+    }
+
+    // Points of one colour go together, after the lines, which makes few requests of many.
+    void finit() {
+        for (const Pixel p : points_) trace_point(p);
+        points_.clear();
+    }
+
+    // Of a solid line.
+    void segment(Pixel p, Pixel q) {
+        if (deja_.vu(p, q)) return;
+        GRX_SEGMENT segment{};
+        segment.nofen = plume_.nofen;
+        segment.x1 = p.x + decalage_.x;
+        segment.y1 = p.y + decalage_.y;
+        segment.x2 = q.x + decalage_.x;
+        segment.y2 = q.y + decalage_.y;
+        segment.attrib = plume_.attrib;
+        grx_trace_segment(segment);
+    }
+
+    void ligne(const std::vector<Point>& points) {
+        met_en_pixels(pixels_, points);
+        if (pixels_.size() == 1) return point(pixels_[0]);
+        if (!fine()) return contour();
+        for (std::size_t i = 0; i + 1 < pixels_.size(); ++i) segment(pixels_[i], pixels_[i + 1]);
+    }
+
+    void surface(const std::vector<Point>& points) {
+        met_en_pixels(pixels_, points);
+        if (pixels_.empty()) return;
+        met_en_requete();
+        if (requete_.size() > 2) grx_remplit_polygone(poly(requete_.data(), requete_.size()));
         // Thin surfaces keep an outline when they have less than a pixel of inside.
-        if (!p.empty()) {
-            p.push_back(p.front());
-            grx_trace_polyline(poly(plume, p.data(), p.size()));
-        }
+        pixels_.push_back(Pixel(pixels_.front()));
+        contour();
+    }
+
+    // Thin and solid: all the same in one piece or in several, drawn once or more.
+    bool fine() const { return plume_.attrib.epaisseur == 0 && plume_.attrib.type_trait == 0; }
+
+  private:
+    void trace_point(Pixel p) const {
+        GRX_POINT point{};
+        point.nofen = plume_.nofen;
+        point.x = p.x + decalage_.x;
+        point.y = p.y + decalage_.y;
+        point.attrib = plume_.attrib;
+        grx_trace_point(point);
+    }
+
+    // Requests have a largest size: long lines go in several, each beginning where the last one ended.
+    void contour() {
+        met_en_requete();
+        for (std::size_t i = 0; i + 1 < requete_.size(); i += kPointsMax - 1)
+            grx_trace_polyline(poly(requete_.data() + i, std::min(kPointsMax, requete_.size() - i)));
+    }
+
+    void met_en_requete() {
+        requete_.clear();
+        for (const Pixel p : pixels_)
+            requete_.push_back({static_cast<short>(p.x + decalage_.x), static_cast<short>(p.y + decalage_.y)});
+    }
+
+    GRX_POLY poly(GRX_POINT_POLY* points, std::size_t nombre) const {
+        GRX_POLY p{};
+        p.nofen = plume_.nofen;
+        p.points = points;
+        p.npoints = static_cast<INT>(nombre);
+        p.attrib = plume_.attrib;
+        return p;
+    }
+
+    Plume plume_;
+    Ecart decalage_;
+    Deja deja_;
+    std::vector<Pixel> points_; // still to be drawn
+    std::vector<Pixel> pixels_; // of the line at hand
+    std::vector<GRX_POINT_POLY> requete_;
+};
+
+void trace_sur(Pinceau& pinceau, const Trace& chemin, const Matrice& m, const Boite& limites) {
+    chemin.aplatit(m, kTolerance, [&](const std::vector<Point>& ligne) {
+        if (ligne.size() == 1) return;
+        decoupe_ligne(ligne, limites, pinceau.motif(), [&](const std::vector<Point>& part) { pinceau.ligne(part); });
     });
 }
 
-Boite ecran(int largeur, int hauteur) {
-    return Boite::entre({-kDebord, -kDebord}, {largeur + kDebord, hauteur + kDebord});
+Boite elargie(const Boite& b, double bord) {
+    return {b.min - Point{bord, bord}, b.max + Point{bord, bord}};
 }
 
-// About the middle, so that texts stay where they are.
-Matrice agrandie(const Boite& boite, double k) {
-    const Point milieu = boite.centre();
-    return Matrice::translation(milieu) * Matrice::echelle(k, k) * Matrice::translation(-1 * milieu);
+bool contient(const Boite& grande, const Boite& petite) {
+    return grande.min.x <= petite.min.x && grande.min.y <= petite.min.y && petite.max.x <= grande.max.x
+           && petite.max.y <= grande.max.y;
 }
 
-Boite boite_montree(const Objet& o, double textes) {
-    if (o.genre != Genre::Texte || o.boite.vide()) return o.boite;
-    const Matrice m = agrandie(o.boite, textes);
-    return Boite::entre(m.applique(o.boite.min), m.applique(o.boite.max));
+// Whether all of a box is one pixel, near enough that its number exists.
+bool un_pixel(const Boite& b) {
+    return b.max.x - b.min.x < 1 && b.max.y - b.min.y < 1 && pixel(b.min) == pixel(b.max);
 }
 
-void trace_lettres(Plume plume, const Objet& o, const Vue& vue, const Boite& limites, double textes) {
-    const double hauteur = o.hauteur * vue.echelle() * textes;
-    if (hauteur < kTexteMin) return;
-    plume.attrib.epaisseur = static_cast<INT>(std::min<double>(hauteur / kParEpaisseur, kEpaisseurTexteMax));
-    trace_chemin(plume, o.chemin, vue.vers_ecran() * agrandie(o.boite, textes), limites);
-}
-
-void trace_objet(const Plume& plume, const Objet& o, const Vue& vue, const Boite& limites, double textes) {
-    const Matrice m = vue.vers_ecran();
-    switch (o.genre) {
-    case Genre::Plein: return remplit(plume, o.chemin, m, limites);
-    case Genre::Point: return trace_croix(plume, m.applique(o.chemin.points().front()));
-    case Genre::Texte: return trace_lettres(plume, o, vue, limites, textes);
-    case Genre::Trait: return trace_chemin(plume, o.chemin, m, limites);
+// Draws the objects that show within a part of the screen.
+class Rendu {
+  public:
+    Rendu(const Scene& scene, const Vue& vue, const Boite& partie)
+        : scene_(scene), m_(vue.vers_feuille()), portee_(vue.portee()), echelle_(vue.echelle()),
+          pinceau_(Plume{scene.nofen, {}}, vue.decalage()) {
+        const Point coin{1.0 * vue.decalage().x, 1.0 * vue.decalage().y};
+        partie_ = {partie.min - coin, partie.max - coin};
+        for (const CalqueVu& calque : scene.dessin.calques) visibles_.push_back(calque.visible ? 1 : 0);
+        const Boite large = elargie(partie, kDebord);
+        cherchee_ = Boite::entre(vue.vers_dessin(large.min), vue.vers_dessin(large.max));
     }
+
+    void tout() {
+        scene_.dessin.index.cherche(cherchee_, [&](std::size_t debut, std::size_t fin) {
+            for (std::size_t i = debut; i < fin; ++i) objet(scene_.dessin.objets[i]);
+        });
+    }
+
+  private:
+    void objet(const Objet& o) {
+        if (visibles_[static_cast<std::size_t>(o.calque)] == 0) return;
+        if (o.genre == Genre::Texte) return texte(o);
+        const Boite b = sur_feuille(o.boite);
+        if (!elargie(b, o.epaisseur == 0 && o.genre != Genre::Point ? kDebordFin : kDebord).touche(partie_)) return;
+        prend(o, o.epaisseur);
+        if (o.genre == Genre::Point) return croix(m_.applique(o.chemin.points().front()));
+        if (o.chemin.nb_points() > 1 && un_pixel(b)) return pinceau_.point(pixel(b.min));
+        if (o.genre == Genre::Plein) return remplit(o);
+        trait(o, b);
+    }
+
+    Boite sur_feuille(const Boite& b) const {
+        const Point p = m_.applique(b.min), q = m_.applique(b.max); // y turns round
+        return {{p.x, q.y}, {q.x, p.y}};
+    }
+
+    void prend(const Objet& o, int epaisseur) {
+        pinceau_.prend(scene_.indices[static_cast<std::size_t>(o.couleur)], o.trait, epaisseur);
+    }
+
+    void trait(const Objet& o, const Boite& b) {
+        if (!contient(portee_, b)) return trace_sur(pinceau_, o.chemin, m_, portee_);
+        if (pinceau_.fine() && plate(echelle_ * o.courbure, kTolerance)) return lignes(o.chemin);
+        const auto ligne = [&](const std::vector<Point>& points) {
+            if (points.size() > 1) pinceau_.ligne(points);
+        };
+        o.chemin.aplatit(m_, kTolerance, ligne, points_);
+    }
+
+    // Thin, solid and within reach; curves are so flat that their ends are enough.
+    void lignes(const Trace& chemin) {
+        const Point* point = chemin.points().data();
+        Pixel ici;
+        bool immobile = false, trace = false; // the stroke at hand: came back to its pixel, left it
+        const auto finit = [&] {
+            if (immobile && !trace) pinceau_.point(ici);
+            immobile = trace = false;
+        };
+        for (const Pas pas : chemin.pas()) {
+            if (pas == Pas::Aller) finit();
+            point += pas == Pas::Courbe ? 2 : 0;
+            const Pixel la = pixel(m_.applique(*point++));
+            if (pas != Pas::Aller) (la == ici ? immobile : trace) = true;
+            if (pas != Pas::Aller && la != ici) pinceau_.segment(ici, la);
+            ici = la;
+        }
+        finit();
+    }
+
+    void texte(const Objet& o) {
+        const double hauteur = o.hauteur * echelle_ * scene_.textes;
+        if (hauteur < kTexteMin) return;
+        if (!elargie(sur_feuille(agrandie(o.boite, scene_.textes)), kDebord).touche(partie_)) return;
+        prend(o, static_cast<int>(std::min<double>(hauteur / kParEpaisseur, kEpaisseurTexteMax)));
+        trace_sur(pinceau_, o.chemin, m_ * agrandissement(o.boite.centre()), portee_);
+    }
+
+    // About the middle, so that texts stay where they are.
+    Matrice agrandissement(Point milieu) const {
+        return Matrice::translation(milieu) * Matrice::echelle(scene_.textes, scene_.textes)
+               * Matrice::translation(-1 * milieu);
+    }
+
+    void croix(Point centre) {
+        const Pixel c = pixel(centre);
+        pinceau_.segment({c.x - kDemiCroix, c.y}, {c.x + kDemiCroix, c.y});
+        pinceau_.segment({c.x, c.y - kDemiCroix}, {c.x, c.y + kDemiCroix});
+    }
+
+    void remplit(const Objet& o) {
+        o.chemin.aplatit(m_, kTolerance,
+            [&](const std::vector<Point>& contour) { pinceau_.surface(decoupe_surface(contour, portee_)); });
+    }
+
+    const Scene& scene_;
+    Matrice m_;
+    Boite portee_;
+    std::vector<char> visibles_; // of the layers
+    Boite partie_;               // on the sheet
+    Boite cherchee_;             // in the drawing
+    double echelle_;
+    Pinceau pinceau_;
+    std::vector<Point> points_; // of the curve at hand
+};
+
+// A part of the sheet, in the drawing.
+Boite du_dessin(const Vue& vue, const Boite& feuille) {
+    const Matrice m = vue.vers_feuille();
+    const auto inverse = [&](Point p) { return Point{(p.x - m.e) / m.a, (p.y - m.f) / m.d}; };
+    return Boite::entre(inverse(feuille.min), inverse(feuille.max));
 }
 
 } // namespace
 
-void trace_chemin(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites) {
-    const int motif = periode(plume.attrib.type_trait);
-    chemin.aplatit(m, kTolerance, [&](const std::vector<Point>& ligne) {
-        if (ligne.size() == 1) return;
-        decoupe_ligne(ligne, limites, motif, [&](const std::vector<Point>& part) { trace_ligne(plume, part); });
-    });
+void trace_chemin(const Plume& plume, const Trace& chemin, const Matrice& m, const Boite& limites) {
+    Pinceau pinceau(plume, {});
+    trace_sur(pinceau, chemin, m, limites);
 }
 
-void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices, double textes) {
-    const Boite limites = ecran(vue.largeur(), vue.hauteur());
-    const Boite visible = vue.visible();
-    Plume plume{nofen, {}};
-    for (const Objet& o : dessin.objets) {
-        if (!dessin.calques[static_cast<std::size_t>(o.calque)].visible || !boite_montree(o, textes).touche(visible))
-            continue;
-        plume.attrib.coul_trace = indices[static_cast<std::size_t>(o.couleur)];
-        plume.attrib.type_trait = o.trait;
-        plume.attrib.epaisseur = o.epaisseur;
-        trace_objet(plume, o, vue, limites, textes);
-    }
+void trace_dessin(const Scene& scene, const Vue& vue, const Boite& partie) {
+    Rendu(scene, vue, partie).tout();
 }
 
-// Every line begins and ends at a crossing of the grid: its dashes stay where they are when the view moves.
+// Every line begins and ends at a crossing of the grid on the sheet: its dashes stay where they are when the view moves.
 void trace_grille(const Plume& plume, const Vue& vue, double pas) {
     constexpr double kEcartMin = 6; // pixels
-    const Boite visible = vue.visible(), limites = ecran(vue.largeur(), vue.hauteur());
+    const Boite visible = vue.visible(), tout = du_dessin(vue, vue.portee());
     const double ecart = kEcartMin / vue.echelle();
     const auto xs = lignes_grille(pas, ecart, visible.min.x, visible.max.x);
     const auto ys = lignes_grille(pas, ecart, visible.min.y, visible.max.y);
+    const auto bouts_x = lignes_grille(pas, ecart, tout.min.x, tout.max.x);
+    const auto bouts_y = lignes_grille(pas, ecart, tout.min.y, tout.max.y);
     if (xs.empty() || ys.empty()) return;
+    Pinceau pinceau(plume, vue.decalage());
     const auto trace = [&](Point p, Point q) {
         Chemin c;
         c.aller(p);
         c.ligne(q);
-        trace_chemin(plume, c, vue.vers_ecran(), limites);
+        trace_sur(pinceau, c, vue.vers_feuille(), vue.portee());
     };
-    for (const double x : xs) trace({x, ys.front()}, {x, ys.back()});
-    for (const double y : ys) trace({xs.front(), y}, {xs.back(), y});
+    for (const double x : xs) trace({x, bouts_y.front()}, {x, bouts_y.back()});
+    for (const double y : ys) trace({bouts_x.front(), y}, {bouts_x.back(), y});
 }
 
 double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur) {

@@ -17,16 +17,28 @@ struct Plume {
     GRX_ATTRIBUTS_TRACER attrib{}; // all zero: sheet colour on sheet colour, plain, solid, thin
 };
 
-// Draws all that is visible. indices: colour index of each colour of the drawing; textes: how many times larger than in
-// the drawing texts are shown.
-void trace_dessin(INT nofen, const Dessin& dessin, const Vue& vue, const std::vector<int>& indices, double textes = 1);
+// What is drawn where. indices: colour index of each colour of the drawing; textes: how many times larger than in the
+// drawing texts are shown, kTextesMax at most.
+struct Scene {
+    INT nofen = 0;
+    const Dessin& dessin;
+    const std::vector<int>& indices;
+    double textes = 1;
+};
+
+// Draws all that shows within a part of the screen, and more around it. The same view, or one that it was moved from,
+// gives the same pixels whatever the part.
+void trace_dessin(const Scene& scene, const Vue& vue, const Boite& partie);
+inline Boite tout_l_ecran(const Vue& vue) {
+    return Boite::entre({}, {1.0 * vue.largeur(), 1.0 * vue.hauteur()});
+}
 
 // Draws a grid of this step over all of the window, in units of the drawing; lines that would lie too close are left
 // out.
 void trace_grille(const Plume& plume, const Vue& vue, double pas);
 
 // Strokes of a path through m; limites: what is seen of the target.
-void trace_chemin(const Plume& plume, const Chemin& chemin, const Matrice& m, const Boite& limites);
+void trace_chemin(const Plume& plume, const Trace& chemin, const Matrice& m, const Boite& limites);
 
 // Text in the program's own font: capitals of hauteur pixels, the baseline starting at x, y. Returns where it ends.
 double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur);

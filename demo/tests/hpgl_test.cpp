@@ -14,9 +14,13 @@ namespace {
 // Half a plotter sheet each way: one unit of the drawing is 160 plotter units.
 const Boite kCadre = Boite::entre({0, 0}, {100, 50});
 
+Classeur classeur; // of the paths of all tests
+
 Objet trait(std::initializer_list<Point> points, int couleur = 0, int calque = 0, Genre genre = Genre::Trait) {
+    Chemin c;
+    for (const Point p : points) c.ligne(p);
     Objet o;
-    for (const Point p : points) o.chemin.empty() ? o.chemin.aller(p) : o.chemin.ligne(p);
+    o.chemin = classeur.garde(c);
     o.genre = genre;
     o.couleur = couleur;
     o.calque = calque;
@@ -78,7 +82,9 @@ TEST(Hpgl, AreasAreOutlinedAndPointsAreDots) {
 
 TEST(Hpgl, CurvesStayOnTheirCircle) {
     Objet o = trait({});
-    o.chemin.arc({50, 25}, {10, 0}, {0, 10}, 0, 2 * std::numbers::pi);
+    Chemin cercle;
+    cercle.arc({50, 25}, {10, 0}, {0, 10}, 0, 2 * std::numbers::pi);
+    o.chemin = classeur.garde(cercle);
     std::string r = trace({o});
     r = r.substr(r.find("PU") + 2);
     for (char& c : r)

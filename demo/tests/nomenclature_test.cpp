@@ -11,12 +11,14 @@ namespace atelier {
 
 namespace {
 
+Classeur classeur; // of the paths of all tests
+
 Objet objet(Genre genre, int calque, int couleur, const Chemin& chemin) {
     Objet o;
     o.genre = genre;
     o.calque = calque;
     o.couleur = couleur;
-    o.chemin = chemin;
+    o.chemin = classeur.garde(chemin);
     o.boite = chemin.boite();
     return o;
 }
