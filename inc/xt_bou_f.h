@@ -61,10 +61,11 @@ GRX_API void grx_init_bouton(GRX_BOUTON* bouton);
 /* Creates a control from its description and writes its number into bouton->nobou. The parent is
  * ref_fen_mere, else the window fen_mere. An icon that cannot be read leaves the label. The record
  * is not kept. Returns 0; -1 without parent; -2 for an unknown type or when the toolkit refuses; -3
- * when all numbers are taken. Posts later: type 6 (activated), 32 (list), 64 (scale), 80 and 96 (Tab
- * in a text field), 1, 2, 3, 10, 15, 48 (pointer and keys, x and y in the button, y downwards). A mouse
- * button let go of outside the control is told (type 15) by the window or control under the pointer; by
- * this one, with x and y outside it, where none of the application's is there. */
+ * when all numbers are taken. What is made in a row is laid out together, before the next event is
+ * read or a place or size is asked for. Posts later: type 6 (activated), 32 (list), 64 (scale), 80
+ * and 96 (Tab in a text field), 1, 2, 3, 10, 15, 48 (pointer and keys, x and y in the button, y
+ * downwards). A mouse button let go of outside the control is told (type 15) by the window or control
+ * under the pointer; by this one, with x and y outside it, where none of the application's is there. */
 GRX_API INT grx_cree_bouton(GRX_BOUTON* bouton);
 
 /* Creates a label or a separator that gets no number and posts nothing; other types do nothing.

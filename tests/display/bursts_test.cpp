@@ -1,7 +1,6 @@
 // Many controls at once: what a burst of them costs, and that it ends where one at a time does.
 #include "tests/display/panel_kit.h"
 #include "tests/support/counters.h"
-#include "tests/support/heap.h"
 
 #include <Xm/FormP.h>
 
@@ -253,6 +252,18 @@ TEST_F(Burst, AResizeInTheMiddleComesAfterIt) {
     settle();
     ASSERT_TRUE(wait_for([&] { return rect_of(widget_of(window)).width == 500; }));
     EXPECT_EQ(rect_of(number).x, 500 - 8 - 40);
+}
+
+TEST_F(Burst, ManyWindowsAtOnceAreAllLaidOut) {
+    std::vector<INT> windows, numbers;
+    for (int i = 0; i < 40; ++i) windows.push_back(shown());
+    for (const INT window : windows) {
+        GRX_BOUTON low = button_at(GRX_BOU_SIMPLE, window, {-1, -1, 50, 30});
+        low.attache = GRX_ATTACHE_BAS;
+        numbers.push_back(make(low));
+    }
+    drain();
+    for (const INT number : numbers) EXPECT_EQ(control(number)->core.y, 300 - 30);
 }
 
 // --- ends in the middle of it ----------------------------------------------------------------------------------------
