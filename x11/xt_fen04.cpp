@@ -10,6 +10,7 @@
 #include "kit/protocol.h"
 #include "kit/drawables.h"
 #include "kit/screen.h"
+#include "kit/stack_place.h"
 #include "kit/widgets.h"
 #include "pure/axis.h"
 #include "pure/cursor_bits.h"
@@ -287,8 +288,10 @@ void change_decorations(INT nofen, const Operation& operation) {
     const INT sign = operation.removes ? 1 : -1;
     if (grx::size_of(shell).height == size.height)
         resize(shell, size.width + sign * room.width, size.height + sign * room.height);
+    grx::StackPlace stack(grx::window_of(shell));
     map_again(shell);
     if (place.as_before()) place.keep_frame(sign * room.left, sign * room.top);
+    stack.restore();
 }
 
 } // namespace

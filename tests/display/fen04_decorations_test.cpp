@@ -614,36 +614,86 @@ class Stacked : public Base {
         return result;
     }
 
-    // A window manager that has put a new window up has done all that was asked before.
+    // The number of the window, or of none of them, that has the keyboard.
+    INT focused(const std::vector<INT>& numbers) {
+        Window focus = None;
+        int revert = 0;
+        XGetInputFocus(Base::test_display(), &focus, &revert);
+        for (INT n : numbers) {
+            std::vector<Window> inside;
+            gather_windows(Base::test_display(), XtWindow(shell_of(n)), inside);
+            if (std::ranges::find(inside, focus) != inside.end()) return n;
+        }
+        return -1;
+    }
+
+    // A window manager that has moved a window has done all that was asked before; what it caused itself by that, after
+    // the next.
     void let_the_manager_finish() {
-        grx_detruit_fenetre(shown());
-        Base::drain();
+        for (int turn = 0; turn < 3; ++turn) {
+            const INT left = 500 + 10 * (++moves_ % 20);
+            grx_deplace_fenetre(mover_, left, 400);
+            ASSERT_TRUE(Base::wait_for([&] {
+                INT x = -1, y = -1;
+                grx_recup_position_fenetre(mover_, &x, &y);
+                return x == left && y == 400;
+            }));
+            Base::drain();
+        }
+    }
+
+    void expect_kept_by(std::size_t operation, INT n, const std::vector<INT>& numbers) {
+        SCOPED_TRACE(testing::Message() << "window " << n << " operation " << operation);
+        const auto before = order(numbers);
+        const INT focus = focused(numbers);
+        ASSERT_EQ(before.size(), numbers.size());
+        operations[operation](n);
+        EXPECT_TRUE(Base::wait_for([&] { return order(numbers) == before && Base::visible(x_window(n)); }));
+        let_the_manager_finish();
+        EXPECT_EQ(order(numbers), before);
+        EXPECT_EQ(focused(numbers), focus);
+        EXPECT_TRUE(Base::visible(x_window(n)));
     }
 
     void expect_the_order_kept(const std::vector<INT>& numbers) {
         let_the_manager_finish();
-        const auto before = order(numbers);
-        ASSERT_EQ(before.size(), numbers.size());
         for (const INT n : numbers)
-            for (std::size_t k = 0; k < operations.size(); ++k) {
-                operations[k](n);
-                EXPECT_TRUE(Base::wait_for([&] { return order(numbers) == before && Base::visible(x_window(n)); }));
-                let_the_manager_finish();
-                EXPECT_EQ(order(numbers), before) << "window " << n << " operation " << k;
-                EXPECT_TRUE(Base::visible(x_window(n)));
-            }
+            for (std::size_t k = 0; k < operations.size(); ++k) expect_kept_by(k, n, numbers);
     }
 
+    // Whatever window has the keyboard, and wherever that lies.
     void expect_all_orders_kept() {
-        const INT first = shown(), second = shown(), third = shown();
-        expect_the_order_kept({first, second, third});
-        grx_restack_fenetre(first, third);
-        expect_the_order_kept({first, second, third});
+        mover_ = shown();
+        const std::vector<INT> numbers{shown(), shown(), shown()};
+        expect_the_order_kept(numbers);
+        for (const INT n : numbers) {
+            XSetInputFocus(x11_disp, XtWindow(shell_of(n)), RevertToParent, CurrentTime);
+            ASSERT_TRUE(Base::wait_for([&] { return focused(numbers) == n; }));
+            let_the_manager_finish();
+            grx_restack_fenetre(numbers[1], n == numbers[1] ? numbers[0] : n);
+            expect_the_order_kept(numbers);
+        }
     }
+
+  private:
+    INT mover_ = 0;
+    int moves_ = 0;
 };
 
 class StackedDecorating : public Stacked<DisplayTest> {};
 TEST_F(StackedDecorating, AWindowStaysWhereItLies) {
+    expect_all_orders_kept();
+}
+
+class StackedDecoratingWmTest : public Stacked<WmTest> {};
+TEST_F(StackedDecoratingWmTest, AWindowStaysWhereItLies) {
+    expect_all_orders_kept();
+}
+
+class StackedDecoratingOpenboxWmTest : public Stacked<WmTest> {
+    WindowManager::Kind manager_kind() const override { return WindowManager::Kind::openbox; }
+};
+TEST_F(StackedDecoratingOpenboxWmTest, AWindowStaysWhereItLies) {
     expect_all_orders_kept();
 }
 

@@ -3,6 +3,8 @@
 
 #include <X11/Xlib.h>
 
+#include <span>
+
 #include "xt_ini_t.h"
 
 namespace grx {
@@ -19,7 +21,9 @@ class WindowTree {
     WindowTree(const WindowTree&) = delete;
     WindowTree& operator=(const WindowTree&) = delete;
 
-    Window parent() const { return parent_ != root_ ? parent_ : None; } // None for the root itself
+    Window root() const { return root_; }
+    Window parent() const { return parent_ != root_ ? parent_ : None; }      // None for the root itself
+    std::span<const Window> children() const { return {children_, count_}; } // from the lowest to the highest
 
   private:
     Window root_ = None;
