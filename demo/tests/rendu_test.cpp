@@ -231,8 +231,7 @@ TEST(Rendu, LinesThatEndAtOnePointBeyondTheLeftEdgeAreAllDrawn) {
     for (int i = 0; i < 20; ++i)
         texte += "0\nLINE\n8\n0\n10\n100\n20\n" + std::to_string(10 * i) + "\n11\n-100\n21\n100\n";
     const Dessin dessin = lit_texte(texte + "0\nENDSEC\n0\nEOF\n");
-    Vue vue = vue_de(dessin, 1, {0, 0});
-    vue.deplace({-250, 0});
+    const Vue vue = vue_de(dessin, 2, {350, 250});
     const Table table(dessin, {});
     trace_un_par_un(dessin, table.indices(), vue);
     const Image une_par_une = image();
