@@ -64,7 +64,7 @@ class Deja {
     };
     // Sheets are less than 65536 pixels wide.
     static std::uint64_t cle(Pixel p) {
-        return static_cast<std::uint16_t>(p.x) << 16U | static_cast<std::uint16_t>(p.y);
+        return std::uint64_t{static_cast<std::uint16_t>(p.x)} << 16U | static_cast<std::uint16_t>(p.y);
     }
 
     std::vector<Place> places_;

@@ -226,6 +226,20 @@ TEST(Rendu, WhatIsDrawnOnceLooksAsDrawnOverAndOver) {
     }
 }
 
+TEST(Rendu, LinesThatEndAtOnePointBeyondTheLeftEdgeAreAllDrawn) {
+    std::string texte = "0\nSECTION\n2\nENTITIES\n";
+    for (int i = 0; i < 20; ++i)
+        texte += "0\nLINE\n8\n0\n10\n100\n20\n" + std::to_string(10 * i) + "\n11\n-100\n21\n100\n";
+    const Dessin dessin = lit_texte(texte + "0\nENDSEC\n0\nEOF\n");
+    const Vue vue = vue_de(dessin, 2, {350, 250});
+    const Table table(dessin, {});
+    trace_un_par_un(dessin, table.indices(), vue);
+    const Image une_par_une = image();
+    EXPECT_GT(dessines(une_par_une), 1000U);
+    table.neuve(vue);
+    EXPECT_EQ(differents(une_par_une, image()), 0U);
+}
+
 TEST(Rendu, AHiddenLayerIsNotDrawn) {
     Dessin dessin = lit_texte(genere(500, 3));
     const Vue vue = vue_de(dessin, 1, {0, 0});
