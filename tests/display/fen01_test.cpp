@@ -300,10 +300,10 @@ class Creation : public DisplayTest {
     }
 };
 
-// Of this class of the toolkit, or one of the library's that only bears its name and lays out later.
-bool is_of(Widget widget, WidgetClass kind) {
-    const auto name = [](WidgetClass c) { return std::string(c->core_class.class_name); };
-    return XtIsSubclass(widget, kind) && name(XtClass(widget)) == name(kind);
+// A class of the toolkit, or one of the library's that answers to its name.
+bool is_of_class(Widget widget, WidgetClass toolkit) {
+    return XtIsSubclass(widget, toolkit)
+           && std::string_view(XtClass(widget)->core_class.class_name) == toolkit->core_class.class_name;
 }
 
 TEST_F(Creation, EveryKindHasItsWidgets) {
@@ -324,7 +324,7 @@ TEST_F(Creation, EveryKindHasItsWidgets) {
                         const INT n = window.nofen;
                         EXPECT_EQ(n, child ? 2 : 1);
                         ASSERT_NE(widget_of(n), nullptr);
-                        EXPECT_TRUE(is_of(widget_of(n), *kind.work));
+                        EXPECT_TRUE(is_of_class(widget_of(n), *kind.work));
                         EXPECT_EQ(nesting(n), std::string(scroll ? kind.scrolled : kind.plain) + (main ? "<main" : ""));
                         EXPECT_TRUE(wait_visible(widget_of(n)));
                         const Area place = server_area(test_display(), x_window(n));
@@ -347,7 +347,7 @@ TEST_F(Creation, NestedWindowsAreBuiltInsideTheParentsWidget) {
                 if (scroll) window.attrib |= scroll_bit;
                 if (!sized) window.droite = window.haut = -1;
                 ASSERT_EQ(grx_cree_fenetre(&window), 0);
-                EXPECT_TRUE(is_of(widget_of(window.nofen), *kind.work));
+                EXPECT_TRUE(is_of_class(widget_of(window.nofen), *kind.work));
                 EXPECT_EQ(nesting(window.nofen, widget_of(outer)), scroll ? kind.scrolled : kind.plain);
                 EXPECT_EQ(shell_of(window.nofen), shell_of(outer));
                 EXPECT_TRUE(wait_visible(widget_of(window.nofen)));
