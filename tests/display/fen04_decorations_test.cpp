@@ -661,40 +661,107 @@ class Stacked : public Base {
             for (std::size_t k = 0; k < operations.size(); ++k) expect_kept_by(k, n, numbers);
     }
 
-    // Whatever window has the keyboard, and wherever that lies.
-    void expect_all_orders_kept() {
+    std::vector<INT> three_windows() {
         mover_ = shown();
-        const std::vector<INT> numbers{shown(), shown(), shown()};
-        expect_the_order_kept(numbers);
+        return {shown(), shown(), shown()};
+    }
+
+    void expect_all_kept() { expect_the_order_kept(three_windows()); }
+
+    void give_keyboard(INT n, const std::vector<INT>& numbers) {
+        XSetInputFocus(x11_disp, XtWindow(shell_of(n)), RevertToParent, CurrentTime);
+        ASSERT_TRUE(Base::wait_for([&] { return focused(numbers) == n; }));
+        let_the_manager_finish();
+    }
+
+    // Whatever window has the keyboard, and wherever that lies.
+    void expect_all_kept_with_the_keyboard() {
+        const auto numbers = three_windows();
         for (const INT n : numbers) {
-            XSetInputFocus(x11_disp, XtWindow(shell_of(n)), RevertToParent, CurrentTime);
-            ASSERT_TRUE(Base::wait_for([&] { return focused(numbers) == n; }));
-            let_the_manager_finish();
+            give_keyboard(n, numbers);
             grx_restack_fenetre(numbers[1], n == numbers[1] ? numbers[0] : n);
             expect_the_order_kept(numbers);
         }
     }
 
+    void expect_kept_with_dialogs() {
+        mover_ = shown();
+        const INT first = shown();
+        const std::vector<INT> numbers{first, shown(first), shown()};
+        expect_the_order_kept(numbers);
+    }
+
+    // Nothing is left of what the window manager was told meanwhile.
+    void expect_the_keyboard_by_a_click() {
+        const auto numbers = three_windows();
+        for (const Operation operation : operations) {
+            give_keyboard(numbers[1], numbers);
+            operation(numbers[0]);
+            grx_restack_fenetre(numbers[0], order(numbers).back());
+            ASSERT_TRUE(Base::wait_for([&] { return order(numbers).back() == numbers[0]; }));
+            Base::pointer().click_in(widget_of(numbers[0]), 30, 40);
+            EXPECT_TRUE(Base::wait_for([&] { return focused(numbers) == numbers[0]; }));
+            const Atom time = XInternAtom(x11_disp, "_NET_WM_USER_TIME", False);
+            EXPECT_FALSE(has_property(XtWindow(shell_of(numbers[0])), time));
+        }
+    }
+
   private:
+    static bool has_property(Window window, Atom name) {
+        Atom type = None;
+        int format = 0;
+        unsigned long count = 0, left = 0;
+        unsigned char* value = nullptr;
+        XGetWindowProperty(x11_disp, window, name, 0, 0, False, AnyPropertyType, &type, &format, &count, &left, &value);
+        if (value) XFree(value);
+        return type != None;
+    }
+
     INT mover_ = 0;
     int moves_ = 0;
 };
 
 class StackedDecorating : public Stacked<DisplayTest> {};
-TEST_F(StackedDecorating, AWindowStaysWhereItLies) {
-    expect_all_orders_kept();
-}
-
 class StackedDecoratingWmTest : public Stacked<WmTest> {};
-TEST_F(StackedDecoratingWmTest, AWindowStaysWhereItLies) {
-    expect_all_orders_kept();
-}
-
 class StackedDecoratingOpenboxWmTest : public Stacked<WmTest> {
     WindowManager::Kind manager_kind() const override { return WindowManager::Kind::openbox; }
 };
+
+TEST_F(StackedDecorating, AWindowStaysWhereItLies) {
+    expect_all_kept();
+}
+TEST_F(StackedDecoratingWmTest, AWindowStaysWhereItLies) {
+    expect_all_kept();
+}
 TEST_F(StackedDecoratingOpenboxWmTest, AWindowStaysWhereItLies) {
-    expect_all_orders_kept();
+    expect_all_kept();
+}
+
+TEST_F(StackedDecorating, SoDoesTheKeyboard) {
+    expect_all_kept_with_the_keyboard();
+}
+TEST_F(StackedDecoratingWmTest, SoDoesTheKeyboard) {
+    expect_all_kept_with_the_keyboard();
+}
+TEST_F(StackedDecoratingOpenboxWmTest, SoDoesTheKeyboard) {
+    expect_all_kept_with_the_keyboard();
+}
+
+TEST_F(StackedDecorating, AWindowWithADialogStaysWhereItLies) {
+    expect_kept_with_dialogs();
+}
+TEST_F(StackedDecoratingWmTest, AWindowWithADialogStaysWhereItLies) {
+    expect_kept_with_dialogs();
+}
+TEST_F(StackedDecoratingOpenboxWmTest, AWindowWithADialogStaysWhereItLies) {
+    expect_kept_with_dialogs();
+}
+
+TEST_F(StackedDecoratingWmTest, AClickStillGivesTheKeyboard) {
+    expect_the_keyboard_by_a_click();
+}
+TEST_F(StackedDecoratingOpenboxWmTest, AClickStillGivesTheKeyboard) {
+    expect_the_keyboard_by_a_click();
 }
 
 } // namespace

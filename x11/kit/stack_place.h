@@ -133,16 +133,15 @@ class WindowsAbove {
     std::size_t count_ = 0;
 };
 
-/// As the conventions want it of a client whose window has a frame.
-inline void ask_manager(Window window, int mode, Window sibling = None) {
+/// As the conventions want it of a client whose window has a frame. One that has gone meanwhile causes no error.
+inline void ask_to_raise(Window window) {
     XEvent event{};
     XConfigureRequestEvent& request = event.xconfigurerequest;
     request.type = ConfigureRequest;
     request.parent = DefaultRootWindow(x11_disp);
     request.window = window;
-    request.above = sibling;
-    request.detail = mode;
-    request.value_mask = sibling != None ? CWSibling | CWStackMode : CWStackMode;
+    request.detail = Above;
+    request.value_mask = CWStackMode;
     XSendEvent(x11_disp, request.parent, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
 }
 
@@ -199,17 +198,12 @@ class StackPlace {
         const ServerGrab grab;
         return frame_of(window_) != window_;
     }
-    Window now_below() const { return WindowsAbove(window_).nearest(); }
-    bool in_place() const { return now_below() == above_->nearest(); }
+    bool in_place() const { return WindowsAbove(window_).nearest() == above_->nearest(); }
 
-    // Some managers put the window below all when they are asked to put it below one.
+    // Each in its turn to the top: not all managers can put a window below another one.
     void go_below() const {
-        const Window before = now_below();
-        ask_manager(window_, Below, above_->nearest());
-        wait_until([&] { return in_place() || now_below() != before; });
-        if (in_place()) return;
-        ask_manager(window_, Above);
-        for (const Window above : above_->all()) ask_manager(above, Above);
+        ask_to_raise(window_);
+        for (const Window above : above_->all()) ask_to_raise(above);
         wait_until([this] { return in_place(); });
     }
 
