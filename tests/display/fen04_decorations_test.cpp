@@ -750,9 +750,6 @@ TEST_F(StackedDecoratingOpenboxWmTest, SoDoesTheKeyboard) {
 TEST_F(StackedDecorating, AWindowWithADialogStaysWhereItLies) {
     expect_kept_with_dialogs();
 }
-TEST_F(StackedDecoratingWmTest, AWindowWithADialogStaysWhereItLies) {
-    expect_kept_with_dialogs();
-}
 TEST_F(StackedDecoratingOpenboxWmTest, AWindowWithADialogStaysWhereItLies) {
     expect_kept_with_dialogs();
 }
