@@ -97,7 +97,9 @@ GRX_API INT grx_active_modifications_shell(INT nofen);
 
 /* Remove the title bar, or the resize border, of a top-level window, keeping the place and size of
  * its outer frame. The affiche functions toggle: called while the decoration is there, they take it
- * away. All but grx_supprime_titre_fenetre handle the pending events. */
+ * away. All but grx_supprime_titre_fenetre handle the pending events. The window is unmapped and
+ * mapped again, and keeps its place among the windows of the screen and the keyboard. Under a window
+ * manager that takes some time: the call waits for it, half a second at most for each of both. */
 GRX_API INT grx_supprime_titre_fenetre(INT nofen);
 GRX_API INT grx_affiche_titre_fenetre(INT nofen);
 GRX_API INT grx_supprime_bord_fenetre(INT nofen);
