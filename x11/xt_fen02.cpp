@@ -185,13 +185,14 @@ void key_over_part(Widget part, XtPointer, XEvent* event, Boolean* go_on) {
     const INT nofen = window_around(part);
     if (nofen == GRX_AUCUN) return;
     Widget work = grx_recup_objet_fen(nofen);
-    Position part_x = 0, part_y = 0, work_x = 0, work_y = 0;
-    XtTranslateCoords(part, 0, 0, &part_x, &part_y);
+    Widget under = XtWindowToWidget(x11_disp, event->xkey.window); // the keyboard's widget need not be the pointer's
+    Position x = 0, y = 0, work_x = 0, work_y = 0;
+    XtTranslateCoords(under != nullptr ? under : part, 0, 0, &x, &y);
     XtTranslateCoords(work, 0, 0, &work_x, &work_y);
     XEvent key = *event;
     key.xkey.window = window_of(work);
-    key.xkey.x += part_x - work_x;
-    key.xkey.y += part_y - work_y;
+    key.xkey.x += x - work_x;
+    key.xkey.y += y - work_y;
     on_key(*window_record(nofen), key, go_on);
 }
 

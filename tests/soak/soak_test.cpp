@@ -179,6 +179,16 @@ void several(Widget parent, Make make, int count) {
     for (int i = 0; i < count; ++i) XtManageChild(make(parent, writable("several"), nullptr, 0));
 }
 
+// Each redraw of a gadget, as titles are, costs the toolkit a drawing context of its fonts.
+void plain_scales(Widget form, int count) {
+    XmString title = XmStringCreateLocalized(writable("title"));
+    Arg args[2];
+    XtSetArg(args[0], const_cast<char*>(XmNtitleString), title);
+    XtSetArg(args[1], const_cast<char*>(XmNshowValue), True);
+    for (int i = 0; i < count; ++i) XtManageChild(XmCreateScale(form, writable("scale"), args, 2));
+    XmStringFree(title);
+}
+
 void plain_choice(Widget form) {
     Widget menu = XmCreatePulldownMenu(form, writable("menu"), nullptr, 0);
     several(menu, XmCreatePushButton, 3);
@@ -198,18 +208,19 @@ void plain_list(Widget form) {
 }
 
 void plain_controls(Widget form) {
-    for (const Make make : {XmCreateDrawnButton, XmCreateDrawnButton, XmCreateToggleButton, XmCreatePushButton,
-             XmCreateDrawnButton, XmCreateArrowButton, XmCreateLabel, XmCreateTextField, XmCreateScrolledText,
-             XmCreateScale, XmCreateScrolledList, XmCreateScrolledList, XmCreatePushButton, XmCreateSeparator,
-             XmCreateDrawingArea, XmCreateDrawnButton})
+    for (const Make make :
+        {XmCreateDrawnButton, XmCreateDrawnButton, XmCreateToggleButton, XmCreatePushButton, XmCreateDrawnButton,
+            XmCreateArrowButton, XmCreateLabel, XmCreateTextField, XmCreateScrolledText, XmCreateScrolledList,
+            XmCreateScrolledList, XmCreatePushButton, XmCreateSeparator, XmCreateDrawingArea, XmCreateDrawnButton})
         several(form, make, 1);
+    plain_scales(form, 1);
 }
 
 void plain_panel(Widget form) {
     several(form, XmCreateTextField, 4);
     several(form, XmCreateLabel, 20);
     several(form, XmCreateDrawnButton, 10);
-    several(form, XmCreateScale, 2);
+    plain_scales(form, 2);
     several(form, XmCreateSeparator, 4);
     for (int i = 0; i < 2; ++i) {
         plain_choice(form);
@@ -341,7 +352,7 @@ TEST_F(Soak, Panels) {
 
 TEST_F(Soak, Palette) {
     char title[256] = "Palette";
-    repeat([this] { plain_window([](Widget form) { several(form, XmCreateScale, 6); }); },
+    repeat([this] { plain_window([](Widget form) { plain_scales(form, 6); }); },
         [&] {
             grx_affiche_fenetre_modif_palette_couleurs(0, 0, title, main_);
             const INT nofen = grx_recup_no_fenetre_modif_palette();
