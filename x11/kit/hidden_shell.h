@@ -10,13 +10,14 @@
 
 namespace grx {
 
+/// A top-level one: the toolkit complains about labels in others when they go.
 inline Widget hidden_shell() {
     static Widget shell = nullptr;
     if (shell != nullptr) return shell;
     Args args;
     args.set(XmNwidth, 1).set(XmNheight, 1).set(XmNmappedWhenManaged, False);
     set_screen(args);
-    shell = XtAppCreateShell("hidden", "Hidden", overrideShellWidgetClass, x11_disp, args.list(), args.count());
+    shell = XtAppCreateShell("hidden", "Hidden", topLevelShellWidgetClass, x11_disp, args.list(), args.count());
     XtRealizeWidget(shell);
     return shell;
 }
