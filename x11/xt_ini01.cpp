@@ -170,6 +170,8 @@ void load_font() {
     CH40 name = "";
     grx_recup_font(name);
     if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns about an empty name
+    if (fontlist != nullptr) XmFontListFree(fontlist);              // controls have copies of their own
+    if (font_entry != nullptr) XmFontListEntryFree(&font_entry);
     font_entry = XmFontListEntryLoad(x11_disp, name, XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
     fontlist = XmFontListAppendEntry(nullptr, font_entry);
     if (font_entry == nullptr) return;
