@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <iterator>
 #include <utility>
 
@@ -167,11 +168,14 @@ void turn_off_drag_and_drop() {
 }
 
 void load_font() {
+    static Display* display = nullptr;
+    static CH40 loaded = "";
     CH40 name = "";
     grx_recup_font(name);
     if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns about an empty name
-    if (fontlist != nullptr) XmFontListFree(fontlist);              // controls have copies of their own
-    if (font_entry != nullptr) XmFontListEntryFree(&font_entry);
+    if (fontlist != nullptr && display == x11_disp && std::strcmp(loaded, name) == 0) return;
+    display = x11_disp;
+    std::memcpy(loaded, name, sizeof loaded);
     font_entry = XmFontListEntryLoad(x11_disp, name, XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
     fontlist = XmFontListAppendEntry(nullptr, font_entry);
     if (font_entry == nullptr) return;
