@@ -48,6 +48,9 @@ gate_bench() {
     return $code
 }
 
+# Before a release; asked for by name.
+gate_soak() { scripts/soak.sh 10; }
+
 gate_sanitize() { build sanitize && run_tests sanitize; }
 
 gates=("$@")
