@@ -11,7 +11,7 @@ flags=(-std=c++20 -g1 -O1 -fno-exceptions -fsanitize=address,undefined -fno-sani
 mkdir -p "$out"
 
 library=()
-for source in x11/*.cpp x11/pure/*.cpp host/standalone/*.cpp; do
+for source in x11/*/*.cpp host/standalone/*.cpp; do
     object=$out/$(basename "$source" .cpp).o
     library+=("$object")
     [ "$object" -nt "$source" ] && [ "$object" -nt "$(ls -t x11/*.h x11/*/*.h inc/*.h host/*.h | head -1)" ] && continue

@@ -4,8 +4,8 @@
 
 #include <X11/Intrinsic.h>
 
-#include "kit/widgets.h"
-#include "kit/x_errors.h"
+#include "toolkit/widgets.h"
+#include "display/connection.h"
 #include "xt_bou_t.h"
 #include "xt_ent_t.h"
 #include "xt_fen_t.h"

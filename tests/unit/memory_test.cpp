@@ -3,7 +3,7 @@
 
 #include "tests/support/heap.h"
 
-#include "kit/block.h"
+#include "system/block.h"
 #include "xt_loc_f.h"
 
 #include <array>

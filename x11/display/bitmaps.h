@@ -1,0 +1,32 @@
+// Bitmaps compiled into the library, one bit a pixel, lowest bit leftmost, rows padded to bytes.
+#pragma once
+
+#include "display/requests.h"
+
+#include <X11/Xutil.h>
+
+#include <array>
+
+namespace grx {
+
+template <std::size_t N>
+Pixmap make_bitmap(const std::array<uchar, N>& bits, unsigned int side) {
+    const Pixmap bitmap = new_bitmap(side, side);
+    XImage image{};
+    image.width = image.height = static_cast<int>(side);
+    image.format = XYPixmap;
+    image.data = const_cast<char*>(reinterpret_cast<const char*>(bits.data()));
+    image.byte_order = image.bitmap_bit_order = LSBFirst;
+    image.bitmap_unit = image.bitmap_pad = 8;
+    image.depth = 1;
+    image.bytes_per_line = static_cast<int>(N / side);
+    XInitImage(&image);
+    XGCValues values{};
+    values.foreground = 1;
+    GC context = XCreateGC(x11_disp, bitmap, GCForeground, &values);
+    XPutImage(x11_disp, bitmap, context, &image, 0, 0, 0, 0, side, side);
+    XFreeGC(x11_disp, context);
+    return bitmap;
+}
+
+} // namespace grx

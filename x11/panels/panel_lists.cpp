@@ -1,0 +1,392 @@
+// Lists in panels, filled from the application's tables.
+#include "xt_prive.h"
+
+#include <X11/StringDefs.h>
+#include <Xm/Form.h>
+#include <Xm/List.h>
+#include <Xm/Xm.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <span>
+#include <utility>
+
+#include "host_g.h"
+#include "toolkit/args.h"
+#include "system/block.h"
+#include "toolkit/field_text.h"
+#include "toolkit/lists.h"
+#include "toolkit/option_menu.h"
+#include "pure/axis.h"
+#include "xt_fen_f.h"
+#include "xt_pan_f.h"
+
+LISTE_PANEL* Tab_liste = nullptr;
+
+namespace {
+
+constexpr INT kNoMemory = 1;
+
+INT Nb_max_liste = 0;     // places of the table
+INT Nb_liste = GRX_AUCUN; // highest place given out so far
+
+constexpr LISTE_PANEL kFree{GRX_AUCUN, GRX_AUCUN, GRX_AUCUN, GRX_AUCUN, 0, 0, nullptr, nullptr};
+
+// ------------------------------------------------------------------------------------- the application's tables
+
+bool known_key(INT clef) {
+    return clef >= 0 && clef < HOST_NB_LISTES;
+}
+
+template <class T>
+T of_host(const T* table, INT clef) {
+    return table != nullptr && known_key(clef) ? table[clef] : T{};
+}
+
+INT item_key(INT cle) {
+    return cle >= GRX_BASE_CLEF_LISTE ? cle - GRX_BASE_CLEF_LISTE : GRX_AUCUN;
+}
+
+// The index in the record is the application's: a list is known by its key.
+INT item_key(const LISTE_PANEL& slot) {
+    return item_key(slot.ietat);
+}
+
+// The first `count` texts of a list; fewer when the application has no more.
+grx::ItemTable items_of(INT clef, INT count) {
+    const CH80* const texts = of_host(lsstate, clef);
+    const INT known = texts != nullptr ? std::clamp<INT>(count, 0, grx::host_list_length(clef)) : 0;
+    grx::ItemTable items(static_cast<std::size_t>(known));
+    for (INT i = 0; items && i < known; ++i) items.set(static_cast<std::size_t>(i), grx::FieldText(texts[i]).c_str());
+    return items;
+}
+
+// The positions selected at first, as the application has them.
+std::span<const INT> first_positions(INT clef) {
+    const INT* const positions = of_host(lcstate, clef);
+    return {positions, static_cast<std::size_t>(positions != nullptr ? std::max<INT>(of_host(listate, clef), 0) : 0)};
+}
+
+void select_at_first(Widget list, INT clef) {
+    const auto wanted = first_positions(clef);
+    if (grx::resource<unsigned char>(list, XmNselectionPolicy) == XmMULTIPLE_SELECT) {
+        grx::select_several(list, wanted);
+        return;
+    }
+    const int entries = grx::resource<int>(list, XmNitemCount);
+    const auto last = std::find_if(wanted.rbegin(), wanted.rend(), [=](INT p) { return p >= 0 && p < entries; });
+    if (last != wanted.rend()) XmListSelectPos(list, *last + 1, False);
+}
+
+// ----------------------------------------------------------------------------------------------------- the table
+
+bool is_used(const LISTE_PANEL& slot) {
+    return slot.isys != GRX_AUCUN;
+}
+
+std::span<LISTE_PANEL> all_slots() {
+    return {Tab_liste, static_cast<std::size_t>(Tab_liste != nullptr ? Nb_max_liste : 0)};
+}
+
+// tab_choix has exactly nb_choix entries, and is null when there is none.
+bool resize_choices(LISTE_PANEL& slot, INT count) {
+    auto choices = grx::Block<INT>::adopt(slot.tab_choix, static_cast<std::size_t>(slot.nb_choix));
+    const bool enough = count == 0 || choices.resize(static_cast<std::size_t>(count));
+    if (count == 0) choices.reset();
+    if (enough) slot.nb_choix = count;
+    slot.tab_choix = choices.release();
+    return enough;
+}
+
+// Positions as the toolkit counts them, from 1.
+void note_choices(LISTE_PANEL& slot, const int* positions, int count) {
+    const bool readable = count == 0 || (count > 0 && positions != nullptr);
+    if (!readable || !resize_choices(slot, count)) return;
+    std::transform(positions, positions + count, slot.tab_choix, [](int position) { return position - 1; });
+}
+
+void note_selection(LISTE_PANEL& slot) {
+    const int count = grx::selected_count(slot.obj);
+    note_choices(slot, count > 0 ? grx::resource<int*>(slot.obj, XmNselectedPositions) : nullptr, count);
+}
+
+// A slot by its key; the panel GRX_AUCUN stands for every panel.
+LISTE_PANEL* find_slot(INT ipan, INT cle) {
+    const auto slots = all_slots();
+    const auto found = std::find_if(slots.begin(), slots.end(),
+        [=](const LISTE_PANEL& slot) { return is_used(slot) && slot.ietat == cle && slot.ipan == ipan; });
+    return found != slots.end() ? &*found : nullptr;
+}
+
+// ------------------------------------------------------------------------------------------------------- events
+
+// The slot behind a callback; null for client data that is no used slot.
+LISTE_PANEL* slot_behind(Widget list, XtPointer client) {
+    const auto slots = all_slots();
+    const auto found = std::find_if(slots.begin(), slots.end(),
+        [=](const LISTE_PANEL& slot) { return &slot == client && is_used(slot) && slot.obj == list; });
+    return found != slots.end() ? &*found : nullptr;
+}
+
+void post_choice(const LISTE_PANEL& slot, int position, INT double_click) {
+    GRX_ELEMENT_CLIQUE& record = evt_global.element_clique; // KEEP: the window is what the last event left
+    record.type_evenement = GRX_EVT_ELEMENT_CLIQUE;
+    record.no_fo = slot.isys;
+    record.nobou = position - 1;
+    record.double_click = double_click;
+    caracs_entree[HOST_CARACS_LISTE] = 1;
+    caracs_entree[HOST_CARACS_DOUBLE] = double_click;
+}
+
+void on_chosen(Widget list, XtPointer client, XtPointer call) {
+    const LISTE_PANEL* const slot = slot_behind(list, client);
+    if (slot != nullptr && call != nullptr)
+        post_choice(*slot, static_cast<XmListCallbackStruct*>(call)->item_position, 1);
+}
+
+void on_single(Widget list, XtPointer client, XtPointer call) {
+    LISTE_PANEL* const slot = slot_behind(list, client);
+    const auto* const choice = static_cast<XmListCallbackStruct*>(call);
+    if (slot == nullptr || choice == nullptr) return;
+    note_choices(*slot, &choice->item_position, 1); // KEEP: also when the click took the selection back
+    post_choice(*slot, choice->item_position, 0);
+}
+
+void on_multiple(Widget list, XtPointer client, XtPointer call) {
+    LISTE_PANEL* const slot = slot_behind(list, client);
+    const auto* const choice = static_cast<XmListCallbackStruct*>(call);
+    if (slot == nullptr || choice == nullptr) return;
+    note_choices(*slot, choice->selected_item_positions, choice->selected_item_count);
+    post_choice(*slot, choice->item_position, 0);
+}
+
+constexpr grx::ListCallbacks kCallbacks{on_single, on_chosen, on_multiple};
+
+// The list went with its window; what was chosen in it stays readable until the slot is freed.
+void on_death(Widget list, XtPointer, XtPointer) {
+    for (LISTE_PANEL& slot : all_slots()) {
+        if (slot.obj == list) slot.obj = nullptr;
+    }
+}
+
+// ----------------------------------------------------------------------------------------- giving out and freeing
+
+void free_slot(LISTE_PANEL& slot) {
+    resize_choices(slot, 0);
+    if (slot.obj != nullptr) {
+        grx::remove_list_callbacks(slot.obj, kCallbacks, &slot);
+        XtRemoveCallback(slot.obj, XmNdestroyCallback, on_death, nullptr);
+    }
+    slot = kFree;
+}
+
+// The records move: the lists' callbacks are told where to.
+void move_slots(LISTE_PANEL* to) {
+    for (LISTE_PANEL& slot : all_slots()) {
+        LISTE_PANEL* const moved = to + (&slot - Tab_liste);
+        *moved = slot;
+        if (slot.obj == nullptr) continue;
+        grx::remove_list_callbacks(slot.obj, kCallbacks, &slot);
+        grx::add_list_callbacks(slot.obj, kCallbacks, moved);
+    }
+}
+
+grx::Block<LISTE_PANEL> free_slots(INT count) {
+    auto slots = grx::Block<LISTE_PANEL>::raw(static_cast<std::size_t>(count));
+    std::fill(slots.begin(), slots.end(), kFree);
+    return slots;
+}
+
+LISTE_PANEL* take_new_slot() {
+    if (Tab_liste == nullptr) return nullptr;
+    ++Nb_liste;
+    test_realloue_Tab_liste();
+    if (Nb_liste < Nb_max_liste) return &Tab_liste[Nb_liste];
+    --Nb_liste;
+    return nullptr;
+}
+
+// The lowest free place.
+LISTE_PANEL* take_slot() {
+    const auto given_out = all_slots().first(static_cast<std::size_t>(std::min(Nb_liste + 1, Nb_max_liste)));
+    const auto found =
+        std::find_if(given_out.begin(), given_out.end(), [](const LISTE_PANEL& slot) { return !is_used(slot); });
+    return found != given_out.end() ? &*found : take_new_slot();
+}
+
+void occupy(LISTE_PANEL& slot, const GRX_MSG& msg, Widget list) {
+    slot = kFree;
+    slot.isys = static_cast<INT>(&slot - Tab_liste);
+    slot.ietat = msg.clef;
+    slot.ind = item_key(msg.clef);
+    slot.ipan = msg.nobou;
+    slot.nb_item = grx::resource<int>(list, XmNitemCount);
+    slot.obj = list;
+    grx::add_list_callbacks(list, kCallbacks, &slot);
+    XtAddCallback(list, XmNdestroyCallback, on_death, nullptr);
+    select_at_first(list, item_key(slot));
+    note_selection(slot);
+}
+
+// ---------------------------------------------------------------------------------------------------- the widget
+
+struct Edge {
+    const char *before, *before_offset, *behind, *behind_offset, *position;
+};
+const Edge kAcross{XmNleftAttachment, XmNleftOffset, XmNrightAttachment, XmNrightOffset, XmNx};
+const Edge kDown{XmNtopAttachment, XmNtopOffset, XmNbottomAttachment, XmNbottomOffset, XmNy};
+
+// The edge behind hangs on the form's edge behind for a negative size, which is the distance from it, else on the form's
+// edge before: the list keeps the size it is given whatever its entries ask for.
+void attach(grx::Args& args, const Edge& edge, INT place, INT size) {
+    const int offset = std::abs(int{grx::as_position(place)});
+    args.set(edge.position, offset);
+    args.set(edge.before, XmATTACH_FORM).set(edge.before_offset, offset);
+    if (size < 0) args.set(edge.behind, XmATTACH_FORM).set(edge.behind_offset, -int{grx::as_position(size)});
+    if (size > 0) args.set(edge.behind, XmATTACH_OPPOSITE_FORM).set(edge.behind_offset, -(offset + grx::as_size(size)));
+}
+
+Widget make_list(Widget parent, const GRX_MSG& msg, grx::ItemTable& items) {
+    grx::Args args;
+    grx::set_list_look(args, msg.type == GRX_LISTE_MULTIPLE);
+    args.set(XmNitems, items.get()).set(XmNitemCount, items.count());
+    args.set(XmNlistSizePolicy, XmCONSTANT);
+    if (msg.largeur > 0) args.set(XmNwidth, grx::as_size(msg.largeur));
+    if (msg.hauteur > 0) args.set(XmNheight, grx::as_size(msg.hauteur));
+    Widget list = XmCreateScrolledList(parent, const_cast<char*>("Liste"), args.list(), args.count());
+    if (list == nullptr) return nullptr;
+    grx::Args place;
+    attach(place, kAcross, msg.x, msg.largeur);
+    attach(place, kDown, msg.y, msg.hauteur);
+    Widget box = XtParent(list);
+    grx::change_unasked(box, [&] {
+        XtManageChild(list); // which asks for room of its own
+        XtSetValues(box, place.list(), place.count());
+    });
+    return list;
+}
+
+// ------------------------------------------------------------------------------------------------------- changes
+
+void reload(LISTE_PANEL& slot) {
+    const INT clef = item_key(slot);
+    grx::ItemTable items = items_of(clef, grx::host_list_length(clef));
+    if (!items) return;
+    XmListDeselectAllItems(slot.obj);
+    grx::Args args;
+    args.set(XmNitems, items.get()).set(XmNitemCount, items.count());
+    XtSetValues(slot.obj, args.list(), args.count());
+    slot.nb_item = items.count();
+    select_at_first(slot.obj, clef);
+    note_selection(slot);
+}
+
+bool is_on_show(const LISTE_PANEL& slot, INT clef) {
+    return is_used(slot) && slot.obj != nullptr && item_key(slot) == clef;
+}
+
+enum Mode : INT { kReload = 0, kChangeType = 1 };
+
+INT modif_items_liste_general(Mode mode, INT clef, INT type) {
+    for (LISTE_PANEL& slot : all_slots()) {
+        if (!is_on_show(slot, clef)) continue;
+        if (mode == kReload)
+            reload(slot);
+        else
+            grx::set_resource(slot.obj, XmNselectionPolicy, grx::selection_policy(type == GRX_LISTE_MULTIPLE));
+    }
+    return 0;
+}
+
+} // namespace
+
+namespace grx {
+
+INT host_list_length(INT clef) {
+    return std::max<INT>(of_host(lnstate, clef), 0);
+}
+
+} // namespace grx
+
+extern "C" {
+
+INT grx_alloue_base_liste_panels(void) {
+    grx_desalloue_base_liste_panels();
+    Tab_liste = free_slots(GRX_NB_LISTES_PANNEAUX).release();
+    if (Tab_liste == nullptr) return kNoMemory;
+    Nb_max_liste = GRX_NB_LISTES_PANNEAUX;
+    return 0;
+}
+
+INT grx_desalloue_base_liste_panels(void) {
+    for (LISTE_PANEL& slot : all_slots()) free_slot(slot);
+    grx::Block<LISTE_PANEL>::adopt(Tab_liste, static_cast<std::size_t>(Nb_max_liste)).reset();
+    Tab_liste = nullptr;
+    Nb_max_liste = 0;
+    Nb_liste = GRX_AUCUN;
+    return 0;
+}
+
+INT test_realloue_Tab_liste(void) {
+    if (Tab_liste == nullptr || Nb_liste != Nb_max_liste) return 0;
+    auto larger = free_slots(2 * Nb_max_liste);
+    if (!larger) return kNoMemory;
+    move_slots(larger.data());
+    grx::Block<LISTE_PANEL>::adopt(Tab_liste, static_cast<std::size_t>(Nb_max_liste)).reset();
+    Nb_max_liste = static_cast<INT>(larger.size());
+    Tab_liste = larger.release();
+    return 0;
+}
+
+INT test_liste_deja_affichee(INT ipan, INT cle) {
+    const LISTE_PANEL* const slot = find_slot(ipan, cle);
+    return slot != nullptr ? slot->isys : GRX_AUCUN;
+}
+
+Widget grx_cree_item_liste(GRX_MSG* msg) {
+    return grx_cree_item_liste_general(0, msg);
+}
+
+Widget grx_cree_item_liste_general(INT, GRX_MSG* msg) {
+    if (msg == nullptr || Tab_liste == nullptr || !known_key(item_key(msg->clef))) return nullptr;
+    Widget parent = grx_recup_objet_fen(msg->fen_mere);
+    if (!grx::can_hold_children(parent)) return nullptr;
+    grx::ItemTable items = items_of(item_key(msg->clef), msg->nb_cara);
+    if (!items) return nullptr;
+    if (LISTE_PANEL* const old = find_slot(msg->nobou, msg->clef)) free_slot(*old);
+    LISTE_PANEL* const slot = take_slot();
+    if (slot == nullptr) return nullptr;
+    Widget list = make_list(parent, *msg, items);
+    if (list != nullptr) occupy(*slot, *msg, list);
+    return list;
+}
+
+Widget grx_recup_objet_item_liste(INT ipan, INT clef) {
+    const LISTE_PANEL* const slot = known_key(clef) ? find_slot(ipan, clef + GRX_BASE_CLEF_LISTE) : nullptr;
+    return slot != nullptr ? slot->obj : nullptr;
+}
+
+INT grx_supprime_item_liste(INT ipan, INT clef) {
+    LISTE_PANEL* const slot = known_key(clef) ? find_slot(ipan, clef + GRX_BASE_CLEF_LISTE) : nullptr;
+    if (slot != nullptr) free_slot(*slot);
+    return 0;
+}
+
+INT grx_test_liste_ouverte(INT clef) {
+    const auto slots = all_slots();
+    const auto on_show = [clef](const LISTE_PANEL& slot) { return is_on_show(slot, clef); };
+    return std::any_of(slots.begin(), slots.end(), on_show) ? 1 : 0;
+}
+
+INT grx_modif_items_liste(INT clef) {
+    return modif_items_liste_general(kReload, clef, GRX_LISTE_SIMPLE);
+}
+
+INT grx_modif_un_item_liste(INT clef, INT) {
+    return grx_modif_items_liste(clef); // KEEP: always the whole list
+}
+
+INT grx_change_type_liste(INT clef, INT type) {
+    return modif_items_liste_general(kChangeType, clef, type);
+}
+}

@@ -1,0 +1,129 @@
+// Directories: of the icons, of the messages, and the working one.
+#include "xt_ini_f.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+#include "host_f.h"
+#include "system/block.h"
+#include "pure/number.h"
+#include "pure/text.h"
+#include "xt_dir_f.h"
+#include "xt_err_f.h"
+#include "xt_uti_f.h"
+
+char adr_icones[GRX_ADR_ICONES_MAX] = "";
+
+// Icons are read when a button asks for them.
+INT grx_charge_icones(void) {
+    return 1;
+}
+
+// One font serves everything: there is no choice of fonts here.
+INT grx_selection_fonte_dialogue(void) {
+    return 0;
+}
+
+INT grx_selection_fonte_status(void) {
+    return 0;
+}
+
+INT grx_init_repertoire_icones(char* adr) {
+    grx::copy_text(adr_icones, sizeof(adr_icones), grx::view(adr));
+    return 0;
+}
+
+namespace {
+
+struct IconDirectory {
+    INT format;
+    char name[2];
+};
+
+constexpr std::array<IconDirectory, 3> icon_directories{{{2, "S"}, {3, "M"}, {4, "L"}}};
+
+constexpr INT first_message_format = 1; // the one whose messages lie in the directory itself
+constexpr std::size_t digits_of_int = 12;
+
+} // namespace
+
+INT grx_recup_repertoire_icones(char* adr) {
+    grx::copy_text(adr, sizeof(adr_icones), adr_icones);
+    const auto format = grx_recup_format_icone();
+    for (auto entry : icon_directories)
+        if (adr && entry.format == format) compose_adresse_fichier(adr_icones, entry.name, adr);
+    return 0;
+}
+
+INT grx_decompose_adresse_fichier_message(char* adr, INT* format) {
+    if (!adr || !format) return 0;
+    const auto path = grx::view(adr);
+    const auto kept = path.size() - grx::trailing_digits(path);
+    *format = kept < path.size() ? grx::number_of(path.substr(kept)) : first_message_format;
+    adr[kept] = '\0';
+    return 0;
+}
+
+INT grx_recup_repertoire_message(char* adr, INT* format) {
+    if (!adr || !format || *format == first_message_format) return 0;
+    std::array<char, digits_of_int> number{};
+    std::snprintf(number.data(), number.size(), "%d", *format);
+    compose_adresse_fichier(adr, number.data(), adr);
+    return 0;
+}
+
+namespace {
+
+constexpr char path_variable[] = "ZZCUR";
+constexpr std::size_t path_too_long = 60;
+constexpr char fallback_path[] = "tmp";
+
+// What init_path answers.
+constexpr INT path_usable = 0;
+constexpr INT path_refused = 1;
+constexpr INT path_unusable = 2;
+
+// getvarsystem knows no limit, so the room is measured first.
+grx::Block<char> variable(const char* wanted) {
+    const auto size = grx::view(std::getenv(wanted)).size() + 1;
+    grx::Block<char> value(size);
+    std::array<char, sizeof(path_variable)> name{};
+    grx::copy_text(name.data(), name.size(), wanted);
+    if (value && getvarsystem(name.data(), value.data()) != 0) value.reset();
+    return value;
+}
+
+// Forward slashes, one at the end. path has room for one character more.
+void end_with_slash(char* path) {
+    const auto length = grx::view(path).size();
+    std::replace(path, path + length, '\\', '/');
+    if (!grx::view(path).ends_with('/')) grx::copy_text(path + length, 2, "/");
+}
+
+INT path_of_variable(char* path) {
+    auto value = variable(path_variable);
+    if (!value) return path_refused;
+    if (grx::view(value.data()).size() >= path_too_long) {
+        grx_erreur(GRX_ERR_VAR_ENV_LONGUE);
+        return path_refused;
+    }
+    str_trim(path, value.data());
+    if (path[0] == '\0') return path_refused;
+    str_lwr(path, path);
+    end_with_slash(path);
+    return test_directorie(path) == 0 ? path_usable : path_unusable;
+}
+
+} // namespace
+
+// KEEP: the result stays what it was although path then is "tmp" or empty.
+INT init_path(char* path) {
+    if (!path) return path_refused;
+    const auto result = path_of_variable(path);
+    if (result == path_usable) return result;
+    grx::copy_text(path, sizeof(fallback_path), fallback_path);
+    if (test_directorie(path) != 0) path[0] = '\0';
+    return result;
+}
