@@ -1,34 +1,41 @@
 #!/usr/bin/env python3
-"""Who may include whom. Dependencies run one way: x11/*.cpp -> x11/kit -> x11/pure; everything may read inc/ and the
-headers of host/; x11/pure, the tools and the default host see nothing of X, not even by way of another header;
-demo/ sees the public headers only."""
+"""Who may include and call whom. A room of x11/ knows itself and the rooms before it in ROOMS; inside a room no files
+call each other in a circle. Everything may read inc/ and the headers of host/; pure/, the tools and the default host see
+nothing of X, not even by way of another header; demo/ sees the public headers only. Calls are read from the object
+files of a build: layers.py [BUILD_FOLDER]."""
+import collections
 import pathlib
 import re
+import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+ROOMS = ["pure", "system", "display", "toolkit", "events", "registry", "drawing",
+         "menus", "windows", "controls", "session", "panels", "dialogs"]
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 SEARCH = ("inc", "host", "x11", ".")
+PUBLIC = {"inc", "host"}
 
-# Layer of a file -> layers of project files it may include, and whether it may reach X.
+# Place of a file -> places of project files it may include, and whether it may reach X. Rooms are added below.
 RULES = {
     "inc": ({"inc", "host"}, True),
     "host": ({"host"}, False),
     "standalone": ({"standalone", "host"}, False),
-    "pure": ({"pure", "host", "inc"}, False),
-    "kit": ({"kit", "pure", "host", "inc"}, True),
-    "x11": ({"x11", "kit", "pure", "host", "inc"}, True),
-    "tools": ({"tools", "pure", "host", "inc"}, False),
-    "demo": ({"demo", "host", "inc"}, True),
+    "tools": ({"tools", "pure"} | PUBLIC, False),
+    "demo": ({"demo"} | PUBLIC, True),
 }
+for number, name in enumerate(ROOMS):
+    RULES[name] = (set(ROOMS[:number + 1]) | PUBLIC, name != "pure")
 
 
-def layer(path):
+# --------------------------------------------------------------------------------------------------------- includes
+
+def place(path):
     parts = path.relative_to(ROOT).parts
     if parts[:2] == ("host", "standalone"):
         return "standalone"
-    if parts[0] == "x11" and len(parts) > 2:
-        return parts[1]
+    if parts[0] == "x11":
+        return parts[1] if len(parts) > 2 else "x11"
     return parts[0] if parts[0] in RULES else None
 
 
@@ -59,12 +66,15 @@ def way_to_x(path, seen):
     return None
 
 
-def complaints(path):
-    own = layer(path)
+def include_complaints(path):
+    own = place(path)
+    if own not in RULES:
+        yield f"{path.relative_to(ROOT)} stands in no room"
+        return
     allowed, may_reach_x = RULES[own]
     where = path.relative_to(ROOT)
     for number, name, target in includes(path):
-        other = layer(target) if target and target.is_relative_to(ROOT) else None
+        other = place(target) if target and target.is_relative_to(ROOT) else None
         if other and other not in allowed:
             yield f"{where}:{number}: {own} must not include {other} ({name})"
     chain = None if may_reach_x else way_to_x(path, {path})
@@ -72,10 +82,89 @@ def complaints(path):
         yield f"{where}: {own} must not reach X, but does by {' -> '.join(chain)}"
 
 
+def name_complaints(files):
+    by_name = collections.defaultdict(list)
+    for path in files:
+        if path.is_relative_to(ROOT / "x11"):
+            by_name[path.name].append(str(path.relative_to(ROOT)))
+    return [f"one name for two files: {' '.join(paths)}" for paths in by_name.values() if len(paths) > 1]
+
+
+# ------------------------------------------------------------------------------------------------------------ calls
+
+def symbols(objects):
+    """file -> (names defined, names used), by nm; what only the headers define (weak) binds nobody."""
+    table = {}
+    for path in objects:
+        defined, used = set(), set()
+        for line in subprocess.run(["nm", path], capture_output=True, text=True, check=True).stdout.splitlines():
+            kind, name = line.split()[-2:]
+            (used if kind == "U" else defined if kind in "TDBRVC" else set()).add(name)
+        source = path.relative_to(next(p for p in path.parents if p.name == "x11"))
+        table[str(source).removesuffix(".o")] = (defined, used)
+    return table
+
+
+def readable(names):
+    return subprocess.run(["c++filt"], input="\n".join(sorted(names)), capture_output=True, text=True,
+                          check=True).stdout.split("\n")
+
+
+def arrows(table):
+    """(file, file) -> the names that the first uses of the second."""
+    home = {name: source for source, (defined, _) in table.items() for name in defined}
+    found = collections.defaultdict(set)
+    for source, (_, used) in table.items():
+        for name in used:
+            if home.get(name, source) != source:
+                found[source, home[name]].add(name)
+    return found
+
+
+def upward(found):
+    for (source, target), names in sorted(found.items()):
+        if ROOMS.index(source.split("/")[0]) < ROOMS.index(target.split("/")[0]):
+            yield f"{source} must not call {target} ({', '.join(readable(names))})"
+
+
+def circles(found):
+    """Each circle of files inside a room, as one line."""
+    calls = collections.defaultdict(set)
+    for source, target in found:
+        if source.split("/")[0] == target.split("/")[0]:
+            calls[source].add(target)
+    def reached(start):
+        seen, todo = set(), [start]
+        while todo:
+            for target in calls[todo.pop()] - seen:
+                seen.add(target)
+                todo.append(target)
+        return seen
+    reach = {source: reached(source) for source in list(calls)}
+    told = set()
+    for source in sorted(reach):
+        if source in reach[source] and source not in told:
+            members = [other for other in sorted(reach) if other in reach[source] and source in reach[other]]
+            told.update(members)
+            rides = [f"{a} -> {b} ({', '.join(readable(found[a, b]))})" for a in members for b in members if (a, b) in found]
+            yield "a circle of calls: " + "; ".join(rides)
+
+
+def call_complaints(build):
+    objects = sorted(build.glob("CMakeFiles/grx_objects.dir/x11/*/*.o"))
+    if not objects:
+        return [f"no object files in {build}: build first"]
+    table = {source: names for source, names in symbols(objects).items() if (ROOT / "x11" / source).is_file()}
+    found = arrows(table)
+    return [*upward(found), *circles(found)]
+
+
 def main():
-    files = [path for folder in ("inc", "host", "x11", "tools", "demo") if (ROOT / folder).is_dir()
+    build = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ROOT / "build/default").resolve()
+    files = [path for folder in ("inc", "host", "x11", "tools", "demo")
              for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".c", ".cpp")]
-    found = [line for path in files if layer(path) for line in complaints(path)]
+    found = [line for path in files if place(path) for line in include_complaints(path)]
+    found += name_complaints(files) + call_complaints(build)
     print("\n".join(found), end="\n" if found else "")
     return 1 if found else 0
 
