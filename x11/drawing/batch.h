@@ -3,10 +3,11 @@
 // in the buffer is put there directly; any other goes through Xlib, which begins the next request.
 #pragma once
 
-#include "display/requests.h"
-
 #include <cstdint>
 #include <cstring>
+
+#include "pure/clip.h"
+#include "display/requests.h"
 
 namespace grx {
 
@@ -58,6 +59,10 @@ inline void draw_point(Drawable target, int x, int y) {
 inline void draw_line(Drawable target, int x1, int y1, int x2, int y2) {
     if (!join(X_PolySegment, target, xSegment{p16(x1), p16(y1), p16(x2), p16(y2)}))
         XDrawLine(x11_disp, target, g_c, x1, y1, x2, y2);
+}
+
+inline void draw_line(Drawable target, const Line& line) {
+    draw_line(target, line.x1, line.y1, line.x2, line.y2);
 }
 
 inline void draw_rectangle(Drawable target, int x, int y, unsigned int width, unsigned int height) {

@@ -8,6 +8,8 @@
 
 namespace grx {
 
+constexpr int kPollRest = 1; // milliseconds, for a loop that polls
+
 /// Gives the processor away until something arrives on the connection, for a loop that must not block: at most `ms`.
 inline void rest_until_input(int ms) {
     if (x11_disp == nullptr) return;

@@ -1,38 +1,31 @@
-// Directories: of the icons, of the messages, and the working one.
-#include "xt_ini_f.h"
-
+// The directories of icons and message files, from settings and environment.
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 
-#include "host_f.h"
-#include "system/block.h"
 #include "pure/number.h"
 #include "pure/text.h"
+#include "system/block.h"
+#include "host_f.h"
 #include "xt_dir_f.h"
 #include "xt_err_f.h"
+#include "xt_ini_f.h"
 #include "xt_uti_f.h"
 
 char adr_icones[GRX_ADR_ICONES_MAX] = "";
+
+extern "C" {
 
 // Icons are read when a button asks for them.
 INT grx_charge_icones(void) {
     return 1;
 }
 
-// One font serves everything: there is no choice of fonts here.
-INT grx_selection_fonte_dialogue(void) {
-    return 0;
-}
-
-INT grx_selection_fonte_status(void) {
-    return 0;
-}
-
 INT grx_init_repertoire_icones(char* adr) {
     grx::copy_text(adr_icones, sizeof(adr_icones), grx::view(adr));
     return 0;
+}
 }
 
 namespace {
@@ -48,6 +41,8 @@ constexpr INT first_message_format = 1; // the one whose messages lie in the dir
 constexpr std::size_t digits_of_int = 12;
 
 } // namespace
+
+extern "C" {
 
 INT grx_recup_repertoire_icones(char* adr) {
     grx::copy_text(adr, sizeof(adr_icones), adr_icones);
@@ -72,6 +67,7 @@ INT grx_recup_repertoire_message(char* adr, INT* format) {
     std::snprintf(number.data(), number.size(), "%d", *format);
     compose_adresse_fichier(adr, number.data(), adr);
     return 0;
+}
 }
 
 namespace {
@@ -118,6 +114,8 @@ INT path_of_variable(char* path) {
 
 } // namespace
 
+extern "C" {
+
 // KEEP: the result stays what it was although path then is "tmp" or empty.
 INT init_path(char* path) {
     if (!path) return path_refused;
@@ -126,4 +124,5 @@ INT init_path(char* path) {
     grx::copy_text(path, sizeof(fallback_path), fallback_path);
     if (test_directorie(path) != 0) path[0] = '\0';
     return result;
+}
 }

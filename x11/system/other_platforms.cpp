@@ -1,7 +1,16 @@
-// Data files of an older generation of the application are not read.
+// Entry points that other platforms need: on this one they do nothing.
+#include "grx_api.h"
 #include "xt_f.h"
+#include "xt_fen_f.h"
+#include "xt_gfx_f.h"
+#include "xt_ini_f.h"
+#include "xt_uti_f.h"
 
 extern "C" {
+
+INT reconnait_fichier_domoplanix(GRX_ARGS_LIBRES) {
+    return 1;
+}
 
 INT ReadOldDaoDomoplanix(GRX_ARGS_LIBRES) {
     return 0;
@@ -14,4 +23,91 @@ INT ReadOldHuiDomoplanix(GRX_ARGS_LIBRES) {
 INT ReadOldAccDomoplanix(GRX_ARGS_LIBRES) {
     return 0;
 }
+
+INT ReadOldFtvDomoplanix(GRX_ARGS_LIBRES) {
+    return 0;
+}
+
+INT ReadOldNivDomoplanix(GRX_ARGS_LIBRES) {
+    return 0;
+}
+
+INT ReadOldB3DDomoplanix(GRX_ARGS_LIBRES) {
+    return 0;
+}
+
+// Entry points that other platforms need and this one does not.
+
+INT grx_reactive_topmost(void) {
+    return 0;
+}
+
+INT grx_desactive_topmost(void) {
+    return 0;
+}
+
+INT grx_flush_fenetres_graphiques(void) {
+    return 0;
+}
+
+INT grx_ote_mire_si_necessaire(...) {
+    return 0;
+}
+
+INT grx_met_mire_si_necessaire(...) {
+    return 0;
+}
+
+INT test_client_fenetre_graphique(...) {
+    return 1;
+}
+
+INT test_fenetre_principale(INT) {
+    return 0;
+}
+
+void grx_iconifie_application(INT) {}
+
+INT get_contours_texte_truetype(GRX_TEXTE, DEF_CONTOURS**) {
+    return 0;
+}
+
+int grx_select_font_truetype(char*) {
+    return -1;
+}
+
+void grx_texte_extent_truetype(INT, char*, DOUBLE, DOUBLE, char*, DOUBLE*) {
+    // the advances stay as the caller filled them
+}
+
+INT grx_verifie_truetype(char*) {
+    return 0;
+}
+
+// This platform leaves the keypad as the user has it.
+INT grx_configure_clavier_munerique(void) {
+    return 0;
+}
+
+INT grx_restitue_clavier_munerique(void) {
+    return 0;
+}
+
+// One font serves everything: there is no choice of fonts here.
+INT grx_selection_fonte_dialogue(void) {
+    return 0;
+}
+
+INT grx_selection_fonte_status(void) {
+    return 0;
+}
+
+// --- what this platform has no use for -----------------------------------------------------------------------------
+
+void grx_selectionne_curseur_attente(void) {}
+void grx_deselectionne_curseur_attente(void) {}
+void grx_contenu_aide(void) {}
+void grx_aide_sur(void) {}
+void grx_utilisation_aide(void) {}
+void grx_aide_f1(INT) {}
 }

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "system/shell_command.h"
 #include "pure/text.h"
+#include "system/shell_command.h"
 #include "xt_dev_t.h"
 #include "xt_f.h"
 

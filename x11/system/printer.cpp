@@ -1,8 +1,10 @@
-// The printer, which there is none of: it answers as one with a page of one unit by one.
-#include "host_g.h"
+// Drawing on the printer, which there is none of.
 #include "pure/out.h"
+#include "host_g.h"
+#include "grx_api.h"
 #include "xt_dev_t.h"
 #include "xt_f.h"
+#include "xt_gfx_t.h"
 #include "xt_ini_f.h"
 
 namespace {
@@ -73,4 +75,26 @@ INT ReleaseDeviceOutput(GRX_ARGS_LIBRES) {
 INT ActualiseQueueReseau(void) {
     return 0;
 }
+
+void imp_trace_point(GRX_POINT) {}
+
+void imp_trace_segment(GRX_SEGMENT) {}
+
+void imp_trace_polyline(GRX_POLY) {}
+
+void imp_trace_rectangle(GRX_RECTANGLE) {}
+
+void imp_trace_arc(GRX_ARC) {}
+
+void imp_remplit_rectangle(GRX_RECTANGLE) {}
+
+void imp_remplit_arc(GRX_ARC) {}
+
+void imp_remplit_polygone(GRX_POLY) {}
+
+void imp_remplit_triangle(GRX_POLY) {}
+
+void imp_trace_texte(GRX_TEXTE) {}
+
+void imp_stretch_image(uchar*, uchar*, INT, INT, INT, INT, INT, INT) {}
 }

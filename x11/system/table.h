@@ -8,6 +8,11 @@
 
 namespace grx {
 
+/// A number as the index of its entry.
+constexpr std::size_t as_index(INT number) {
+    return static_cast<std::size_t>(number);
+}
+
 template <class T, INT Count>
 bool allocate_table(T*& table) {
     table = reinterpret_cast<T*>(grx_malloc(static_cast<UNSIGNED_INT>(sizeof(T) * Count)));

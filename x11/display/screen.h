@@ -1,0 +1,8 @@
+// Size and depth of the screen.
+#pragma once
+
+namespace grx {
+
+bool deep_screen();
+
+} // namespace grx

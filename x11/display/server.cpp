@@ -1,0 +1,45 @@
+// What is said to the server as a whole: its bell, its queue, its two fixed colours.
+#include <X11/Xlib.h>
+
+#include "xt_gfx_f.h"
+#include "xt_ini_t.h"
+#include "xt_uti_f.h"
+
+extern "C" {
+
+INT grx_noir_systeme(void) {
+    return x11_disp != nullptr ? static_cast<INT>(BlackPixel(x11_disp, x11_screen)) : 0;
+}
+
+INT grx_blanc_systeme(void) {
+    return x11_disp != nullptr ? static_cast<INT>(WhitePixel(x11_disp, x11_screen)) : 0;
+}
+}
+
+namespace {
+
+constexpr int bell_volume = 20;
+
+} // namespace
+
+extern "C" {
+
+// --- the display ---------------------------------------------------------------------------------------------------
+
+// The server's own pitch and length of the bell serve for all.
+void grx_bipbip(INT, INT) {
+    if (x11_disp) XBell(x11_disp, bell_volume);
+}
+
+void grx_flush_server(void) {
+    if (x11_disp) XFlush(x11_disp);
+}
+
+void grx_sync_server(void) {
+    if (x11_disp) XSync(x11_disp, False);
+}
+
+void grx_synchronise(INT etat) {
+    if (x11_disp) XSynchronize(x11_disp, etat != 0 ? True : False);
+}
+}

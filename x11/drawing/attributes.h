@@ -1,0 +1,35 @@
+// Colour, style and width of what is drawn: sent to the context when they change.
+#pragma once
+
+#include "pure/clip.h"
+#include "display/context.h"
+#include "xt_gfx_t.h"
+
+namespace grx {
+
+unsigned long drawing_pixel(INT colour);
+
+GRX_ATTRIBUTS_TRACER plain_attributes(INT background, INT foreground);
+
+void forget_background();
+
+void set_copy_function();
+
+/// True when the context is as the attributes want it.
+inline bool applied(const GRX_ATTRIBUTS_TRACER& att) {
+    return !context_stale && att.coul_fond == memo_attrib.coul_fond && att.coul_trace == memo_attrib.coul_trace
+           && att.mode == memo_attrib.mode && att.type_trait == memo_attrib.type_trait
+           && att.epaisseur == memo_attrib.epaisseur;
+}
+
+void send_changes(const GRX_ATTRIBUTS_TRACER& att);
+
+inline void apply_attributes(const GRX_ATTRIBUTS_TRACER& att) {
+    if (!applied(att)) send_changes(att);
+}
+
+void apply_background();
+
+Dashes dashes_of(const GRX_ATTRIBUTS_TRACER& att);
+
+} // namespace grx

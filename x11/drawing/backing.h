@@ -1,0 +1,33 @@
+// Backing pictures of windows and buttons, drawn in memory and copied to the screen.
+#pragma once
+
+#include <X11/Xlib.h>
+
+#include "toolkit/widgets.h"
+#include "xt_ini_t.h"
+#include "xt_mot_t.h"
+
+namespace grx {
+
+/// A window that can have a backing picture; null holder: it has none.
+struct Backing {
+    Window window = None;
+    Pixmap* holder = nullptr;
+    STRUCTURE_FENETRE* record = nullptr;
+    explicit operator bool() const { return window != None && holder != nullptr && g_c != nullptr; }
+};
+
+Backing backing_of(INT nofen);
+
+Size window_size(INT nofen);
+
+struct ButtonBacking {
+    Window window = None;
+    STRUCTURE_BOUTON* record = nullptr;
+    Size size;
+    explicit operator bool() const { return window != None && record->image != None && g_c != nullptr; }
+};
+
+ButtonBacking button_backing(INT nobou);
+
+} // namespace grx

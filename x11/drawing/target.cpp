@@ -1,0 +1,48 @@
+// Where a primitive goes: to the window, or to the picture drawn in memory.
+#include "drawing/target.h"
+
+#include <X11/Xlib.h>
+
+#include "pure/clip.h"
+#include "display/context.h"
+#include "toolkit/widgets.h"
+#include "registry/window_table.h"
+#include "drawing/attributes.h"
+#include "xt_bou_f.h"
+#include "xt_gfx_f.h"
+#include "xt_ini_t.h"
+
+namespace {
+
+void select_button_target(Window window) {
+    const bool unseen =
+        grx::grx_trace_memoire_bouton != 0 && grx::image_redess_bouton != nullptr && *grx::image_redess_bouton != None;
+    grx::win_bidon_bouton = unseen ? *grx::image_redess_bouton : window;
+}
+
+} // namespace
+
+extern "C" {
+
+INT test_trace_memoire(Window win) {
+    grx::select_target(win);
+    return 0;
+}
+
+INT test_trace_memoire_bouton(Window win) {
+    select_button_target(win);
+    return 0;
+}
+}
+
+namespace grx {
+
+Drawable open_button(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib) {
+    const Window window = g_c != nullptr ? window_of(grx_recup_objet_bout(nobou)) : None;
+    if (window == None) return None;
+    select_button_target(window);
+    apply_attributes(attrib);
+    return win_bidon_bouton;
+}
+
+} // namespace grx

@@ -1,0 +1,35 @@
+// Where a primitive goes: to the window, or to the picture drawn in memory.
+#pragma once
+
+#include <X11/Xlib.h>
+
+#include "display/context.h"
+#include "toolkit/widgets.h"
+#include "registry/window_table.h"
+#include "drawing/attributes.h"
+#include "xt_gfx_t.h"
+
+namespace grx {
+
+inline void select_target(Window window) {
+    win_bidon = grx_trace_memoire != 0 && image_redess != nullptr ? *image_redess : window;
+}
+
+/// Ready to draw into a window: the target selected and the attributes applied. None: there is nothing to draw into.
+inline Drawable open_window(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
+    const Window window = g_c != nullptr ? window_of(window_widget(nofen)) : None;
+    if (window == None) return None;
+    select_target(window);
+    apply_attributes(attrib);
+    return win_bidon;
+}
+
+Drawable open_button(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib);
+
+/// True for a picture that is drawn in memory.
+inline bool in_memory(Drawable target) {
+    return (image_redess != nullptr && target == *image_redess)
+           || (image_redess_bouton != nullptr && target == *image_redess_bouton);
+}
+
+} // namespace grx

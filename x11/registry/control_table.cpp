@@ -1,0 +1,162 @@
+// The table of controls: widget and record of each number.
+#include "registry/control_table.h"
+
+#include <X11/Intrinsic.h>
+
+#include <algorithm>
+#include <array>
+
+#include "system/table.h"
+#include "xt_bou_f.h"
+#include "xt_err_f.h"
+#include "xt_ini_f.h"
+#include "xt_mot_t.h"
+
+namespace {
+
+INT MAXOBJETBOUTON = 0;
+Widget* Tableau_objet_bouton = nullptr;
+STRUCTURE_BOUTON* structure_bouton = nullptr;
+INT No_bou_actif = GRX_AUCUN;
+
+constexpr INT kFreeWindow = 1; // KEEP: a free entry names window 1
+
+// The widget of a number died with its window: the number stays taken until somebody frees it.
+std::array<bool, GRX_NB_BOUTONS> widget_dead{};
+
+// Numbers that only the library knows go with their widgets.
+std::array<bool, GRX_NB_BOUTONS> goes_with_widget{};
+
+bool in_base(INT nobou) {
+    return nobou >= 0 && nobou < MAXOBJETBOUTON && Tableau_objet_bouton != nullptr && structure_bouton != nullptr;
+}
+
+void make_free(STRUCTURE_BOUTON& record) {
+    record.nobou = GRX_AUCUN; // image and type keep what they held
+    record.nofen = kFreeWindow;
+    record.no_fo = GRX_AUCUN;
+    record.valeur = 0;
+}
+
+template <class T>
+bool allocate(T*& table) {
+    return grx::allocate_table<T, GRX_NB_BOUTONS>(table);
+}
+
+template <class T>
+void release(T*& table) {
+    grx::free_table<T, GRX_NB_BOUTONS>(table);
+}
+
+} // namespace
+
+namespace grx {
+
+bool allocate_control_table() {
+    release(Tableau_objet_bouton);
+    MAXOBJETBOUTON = GRX_NB_BOUTONS;
+    if (!allocate(Tableau_objet_bouton) || !allocate(structure_bouton)) return false;
+    std::for_each_n(structure_bouton, GRX_NB_BOUTONS, make_free);
+    widget_dead.fill(false);
+    return true;
+}
+
+void free_control_table() {
+    release(Tableau_objet_bouton);
+    release(structure_bouton);
+}
+
+bool has_control_table() {
+    return structure_bouton != nullptr;
+}
+
+INT control_table_size() {
+    return MAXOBJETBOUTON;
+}
+
+STRUCTURE_BOUTON* control_record(INT nobou) {
+    return in_base(nobou) ? &structure_bouton[nobou] : nullptr;
+}
+
+void clear_control_entry(INT nobou) {
+    Tableau_objet_bouton[nobou] = nullptr;
+    widget_dead[as_index(nobou)] = false;
+    make_free(structure_bouton[nobou]);
+}
+
+bool control_widget_died(INT nobou, Widget w) {
+    if (!in_base(nobou) || Tableau_objet_bouton[nobou] != w) return false;
+    widget_dead[as_index(nobou)] = true;
+    return goes_with_widget[as_index(nobou)];
+}
+
+void free_with_widget(INT nobou) {
+    if (in_base(nobou)) goes_with_widget[as_index(nobou)] = true;
+}
+
+STRUCTURE_BOUTON* button_record_at(XtPointer data) {
+    const auto* const record = static_cast<STRUCTURE_BOUTON*>(data);
+    for (INT nobou = 0; in_base(nobou); ++nobou) {
+        if (record == &structure_bouton[nobou]) return &structure_bouton[nobou];
+    }
+    return nullptr;
+}
+
+} // namespace grx
+
+extern "C" {
+
+INT grx_recup_indice_objet_bout_libre(void) {
+    for (INT nobou = 0; in_base(nobou); ++nobou) {
+        if (Tableau_objet_bouton[nobou] == nullptr) return nobou;
+    }
+    char message[] = "Depassement de taille de la base des boutons\n";
+    grx_affiche_chaine(message);
+    return GRX_AUCUN;
+}
+
+INT grx_affecte_objet_bout(INT iden, Widget w) {
+    if (!in_base(iden)) return 0;
+    Tableau_objet_bouton[iden] = w;
+    widget_dead[grx::as_index(iden)] = goes_with_widget[grx::as_index(iden)] = false;
+    return 1;
+}
+
+Widget grx_recup_objet_bout(INT iden) {
+    if (!in_base(iden) || widget_dead[grx::as_index(iden)]) return nullptr;
+    Widget w = Tableau_objet_bouton[iden];
+    return grx_is_objet_valide(w) != 0 ? w : nullptr;
+}
+
+INT grx_recup_indice_bout(Widget w) {
+    for (INT nobou = 0; w != nullptr && in_base(nobou); ++nobou) {
+        if (Tableau_objet_bouton[nobou] == w && !widget_dead[grx::as_index(nobou)]) return nobou;
+    }
+    return GRX_AUCUN;
+}
+
+void grx_affecte_structure_bouton(INT indice, INT no_fo, INT valeur, INT fen_mere) {
+    if (!in_base(indice)) return;
+    STRUCTURE_BOUTON& record = structure_bouton[indice];
+    record.nobou = indice;
+    record.nofen = fen_mere;
+    record.no_fo = no_fo;
+    record.valeur = valeur;
+}
+
+void grx_recup_structure_bouton(INT indice, STRUCTURE_BOUTON** ptr) {
+    if (ptr != nullptr && in_base(indice)) *ptr = &structure_bouton[indice];
+}
+
+void grx_affecte_nobou_actif(INT nobou) {
+    No_bou_actif = nobou;
+}
+
+INT grx_recup_nobou_actif(void) {
+    return No_bou_actif;
+}
+
+INT grx_is_objet_valide(Widget w) {
+    return w != nullptr ? 1 : 0;
+}
+}

@@ -1,0 +1,148 @@
+// Starts the library: connection, font, colours, tables, measures.
+#include <X11/Intrinsic.h>
+#include <Xm/DisplayP.h>
+#include <Xm/DragDrop.h>
+#include <Xm/DropSMgrP.h>
+#include <Xm/Xm.h>
+
+#include <cstdio>
+#include <cstring>
+#include <iterator>
+
+#include "display/connection.h"
+#include "toolkit/args.h"
+#include "toolkit/compound_string.h"
+#include "registry/window_table.h"
+#include "windows/shell_place.h"
+#include "xt_err_f.h"
+#include "xt_fen_f.h"
+#include "xt_gfx_f.h"
+#include "xt_ini_f.h"
+#include "xt_mot_t.h"
+
+namespace {
+
+XmFontListEntry font_entry = nullptr;
+
+const Widget kReservedWindow = reinterpret_cast<Widget>(-2L);
+
+// The toolkit counts the shells on its display object and destroys it, with everything set on it, when the last one
+// goes; the next shell would wait for forty answers of the server. One that never goes is counted here.
+void keep_display_object() {
+    ++reinterpret_cast<XmDisplayRec*>(XmGetXmDisplay(x11_disp))->display.shellCount;
+}
+
+// What the toolkit and Xlib would ask the server for one by one, each with an answer to wait for.
+void intern_names_at_once() {
+    static const char* const names[] = {
+        "_MOTIF_DEFAULT_BINDINGS", "WM_LOCALE_NAME", "WM_CLIENT_LEADER", "UTF8_STRING", "STRING"};
+    Atom atoms[std::size(names)];
+    XInternAtoms(x11_disp, const_cast<char**>(names), std::size(names), False, atoms);
+}
+
+void no_drop_site(XmDropSiteManagerObject, Widget, ArgList, Cardinal) {}
+void no_drop_site_there(XmDropSiteManagerObject, Widget) {}
+
+// Text fields offer themselves to drags even when nothing can be dropped: the first asks the server for tables that all
+// applications share, and makes them on a connection of its own when they are not there.
+void offer_no_drop_sites() {
+    XmDropSiteManagerClassPart& sites = xmDropSiteManagerClassRec.dropManager_class;
+    sites.createInfo = sites.updateInfo = sites.retrieveInfo = no_drop_site;
+    sites.destroyInfo = sites.startUpdate = sites.endUpdate = no_drop_site_there;
+}
+
+// A press of the second mouse button on a label would otherwise start a drag that takes over the event loop.
+void turn_off_drag_and_drop() {
+    Widget display_object = XmGetXmDisplay(x11_disp);
+    grx::set_resource(display_object, XmNdragInitiatorProtocolStyle, XmDRAG_NONE);
+    grx::set_resource(display_object, XmNdragReceiverProtocolStyle, XmDRAG_NONE);
+    offer_no_drop_sites();
+}
+
+void load_font() {
+    static Display* display = nullptr;
+    static CH40 loaded = "";
+    CH40 name = "";
+    grx_recup_font(name);
+    if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns about an empty name
+    if (fontlist != nullptr && display == x11_disp && std::strcmp(loaded, name) == 0) return;
+    display = x11_disp;
+    std::memcpy(loaded, name, sizeof loaded);
+    font_entry = XmFontListEntryLoad(x11_disp, name, XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
+    fontlist = XmFontListAppendEntry(nullptr, font_entry);
+    if (font_entry == nullptr) return;
+    XmFontType kind = XmFONT_IS_FONT;
+    XtPointer font = XmFontListEntryGetFont(font_entry, &kind);
+    if (kind == XmFONT_IS_FONT) fontstruct = static_cast<XFontStruct*>(font);
+}
+
+bool choose_true_colour() {
+    constexpr int planes = 24;
+    if (prof_24 == 0 || !XMatchVisualInfo(x11_disp, x11_screen, planes, TrueColor, &vtemp)) return false;
+    profondeur_ecran = vtemp.depth;
+    dec_red = decode_decalage(vtemp.red_mask);
+    dec_green = decode_decalage(vtemp.green_mask);
+    dec_blue = decode_decalage(vtemp.blue_mask);
+    x11_vis = vtemp.visual;
+    grx_init_colormap_24_plans();
+    return true;
+}
+
+bool choose_pseudo_colour() {
+    if (!XMatchVisualInfo(x11_disp, x11_screen, GRX_PROFONDEUR_8, PseudoColor, &vtemp)) return false;
+    profondeur_ecran = GRX_PROFONDEUR_8;
+    dec_red = dec_green = dec_blue = 0;
+    x11_vis = vtemp.visual;
+    grx_init_colormap_8_plans(); // KEEP: start-up goes on with whatever cells were had
+    return true;
+}
+
+} // namespace
+
+extern "C" {
+
+INT grx_init_application(void) {
+    if (!grx::open_display()) {
+        grx_erreur(GRX_ERR_DISPLAY);
+        return 0;
+    }
+    intern_names_at_once();
+    turn_off_drag_and_drop();
+    keep_display_object();
+    grx::watch_places_of_shells(x11_disp);
+    if (grx_init_graphique() == 0) return 0;
+    grx_recup_taille_ecran(&lar_ecran, &hau_ecran);
+    grx_recup_taille_ecran_mm(&lar_ecran_mm, &hau_ecran_mm);
+    grx_init_param_graphique();
+    grx_init_objet_fen();
+    grx_affecte_objet_fen(0, kReservedWindow);
+    grx_affecte_carac_fenetre_systeme();
+    return 1;
+}
+
+INT grx_init_graphique(void) {
+    if (x11_disp == nullptr) return 0;
+    load_font();
+    if (!choose_true_colour() && !choose_pseudo_colour()) {
+        grx_erreur(GRX_ERR_TABLE_COULEURS);
+        return 0;
+    }
+    grx_definit_tous_curseurs();
+    grx_change_couleur_curseur(GRX_CURS_CROIX, recup_couleur_mire());
+    grx::install_error_handlers();
+    return 1;
+}
+
+INT grx_init_param_graphique(void) {
+    grx_init_memo_attrib();
+    grx_init_sauvegarde_fenetre();
+    return 0;
+}
+
+INT grx_init_sauvegarde_fenetre(void) {
+    for (INT nofen = 0; nofen < MAXOBJETFEN; ++nofen) {
+        if (GRX_SAUVE_ZONE* slot = grx::save_slot(nofen)) *slot = GRX_SAUVE_ZONE{};
+    }
+    return 0;
+}
+}

@@ -1,0 +1,32 @@
+// What the operating system tells of itself.
+#include <array>
+#include <cstdlib>
+#include <unistd.h>
+
+#include "pure/text.h"
+#include "xt_uti_f.h"
+
+extern "C" {
+
+// --- system and environment ----------------------------------------------------------------------------------------
+
+INT getcurrentdir(char* s) {
+    if (!s) return 1;
+    std::array<char, GRX_REPERTOIRE_MAX> directory{};
+    const bool known = getcwd(directory.data(), directory.size()) != nullptr;
+    grx::copy_text(s, directory.size(), known ? grx::view(directory.data()) : std::string_view());
+    return known ? 0 : 1;
+}
+
+INT osname(void) {
+    return GRX_OS_UNIX;
+}
+
+// contenu has room for the whole value: the caller measures it.
+INT getvarsystem(char* nom_var, char* contenu) {
+    const char* const value = nom_var ? std::getenv(nom_var) : nullptr;
+    const auto text = grx::view(value);
+    grx::copy_text(contenu, text.size() + 1, text);
+    return value ? 0 : 1;
+}
+}

@@ -1,0 +1,91 @@
+// Place and size of a window that is being made.
+#include "x11/windows/placing.h"
+
+#include <X11/Intrinsic.h>
+#include <Xm/Xm.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "pure/axis.h"
+#include "pure/decorations.h"
+#include "toolkit/args.h"
+#include "toolkit/widgets.h"
+#include "registry/window_table.h"
+#include "windows/placing.h"
+#include "windows/window_build.h"
+#include "xt_fen_t.h"
+#include "xt_ini_f.h"
+
+namespace {
+
+INT border_of(const grx::WindowBuild& b) {
+    if (b.has(GRX_FEN_ATT_SANS_BORD)) return 0;
+    if (b.has(GRX_FEN_ATT_SANS_RESIZE)) return grx_get_tabord_sans_resize();
+    if (b.has(GRX_FEN_ATT_SANS_TITRE)) return grx_get_tabord_sans_titre();
+    return grx_get_tabord();
+}
+
+// Without a height the lower edge cannot be placed: the window goes to the top.
+int32_t toolkit_y(int32_t container_height, const GRX_FENETRE& fen, int64_t decorations) {
+    if (fen.haut < 0) return 0;
+    const int64_t top = int64_t{grx::top_of_box(container_height, fen.y, fen.haut)} - decorations;
+    return static_cast<int32_t>(std::clamp<int64_t>(top, INT16_MIN, INT16_MAX));
+}
+
+} // namespace
+
+namespace grx {
+
+void place_nested(WindowBuild& b) {
+    b.x = b.fen.x;
+    b.y = toolkit_y(size_of(b.parent).height, b.fen, 0);
+}
+
+void place_shell(WindowBuild& b) {
+    const int64_t border = border_of(b);
+    const int64_t title = b.has(GRX_FEN_ATT_SANS_TITRE) ? 0 : grx_get_tatitre();
+    b.x = as_position(static_cast<int32_t>(std::clamp<int64_t>(b.fen.x - border, 0, INT16_MAX)));
+    b.y = std::max(toolkit_y(grx_recup_hau_ecran(), b.fen, title + border), 0);
+    const std::span<char> text = geometry_text(b.nofen);
+    std::snprintf(text.data(), text.size(), "+%d+%d", b.x, b.y);
+}
+
+void set_given_size(Args& args, const GRX_FENETRE& fen) {
+    if (fen.droite >= 0) args.set(XmNwidth, as_size(fen.droite));
+    if (fen.haut >= 0) args.set(XmNheight, as_size(fen.haut));
+}
+
+void set_size(Args& args, const GRX_FENETRE& fen) {
+    set_given_size(args, fen);
+    if (fen.droite < 0 && fen.haut < 0) args.set(XmNallowShellResize, True);
+}
+
+void size_nested(const WindowBuild& b) {
+    if (!b.nested || b.outer == nullptr || b.outer == b.work) return;
+    Args args;
+    if (b.x >= 0) args.set(XmNx, as_position(b.x));
+    if (b.y >= 0) args.set(XmNy, as_position(b.y));
+    set_given_size(args, b.fen);
+    XtSetValues(b.outer, args.list(), args.count());
+}
+
+void set_place_in_parent(Args& args, const WindowBuild& b) {
+    struct Side {
+        INT bit;
+        const char* resource;
+    };
+    static const std::array<Side, 4> sides{
+        {{GRX_ATTACHE_BAS, XmNbottomAttachment}, {GRX_ATTACHE_HAUT, XmNtopAttachment},
+            {GRX_ATTACHE_DROITE, XmNrightAttachment}, {GRX_ATTACHE_GAUCHE, XmNleftAttachment}}};
+    if (b.x >= 0) args.set(XmNx, as_position(b.x));
+    if (b.y >= 0) args.set(XmNy, as_position(b.y));
+    set_size(args, b.fen);
+    if (!b.visible()) args.set(XmNmappedWhenManaged, False);
+    for (const auto& side : sides) {
+        if ((b.fen.attache & side.bit) != 0) args.set(side.resource, XmATTACH_FORM);
+    }
+}
+
+} // namespace grx

@@ -1,0 +1,68 @@
+// The shell and the main window of a window that is being made.
+#include "windows/shells.h"
+
+#include <X11/Intrinsic.h>
+#include <X11/Shell.h>
+#include <X11/StringDefs.h>
+#include <Xm/MainW.h>
+#include <Xm/Xm.h>
+
+#include "pure/decorations.h"
+#include "pure/icon_bits.h"
+#include "display/bitmaps.h"
+#include "toolkit/args.h"
+#include "toolkit/field_text.h"
+#include "toolkit/look.h"
+#include "toolkit/widgets.h"
+#include "registry/window_table.h"
+#include "windows/placing.h"
+#include "windows/window_build.h"
+#include "xt_ini_t.h"
+
+namespace {
+
+Pixmap minimised_icon() {
+    static Pixmap icon = None;
+    if (icon == None) {
+        icon = grx::make_bitmap(grx::iconif_bits, grx::kIconSide);
+    }
+    return icon;
+}
+
+void set_decorations(grx::Args& args, INT attributes) {
+    const auto masks = grx::decorations_for(attributes);
+    args.set(XmNmwmDecorations, masks.decorations);
+    args.set(XmNmwmFunctions, masks.functions);
+}
+
+} // namespace
+
+namespace grx {
+
+void make_shell(WindowBuild& b) {
+    Args args;
+    const FieldText title(b.fen.titre);
+    args.set(XmNtitle, title.c_str()).set(XmNiconName, title.c_str());
+    args.set(XmNgeometry, geometry_text(b.nofen).data());
+    args.set(XmNdeleteResponse, XmDESTROY);
+    set_size(args, b.fen);
+    set_decorations(args, b.fen.attrib);
+    set_background(args, b.fen.coul_fond);
+    set_screen(args);
+    if (!b.visible()) args.set(XmNmappedWhenManaged, False);
+    if (b.parent != nullptr) {
+        b.shell = XtCreatePopupShell("TransientShell", transientShellWidgetClass, b.parent, args.list(), args.count());
+        return;
+    }
+    args.set(XmNiconPixmap, minimised_icon());
+    b.shell = XtAppCreateShell(nullptr, "TopLevelShell", topLevelShellWidgetClass, x11_disp, args.list(), args.count());
+}
+
+void make_main_window(WindowBuild& b, Widget container) {
+    Args args;
+    if (const auto pixel = application_pixel()) args.set(XmNbackground, *pixel);
+    b.main = XmCreateMainWindow(container, const_cast<char*>("main"), args.list(), args.count());
+    if (b.main != nullptr) XtManageChild(b.main);
+}
+
+} // namespace grx

@@ -1,0 +1,143 @@
+// Title and border of a window, taken away and given back while it is there.
+#include <X11/Intrinsic.h>
+
+#include "pure/axis.h"
+#include "pure/decorations.h"
+#include "toolkit/args.h"
+#include "toolkit/widgets.h"
+#include "windows/frame.h"
+#include "windows/stack_place.h"
+#include "xt_ent_f.h"
+#include "xt_fen_f.h"
+#include "xt_ini_f.h"
+
+namespace {
+
+// Bits of the shell's decorations. With the bit for all of them set, each of the others takes one away.
+constexpr INT kBorder = 4;
+constexpr INT kTitle = 8;
+constexpr INT kTitleAndMenu = 24;
+
+enum class Part { Title, Border };
+
+struct Operation {
+    Part part;
+    bool removes; // else it toggles
+    bool flushes;
+};
+
+// How much larger a window without a part of its decoration is than with it, so that its frame stays as it is: its
+// left and upper edge go outwards, its size grows.
+struct Room {
+    int64_t left, top;
+    int64_t width, height;
+};
+
+Room room_of_title() {
+    const int64_t d = int64_t{grx_get_tabord()} - grx_get_tabord_sans_titre();
+    const int64_t title = grx_get_tatitre();
+    return {d, title + d, 2 * d, title + 2 * d};
+}
+
+Room room_of_border(INT decorations) {
+    const bool titled = (decorations & kTitle) == 0;
+    const int64_t d = titled ? int64_t{grx_get_tabord()} - grx_get_tabord_sans_resize()
+                             : int64_t{grx_get_tabord_sans_titre()} - grx_get_tabord_sans_decor();
+    return {d, d, 2 * d, 2 * d};
+}
+
+INT changed(INT decorations, const Operation& operation) {
+    const INT bits = operation.part == Part::Title ? kTitleAndMenu : kBorder;
+    return operation.removes ? decorations | bits : decorations ^ bits; // KEEP: showing toggles
+}
+
+void resize(Widget shell, int64_t width, int64_t height) {
+    grx::set_size(shell, {grx::as_size(width), grx::as_size(height)});
+}
+
+// The window manager looks at the decorations of a window when it is mapped.
+void map_again(Widget shell) {
+    const Window window = grx::window_of(shell);
+    XWindowAttributes attributes{};
+    if (window == None || XGetWindowAttributes(x11_disp, window, &attributes) == 0) return;
+    if (attributes.map_state == IsUnmapped) return; // hidden: the new decorations come when it is shown
+    XUnmapWindow(x11_disp, window);
+    XMapWindow(x11_disp, window);
+}
+
+// Where a window stands, left and upwards from the lower left corner of the screen. A window manager takes the place asked
+// for as the frame's, and keeps the frame where it is. Without one the server is asked, not the toolkit, which takes the
+// place of the window's contents for that of the shell when the shell is resized.
+class Place {
+  public:
+    Place(INT nofen, Widget shell) : nofen_(nofen), shell_(shell), framed_(grx::in_frame(shell)) {
+        grx_recup_position_fenetre(nofen, &left_, &top_);
+        seen_top_ = seen_top();
+    }
+    bool as_before() const { return seen_top() == seen_top_; }
+    void keep_frame(int64_t outwards, int64_t upwards) const {
+        if (framed_) outwards = upwards = 0;
+        grx::move_shell(shell_, grx::saturated(left_ - outwards), grx::saturated(top_ + upwards));
+    }
+
+  private:
+    INT seen_top() const {
+        if (framed_) return grx::resource<Position>(shell_, XmNy);
+        INT left = 0, top = 0;
+        grx_recup_position_fenetre(nofen_, &left, &top);
+        return top;
+    }
+
+    INT nofen_;
+    Widget shell_;
+    bool framed_;
+    INT left_ = 0, top_ = 0, seen_top_ = 0;
+};
+
+void change_decorations(INT nofen, const Operation& operation) {
+    Widget shell = grx_recherche_shell(grx_recup_objet_fen(nofen));
+    if (shell == nullptr) return;
+    const grx::Size size = grx::size_of(shell);
+    const Place place(nofen, shell);
+    const INT decorations = changed(grx::resource<int>(shell, XmNmwmDecorations), operation);
+    grx::set_resource(shell, XmNmwmDecorations, decorations);
+    if (operation.flushes) grx_flush_tous_evenements();
+    const Room room = operation.part == Part::Title ? room_of_title() : room_of_border(decorations);
+    const INT sign = operation.removes ? 1 : -1;
+    if (grx::size_of(shell).height == size.height)
+        resize(shell, size.width + sign * room.width, size.height + sign * room.height);
+    grx::StackPlace stack(grx::window_of(shell));
+    map_again(shell);
+    if (place.as_before()) place.keep_frame(sign * room.left, sign * room.top);
+    stack.restore();
+}
+
+} // namespace
+
+extern "C" {
+
+INT grx_active_modifications_shell(INT nofen) {
+    grx_recherche_shell(grx_recup_objet_fen(nofen)); // KEEP: a hook without effect
+    return 0;
+}
+
+INT grx_supprime_titre_fenetre(INT nofen) {
+    change_decorations(nofen, {Part::Title, true, false}); // KEEP: the only one that does not handle the events
+    return 0;
+}
+
+INT grx_affiche_titre_fenetre(INT nofen) {
+    change_decorations(nofen, {Part::Title, false, true});
+    return 0;
+}
+
+INT grx_supprime_bord_fenetre(INT nofen) {
+    change_decorations(nofen, {Part::Border, true, true});
+    return 0;
+}
+
+INT grx_affiche_bord_fenetre(INT nofen) {
+    change_decorations(nofen, {Part::Border, false, true});
+    return 0;
+}
+}
