@@ -668,6 +668,12 @@ INT grx_recup_taille_menu_bar(INT, INT* lar, INT* hau) {
     return 0;
 }
 
+INT grx_recup_tamenubar(void) {
+    INT width = 0, height = 0;
+    grx_recup_taille_menu_bar(grx_recup_nofen_principale(), &width, &height);
+    return height;
+}
+
 INT grx_envoie_dernier_evenement_a_fenetre_menu(void) {
     const Window window = main_x_window();
     if (window == None || grx::evt_menu.xkey.window == window) return 0; // never forwarded twice
