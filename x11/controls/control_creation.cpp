@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "pure/double_click.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/field_text.h"
@@ -111,11 +112,7 @@ void give_off_screen_copy(Widget w, const grx::Control& c, INT nobou) {
     constexpr INT black = 1; // a reserved colour
     const grx::Size size = grx::drawing_area_size(w, c.bou);
     const Window window = grx::window_of(w);
-    if (window != None) {
-        XSetWindowAttributes attributes{};
-        attributes.backing_store = WhenMapped;
-        XChangeWindowAttributes(x11_disp, window, CWBackingStore, &attributes);
-    }
+    grx::set_backing_store(window, WhenMapped);
     grx_desinstalle_bitmap(nobou); // an icon, which the copy replaces
     grx::control_record(nobou)->image = None;
     grx_cree_bitmap_backingstore_bouton(nobou, size.width, size.height, black, black);

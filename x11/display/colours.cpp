@@ -51,10 +51,6 @@ INT table_value(const INT (&table)[GRX_NB_COULEURS], INT index) {
     return grx::in_colour_table(index) ? table[index] : 0;
 }
 
-bool deep_screen() {
-    return grx_recup_profondeur_ecran() > GRX_PROFONDEUR_8;
-}
-
 } // namespace
 
 namespace grx {
@@ -137,7 +133,7 @@ void read_cell(INT pixel, INT* rgb) {
 }
 
 void read_triple(INT pixel, INT* rgb) {
-    if (!deep_screen()) {
+    if (!grx::deep_screen()) {
         read_cell(pixel, rgb);
         return;
     }
@@ -163,7 +159,7 @@ INT grx_maj_palette_trace(void) {
 
 INT grx_modif_rgb(INT index, INT* rgb) {
     if (!grx::in_colour_table(index) || rgb == nullptr) return 0;
-    if (deep_screen()) {
+    if (grx::deep_screen()) {
         compute_pixel(index, rgb);
     } else {
         store_cell(index, rgb);

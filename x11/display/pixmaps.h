@@ -28,6 +28,14 @@ inline void free_pixmap(Pixmap pixmap) {
     if (x11_disp != nullptr && pixmap != None) XFreePixmap(x11_disp, pixmap);
 }
 
+/// Whether the server keeps what a window shows; nothing for None.
+inline void set_backing_store(Window window, int mode) {
+    if (window == None) return;
+    XSetWindowAttributes attributes{};
+    attributes.backing_store = mode;
+    XChangeWindowAttributes(x11_disp, window, CWBackingStore, &attributes);
+}
+
 inline void fill_drawable(Drawable target, GC context, Size size) {
     XFillRectangle(x11_disp, target, context, 0, 0, as_size(size.width), as_size(size.height));
 }

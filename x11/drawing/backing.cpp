@@ -20,11 +20,7 @@
 namespace {
 
 void set_backing_store(INT nofen, int mode) {
-    const Window window = grx::window_of(grx_recup_objet_fen(nofen));
-    if (window == None) return;
-    XSetWindowAttributes attributes{};
-    attributes.backing_store = mode;
-    XChangeWindowAttributes(x11_disp, window, CWBackingStore, &attributes);
+    grx::set_backing_store(grx::window_of(grx_recup_objet_fen(nofen)), mode);
 }
 
 } // namespace

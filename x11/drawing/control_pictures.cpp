@@ -13,6 +13,7 @@
 #include "display/context.h"
 #include "display/images.h"
 #include "display/pixmaps.h"
+#include "display/screen.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "xt_bou_f.h"
@@ -114,7 +115,7 @@ grx::Block<uchar> shallow_pixels(const Indices& indices) {
 
 // The image of a file, owning its pixels; empty when memory is short.
 Picture make_picture(const Indices& indices) {
-    const bool deep = grx_recup_profondeur_ecran() > GRX_PROFONDEUR_8;
+    const bool deep = grx::deep_screen();
     const int pixel_bytes = deep ? grx::bytes_per_pixel() : 1;
     auto block = deep ? deep_pixels(indices, static_cast<std::size_t>(pixel_bytes)) : shallow_pixels(indices);
     Picture picture{};

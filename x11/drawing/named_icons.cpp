@@ -1,6 +1,7 @@
 // Icons that the application keeps in memory under a name.
 #include <algorithm>
 
+#include "pure/axis.h"
 #include "xt_gfx_f.h"
 #include "xt_loc_f.h"
 
@@ -72,6 +73,6 @@ INT desalloue_tab_icon(void) {
 
 INT pixel_size_image(INT largeur, INT hauteur) {
     const int64_t size = int64_t{largeur} * hauteur;
-    return static_cast<INT>(std::clamp<int64_t>(size, INT32_MIN, INT32_MAX));
+    return grx::saturated(size);
 }
 }

@@ -7,16 +7,19 @@
 
 namespace grx {
 
+/// What the application gets of a sum that 32 bits may not hold.
+constexpr int32_t saturated(int64_t v) {
+    return static_cast<int32_t>(std::clamp<int64_t>(v, INT32_MIN, INT32_MAX));
+}
+
 /// y counted from the upper edge <-> y counted from the lower edge of something `height` high. Its own inverse.
 constexpr int32_t turn_over_y(int32_t height, int32_t y) {
-    const int64_t turned = int64_t{height} - y;
-    return static_cast<int32_t>(std::clamp<int64_t>(turned, INT32_MIN, INT32_MAX));
+    return saturated(int64_t{height} - y);
 }
 
 /// Upper edge, from the top, of a box `box_height` high whose lower edge lies `y` above the lower edge of its container.
 constexpr int32_t top_of_box(int32_t container_height, int32_t y, int32_t box_height) {
-    const int64_t top = int64_t{container_height} - y - box_height;
-    return static_cast<int32_t>(std::clamp<int64_t>(top, INT32_MIN, INT32_MAX));
+    return saturated(int64_t{container_height} - y - box_height);
 }
 
 /// What the toolkit can hold as a position (signed 16 bits).
@@ -27,11 +30,6 @@ constexpr int16_t as_position(int64_t v) {
 /// What X accepts as a width or height of a window or pixmap.
 constexpr uint16_t as_size(int64_t v) {
     return static_cast<uint16_t>(std::clamp<int64_t>(v, 1, INT16_MAX));
-}
-
-/// What the application gets of a sum that 32 bits may not hold.
-constexpr int32_t saturated(int64_t v) {
-    return static_cast<int32_t>(std::clamp<int64_t>(v, INT32_MIN, INT32_MAX));
 }
 
 } // namespace grx

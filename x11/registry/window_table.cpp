@@ -41,14 +41,14 @@ INT p_objet = 0;
 
 constexpr std::size_t kGeometryText = 32;
 
-// Beside the base: what the library must know of a window and the application must not.
-struct Beside {
+// What the library must know of a window beside the tables that the application knows.
+struct WindowExtras {
     Widget outer;
     bool dead_pixmap;
     char geometry[kGeometryText];
 };
-std::array<Beside, GRX_NB_FENETRES> beside{};
-Beside no_window{};
+std::array<WindowExtras, GRX_NB_FENETRES> extras{};
+WindowExtras no_window{};
 
 bool base_complete() {
     return grx::Tableau_objet_fen != nullptr && structure_fenetre != nullptr && sauve_zone != nullptr;
@@ -58,8 +58,8 @@ bool in_base(INT nofen) {
     return nofen >= 0 && nofen < MAXOBJETFEN && base_complete();
 }
 
-Beside& beside_of(INT nofen) {
-    return nofen >= 0 && nofen < GRX_NB_FENETRES ? beside[static_cast<std::size_t>(nofen)] : no_window;
+WindowExtras& extras_of(INT nofen) {
+    return nofen >= 0 && nofen < GRX_NB_FENETRES ? extras[grx::as_index(nofen)] : no_window;
 }
 
 template <class T>
@@ -122,7 +122,7 @@ void set_known_size(INT nofen, Size size) {
 }
 
 bool holds_dead_pixmap(INT nofen) {
-    return beside_of(nofen).dead_pixmap;
+    return extras_of(nofen).dead_pixmap;
 }
 
 void occupy(INT nofen, INT kind, Widget work, Widget outer) {
@@ -131,20 +131,20 @@ void occupy(INT nofen, INT kind, Widget work, Widget outer) {
     record = STRUCTURE_FENETRE{};
     grx_affecte_structure_fenetre(nofen);
     record.type = kind;
-    beside_of(nofen).outer = outer;
-    beside_of(nofen).dead_pixmap = false;
+    extras_of(nofen).outer = outer;
+    extras_of(nofen).dead_pixmap = false;
 }
 
 std::span<char> geometry_text(INT nofen) {
-    return beside_of(nofen).geometry;
+    return extras_of(nofen).geometry;
 }
 
 void mark_dead_pixmap(INT nofen, bool dead) {
-    beside_of(nofen).dead_pixmap = dead;
+    extras_of(nofen).dead_pixmap = dead;
 }
 
 Widget outer_widget(INT nofen) {
-    return beside_of(nofen).outer;
+    return extras_of(nofen).outer;
 }
 
 // A window that stands in another, or was opened over it, has that one's scroll bars further up: they are not its own.
@@ -249,8 +249,8 @@ INT grx_libere_indice_objet_fen(INT nofen) {
     record.nofen = MAXOBJETFEN;
     release_picture(nofen, record);
     release_saved_picture(nofen);
-    beside_of(nofen).outer = nullptr;
-    beside_of(nofen).dead_pixmap = false;
+    extras_of(nofen).outer = nullptr;
+    extras_of(nofen).dead_pixmap = false;
     return 1;
 }
 

@@ -8,6 +8,7 @@
 #include "display/bitmaps.h"
 #include "display/pixmaps.h"
 #include "display/requests.h"
+#include "display/screen.h"
 #include "toolkit/widgets.h"
 #include "xt_fen_f.h"
 #include "xt_ini_f.h"
@@ -50,7 +51,7 @@ bool known_cursor(INT curseur) {
 XColor colour_of(INT couleur) {
     XColor colour{};
     colour.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(couleur)));
-    if (grx_recup_profondeur_ecran() <= GRX_PROFONDEUR_8) {
+    if (!grx::deep_screen()) {
         XQueryColor(x11_disp, x11_cmap, &colour);
         return colour;
     }

@@ -1,5 +1,5 @@
 // Place and size of a window that is being made.
-#include "x11/windows/placing.h"
+#include "windows/placing.h"
 
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
@@ -13,25 +13,19 @@
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
-#include "windows/placing.h"
+#include "windows/frame_thickness.h"
 #include "windows/window_build.h"
+#include "x11/windows/placing.h"
 #include "xt_fen_t.h"
 #include "xt_ini_f.h"
 
 namespace {
 
-INT border_of(const grx::WindowBuild& b) {
-    if (b.has(GRX_FEN_ATT_SANS_BORD)) return 0;
-    if (b.has(GRX_FEN_ATT_SANS_RESIZE)) return grx_get_tabord_sans_resize();
-    if (b.has(GRX_FEN_ATT_SANS_TITRE)) return grx_get_tabord_sans_titre();
-    return grx_get_tabord();
-}
-
 // Without a height the lower edge cannot be placed: the window goes to the top.
 int32_t toolkit_y(int32_t container_height, const GRX_FENETRE& fen, int64_t decorations) {
     if (fen.haut < 0) return 0;
     const int64_t top = int64_t{grx::top_of_box(container_height, fen.y, fen.haut)} - decorations;
-    return static_cast<int32_t>(std::clamp<int64_t>(top, INT16_MIN, INT16_MAX));
+    return grx::as_position(top);
 }
 
 } // namespace
@@ -44,10 +38,9 @@ void place_nested(WindowBuild& b) {
 }
 
 void place_shell(WindowBuild& b) {
-    const int64_t border = border_of(b);
-    const int64_t title = b.has(GRX_FEN_ATT_SANS_TITRE) ? 0 : grx_get_tatitre();
-    b.x = as_position(static_cast<int32_t>(std::clamp<int64_t>(b.fen.x - border, 0, INT16_MAX)));
-    b.y = std::max(toolkit_y(grx_recup_hau_ecran(), b.fen, title + border), 0);
+    const FrameThickness frame = frame_of_new_window(b.fen.attrib);
+    b.x = std::max<int32_t>(as_position(int64_t{b.fen.x} - frame.border), 0);
+    b.y = std::max(toolkit_y(grx_recup_hau_ecran(), b.fen, int64_t{frame.title} + frame.border), 0);
     const std::span<char> text = geometry_text(b.nofen);
     std::snprintf(text.data(), text.size(), "+%d+%d", b.x, b.y);
 }

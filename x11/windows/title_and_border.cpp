@@ -6,6 +6,7 @@
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "windows/frame.h"
+#include "windows/frame_thickness.h"
 #include "windows/stack_place.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
@@ -13,42 +14,36 @@
 
 namespace {
 
-// Bits of the shell's decorations. With the bit for all of them set, each of the others takes one away.
-constexpr INT kBorder = 4;
-constexpr INT kTitle = 8;
-constexpr INT kTitleAndMenu = 24;
-
-enum class Part { Title, Border };
+// Bits of the shell's decorations: each that is set takes one away, for that of all of them is set as well.
+constexpr INT kTitleBits = grx::mwm::title | grx::mwm::menu;
+constexpr INT kBorderBits = grx::mwm::handles;
 
 struct Operation {
-    Part part;
+    INT bits;
     bool removes; // else it toggles
     bool flushes;
 };
 
-// How much larger a window without a part of its decoration is than with it, so that its frame stays as it is: its
-// left and upper edge go outwards, its size grows.
-struct Room {
+// How much a window grows into the frame when a part of that goes: its left and upper edge go outwards, its size grows.
+struct Growth {
     int64_t left, top;
     int64_t width, height;
 };
 
-Room room_of_title() {
-    const int64_t d = int64_t{grx_get_tabord()} - grx_get_tabord_sans_titre();
-    const int64_t title = grx_get_tatitre();
-    return {d, title + d, 2 * d, title + 2 * d};
+Growth growth_between(const grx::FrameThickness& with, const grx::FrameThickness& without) {
+    const int64_t border = int64_t{with.border} - without.border;
+    const int64_t title = int64_t{with.title} - without.title;
+    return {border, title + border, 2 * border, title + 2 * border};
 }
 
-Room room_of_border(INT decorations) {
-    const bool titled = (decorations & kTitle) == 0;
-    const int64_t d = titled ? int64_t{grx_get_tabord()} - grx_get_tabord_sans_resize()
-                             : int64_t{grx_get_tabord_sans_titre()} - grx_get_tabord_sans_decor();
-    return {d, d, 2 * d, 2 * d};
+Growth growth_without(INT bits, INT decorations) {
+    if (bits == kTitleBits) return growth_between(grx::frame_with(true, true), grx::frame_with(false, true));
+    const bool titled = (decorations & grx::mwm::title) == 0;
+    return growth_between(grx::frame_with(titled, true), grx::frame_with(titled, false));
 }
 
 INT changed(INT decorations, const Operation& operation) {
-    const INT bits = operation.part == Part::Title ? kTitleAndMenu : kBorder;
-    return operation.removes ? decorations | bits : decorations ^ bits; // KEEP: showing toggles
+    return operation.removes ? decorations | operation.bits : decorations ^ operation.bits; // KEEP: showing toggles
 }
 
 void resize(Widget shell, int64_t width, int64_t height) {
@@ -68,9 +63,9 @@ void map_again(Widget shell) {
 // Where a window stands, left and upwards from the lower left corner of the screen. A window manager takes the place asked
 // for as the frame's, and keeps the frame where it is. Without one the server is asked, not the toolkit, which takes the
 // place of the window's contents for that of the shell when the shell is resized.
-class Place {
+class KeptPlace {
   public:
-    Place(INT nofen, Widget shell) : nofen_(nofen), shell_(shell), framed_(grx::in_frame(shell)) {
+    KeptPlace(INT nofen, Widget shell) : nofen_(nofen), shell_(shell), framed_(grx::in_frame(shell)) {
         grx_recup_position_fenetre(nofen, &left_, &top_);
         seen_top_ = seen_top();
     }
@@ -98,17 +93,17 @@ void change_decorations(INT nofen, const Operation& operation) {
     Widget shell = grx_recherche_shell(grx_recup_objet_fen(nofen));
     if (shell == nullptr) return;
     const grx::Size size = grx::size_of(shell);
-    const Place place(nofen, shell);
+    const KeptPlace place(nofen, shell);
     const INT decorations = changed(grx::resource<int>(shell, XmNmwmDecorations), operation);
     grx::set_resource(shell, XmNmwmDecorations, decorations);
     if (operation.flushes) grx_flush_tous_evenements();
-    const Room room = operation.part == Part::Title ? room_of_title() : room_of_border(decorations);
+    const Growth growth = growth_without(operation.bits, decorations);
     const INT sign = operation.removes ? 1 : -1;
     if (grx::size_of(shell).height == size.height)
-        resize(shell, size.width + sign * room.width, size.height + sign * room.height);
+        resize(shell, size.width + sign * growth.width, size.height + sign * growth.height);
     grx::StackPlace stack(grx::window_of(shell));
     map_again(shell);
-    if (place.as_before()) place.keep_frame(sign * room.left, sign * room.top);
+    if (place.as_before()) place.keep_frame(sign * growth.left, sign * growth.top);
     stack.restore();
 }
 
@@ -122,22 +117,22 @@ INT grx_active_modifications_shell(INT nofen) {
 }
 
 INT grx_supprime_titre_fenetre(INT nofen) {
-    change_decorations(nofen, {Part::Title, true, false}); // KEEP: the only one that does not handle the events
+    change_decorations(nofen, {kTitleBits, true, false}); // KEEP: the only one that does not handle the events
     return 0;
 }
 
 INT grx_affiche_titre_fenetre(INT nofen) {
-    change_decorations(nofen, {Part::Title, false, true});
+    change_decorations(nofen, {kTitleBits, false, true});
     return 0;
 }
 
 INT grx_supprime_bord_fenetre(INT nofen) {
-    change_decorations(nofen, {Part::Border, true, true});
+    change_decorations(nofen, {kBorderBits, true, true});
     return 0;
 }
 
 INT grx_affiche_bord_fenetre(INT nofen) {
-    change_decorations(nofen, {Part::Border, false, true});
+    change_decorations(nofen, {kBorderBits, false, true});
     return 0;
 }
 }
