@@ -56,11 +56,11 @@ Widget make_bare_label(Widget parent, const GRX_BOUTON& bou) {
     grx::Args args;
     set_bare(args, bou);
     args.set(XmNlabelString, label.get()).set(XmNalignment, XmALIGNMENT_BEGINNING);
-    const bool shown = icon.c_str()[0] != '\0' && grx_installe_bitmap(icon.data(), GRX_AUCUN) == 1;
-    if (shown) args.set(XmNlabelType, XmPIXMAP).set(XmNlabelPixmap, grx::Mypixmap);
+    const Pixmap picture = grx::install_label_icon(icon.data());
+    const bool shown = picture != XmUNSPECIFIED_PIXMAP;
+    if (shown) args.set(XmNlabelType, XmPIXMAP).set(XmNlabelPixmap, picture);
     Widget w = XmCreateLabel(parent, title.data(), args.list(), args.count());
-    if (shown && w != nullptr)
-        XtAddCallback(w, XmNdestroyCallback, release_icon, reinterpret_cast<XtPointer>(grx::Mypixmap));
+    if (shown && w != nullptr) XtAddCallback(w, XmNdestroyCallback, release_icon, reinterpret_cast<XtPointer>(picture));
     return w;
 }
 

@@ -1,6 +1,7 @@
 // Bitmap files, read into and written from the application's arrays.
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 #include "pure/bmp.h"
 #include "system/block.h"
@@ -13,12 +14,12 @@ namespace {
 
 constexpr INT kDone = 0;
 constexpr INT kFailed = 1;
-constexpr int kForReading = 2;
-constexpr int kForWriting = 1;
 constexpr UNSIGNED_INT2 kBitmapType = 19778; // "BM"
 
-XTBITMAPINFOHEADER bm_header{};
-XTBITMAPINFO bm{};
+struct Headers {
+    XTBITMAPINFOHEADER file;
+    XTBITMAPINFO info;
+};
 
 FILE* open_file(char* adr, char* nom_fic, int mode) {
     FILE* file = nullptr;
@@ -34,29 +35,30 @@ bool within_means(FILE* file, const grx::BmpSizes& sizes) {
 }
 
 // KEEP: where a header's buffer is not to be had, the file stays open.
-bool read_headers(FILE* file) {
+std::optional<Headers> read_headers(FILE* file) {
     const auto first = grx::read_block(file, grx::kFileHeader);
-    if (!first) return false;
-    bm_header = grx::read_file_header(first.span());
+    if (!first) return std::nullopt;
     const auto second = grx::read_block(file, grx::kInfoHeader);
-    if (!second) return false;
-    bm = grx::read_info_header(second.span());
-    return true;
+    if (!second) return std::nullopt;
+    return Headers{grx::read_file_header(first.span()), grx::read_info_header(second.span())};
 }
 
 struct Reading {
     FILE* file;
-    int bits;
-    grx::BmpSizes sizes;
-    grx::Block<uchar> data;
-    grx::Block<uchar> picture;
+    Headers headers{};
+    grx::BmpSizes sizes{};
+    grx::Block<uchar> data{};
+    grx::Block<uchar> picture{};
+
+    int bits() const { return headers.info.bibitcount; }
 };
 
 bool read_pixels(Reading& r) {
-    const auto sizes = grx::bmp_sizes(static_cast<INT>(bm.biwidth), static_cast<INT>(bm.biheight), r.bits);
+    const XTBITMAPINFO& info = r.headers.info;
+    const auto sizes = grx::bmp_sizes(static_cast<INT>(info.biwidth), static_cast<INT>(info.biheight), r.bits());
     if (!sizes || !within_means(r.file, *sizes)) return false;
     r.sizes = *sizes;
-    std::fseek(r.file, static_cast<long>(bm_header.bfoffbits), SEEK_SET);
+    std::fseek(r.file, static_cast<long>(r.headers.file.bfoffbits), SEEK_SET);
     r.data = grx::read_block(r.file, static_cast<std::size_t>(r.sizes.data));
     return static_cast<bool>(r.data);
 }
@@ -64,9 +66,9 @@ bool read_pixels(Reading& r) {
 bool unpack(Reading& r) {
     r.picture = grx::Block<uchar>::raw(static_cast<std::size_t>(r.sizes.picture));
     if (!r.picture) return false;
-    const grx::BmpPicture to{r.picture.data(), bm.biwidth, bm.biheight};
+    const grx::BmpPicture to{r.picture.data(), r.headers.info.biwidth, r.headers.info.biheight};
     const auto row_bytes = static_cast<std::size_t>(r.sizes.row);
-    if (r.bits == 4) {
+    if (r.bits() == 4) {
         grx::unpack_rows_4(to, r.data.span(), row_bytes);
     } else {
         grx::unpack_rows_8(to, r.data.span(), row_bytes);
@@ -109,11 +111,11 @@ constexpr Writing kWrite16{4, 118, 16, 0, grx::pack_rows_4, palette_16};
 constexpr Writing kWrite256{8, 1078, 256, 256, grx::pack_rows_8, palette_256};
 constexpr Writing kWriteMono{1, 62, 0, 0, grx::pack_rows_1, palette_mono};
 
-void fill_headers(const Writing& w, INT lar, INT hau, const grx::BmpSizes& sizes) {
+Headers headers_of(const Writing& w, INT lar, INT hau, const grx::BmpSizes& sizes) {
     const auto data = static_cast<UNSIGNED_INT4>(sizes.data);
-    bm_header = {kBitmapType, data + w.offset, 0, 0, w.offset};
-    bm = {grx::kInfoHeader, static_cast<UNSIGNED_INT4>(lar), static_cast<UNSIGNED_INT4>(hau), 1,
-        static_cast<UNSIGNED_INT2>(w.bits), 0, data, 0, 0, w.used, w.important};
+    return {{kBitmapType, data + w.offset, 0, 0, w.offset},
+        {grx::kInfoHeader, static_cast<UNSIGNED_INT4>(lar), static_cast<UNSIGNED_INT4>(hau), 1,
+            static_cast<UNSIGNED_INT2>(w.bits), 0, data, 0, 0, w.used, w.important}};
 }
 
 bool write_all(FILE* file, std::span<const uchar> bytes) {
@@ -121,9 +123,10 @@ bool write_all(FILE* file, std::span<const uchar> bytes) {
 }
 
 bool write_file(FILE* file, const Writing& w, const grx::BmpSizes& sizes, const grx::BmpPicture& picture) {
+    const Headers headers = headers_of(w, static_cast<INT>(picture.width), static_cast<INT>(picture.height), sizes);
     grx::Block<uchar> head(w.offset);
     if (!head) return false;
-    grx::write_headers(head.span(), bm_header, bm);
+    grx::write_headers(head.span(), headers.file, headers.info);
     w.palette(head.data() + grx::kPaletteAt);
     if (!write_all(file, head.span())) return false;
     if (sizes.data == 0) return true;
@@ -136,9 +139,8 @@ bool write_file(FILE* file, const Writing& w, const grx::BmpSizes& sizes, const 
 INT write_bitmap(char* adr, char* nom_fic, uchar* tab_pix, INT lar, INT hau, const Writing& w) {
     const auto sizes = grx::bmp_sizes(lar, hau, w.bits);
     if (!sizes || tab_pix == nullptr) return kFailed;
-    FILE* const file = open_file(adr, nom_fic, kForWriting);
+    FILE* const file = open_file(adr, nom_fic, HOST_MODE_ECRITURE);
     if (file == nullptr) return kFailed;
-    fill_headers(w, lar, hau, *sizes);
     const grx::BmpPicture picture{tab_pix, static_cast<std::size_t>(lar), static_cast<std::size_t>(hau)};
     const bool written = write_file(file, w, *sizes, picture);
     const bool closed = ftext_close(file) == 0;
@@ -151,20 +153,21 @@ extern "C" {
 
 INT lit_fichier_bitmap(char* adr, char* nom_fic, uchar** tab_pix, UNSIGNED_INT4* lar, UNSIGNED_INT4* hau,
     UNSIGNED_INT4* taille_tab_pix, INT* nb_coul) {
-    Reading r{open_file(adr, nom_fic, kForReading), 0, {}, {}, {}};
-    if (r.file == nullptr || !read_headers(r.file)) return kFailed;
-    r.bits = bm.bibitcount;
-    const bool known = r.bits == 4 || r.bits == 8;
+    Reading r{open_file(adr, nom_fic, HOST_MODE_LECTURE)};
+    const auto headers = r.file != nullptr ? read_headers(r.file) : std::nullopt;
+    if (!headers) return kFailed;
+    r.headers = *headers;
+    const bool known = r.bits() == 4 || r.bits() == 8;
     const bool read = known && read_pixels(r);
     const bool unpacked = read && unpack(r);
     ftext_close(r.file);
     if (!known) return kFailed;
-    if (!read) return result_without_buffer(r.bits);
+    if (!read) return result_without_buffer(r.bits());
     if (!unpacked) return kFailed;
-    if (lar != nullptr) *lar = bm.biwidth;
-    if (hau != nullptr) *hau = bm.biheight;
+    if (lar != nullptr) *lar = headers->info.biwidth;
+    if (hau != nullptr) *hau = headers->info.biheight;
     if (taille_tab_pix != nullptr) *taille_tab_pix = static_cast<UNSIGNED_INT4>(r.sizes.picture);
-    if (nb_coul != nullptr) *nb_coul = r.bits == 4 ? 16 : 256;
+    if (nb_coul != nullptr) *nb_coul = r.bits() == 4 ? 16 : 256;
     if (tab_pix != nullptr) *tab_pix = r.picture.release();
     return kDone;
 }

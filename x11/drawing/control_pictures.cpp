@@ -224,6 +224,11 @@ Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like) {
     return pixmap != XmUNSPECIFIED_PIXMAP ? pixmap : None;
 }
 
+Pixmap install_label_icon(char* nom_fic) {
+    const bool named = nom_fic[0] != '\0';
+    return named && grx_installe_bitmap(nom_fic, GRX_AUCUN) == 1 ? Mypixmap : Pixmap{XmUNSPECIFIED_PIXMAP};
+}
+
 void share_picture(INT nobou) {
     if (Picture* const picture = ::picture_of(nobou)) picture->shared = true;
 }

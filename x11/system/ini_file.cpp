@@ -1,7 +1,8 @@
 // INI_SYST.DAT: the lines from which settings come.
+#include <algorithm>
 #include <array>
+#include <string_view>
 
-#include "pure/clip.h"
 #include "pure/ini_line.h"
 #include "pure/number.h"
 #include "pure/text.h"
@@ -30,8 +31,6 @@ INT integer_of(const char* line, const char* key) {
 } // namespace
 
 extern "C" {
-
-// --- the file ----------------------------------------------------------------------------------------------------
 
 INT traite_entier_chaine(char* ligne, char* clef) {
     return integer_of(ligne, clef);
@@ -62,21 +61,29 @@ INT keep_first_application_colour(INT colour) {
     return grx_recup_couleur_application() == 0 ? grx_affecte_couleur_application(colour) : 0;
 }
 
-// In the order of grx::ini_number_keys.
-constexpr std::array<INT (*)(INT), grx::ini_number_keys.size()> number_setters{
-    grx_affecte_lar_carac_alpha,
-    grx_affecte_hau_carac_alpha,
-    grx_affecte_lar_sup_alpha,
-    grx_affecte_largeur_scrollbar,
-    grx_set_tabord,
-    grx_set_tabord_sans_resize,
-    grx_set_tabord_sans_titre,
-    grx_set_tabord_sans_decor,
-    grx_set_tatitre,
-    grx_affecte_max_couleur_trace,
-    grx_affecte_max_couleur_rendu,
-    keep_first_application_colour,
+struct Setter {
+    std::string_view key;
+    INT (*set)(INT);
 };
+
+constexpr std::array<Setter, grx::ini_number_keys.size()> number_setters{{
+    {"LARG_CARACTERE", grx_affecte_lar_carac_alpha},
+    {"HAUT_CARACTERE", grx_affecte_hau_carac_alpha},
+    {"ESPA_CARACTERE", grx_affecte_lar_sup_alpha},
+    {"LARG_SCROLLBAR", grx_affecte_largeur_scrollbar},
+    {"BORD_NORMAL", grx_set_tabord},
+    {"BORD_SANS_RESIZE", grx_set_tabord_sans_resize},
+    {"BORD_SANS_TITRE", grx_set_tabord_sans_titre},
+    {"BORD_SANS_DECOR", grx_set_tabord_sans_decor},
+    {"TITRE", grx_set_tatitre},
+    {"MAX_COULEUR_TRACE", grx_affecte_max_couleur_trace},
+    {"MAX_COULEUR_RENDU", grx_affecte_max_couleur_rendu},
+    {"COULEUR_APPLICATION", keep_first_application_colour},
+}};
+
+static_assert(std::equal(number_setters.begin(), number_setters.end(), grx::ini_number_keys.begin(),
+                  [](const Setter& setter, const grx::IniKey& key) { return setter.key == key.name; }),
+    "both tables name the keys in the order in which a line is tried");
 
 bool take_font(const char* line) {
     Line font;
@@ -92,7 +99,7 @@ void take_line(const char* line) {
         const auto& key = grx::ini_number_keys[i];
         const auto value = integer_of(line, key.name);
         if (!grx::ini_accepts(key.rule, value)) continue;
-        number_setters[i](value);
+        number_setters[i].set(value);
         return;
     }
 }
