@@ -35,6 +35,7 @@
 #include "toolkit/args.h"
 #include "system/block.h"
 #include "toolkit/control_parts.h"
+#include "toolkit/hidden_shell.h"
 #include "system/kept.h"
 #include "toolkit/locale_text.h"
 #include "session/nested_loop.h"
