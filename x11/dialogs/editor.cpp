@@ -38,61 +38,36 @@ using namespace grx::editor;
 
 namespace {
 
-enum Code : int {
-    kExit = 201,
-    kOpen = 202,
-    kNew = 203,
-    kClose = 204,
-    kSave = 205,
-    kSaveAs = 206,
-    kCut = 208,
-    kCopy = 209,
-    kPaste = 210,
-    kDelete = 211,
-};
-
-void MenuCB(Widget, XtPointer client, XtPointer call) {
-    if (!is_on_show()) return;
-    const Time time = time_of(call != nullptr ? static_cast<XmAnyCallbackStruct*>(call)->event : nullptr);
-    switch (grx::number_in(client)) {
-    case kOpen: show(kOpenDialog); break;
-    case kNew: show(kNewDialog); break;
-    case kClose: close_or_warn(); break;
-    case kSave: SaveFile(); break;
-    case kSaveAs: show_save_dialog(); break;
-    case kExit: exit_or_warn(); break;
-    case kCut: cut(time); break;
-    case kCopy: copy_selection(time); break;
-    case kPaste: paste(time); break;
-    case kDelete: delete_selection(time); break;
-    default: break;
-    }
-}
-
 struct Entry {
     const char* name;
     const char* label;
-    Code code;
+    void (*act)(Time);
     const char* shown_key;   // "" = none
     const char* translation; // as the entry holds it
     const char* key;         // as the library matches it
-    Place place;             // kPlaces = none of its own
+    Component component;     // kComponents = none of its own
 };
-
 constexpr std::array<Entry, 6> kFileEntries{{
-    {"Open", "Ouvrir", kOpen, "", "", "", kPlaces},
-    {"New", "Nouveau", kNew, "", "", "", kPlaces},
-    {"close", "Fermeture", kClose, "", "", "", kPlaces},
-    {"Save", "Sauver", kSave, "", "", "", kPlaces},
-    {"Save As...", "Sauver sous", kSaveAs, "", "", "", kPlaces},
-    {"Exit", "Fin", kExit, "F3", "<Key>F3:", "F3", kPlaces},
+    {"Open", "Ouvrir", [](Time) { show_dialog(kOpenDialog); }, "", "", "", kComponents},
+    {"New", "Nouveau", [](Time) { show_dialog(kNewDialog); }, "", "", "", kComponents},
+    {"close", "Fermeture", [](Time) { close_or_warn(); }, "", "", "", kComponents},
+    {"Save", "Sauver", [](Time) { save_or_tell(); }, "", "", "", kComponents},
+    {"Save As...", "Sauver sous", [](Time) { show_save_dialog(); }, "", "", "", kComponents},
+    {"Exit", "Fin", [](Time) { exit_or_warn(); }, "F3", "<Key>F3:", "F3", kComponents},
 }};
 constexpr std::array<Entry, 4> kEditEntries{{
-    {"Couper", "Couper", kCut, "Shift+Del", "Shift<Key>Delete:", "Shift+Delete", kCutButton},
-    {"Copier", "Copier", kCopy, "Ctrl+Ins", "Ctrl<Key>Insert:", "Ctrl+Insert", kCopyButton},
-    {"Coller", "Coller", kPaste, "Shift+Ins", "Shift<Key>Insert:", "Shift+Insert", kPasteButton},
-    {"Clear", "Supprimer", kDelete, "", "", "", kClearButton},
+    {"Couper", "Couper", cut, "Shift+Del", "Shift<Key>Delete:", "Shift+Delete", kCutButton},
+    {"Copier", "Copier", [](Time time) { copy_selection(time); }, "Ctrl+Ins", "Ctrl<Key>Insert:", "Ctrl+Insert",
+        kCopyButton},
+    {"Coller", "Coller", paste, "Shift+Ins", "Shift<Key>Insert:", "Shift+Insert", kPasteButton},
+    {"Clear", "Supprimer", delete_selection, "", "", "", kClearButton},
 }};
+
+void on_menu(Widget, XtPointer client, XtPointer call) {
+    if (!is_on_show()) return;
+    static_cast<const Entry*>(client)->act(
+        time_of(call != nullptr ? static_cast<XmAnyCallbackStruct*>(call)->event : nullptr));
+}
 
 void make_entry(Widget pane, const Entry& entry) {
     const grx::CompoundString label(entry.label), key(entry.shown_key);
@@ -102,39 +77,41 @@ void make_entry(Widget pane, const Entry& entry) {
     grx::set_menu_look(args);
     Widget button = XmCreatePushButton(pane, const_cast<char*>(entry.name), args.list(), args.count());
     if (button == nullptr) return;
-    XtAddCallback(button, XmNactivateCallback, MenuCB, grx::as_client_data(entry.code));
+    XtAddCallback(button, XmNactivateCallback, on_menu, const_cast<Entry*>(&entry));
     XtManageChild(button);
-    if (entry.key[0] != '\0') keys().add(at(kPrin), grx::accelerator_for(button, entry.key));
-    if (entry.place != kPlaces) put(entry.place, button);
+    if (entry.key[0] != '\0') keys().add(widget_of(kMainWindow), grx::accelerator_for(button, entry.key));
+    if (entry.component != kComponents) keep_widget(entry.component, button);
 }
 
-struct Pane {
+struct MenuPane {
     const char* name;
     const char* cascade;
     const char* label;
 };
 
 template <std::size_t N>
-void make_pane(const Pane& pane, const std::array<Entry, N>& entries) {
-    Widget menu = grx::make_pulldown(at(kMenuBar), pane.name);
+void make_pane(const MenuPane& pane, const std::array<Entry, N>& entries) {
+    Widget menu = grx::make_pulldown(widget_of(kMenuBar), pane.name);
     if (menu == nullptr) return;
     for (const Entry& entry : entries) make_entry(menu, entry);
     const grx::CompoundString label(pane.label);
     grx::Args args;
     args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, menu);
     grx::set_menu_look(args);
-    Widget cascade = XmCreateCascadeButton(at(kMenuBar), const_cast<char*>(pane.cascade), args.list(), args.count());
+    Widget cascade =
+        XmCreateCascadeButton(widget_of(kMenuBar), const_cast<char*>(pane.cascade), args.list(), args.count());
     if (cascade != nullptr) XtManageChild(cascade);
 }
 
 void make_menu_bar() {
     grx::Args args;
     grx::set_menu_look(args);
-    put(kMenuBar, XmCreateMenuBar(at(kPrin), const_cast<char*>("menu_bar"), args.list(), args.count()));
-    if (at(kMenuBar) == nullptr) return;
+    keep_widget(
+        kMenuBar, XmCreateMenuBar(widget_of(kMainWindow), const_cast<char*>("menu_bar"), args.list(), args.count()));
+    if (widget_of(kMenuBar) == nullptr) return;
     make_pane({"menu_pane1", "File", "Fichier"}, kFileEntries);
     make_pane({"menu_pane2", "Edit", "Editer"}, kEditEntries);
-    XtManageChild(at(kMenuBar));
+    XtManageChild(widget_of(kMenuBar));
 }
 
 void on_change(Widget, XtPointer, XtPointer) {
@@ -145,15 +122,16 @@ void make_text() {
     constexpr int rows = 24, columns = 80;
     grx::Args args;
     args.set(XmNrows, rows).set(XmNcolumns, columns).set(XmNeditMode, XmMULTI_LINE_EDIT).set(XmNfontList, fontlist);
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
-    put(kText, XmCreateScrolledText(at(kPrin), const_cast<char*>("text"), args.list(), args.count()));
-    Widget text = at(kText);
+    grx::set_background(args, GRX_AUCUN);
+    keep_widget(
+        kText, XmCreateScrolledText(widget_of(kMainWindow), const_cast<char*>("text"), args.list(), args.count()));
+    Widget text = widget_of(kText);
     if (text == nullptr) return;
     XtAddCallback(text, XmNmodifyVerifyCallback, on_change, nullptr);
     XtManageChild(text);
     XmAddTabGroup(text);
     XtSetSensitive(text, False);
-    for (const Place place : {kCutButton, kCopyButton, kClearButton}) set_sensitive(place, false);
+    for (const Component component : {kCutButton, kCopyButton, kClearButton}) set_sensitive(component, false);
 }
 
 void on_key(Widget, XtPointer, XEvent* event, Boolean*) {
@@ -167,9 +145,10 @@ void on_window_death(Widget w, XtPointer client, XtPointer call) {
 void make_main() {
     grx::Args args;
     args.set(XmNshadowThickness, 0);
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
-    put(kPrin, XmCreateMainWindow(at(kShell), const_cast<char*>("main"), args.list(), args.count()));
-    Widget main = at(kPrin);
+    grx::set_background(args, GRX_AUCUN);
+    keep_widget(
+        kMainWindow, XmCreateMainWindow(widget_of(kShell), const_cast<char*>("main"), args.list(), args.count()));
+    Widget main = widget_of(kMainWindow);
     if (main == nullptr) return;
     XtAddCallback(main, XmNdestroyCallback, on_window_death, reinterpret_cast<XtPointer>(generation()));
     XtAddEventHandler(main, KeyPressMask, False, on_key, nullptr);
@@ -178,12 +157,12 @@ void make_main() {
     XtManageChild(main);
 }
 
-// The window manager's close loses nothing that is not saved.
+// A close by the window manager asks before it loses a text that is not saved.
 void on_close_request(Widget shell, XtPointer, XtPointer) {
     if (text_file().saved) {
         XtDestroyWidget(shell);
     } else {
-        show(kExitWarning);
+        show_dialog(kExitWarning);
     }
 }
 
@@ -191,11 +170,11 @@ void make_shell(Widget over) {
     grx::Args args;
     args.set(XmNdeleteResponse, XmDO_NOTHING);
     grx::set_menu_look(args);
-    put(kShell, XtCreatePopupShell("Editeur", transientShellWidgetClass, over, args.list(), args.count()));
-    if (at(kShell) == nullptr) return;
-    grx::end_with_its_window(at(kShell));
+    keep_widget(kShell, XtCreatePopupShell("Editeur", transientShellWidgetClass, over, args.list(), args.count()));
+    if (widget_of(kShell) == nullptr) return;
+    grx::end_with_its_window(widget_of(kShell));
     const Atom close = XmInternAtom(x11_disp, const_cast<char*>("WM_DELETE_WINDOW"), False);
-    XmAddWMProtocolCallback(at(kShell), close, on_close_request, nullptr);
+    XmAddWMProtocolCallback(widget_of(kShell), close, on_close_request, nullptr);
 }
 
 void put_in_the_middle(Widget shell) {
@@ -212,12 +191,12 @@ void open_named(char* adr, char* name) {
     if (grx::view(adr).size() + grx::view(name).size() + 2 > sizeof path) return;
     char nowhere[] = "";
     compose_adresse_fichier(adr != nullptr ? adr : nowhere, name, path);
-    if (!set_filename(path)) return;
+    if (!set_file_name(path)) return;
     XFlush(x11_disp);
-    OpenFile();
+    show_file();
 }
 
-// The name under which the file was closed goes back to the caller, when it is another and there is such a file.
+// Gives the caller the name under which the file was closed, when it is a new name and the file was read or written.
 void give_name_back(std::string_view opened, char* adr, char* name) {
     const std::string_view closed(memo_filename);
     if (!text_file().on_disk || closed.empty() || closed == opened.substr(0, GRX_MEMO_FILENAME_MAX - 1)) return;
@@ -233,19 +212,19 @@ extern "C" {
 
 INT grx_editeur(void) {
     Widget over = grx_recup_objet_fen(grx_recup_nofen_principale());
-    if (!is_open() || is_on_show() || over == nullptr) return 0;
+    if (!is_reserved() || is_on_show() || over == nullptr) return 0;
     set_exit_status(0);
     text_file().saved = true;
     make_shell(over);
     if (!is_on_show()) return 0;
     make_main();
-    put_in_the_middle(at(kShell));
-    XtPopup(at(kShell), XtGrabNone);
+    put_in_the_middle(widget_of(kShell));
+    XtPopup(widget_of(kShell), XtGrabNone);
     return 0;
 }
 
 INT grx_file_editeur(char* adr, char* name) {
-    if (at(kText) != nullptr && !grx::view(name).empty()) open_named(adr, name);
+    if (widget_of(kText) != nullptr && !grx::view(name).empty()) open_named(adr, name);
     return 0;
 }
 
@@ -254,13 +233,13 @@ INT grx_file_editeur_bloquant(char* adr, char* name) {
     grx_file_editeur(adr, name);
     grx::Block<char> opened(HOST_CHEMIN_MAX);
     if (opened && text_file().name) grx::copy_text(opened.data(), opened.size(), text_file().name.data());
-    grx::run_until([] { return !is_open() || !is_on_show() || grx::is_dying(at(kShell)); });
+    grx::run_until([] { return !is_reserved() || !is_on_show() || grx::is_dying(widget_of(kShell)); });
     take_off_screen();
     give_name_back(opened ? opened.data() : "", adr, name);
     return exit_status();
 }
 
 void grx_editeur_est_detruit(Widget, XtPointer, XtPointer) {
-    forget_places();
+    forget_editor();
 }
 }

@@ -20,9 +20,9 @@ namespace grx::editor {
 
 namespace {
 
-constexpr int kTries = 10; // while another client holds the clipboard
-char string_format[] = "STRING";
-char unicode_format[] = "UTF8_STRING";
+constexpr int kTries = 10;       // while another client has locked the clipboard
+char kStringFormat[] = "STRING"; // the toolkit takes no constant texts
+char kUnicodeFormat[] = "UTF8_STRING";
 
 template <class Operation>
 bool with_clipboard(Operation operation) {
@@ -40,15 +40,15 @@ void put_format(Window window, long item, char* format, const char* data) {
 }
 
 void put_on_clipboard(const char* text, Time time) {
-    const Window window = grx::window_of(at(kText));
-    const grx::CompoundString label("XM_EDITOR");
+    const Window window = window_of(widget_of(kText));
+    const CompoundString label("XM_EDITOR");
     long item = 0;
     const bool begun = with_clipboard(
         [&] { return XmClipboardStartCopy(x11_disp, window, label.get(), time, nullptr, nullptr, &item); });
     if (!begun) return;
-    const grx::ApplicationText latin1(text, grx::TextEncoding::Latin1); // as the format says
-    put_format(window, item, string_format, latin1.c_str());
-    if (!latin1.lossless()) put_format(window, item, unicode_format, text);
+    const ApplicationText latin1(text, TextEncoding::Latin1); // as the format says
+    put_format(window, item, kStringFormat, latin1.c_str());
+    if (!latin1.lossless()) put_format(window, item, kUnicodeFormat, text);
     with_clipboard([&] { return XmClipboardEndCopy(x11_disp, window, item); });
 }
 
@@ -56,9 +56,9 @@ void on_kill_done(Widget, XtPointer, Atom*, Atom*, XtPointer value, unsigned lon
     XtFree(static_cast<char*>(value));
 }
 
-void insert(char* bytes) {
-    grx::LocaleText text(bytes);
-    XmTextInsert(at(kText), XmTextGetInsertionPosition(at(kText)), text.data());
+void insert_pasted(char* bytes) {
+    LocaleText text(bytes);
+    XmTextInsert(widget_of(kText), XmTextGetInsertionPosition(widget_of(kText)), text.data());
 }
 
 bool clipboard_is_own() {
@@ -66,16 +66,16 @@ bool clipboard_is_own() {
     return owner != None && XtWindowToWidget(x11_disp, owner) != nullptr;
 }
 
-// What the application itself put there, with a zero behind it; nothing when there is none in this format.
-grx::Block<char> own_text(char* format) {
-    const Window window = grx::window_of(at(kText));
+// The application's own clipboard text in a format, with a zero behind it; empty when there is none.
+Block<char> own_text(char* format) {
+    const Window window = window_of(widget_of(kText));
     unsigned long length = 0, given = 0;
     const bool present = with_clipboard([&] { return XmClipboardInquireLength(x11_disp, window, format, &length); });
-    grx::Block<char> text(present && length > 0 ? length + 1 : 0);
+    Block<char> text(present && length > 0 ? length + 1 : 0);
     const bool got = text && with_clipboard([&] {
         return XmClipboardRetrieve(x11_disp, window, format, text.data(), length, &given, nullptr);
     });
-    return got ? std::move(text) : grx::Block<char>();
+    return got ? std::move(text) : Block<char>();
 }
 
 } // namespace
@@ -89,34 +89,34 @@ Time time_of(const XEvent* event) {
 
 // Without a selection the clipboard keeps what it has.
 bool copy_selection(Time time) {
-    char* const selected = XmTextGetSelection(at(kText));
+    char* const selected = XmTextGetSelection(widget_of(kText));
     if (selected == nullptr) return false;
     put_on_clipboard(selected, time);
     XtFree(selected);
     return true;
 }
 
-// The owner of the selection is asked to delete it. The text itself does not know that request.
+// Asks the owner of the selection to delete it. The text widget does not know that request: its part is removed here.
 void delete_selection(Time time) {
-    Widget text = at(kText);
+    Widget text = widget_of(kText);
     const Atom request = XInternAtom(x11_disp, "KILL_SELECTION", False);
-    XtGetSelectionValue(grx::hidden_shell(), XA_PRIMARY, request, on_kill_done, nullptr, time);
+    XtGetSelectionValue(hidden_shell(), XA_PRIMARY, request, on_kill_done, nullptr, time);
     XmTextPosition left = 0, right = 0;
     if (XmTextGetSelectionPosition(text, &left, &right) && left != right) XmTextRemove(text);
 }
 
-// Asking oneself through the toolkit loses memory.
+// The application's own text is read directly: the toolkit leaks memory when an application asks itself.
 void paste(Time time) {
     if (clipboard_is_own()) {
-        grx::Block<char> text = own_text(string_format);
-        if (!text) text = own_text(unicode_format);
-        if (text) insert(text.data());
+        Block<char> text = own_text(kStringFormat);
+        if (!text) text = own_text(kUnicodeFormat);
+        if (text) insert_pasted(text.data());
         return;
     }
-    asked_text().ask("CLIPBOARD", {string_format, unicode_format}, time, insert);
+    clipboard_text().ask("CLIPBOARD", {kStringFormat, kUnicodeFormat}, time, insert_pasted);
 }
 
-// What is cut is on the clipboard first.
+// Deletes the selection only after it was copied.
 void cut(Time time) {
     if (copy_selection(time)) delete_selection(time);
 }

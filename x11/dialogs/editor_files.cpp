@@ -26,15 +26,13 @@ namespace grx::editor {
 
 namespace {
 
-constexpr int kForUpdate = 3;
-constexpr int kForReading = 2;
 constexpr long kSizeUnknown = 1000000;
 
-FILE* open_file(char* name) {
+FILE* open_stream(char* name) {
     char nowhere[] = "";
     FILE* file = nullptr;
-    if (ftext_open(&file, nowhere, name, kForUpdate) != -1) return file;
-    return ftext_open(&file, nowhere, name, kForReading) != -1 ? file : nullptr;
+    if (ftext_open(&file, nowhere, name, HOST_MODE_LECT_ECRI) != -1) return file;
+    return ftext_open(&file, nowhere, name, HOST_MODE_LECTURE) != -1 ? file : nullptr;
 }
 
 std::size_t size_of_file(FILE* file) {
@@ -44,12 +42,12 @@ std::size_t size_of_file(FILE* file) {
 }
 
 // The bytes of a file with a zero behind them; nothing when memory is short or the file is no text.
-grx::Block<char> read_text(FILE* file) {
-    auto bytes = grx::Block<char>::raw(size_of_file(file) + 1);
+Block<char> read_text(FILE* file) {
+    auto bytes = Block<char>::raw(size_of_file(file) + 1);
     if (!bytes) return bytes;
     const std::size_t length = std::fread(bytes.data(), 1, bytes.size() - 1, file);
     bytes[length] = '\0';
-    if (std::memchr(bytes.data(), '\0', length) != nullptr) return {}; // it would be cut there, and saved so
+    if (std::memchr(bytes.data(), '\0', length) != nullptr) return {}; // the text would end there, and be saved so
     return bytes;
 }
 
@@ -59,13 +57,13 @@ bool is_there(const char* name) {
     return lstat(name, &status) == 0;
 }
 
-// What a failed copy has destroyed is put back, what it has left of a new file goes.
+// Undoes a failed copy: an old file gets its content back, a new one is removed.
 class FormerContent {
   public:
     explicit FormerContent(const char* name) : name_(name), is_new_(!is_there(name)) {
         FILE* const file = std::fopen(name, "rb");
         if (file == nullptr) return;
-        bytes_ = grx::Block<char>::raw(size_of_file(file));
+        bytes_ = Block<char>::raw(size_of_file(file));
         length_ = bytes_ ? std::fread(bytes_.data(), 1, bytes_.size(), file) : 0;
         std::fclose(file);
     }
@@ -82,20 +80,20 @@ class FormerContent {
   private:
     const char* name_;
     bool is_new_;
-    grx::Block<char> bytes_;
+    Block<char> bytes_;
     std::size_t length_ = 0;
 };
 
-// The target loses its old content before it gets the new one: there must be room for that.
+// True when the disk has room for the text. The copy empties the target first: its old blocks count as free.
 bool fits_on_disk(const char* name, std::size_t size) {
     constexpr uint64_t block = 512;
     char directory[HOST_CHEMIN_MAX] = ".";
     const std::string_view path(name);
     const auto slash = path.rfind('/');
-    if (slash != std::string_view::npos) grx::copy_text(directory, path.substr(0, slash + 1));
+    if (slash != std::string_view::npos) copy_text(directory, path.substr(0, slash + 1));
     struct statvfs room {};
     const bool known = statvfs(name, &room) == 0 || statvfs(directory, &room) == 0; // a link may lead to another disk
-    if (!known) return true;                                                        // the copy will say
+    if (!known) return true;                                                        // the copy will tell
     struct stat target {};
     const uint64_t own = stat(name, &target) == 0 ? static_cast<uint64_t>(target.st_blocks) * block : 0;
     return uint64_t{room.f_bavail} * room.f_frsize + own >= size;
@@ -120,7 +118,7 @@ class TemporaryFile {
     bool made() const { return descriptor_ >= 0; }
     const char* name() const { return name_; }
 
-    // Once. Nobody but its reader needs a right on it, whatever rights the target has.
+    // Call it once. The file gets the one right that the copy needs, whatever rights the target has.
     bool write(std::string_view text) {
         fchmod(descriptor_, S_IRUSR);
         FILE* const file = fdopen(descriptor_, "wb");
@@ -134,12 +132,12 @@ class TemporaryFile {
     int descriptor_;
 };
 
-// A name that begins with '-' is no option.
+// The shell's cp must not take a name that begins with '-' for an option.
 bool copy_over(const char* from, const char* to) {
-    grx::ShellCommand command("cp");
+    ShellCommand command("cp");
     command.add(from);
     char guarded[HOST_CHEMIN_MAX + 2] = "./";
-    grx::copy_text(guarded + 2, HOST_CHEMIN_MAX, to);
+    copy_text(guarded + 2, HOST_CHEMIN_MAX, to);
     return command.add(to[0] == '-' ? guarded : to).run() == 0;
 }
 
@@ -168,15 +166,16 @@ Reason reason_of(int error) {
     }
 }
 
-// The copy would be put into a directory, under the temporary name, and would wait for a reader of a pipe.
+// Refuses a directory, into which cp would put the copy under its temporary name, and a pipe, where cp would wait for a
+// reader.
 Reason takes_no_text(const char* name) {
     struct stat status {};
     if (stat(name, &status) != 0) return nullptr;
     return S_ISDIR(status.st_mode) ? kDirectory : S_ISFIFO(status.st_mode) ? kNoFile : nullptr;
 }
 
-// That a file can be written. One that is not there yet is made, with the rights that new files have: the copy into it
-// leaves them.
+// Finds out whether the target can be written. A new one is made here, with the rights of new files: cp would give it
+// those of the temporary file.
 Reason open_target(const char* name) {
     constexpr mode_t everybody = 0666;
     const int making = is_there(name) ? 0 : O_CREAT | O_EXCL;
@@ -186,57 +185,60 @@ Reason open_target(const char* name) {
     return nullptr;
 }
 
-Reason replace(const char* name, const char* by) {
+Reason write_over(const char* name, const char* from) {
     const FormerContent former(name);
     Reason reason = open_target(name);
     if (reason != nullptr) return reason;
-    if (copy_over(by, name)) return nullptr;
+    if (copy_over(from, name)) return nullptr;
     former.put_back();
     return kNotCopied;
 }
 
-Reason save(std::string_view text) {
-    const char* const name = text_file().name.data();
+Reason save_as(const char* name, std::string_view text) {
     if (Reason reason = takes_no_text(name)) return reason;
     TemporaryFile temporary;
     if (!temporary.made() || !temporary.write(text)) return kNoTemporary;
-    return fits_on_disk(name, text.size() + 1) ? replace(name, temporary.name()) : kDiskFull;
+    return fits_on_disk(name, text.size() + 1) ? write_over(name, temporary.name()) : kDiskFull;
 }
+
 } // namespace
 
-bool OpenFile() {
-    if (!text_file().name || at(kText) == nullptr) return false;
-    FILE* const file = open_file(text_file().name.data());
-    if (file == nullptr) return false;
-    const auto bytes = read_text(file);
-    ftext_close(file);
+bool show_file() {
+    TextFile& file = text_file();
+    if (!file.name || widget_of(kText) == nullptr) return false;
+    FILE* const stream = open_stream(file.name.data());
+    if (stream == nullptr) return false;
+    const auto bytes = read_text(stream);
+    ftext_close(stream);
     if (!bytes) {
-        text_file().name.reset(); // saving must not destroy what could not be shown
+        file.name.reset(); // saving must not destroy what could not be shown
         return false;
     }
-    text_file().encoding = grx::encoding_of(bytes.data());
-    grx::LocaleText text(bytes.data());
-    text_file().on_disk = true;
+    file.encoding = encoding_of(bytes.data());
+    LocaleText text(bytes.data());
+    file.on_disk = true;
     show_text(text.data());
-    open_for_typing();
+    allow_typing();
     return true;
 }
 
 Reason save_text() {
-    if (!text_file().name) return kNoName;
-    char* const text = XmTextGetString(at(kText));
+    const TextFile& file = text_file();
+    if (!file.name) return kNoName;
+    char* const text = XmTextGetString(widget_of(kText));
     if (text == nullptr) return kNoMemory;
-    const grx::ApplicationText bytes(text, text_file().encoding);
-    const Reason reason = save(bytes.lossless() ? bytes.c_str() : text);
+    const ApplicationText bytes(text, file.encoding);
+    const Reason reason = save_as(file.name.data(), bytes.lossless() ? bytes.c_str() : text);
     XtFree(text);
     return reason;
 }
 
-void CloseFile() {
+void close_file() {
+    TextFile& file = text_file();
     char nothing[] = "";
     show_text(nothing);
-    grx::copy_text(memo_filename, text_file().name ? std::string_view(text_file().name.data()) : std::string_view());
-    text_file().name.reset();
+    copy_text(memo_filename, file.name ? std::string_view(file.name.data()) : std::string_view());
+    file.name.reset();
     set_sensitive(kText, false);
 }
 

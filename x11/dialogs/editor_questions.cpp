@@ -35,25 +35,19 @@ namespace grx::editor {
 
 namespace {
 
-enum Code : int { kOpenCode = 300, kCloseCode = 301, kExitCode = 302, kNewCode = 303, kSaveAsCode = 304 };
-
-XtPointer as_data(Code code) {
-    return grx::as_client_data(code);
+Component component_in(XtPointer client) {
+    return static_cast<Component>(number_in(client));
 }
 
-int code_of(XtPointer client) {
-    return grx::number_in(client);
-}
-
-// A file that there is none of is not told as saved.
+// A file that was named, but never read or written, is not reported as saved.
 void leave(int status) {
     set_exit_status(!text_file().name || text_file().on_disk ? status : 0);
-    CloseFile();
+    close_file();
     grx_fin_editeur();
 }
 
-// A name that no path has room for is none: cut short it would be another file's.
-std::string_view typed_in(const grx::PlainText& text) {
+// A name longer than any path counts as none: cut short, it would be another file's.
+std::string_view typed_in(const PlainText& text) {
     const std::string_view name(text.c_str());
     return name.size() < HOST_CHEMIN_MAX ? name : std::string_view();
 }
@@ -61,69 +55,71 @@ std::string_view typed_in(const grx::PlainText& text) {
 // KEEP: a file that cannot be opened leaves the old text under the new name; unsaved text is not asked about.
 void on_file_chosen(std::string_view name) {
     if (name.empty()) return;
-    set_filename(name);
-    OpenFile();
-    XtUnmanageChild(at(kOpenDialog));
+    set_file_name(name);
+    show_file();
+    XtUnmanageChild(widget_of(kOpenDialog));
 }
 
 // A file that does not exist yet begins empty.
 void on_new_name(std::string_view name) {
     if (name.empty()) return;
-    set_filename(name);
-    if (!OpenFile()) {
+    set_file_name(name);
+    if (!show_file()) {
         char nothing[] = "";
-        text_file().encoding = grx::TextEncoding::Unknown;
+        text_file().encoding = TextEncoding::Unknown;
         show_text(nothing);
-        open_for_typing();
+        allow_typing();
     }
-    XtUnmanageChild(at(kNewDialog));
+    XtUnmanageChild(widget_of(kNewDialog));
 }
 
-// The name before stays when saving under the new one fails.
+// When saving under the new name fails, the file keeps its former one.
 void on_other_name(std::string_view name) {
     if (name.empty()) return;
-    const bool was_on_disk = text_file().on_disk;
-    grx::Block<char> former = std::move(text_file().name);
-    set_filename(name);
-    if (!SaveFile()) {
-        text_file().name = std::move(former);
-        text_file().on_disk = was_on_disk;
+    TextFile& file = text_file();
+    const bool was_on_disk = file.on_disk;
+    Block<char> former = std::move(file.name);
+    set_file_name(name);
+    if (!save_or_tell()) {
+        file.name = std::move(former);
+        file.on_disk = was_on_disk;
     }
-    XtUnmanageChild(at(kSaveDialog));
+    XtUnmanageChild(widget_of(kSaveDialog));
 }
 
-void DialogOkCB(Widget, XtPointer client, XtPointer call) {
+void on_ok(Widget, XtPointer client, XtPointer call) {
     if (!is_on_show() || call == nullptr) return;
-    const grx::PlainText value(static_cast<XmSelectionBoxCallbackStruct*>(call)->value);
-    switch (code_of(client)) {
-    case kOpenCode: on_file_chosen(typed_in(value)); break;
-    case kNewCode: on_new_name(typed_in(value)); break;
-    case kSaveAsCode: on_other_name(typed_in(value)); break;
-    case kCloseCode:
-        if (SaveFile()) CloseFile();
+    const PlainText value(static_cast<XmSelectionBoxCallbackStruct*>(call)->value);
+    switch (component_in(client)) {
+    case kOpenDialog: on_file_chosen(typed_in(value)); break;
+    case kNewDialog: on_new_name(typed_in(value)); break;
+    case kSaveDialog: on_other_name(typed_in(value)); break;
+    case kCloseWarning:
+        if (save_or_tell()) close_file();
         break;
-    case kExitCode:
-        if (SaveFile()) leave(1);
+    case kExitWarning:
+        if (save_or_tell()) leave(1);
         break;
     default: break;
     }
 }
 
 // "Discard".
-void DialogApplyCB(Widget dialog, XtPointer client, XtPointer) {
+void on_discard(Widget dialog, XtPointer client, XtPointer) {
     if (!is_on_show()) return;
-    XtUnmanageChild(dialog); // this button leaves it on show
-    if (code_of(client) == kCloseCode) CloseFile();
-    if (code_of(client) == kExitCode) leave(0);
+    XtUnmanageChild(dialog); // the toolkit does not do it for this button
+    if (component_in(client) == kCloseWarning) close_file();
+    if (component_in(client) == kExitWarning) leave(0);
 }
 
-void DialogEditeurCancelCB(Widget, XtPointer client, XtPointer) {
-    if (code_of(client) == kOpenCode && is_on_show()) XtUnmanageChild(at(kOpenDialog));
+// The toolkit closes the other dialogs itself.
+void on_cancel(Widget, XtPointer client, XtPointer) {
+    if (component_in(client) == kOpenDialog && is_on_show()) XtUnmanageChild(widget_of(kOpenDialog));
 }
 
-void add_dialog_callbacks(Widget dialog, Code code) {
-    XtAddCallback(dialog, XmNokCallback, DialogOkCB, as_data(code));
-    XtAddCallback(dialog, XmNcancelCallback, DialogEditeurCancelCB, as_data(code));
+void add_dialog_callbacks(Widget dialog, Component component) {
+    XtAddCallback(dialog, XmNokCallback, on_ok, as_client_data(component));
+    XtAddCallback(dialog, XmNcancelCallback, on_cancel, as_client_data(component));
 }
 
 Widget prompt_child(Widget dialog, unsigned char which) {
@@ -131,25 +127,25 @@ Widget prompt_child(Widget dialog, unsigned char which) {
 }
 
 Widget make_file_dialog() {
-    grx::Args args;
-    grx::set_dialog_look(args);
-    Widget dialog =
-        XmCreateFileSelectionDialog(at(kShell), const_cast<char*>("file selection dialog"), args.list(), args.count());
+    Args args;
+    set_dialog_look(args);
+    Widget dialog = XmCreateFileSelectionDialog(
+        widget_of(kShell), const_cast<char*>("file selection dialog"), args.list(), args.count());
     if (dialog == nullptr) return nullptr;
     XtUnmanageChild(XmFileSelectionBoxGetChild(dialog, XmDIALOG_HELP_BUTTON));
-    add_dialog_callbacks(dialog, kOpenCode);
+    add_dialog_callbacks(dialog, kOpenDialog);
     return dialog;
 }
 
-Widget make_prompt(const char* name, const char* prompt, Code code) {
-    const grx::CompoundString label(prompt);
-    grx::Args args;
-    grx::set_dialog_look(args);
+Widget make_prompt(const char* name, const char* prompt, Component component) {
+    const CompoundString label(prompt);
+    Args args;
+    set_dialog_look(args);
     args.set(XmNselectionLabelString, label.get());
-    Widget dialog = XmCreatePromptDialog(at(kShell), const_cast<char*>(name), args.list(), args.count());
+    Widget dialog = XmCreatePromptDialog(widget_of(kShell), const_cast<char*>(name), args.list(), args.count());
     if (dialog == nullptr) return nullptr;
     XtUnmanageChild(prompt_child(dialog, XmDIALOG_HELP_BUTTON));
-    add_dialog_callbacks(dialog, code);
+    add_dialog_callbacks(dialog, component);
     return dialog;
 }
 
@@ -158,137 +154,137 @@ Widget make_prompt(const char* name, const char* prompt, Code code) {
 XImage* warning_image() {
     static XImage* image = nullptr;
     if (image != nullptr) return image;
-    constexpr int bits = 8, row = grx::kWarningSide / bits;
+    constexpr int bits = 8, row = kWarningSide / bits;
     image = XCreateImage(x11_disp, x11_vis, 1, XYBitmap, 0,
-        reinterpret_cast<char*>(const_cast<unsigned char*>(grx::warning_bits.data())), grx::kWarningSide,
-        grx::kWarningSide, bits, row);
+        reinterpret_cast<char*>(const_cast<unsigned char*>(warning_bits.data())), kWarningSide, kWarningSide, bits,
+        row);
     if (image == nullptr) return nullptr;
     image->bitmap_bit_order = image->byte_order = LSBFirst;
     XmInstallImage(image, const_cast<char*>("warning_image"));
     return image;
 }
 
-Widget make_label(Widget row, const char* name, grx::Args& args) {
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+Widget make_label(Widget row, const char* name, Args& args) {
+    set_background(args, GRX_AUCUN);
     Widget label = XmCreateLabel(row, const_cast<char*>(name), args.list(), args.count());
     if (label != nullptr) XtManageChild(label);
     return label;
 }
 
 void make_picture_label(Widget row) {
-    grx::Args args;
+    Args args;
     Widget label = make_label(row, "pixmap_label", args);
     if (label == nullptr || warning_image() == nullptr) return;
     const Pixmap pixmap = XmGetPixmapByDepth(XtScreen(label), const_cast<char*>("warning_image"),
-        grx::resource<Pixel>(label, XmNforeground), grx::resource<Pixel>(label, XmNbackground),
-        grx_recup_profondeur_ecran());
-    if (pixmap != XmUNSPECIFIED_PIXMAP) grx::show_pixmap(label, pixmap);
+        resource<Pixel>(label, XmNforeground), resource<Pixel>(label, XmNbackground), grx_recup_profondeur_ecran());
+    if (pixmap != XmUNSPECIFIED_PIXMAP) show_pixmap(label, pixmap);
 }
 
 void make_warning_area(Widget dialog) {
-    grx::Args args;
+    Args args;
     args.set(XmNorientation, XmHORIZONTAL);
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+    set_background(args, GRX_AUCUN);
     Widget row = XmCreateRowColumn(dialog, const_cast<char*>("workarea"), args.list(), args.count());
     if (row == nullptr) return;
-    const grx::CompoundString message("Sauvegarde des modifications?");
-    grx::Args text;
+    const CompoundString message("Sauvegarde des modifications?");
+    Args text;
     text.set(XmNlabelString, message.get()).set(XmNfontList, fontlist);
     make_picture_label(row);
     make_label(row, "text_label", text);
     XtManageChild(row);
 }
 
-Widget make_warning(const char* name, Code code) {
-    const grx::CompoundString title("Avertissement"), discard("Discard"), save("Save");
-    grx::Args args;
-    grx::set_dialog_look(args);
+Widget make_warning(const char* name, Component component) {
+    const CompoundString title("Avertissement"), discard("Discard"), save("Save");
+    Args args;
+    set_dialog_look(args);
     args.set(XmNdialogTitle, title.get()).set(XmNapplyLabelString, discard.get()).set(XmNokLabelString, save.get());
     args.set(XmNdialogStyle, XmDIALOG_PRIMARY_APPLICATION_MODAL);
-    Widget dialog = XmCreatePromptDialog(at(kShell), const_cast<char*>(name), args.list(), args.count());
+    Widget dialog = XmCreatePromptDialog(widget_of(kShell), const_cast<char*>(name), args.list(), args.count());
     if (dialog == nullptr) return nullptr;
-    for (const unsigned char part : {XmDIALOG_TEXT, XmDIALOG_SELECTION_LABEL, XmDIALOG_HELP_BUTTON})
-        XtUnmanageChild(prompt_child(dialog, part));
+    for (const unsigned char child : {XmDIALOG_TEXT, XmDIALOG_SELECTION_LABEL, XmDIALOG_HELP_BUTTON})
+        XtUnmanageChild(prompt_child(dialog, child));
     XtManageChild(prompt_child(dialog, XmDIALOG_APPLY_BUTTON));
     make_warning_area(dialog);
-    add_dialog_callbacks(dialog, code);
-    XtAddCallback(dialog, XmNapplyCallback, DialogApplyCB, as_data(code));
+    add_dialog_callbacks(dialog, component);
+    XtAddCallback(dialog, XmNapplyCallback, on_discard, as_client_data(component));
     return dialog;
 }
 
-// A message beside which one can go on working.
+// The message that saving failed. It does not block the editor.
 Widget make_message() {
-    const grx::CompoundString title("Avertissement");
-    grx::Args args;
-    grx::set_dialog_look(args);
+    const CompoundString title("Avertissement");
+    Args args;
+    set_dialog_look(args);
     args.set(XmNdialogTitle, title.get()).set(XmNdialogStyle, XmDIALOG_MODELESS);
-    Widget dialog = XmCreateErrorDialog(at(kShell), const_cast<char*>("general warning"), args.list(), args.count());
+    Widget dialog =
+        XmCreateErrorDialog(widget_of(kShell), const_cast<char*>("general warning"), args.list(), args.count());
     if (dialog == nullptr) return nullptr;
-    for (const unsigned char part : {XmDIALOG_CANCEL_BUTTON, XmDIALOG_HELP_BUTTON})
-        XtUnmanageChild(XmMessageBoxGetChild(dialog, part));
+    for (const unsigned char child : {XmDIALOG_CANCEL_BUTTON, XmDIALOG_HELP_BUTTON})
+        XtUnmanageChild(XmMessageBoxGetChild(dialog, child));
     return dialog;
 }
 
-Widget make_dialog(Place place) {
-    switch (place) {
+Widget make_dialog(Component component) {
+    switch (component) {
     case kOpenDialog: return make_file_dialog();
-    case kNewDialog: return make_prompt("new file dialog", "Entrer le nom du nouveau fichier", kNewCode);
-    case kSaveDialog: return make_prompt("save dialog", "Sauver sous", kSaveAsCode);
-    case kCloseWarning: return make_warning("close warning", kCloseCode);
-    case kExitWarning: return make_warning("exit warning", kExitCode);
+    case kNewDialog: return make_prompt("new file dialog", "Entrer le nom du nouveau fichier", component);
+    case kSaveDialog: return make_prompt("save dialog", "Sauver sous", component);
+    case kCloseWarning: return make_warning("close warning", component);
+    case kExitWarning: return make_warning("exit warning", component);
     case kGeneralWarning: return make_message();
     default: return nullptr;
     }
 }
 
-// A dialog is made when it is first needed.
-Widget dialog_at(Place place) {
-    if (is_on_show() && at(place) == nullptr) put(place, make_dialog(place));
-    return at(place);
+Widget dialog_of(Component component) {
+    if (is_on_show() && widget_of(component) == nullptr) keep_widget(component, make_dialog(component));
+    return widget_of(component);
 }
 
-void hide(Place place) {
-    if (Widget dialog = at(place)) XtUnmanageChild(dialog);
+void hide_dialog(Component component) {
+    if (Widget dialog = widget_of(component)) XtUnmanageChild(dialog);
 }
 
-// In one line, of a length that the screen has room for.
+// One line that fits on the screen.
 void tell_failure(std::string_view name, Reason reason) {
     constexpr int most = 60;
     char line[256] = "";
     const std::string_view shown = name.substr(name.rfind('/') + 1);
     std::snprintf(line, sizeof line, "%.*s n'a pas \351t\351 sauv\351 : %s",
         std::min(most, static_cast<int>(shown.size())), shown.data(), reason);
-    std::replace_if(line, line + std::strlen(line), grx::is_control, '?');
+    std::replace_if(line, line + std::strlen(line), is_control, '?');
     grx_bipbip(0, 0);
-    Widget dialog = dialog_at(kGeneralWarning);
+    Widget dialog = dialog_of(kGeneralWarning);
     if (dialog == nullptr) return;
-    const grx::CompoundString message(line);
-    grx::set_resource(dialog, XmNmessageString, message.get());
+    const CompoundString message(line);
+    set_resource(dialog, XmNmessageString, message.get());
     XtManageChild(dialog);
 }
 
 } // namespace
 
-void show(Place place) {
-    if (Widget dialog = dialog_at(place)) XtManageChild(dialog);
+void show_dialog(Component component) {
+    if (Widget dialog = dialog_of(component)) XtManageChild(dialog);
 }
 
-// A text that is closed is not saved, and nobody misses that.
-bool SaveFile() {
-    if (at(kText) == nullptr || (!text_file().name && !XtIsSensitive(at(kText)))) return false;
-    hide(kGeneralWarning);
+// A closed text is not saved, and no message says so.
+bool save_or_tell() {
+    TextFile& file = text_file();
+    if (widget_of(kText) == nullptr || (!file.name && !XtIsSensitive(widget_of(kText)))) return false;
+    hide_dialog(kGeneralWarning);
     const Reason reason = save_text();
-    text_file().saved = reason == nullptr;
-    text_file().on_disk = text_file().on_disk || text_file().saved;
-    if (reason != nullptr) tell_failure(text_file().name ? text_file().name.data() : "Le texte", reason);
-    return text_file().saved;
+    file.saved = reason == nullptr;
+    file.on_disk = file.on_disk || file.saved;
+    if (reason != nullptr) tell_failure(file.name ? file.name.data() : "Le texte", reason);
+    return file.saved;
 }
 
 void show_save_dialog() {
-    Widget dialog = dialog_at(kSaveDialog);
+    Widget dialog = dialog_of(kSaveDialog);
     if (dialog == nullptr) return;
-    const grx::CompoundString name(text_file().name ? text_file().name.data() : "");
-    grx::set_resource(dialog, XmNtextString, name.get());
+    const CompoundString name(text_file().name ? text_file().name.data() : "");
+    set_resource(dialog, XmNtextString, name.get());
     XtManageChild(dialog);
 }
 
@@ -296,15 +292,15 @@ void exit_or_warn() {
     if (text_file().saved) {
         leave(1);
     } else {
-        show(kExitWarning);
+        show_dialog(kExitWarning);
     }
 }
 
 void close_or_warn() {
     if (text_file().saved) {
-        CloseFile();
+        close_file();
     } else {
-        show(kCloseWarning);
+        show_dialog(kCloseWarning);
     }
 }
 

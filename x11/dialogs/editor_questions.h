@@ -6,11 +6,12 @@
 namespace grx::editor {
 
 /// Shows a dialog, which is made when it is first needed.
-void show(Place place);
+void show_dialog(Component component);
 
 /// True when the text was saved; when it could not be, a message says why.
-bool SaveFile();
+bool save_or_tell();
 
+/// The dialog proposes the present name.
 void show_save_dialog();
 
 /// Leaves the editor, or asks what becomes of a text that is not saved.

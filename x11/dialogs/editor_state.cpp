@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "system/kept.h"
 #include "pure/text.h"
+#include "system/kept.h"
 #include "session/nested_loop.h"
 #include "xt_f.h"
 
@@ -17,10 +17,10 @@ namespace grx::editor {
 namespace {
 
 struct State {
-    Block<Widget> tab_wid;
+    Block<Widget> widgets;
     TextFile file;
     AcceleratorTable keys;
-    SelectionText asked_text;
+    SelectionText clipboard_text;
     int exit_status = 0;
     intptr_t generation = 0;
 };
@@ -28,14 +28,12 @@ struct State {
 Kept<State> kept_state;
 State& state = kept_state.value;
 
-void destroy_at(const grx::Block<Widget>& widgets, std::size_t place) {
-    if (widgets[place] != nullptr) XtDestroyWidget(widgets[place]);
+void destroy(Widget w) {
+    if (w != nullptr) XtDestroyWidget(w);
 }
 
-// The window and its dialogs.
-void take_all_off_screen(const grx::Block<Widget>& widgets) {
-    for (std::size_t place = 0; place < widgets.size(); ++place) {
-        Widget w = widgets[place];
+void take_shells_off_screen(const Block<Widget>& widgets) {
+    for (Widget w : widgets) {
         if (w != nullptr && !XtIsShell(w)) w = XtParent(w); // a dialog is a shell's child
         if (w != nullptr && XtIsShell(w)) grx::take_off_screen(w);
     }
@@ -44,30 +42,34 @@ void take_all_off_screen(const grx::Block<Widget>& widgets) {
 
 } // namespace
 
-Widget at(Place place) {
-    return state.tab_wid ? state.tab_wid[place] : nullptr;
+Widget widget_of(Component component) {
+    return state.widgets ? state.widgets[component] : nullptr;
 }
 
-void put(Place place, Widget w) {
-    state.tab_wid[place] = w;
+void keep_widget(Component component, Widget w) {
+    state.widgets[component] = w;
 }
 
-bool is_open() {
-    return static_cast<bool>(state.tab_wid);
+void set_sensitive(Component component, bool sensitive) {
+    if (Widget w = widget_of(component)) XtSetSensitive(w, sensitive ? True : False);
+}
+
+bool is_reserved() {
+    return static_cast<bool>(state.widgets);
 }
 
 bool is_on_show() {
-    return at(kShell) != nullptr;
+    return widget_of(kShell) != nullptr;
 }
 
 TextFile& text_file() {
     return state.file;
 }
 
-bool set_filename(std::string_view name) {
+bool set_file_name(std::string_view name) {
     state.file.on_disk = false;
-    state.file.name = grx::Block<char>(name.size() + 1);
-    if (state.file.name) grx::copy_text(state.file.name.data(), state.file.name.size(), name);
+    state.file.name = Block<char>(name.size() + 1);
+    if (state.file.name) copy_text(state.file.name.data(), state.file.name.size(), name);
     return static_cast<bool>(state.file.name);
 }
 
@@ -87,34 +89,30 @@ AcceleratorTable& keys() {
     return state.keys;
 }
 
-SelectionText& asked_text() {
-    return state.asked_text;
+SelectionText& clipboard_text() {
+    return state.clipboard_text;
 }
 
-void forget_places() {
-    ++state.generation;
-    state.keys.clear(nullptr); // the grabs go with the window
-    state.asked_text.forget();
-    state.tab_wid.reset();
-    state.file.name.reset();
-}
-
-void set_sensitive(Place place, bool sensitive) {
-    if (Widget w = at(place)) XtSetSensitive(w, sensitive ? True : False);
-}
-
-void open_for_typing() {
-    for (const Place place : {kText, kCutButton, kCopyButton, kClearButton}) set_sensitive(place, true);
+void allow_typing() {
+    for (const Component component : {kText, kCutButton, kCopyButton, kClearButton}) set_sensitive(component, true);
 }
 
 void show_text(char* text) {
-    state.asked_text.forget(); // what was asked for was for the text before
-    XmTextSetString(at(kText), text);
-    state.file.saved = true; // after it: the text tells of every change
+    state.clipboard_text.forget(); // it was asked for the text before
+    XmTextSetString(widget_of(kText), text);
+    state.file.saved = true; // last: the text widget reports the new text as a change
 }
 
 void take_off_screen() {
-    take_all_off_screen(state.tab_wid);
+    take_shells_off_screen(state.widgets);
+}
+
+void forget_editor() {
+    ++state.generation;
+    state.keys.clear(nullptr); // the grabs go with the window
+    state.clipboard_text.forget();
+    state.widgets.reset();
+    state.file.name.reset();
 }
 
 } // namespace grx::editor
@@ -124,19 +122,18 @@ using namespace grx::editor;
 extern "C" {
 
 INT grx_debut_editeur(void) {
-    if (is_open()) return 0;
-    state.tab_wid = grx::Block<Widget>(kPlaces);
-    return is_open() ? 1 : 0;
+    if (is_reserved()) return 0;
+    state.widgets = grx::Block<Widget>(kComponents);
+    return is_reserved() ? 1 : 0;
 }
 
 INT grx_fin_editeur(void) {
-    if (!is_open()) return 0;
-    // The destruction of the window finds no places to free.
-    const grx::Block<Widget> widgets = std::move(state.tab_wid);
-    forget_places();
-    take_all_off_screen(widgets);
-    for (std::size_t place = 0; place < kPrin; ++place) destroy_at(widgets, place);
-    for (const Place place : {kMenuBar, kPrin, kShell}) destroy_at(widgets, place); // from the inside outwards
+    if (!is_reserved()) return 0;
+    const grx::Block<Widget> widgets = std::move(state.widgets); // they are destroyed when the state is empty
+    forget_editor();
+    take_shells_off_screen(widgets);
+    for (std::size_t component = 0; component < kMainWindow; ++component) destroy(widgets[component]);
+    for (const Component outwards : {kMenuBar, kMainWindow, kShell}) destroy(widgets[outwards]);
     return 1;
 }
 }

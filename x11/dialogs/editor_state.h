@@ -14,8 +14,8 @@
 
 namespace grx::editor {
 
-/// Places of the editor's widgets.
-enum Place : std::size_t {
+/// What the editor is made of. Each has one widget, dialogs from their first use on.
+enum Component : std::size_t {
     kText = 0,
     kCutButton,
     kCopyButton,
@@ -28,53 +28,58 @@ enum Place : std::size_t {
     kGeneralWarning, // tells that saving failed
     kSaveDialog,
     kPrintWarning, // nobody makes this one
-    kPrin,
+    kMainWindow,
     kMenuBar,
     kShell,
-    kPlaces
+    kComponents
 };
 
-/// The widget at a place; null while there is none.
-Widget at(Place place);
-void put(Place place, Widget w);
+/// The widget of a component; null while there is none.
+Widget widget_of(Component component);
+void keep_widget(Component component, Widget w);
+void set_sensitive(Component component, bool sensitive);
 
-/// False when the one editor was not reserved, or was given back.
-bool is_open();
+/// True from grx_debut_editeur until the editor ends.
+bool is_reserved();
 
-/// The editor has a window.
+/// True while the editor has a window.
 bool is_on_show();
 
 /// The file whose text the editor shows.
 struct TextFile {
-    Block<char> name;     // empty: there is none
-    bool on_disk = false; // there is such a file: it was read, or written
-    bool saved = true;
+    Block<char> name;     // empty: there is no file
+    bool on_disk = false; // it was read or written
+    bool saved = true;    // the text did not change since
     TextEncoding encoding = TextEncoding::Unknown;
 };
-
 TextFile& text_file();
-bool set_filename(std::string_view name);
 
+/// Gives the file a name under which nothing was read or written yet. False, and no name, when memory is short.
+bool set_file_name(std::string_view name);
+
+/// What grx_file_editeur_bloquant returns.
 int exit_status();
 void set_exit_status(int status);
 
-/// Which editor a destroy callback is of.
+/// Counts editors: the destroy callback of a former window must not end the present editor.
 intptr_t generation();
 
 /// The keys of the menu.
 AcceleratorTable& keys();
 
 /// What was asked of the clipboard.
-SelectionText& asked_text();
+SelectionText& clipboard_text();
 
-/// Forgets widgets, file and keys: the editor can be reserved again.
-void forget_places();
+/// Lets the user type, cut and copy.
+void allow_typing();
 
-void set_sensitive(Place place, bool sensitive);
-void open_for_typing();
+/// Replaces the text; the new one counts as saved.
 void show_text(char* text);
 
-/// The window and its dialogs.
+/// Takes the window and its dialogs off the screen.
 void take_off_screen();
+
+/// Frees the state; the widgets are not destroyed. The editor can be reserved again.
+void forget_editor();
 
 } // namespace grx::editor

@@ -15,19 +15,19 @@ namespace grx {
 
 namespace {
 
-constexpr unsigned long kPatience = 1000; // milliseconds
-constexpr int kPromptly = 100;
+constexpr unsigned long kPatience = 1000; // milliseconds until a request is given up
+constexpr int kPromptly = 100;            // milliseconds that a call may wait
 
 } // namespace
 
 SelectionText* SelectionText::asking_ = nullptr;
 
-void SelectionText::ask(const char* selection, const Formats& formats, Time time, Deliver deliver) {
+void SelectionText::ask(const char* selection, const Formats& formats, Time time, Receiver receiver) {
     forget();
     selection_ = XInternAtom(x11_disp, selection, False);
     formats_ = formats;
     time_ = time;
-    deliver_ = deliver;
+    receiver_ = receiver;
     limit_ = XtAppAddTimeOut(contexte, kPatience, give_up, this);
     ask_for(0);
     wait_for_a_ready_answer();
@@ -46,7 +46,7 @@ void SelectionText::ask_for(std::size_t format) {
     XtGetSelectionValue(hidden_shell(), selection_, target, on_answer, as_client_data(attempt_), time_);
 }
 
-// Most owners answer at once. The text then stands before what is typed next, which stays in the queue meanwhile.
+// Most owners answer at once. What is typed next stays in the queue meanwhile, so that the text comes before it.
 void SelectionText::wait_for_a_ready_answer() {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::milliseconds(kPromptly);
@@ -88,7 +88,7 @@ void SelectionText::take(const char* bytes, unsigned long length) {
     Block<char> text(length + 1);
     if (!text || length == 0) return;
     std::memcpy(text.data(), bytes, length);
-    deliver_(text.data());
+    receiver_(text.data());
 }
 
 } // namespace grx

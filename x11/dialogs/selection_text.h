@@ -9,16 +9,17 @@
 
 namespace grx {
 
-/// One attempt at a time: a new one, or the end of its time, makes the one before forgotten. The widget that asks is one
-/// that never goes: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
+/// One request at a time: a new one, or a second without an answer, ends the one before. A widget that is never destroyed
+/// asks: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
 class SelectionText {
   public:
     using Formats = std::array<const char*, 2>; // in the order in which they are asked for
-    using Deliver = void (*)(char* text);
+    using Receiver = void (*)(char* text);
 
-    /// Asks the owner of a selection. `deliver` gets the text when it comes, within a second, or is never called.
-    void ask(const char* selection, const Formats& formats, Time time, Deliver deliver);
+    /// Asks the owner of a selection. `receiver` gets the text when it comes within a second; else it is never called.
+    void ask(const char* selection, const Formats& formats, Time time, Receiver receiver);
 
+    /// An answer that is still to come is dropped.
     void forget();
 
   private:
@@ -38,9 +39,9 @@ class SelectionText {
     Formats formats_{};
     std::size_t format_ = 0;
     Time time_ = 0;
-    Deliver deliver_ = nullptr;
+    Receiver receiver_ = nullptr;
     XtIntervalId limit_ = 0;
-    int32_t attempt_ = 0;
+    int32_t attempt_ = 0; // tells the answer awaited from late ones
 };
 
 } // namespace grx

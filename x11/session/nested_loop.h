@@ -22,19 +22,19 @@ void note_untold_ends(const WindowNumbers& gone);
 /// The first of them, which is forgotten; 0 when there is none. One whose number is in use again is left out.
 INT take_untold_end();
 
-/// Handles events until `done` says so. The application's pending record is as it was afterwards: what happened in the
-/// meantime was the dialog's, but for the ends of windows.
+/// Handles events until `done` returns true. Afterwards the application's pending record is as it was before: what
+/// happened meanwhile concerned the dialog. Ends of windows are noted, for the application to be told later.
 template <class Done>
 void run_until(Done done) {
     const GRX_EVENEMENT pending = evt_global;
     const WindowNumbers before = windows_in_use();
-    while (!done()) XtAppProcessEvent(contexte, XtIMAll); // one at a time: a timer may be what ends it
+    while (!done()) XtAppProcessEvent(contexte, XtIMAll); // one at a time: a timer may end the loop
     note_untold_ends(before & ~windows_in_use());
     evt_global = pending;
 }
 
-/// Takes what such a loop had on show off the screen: inside a callback its destruction waits for the end of that.
-/// `shell` may be null, when it is gone.
+/// Takes the dialog of such a loop off the screen at once: its destruction waits for the end of a callback. `shell` is
+/// null when the dialog is gone already.
 void take_off_screen(Widget shell);
 
 } // namespace grx
