@@ -14,47 +14,24 @@ using namespace grx::file_parts;
 
 namespace {
 
-int sortie_rep = kWaiting;
-Path rep_retour_complet{};
-Widget file_selection = nullptr;
+PathDialog directory_dialog;
 
-void DialogDirAcceptCB(Widget dialog, XtPointer, XtPointer call_data) {
+void on_ok(Widget w, XtPointer, XtPointer call_data) {
     if (call_data == nullptr) return;
     const grx::PlainText chosen(static_cast<XmFileSelectionBoxCallbackStruct*>(call_data)->value);
-    if (std::strlen(chosen.c_str()) >= GRX_CHEMIN_DIALOGUE_MAX || has_controls(dialog)) return;
-    keep_path(rep_retour_complet, chosen.c_str());
-    sortie_rep = kAccepted;
+    if (std::strlen(chosen.c_str()) >= GRX_CHEMIN_DIALOGUE_MAX || has_controls(w)) return;
+    keep_path(directory_dialog.path, chosen.c_str());
+    directory_dialog.answer = kAccepted;
 }
 
-void on_dir_cancel(Widget, XtPointer, XtPointer) {
-    rep_retour_complet[0] = '\0';
-    sortie_rep = kCancelled;
-}
-
-void on_dir_gone(Widget dialog, XtPointer, XtPointer) {
-    if (dialog == file_selection) end_with(sortie_rep, kGone);
-}
-
-void forget_dir_dialog(Widget dialog, XtPointer, XtPointer) {
-    on_dir_gone(dialog, nullptr, nullptr);
-    if (file_selection == dialog) file_selection = nullptr;
-}
-
-Widget open_dir_dialog(Widget parent, const char* titre, const char* directory) {
-    drop_former(file_selection);
-    Widget dialog = make_dialog(parent, "file_selection", {titre, "", directory, kMessageOk});
+Widget make_directory_dialog(Widget parent, const char* title, const char* directory) {
+    Widget dialog = make_dialog(parent, {title, "", directory, kMessageOk});
     if (dialog == nullptr) return nullptr;
-    remove(child_of(dialog, XmDIALOG_LIST_LABEL));
-    remove(XtParent(child_of(dialog, XmDIALOG_LIST)));
-    XtAddCallback(dialog, XmNokCallback, DialogDirAcceptCB, nullptr);
-    XtAddCallback(dialog, XmNcancelCallback, on_dir_cancel, nullptr);
-    XtAddCallback(dialog, XmNunmapCallback, on_dir_gone, nullptr);
-    XtAddCallback(dialog, XmNdestroyCallback, forget_dir_dialog, nullptr);
+    unmanage(child_of(dialog, XmDIALOG_LIST_LABEL));
+    unmanage(XtParent(child_of(dialog, XmDIALOG_LIST)));
+    XtAddCallback(dialog, XmNokCallback, on_ok, nullptr);
+    add_end_callbacks(dialog, directory_dialog);
     return dialog;
-}
-
-const char* text_or_empty(const char* text) {
-    return text != nullptr ? text : "";
 }
 
 } // namespace
@@ -63,12 +40,11 @@ extern "C" {
 
 INT select_repertoire_x11(char* titre, char* rep_def) {
     Widget parent = main_widget();
-    if (parent == nullptr || choosing()) return 0;
-    sortie_rep = kWaiting;
-    rep_retour_complet[0] = '\0';
-    file_selection = open_dir_dialog(parent, text_or_empty(titre), text_or_empty(rep_def));
-    if (file_selection == nullptr || run(file_selection, sortie_rep) != kAccepted) return 0;
-    if (rep_def != nullptr) grx::copy_text(rep_def, GRX_CHEMIN_DIALOGUE_MAX, rep_retour_complet.data());
+    if (parent == nullptr || one_is_on_show()) return 0;
+    start(directory_dialog);
+    directory_dialog.widget = make_directory_dialog(parent, text_or_empty(titre), text_or_empty(rep_def));
+    if (directory_dialog.widget == nullptr || run(directory_dialog) != kAccepted) return 0;
+    if (rep_def != nullptr) grx::copy_text(rep_def, GRX_CHEMIN_DIALOGUE_MAX, directory_dialog.path.data());
     return 1;
 }
 }

@@ -37,49 +37,43 @@ namespace {
 
 constexpr INT kMessageSave = 1245, kMessageOpen = 1315;
 
-int sortie_fichier = kWaiting;
-Path fichier_retour_complet{};
-
-struct INFO_FICHIER {
-    int type_operation;
+// What the dialog on show was called for.
+struct Request {
+    INT operation;
     CH80 extension; // enforced on the name
-    Widget texte;
+    Widget field;
 };
 
-INFO_FICHIER ifichier{};
+Request request{};
 
-struct EXT_FICHIER {
-    CH80 extension; // pattern
-    CH80 message;
+struct Filter {
+    CH80 pattern;
+    CH80 label;
 };
 
 constexpr std::size_t kMostFilters = 20;
-std::array<EXT_FICHIER, kMostFilters> efichier{};
+std::array<Filter, kMostFilters> filters{};
 
-constexpr std::size_t kNameRoom = 2 * GRX_CHEMIN_DIALOGUE_MAX; // a name with an extension that is put behind it
+constexpr std::size_t kNameRoom = 2 * GRX_CHEMIN_DIALOGUE_MAX; // a name, and the extension put behind it
 
 std::string_view base_of(std::string_view name) {
     return name.substr(name.rfind('/') + 1); // no '/': the whole name
 }
 
-bool can_be_read(char* name) {
-    return test_fichier_r(name) == 0;
-}
-
 bool exists(char* name) {
-    return can_be_read(name) || test_fichier_w(name) == 0;
+    return test_fichier_r(name) == 0 || test_fichier_w(name) == 0;
 }
 
-// A name being corrected.
-class Name {
+// A name that was typed, and its correction.
+class TypedName {
   public:
-    explicit Name(std::string_view typed) : fits_(typed.size() < GRX_CHEMIN_DIALOGUE_MAX) {
+    explicit TypedName(std::string_view typed) : fits_(typed.size() < GRX_CHEMIN_DIALOGUE_MAX) {
         grx::copy_text(text_, sizeof text_, typed);
     }
     char* data() { return text_; }
     bool usable() const { return fits_ && std::strlen(text_) < GRX_CHEMIN_DIALOGUE_MAX && !base_of(text_).empty(); }
 
-    // In capitals and with the extension, which keeps its letters; the directory keeps its own too.
+    // Puts the base name in capitals and the extension behind it. Extension and directory keep their letters.
     void correct(char* extension) {
         char* const base = text_ + (base_of(text_).data() - text_);
         str_upr(base, base);
@@ -92,59 +86,43 @@ class Name {
 };
 
 // KEEP: what can be neither read nor written counts as new, in a missing directory too.
-bool may_write(Name& name, Widget field) {
-    name.correct(ifichier.extension);
+bool may_write(TypedName& name, Widget field) {
+    name.correct(request.extension);
     if (!name.usable()) return false;
     XmTextFieldSetString(field, name.data());
     return !exists(name.data()) || question_suppression() == GRX_QUESTION_OUI;
 }
 
 // KEEP: a directory without its final '/' can be read, and so be chosen.
-bool may_read(Name& name) {
+bool may_read(TypedName& name) {
     if (exists(name.data())) return true;
-    name.correct(ifichier.extension);
+    name.correct(request.extension);
     return name.usable() && exists(name.data());
 }
 
-// An answer that is not accepted leaves the dialog on show.
-void DialogAcceptCB(Widget dialog, XtPointer client_data, XtPointer call_data) {
-    const auto* const info = static_cast<INFO_FICHIER*>(client_data);
+// A name that is not accepted leaves the dialog on show.
+void on_ok(Widget dialog, XtPointer, XtPointer call_data) {
     if (grx::question_on_show() || call_data == nullptr || has_controls(dialog)) return;
     const grx::PlainText typed(static_cast<XmFileSelectionBoxCallbackStruct*>(call_data)->value);
-    Name name(typed.c_str());
+    TypedName name(typed.c_str());
     if (!name.usable()) return;
     // KEEP: a name typed without a directory is accepted, and then gives 0.
-    const bool writing = info->type_operation == HOST_CATAL_ECRITURE;
-    const bool accepted = writing ? may_write(name, info->texte) : may_read(name);
-    keep_path(fichier_retour_complet, name.data());
-    if (accepted) end_with(sortie_fichier, kAccepted);
+    const bool writing = request.operation == HOST_CATAL_ECRITURE;
+    const bool accepted = writing ? may_write(name, request.field) : may_read(name);
+    keep_path(file_dialog().path, name.data());
+    if (accepted) end_with(file_dialog().answer, kAccepted);
 }
 
-void DialogCancelCB(Widget, XtPointer, XtPointer) {
-    fichier_retour_complet[0] = '\0';
-    sortie_fichier = kCancelled;
-}
-
-// The end of a dialog that was on show before says nothing of the present one.
-void DialogDestroyCB(Widget dialog, XtPointer, XtPointer) {
-    if (dialog == file_dialog()) end_with(sortie_fichier, kGone);
-}
-
-void forget_file_dialog(Widget dialog, XtPointer, XtPointer) {
-    DialogDestroyCB(dialog, nullptr, nullptr);
-    if (file_dialog() == dialog) file_dialog() = nullptr;
-}
-
-void DialogVisibilityEH(Widget shell, XtPointer, XEvent* event, Boolean*) {
+void on_visibility(Widget shell, XtPointer, XEvent* event, Boolean*) {
     if (event->type != VisibilityNotify || grx::question_on_show()) return; // the question may cover it
     if (event->xvisibility.state == VisibilityFullyObscured) XRaiseWindow(x11_disp, grx::window_of(shell));
 }
 
-void PullappuiCB(Widget w, XtPointer client_data, XtPointer) {
+void on_filter(Widget w, XtPointer client_data, XtPointer) {
     Widget dialog = grx::nearest_of_class(w, xmFileSelectionBoxWidgetClass);
     if (dialog == nullptr) return;
     // KEEP: the extension enforced stays the first filter's.
-    const grx::CompoundString pattern(static_cast<EXT_FICHIER*>(client_data)->extension);
+    const grx::CompoundString pattern(static_cast<Filter*>(client_data)->pattern);
     grx::set_resource(dialog, XmNpattern, pattern.get());
 }
 
@@ -154,39 +132,40 @@ std::string_view text_of(const STRING& string) {
     return grx::view(string.str);
 }
 
-std::size_t filter_count(const SFILTRE& filters) {
-    if (filters.nb_filtres <= 0 || filters.filtres_ext == nullptr || filters.filtres_msg == nullptr) return 0;
-    return std::min<std::size_t>(static_cast<std::size_t>(filters.nb_filtres), kMostFilters);
+std::size_t filter_count(const SFILTRE& given) {
+    if (given.nb_filtres <= 0 || given.filtres_ext == nullptr || given.filtres_msg == nullptr) return 0;
+    return std::min<std::size_t>(static_cast<std::size_t>(given.nb_filtres), kMostFilters);
 }
 
-void read_filters(const SFILTRE& filters) {
-    efichier.fill({});
-    for (std::size_t i = 0; i < filter_count(filters); ++i) {
-        const std::string_view extension = text_of(filters.filtres_ext[i]);
-        std::snprintf(efichier[i].extension, sizeof efichier[i].extension, "*.%.*s",
-            static_cast<int>(std::min(extension.size(), sizeof efichier[i].extension)), extension.data());
-        grx::copy_text(efichier[i].message, text_of(filters.filtres_msg[i]));
+void read_filters(const SFILTRE& given) {
+    filters.fill({});
+    for (std::size_t i = 0; i < filter_count(given); ++i) {
+        const std::string_view extension = text_of(given.filtres_ext[i]);
+        std::snprintf(filters[i].pattern, sizeof filters[i].pattern, "*.%.*s",
+            static_cast<int>(std::min(extension.size(), sizeof filters[i].pattern)), extension.data());
+        grx::copy_text(filters[i].label, text_of(given.filtres_msg[i]));
     }
 }
 
-Widget make_filter(Widget menu, EXT_FICHIER& filter) {
-    const grx::CompoundString label(filter.message);
+Widget make_filter(Widget menu, Filter& filter) {
+    const grx::CompoundString label(filter.label);
     grx::Args args;
     args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist);
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
-    Widget button = XmCreatePushButton(menu, filter.message, args.list(), args.count());
+    grx::set_background(args, GRX_AUCUN);
+    Widget button = XmCreatePushButton(menu, filter.label, args.list(), args.count());
     if (button == nullptr) return nullptr;
-    XtAddCallback(button, XmNactivateCallback, PullappuiCB, &filter);
+    XtAddCallback(button, XmNactivateCallback, on_filter, &filter);
     XtManageChild(button);
     return button;
 }
 
-// With a single filter there is nothing to choose. It is sensitive at first: an option menu shows none of the others.
+// A single filter leaves nothing to choose. It is made insensitive last: an option menu that is made with an insensitive
+// choice does not show it.
 void make_filters(Widget row, std::size_t count) {
     Widget menu = count > 0 ? grx::make_pulldown(row, "PullMenu") : nullptr;
     if (menu == nullptr) return;
-    Widget first = make_filter(menu, efichier[0]);
-    for (std::size_t i = 1; i < count; ++i) make_filter(menu, efichier[i]);
+    Widget first = make_filter(menu, filters[0]);
+    for (std::size_t i = 1; i < count; ++i) make_filter(menu, filters[i]);
     Widget box = grx::make_option_menu(row, "OptionMenu", "", menu, first, grx::key_over_part);
     if (count > 1) return;
     if (first != nullptr) XtSetSensitive(first, False);
@@ -202,20 +181,20 @@ Widget make_preview(Widget row) {
     args.set(XmNwidth, side).set(XmNheight, side).set(XmNmarginWidth, 0).set(XmNmarginHeight, 0);
     args.set(XmNhighlightThickness, 0).set(XmNalignment, XmALIGNMENT_CENTER).set(XmNrecomputeSize, False);
     args.set(XmNlabelString, nothing.get());
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+    grx::set_background(args, GRX_AUCUN);
     Widget preview = XmCreateDrawnButton(row, const_cast<char*>("preview"), args.list(), args.count());
     if (preview != nullptr) XtManageChild(preview);
     return preview;
 }
 
-void make_work_area(Widget dialog, const SFILTRE& filters) {
+void make_work_area(Widget dialog, std::size_t filters_given) {
     grx::Args args;
     args.set(XmNorientation, XmHORIZONTAL).set(XmNisAligned, False); // or the picture is not centred
-    if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
+    grx::set_background(args, GRX_AUCUN);
     Widget row = XmCreateRowColumn(dialog, const_cast<char*>("work_area"), args.list(), args.count());
     if (row == nullptr) return;
     Widget preview = make_preview(row);
-    make_filters(row, filter_count(filters));
+    make_filters(row, filters_given);
     XtManageChild(row);
     XtAddCallback(child_of(dialog, XmDIALOG_LIST), XmNbrowseSelectionCallback, grx_element_fileliste_clique, preview);
 }
@@ -236,7 +215,7 @@ void show_name(Widget field, const char* path) {
     XmTextFieldSetInsertionPosition(field, XmTextFieldGetLastPosition(field)); // its end is seen
 }
 
-// One that is not in the list is a name all the same.
+// Selects the file proposed; its name goes into the field when the list does not have it.
 void select_proposed(Widget dialog, const SFICHIER& proposed) {
     const std::size_t room =
         text_of(proposed.adrs).size() + (has_file(proposed) ? text_of(proposed.fics[0]).size() : 0);
@@ -253,11 +232,9 @@ void select_proposed(Widget dialog, const SFICHIER& proposed) {
 }
 
 void add_file_callbacks(Widget dialog) {
-    XtAddCallback(dialog, XmNokCallback, DialogAcceptCB, &ifichier);
-    XtAddCallback(dialog, XmNcancelCallback, DialogCancelCB, nullptr);
-    XtAddCallback(dialog, XmNunmapCallback, DialogDestroyCB, nullptr);
-    XtAddCallback(dialog, XmNdestroyCallback, forget_file_dialog, nullptr);
-    XtAddEventHandler(XtParent(dialog), VisibilityChangeMask, False, DialogVisibilityEH, nullptr);
+    XtAddCallback(dialog, XmNokCallback, on_ok, nullptr);
+    add_end_callbacks(dialog, file_dialog());
+    XtAddEventHandler(XtParent(dialog), VisibilityChangeMask, False, on_visibility, nullptr);
     grx::end_with_its_window(XtParent(dialog));
 }
 
@@ -269,28 +246,24 @@ INT ok_message(INT operation) {
     }
 }
 
-// A dialog that went away by itself was not destroyed then.
-Widget open_file_dialog(Widget parent, const SCATAL& scat, const SFICHIER& proposed, const SFILTRE& filters) {
-    drop_former(file_dialog());
-    read_filters(filters);
-    const bool filtered = filter_count(filters) > 0;
-    Widget dialog = make_dialog(parent, "file_selection",
-        {grx::view(scat.titre.str).data() != nullptr ? scat.titre.str : "", filtered ? efichier[0].extension : "*",
-            grx::view(proposed.adrs.str).empty() ? "" : proposed.adrs.str, ok_message(scat.type_operation)});
+Widget make_file_dialog(Widget parent, const SCATAL& scat, const SFICHIER& proposed, const SFILTRE& given) {
+    read_filters(given);
+    const std::size_t count = filter_count(given);
+    Widget dialog = make_dialog(parent, {text_or_empty(scat.titre.str), count > 0 ? filters[0].pattern : "*",
+                                            text_or_empty(proposed.adrs.str), ok_message(scat.type_operation)});
     if (dialog == nullptr) return nullptr;
-    ifichier.type_operation = scat.type_operation;
-    grx::copy_text(ifichier.extension, filtered ? text_of(filters.filtres_ext[0]) : std::string_view());
-    ifichier.texte = child_of(dialog, XmDIALOG_TEXT);
-    make_work_area(dialog, filters);
+    request.operation = scat.type_operation;
+    grx::copy_text(request.extension, count > 0 ? text_of(given.filtres_ext[0]) : std::string_view());
+    request.field = child_of(dialog, XmDIALOG_TEXT);
+    make_work_area(dialog, count);
     add_file_callbacks(dialog);
     select_proposed(dialog, proposed);
     return dialog;
 }
 
-// Runs a dialog until its answer is there; one that went away by itself stays, to be destroyed with the next.
-// Stores a name found; the result is what the application says of it.
+// Hands the file chosen to the application's functions, whose result it returns.
 INT store_choice(SFICHIER& sfic) {
-    char* const name = fichier_retour_complet.data();
+    char* const name = file_dialog().path.data();
     char* const slash = std::strrchr(name, '/');
     Path directory{};
     const std::string_view before(name, static_cast<std::size_t>(slash - name));
@@ -305,12 +278,12 @@ extern "C" {
 
 INT select_fichier_x11(SCATAL scat, SFICHIER sfic_def, SFILTRE sfiltre, SFICHIER* sfic, INT* err) {
     Widget parent = main_widget();
-    if (parent == nullptr || choosing()) return 0;
-    sortie_fichier = kWaiting;
-    fichier_retour_complet[0] = '\0';
-    file_dialog() = open_file_dialog(parent, scat, sfic_def, sfiltre);
-    if (file_dialog() == nullptr || run(file_dialog(), sortie_fichier) != kAccepted) return 0;
-    if (sfic == nullptr || std::strchr(fichier_retour_complet.data(), '/') == nullptr) return 0;
+    if (parent == nullptr || one_is_on_show()) return 0;
+    PathDialog& dialog = file_dialog();
+    start(dialog);
+    dialog.widget = make_file_dialog(parent, scat, sfic_def, sfiltre);
+    if (dialog.widget == nullptr || run(dialog) != kAccepted) return 0;
+    if (sfic == nullptr || std::strchr(dialog.path.data(), '/') == nullptr) return 0;
     const INT result = store_choice(*sfic);
     if (err != nullptr) *err = result;
     return 1;

@@ -22,27 +22,50 @@ namespace grx::file_parts {
 
 namespace {
 
-Widget the_file_dialog = nullptr; // on show, or left by one that went away by itself
-bool on_show = false;             // a dialog is on show: there is only one at a time
+PathDialog the_file_dialog;
+bool on_show = false;
 
-struct Label {
+struct LabelMessage {
     const char* resource;
     INT message;
 };
 
 // KEEP: the label of the filter and the button that applies it are one message.
-const std::array<Label, 6> kLabels{
+const std::array<LabelMessage, 6> kLabels{
     {{XmNapplyLabelString, 1251}, {XmNcancelLabelString, 1246}, {XmNfilterLabelString, 1251},
         {XmNselectionLabelString, 1335}, {XmNdirListLabelString, 1336}, {XmNfileListLabelString, 1066}}};
 
-void set_label(Widget dialog, const Label& label) {
+void set_label(Widget dialog, const LabelMessage& label) {
     const MessageText text(label.message);
     if (text.empty()) return;
-    const grx::CompoundString string(text.c_str());
-    grx::set_resource(dialog, label.resource, string.get());
+    const CompoundString string(text.c_str());
+    set_resource(dialog, label.resource, string.get());
 }
 
-constexpr int kColumns = 48; // of the selected name: whole paths are read
+constexpr int kColumns = 48; // of the field: whole paths are read there
+
+void on_cancel(Widget, XtPointer client_data, XtPointer) {
+    auto& dialog = *static_cast<PathDialog*>(client_data);
+    dialog.path[0] = '\0';
+    dialog.answer = kCancelled;
+}
+
+// The end of a dialog that was on show before says nothing of the present one.
+void on_gone(Widget w, XtPointer client_data, XtPointer) {
+    auto& dialog = *static_cast<PathDialog*>(client_data);
+    if (w == dialog.widget) end_with(dialog.answer, kGone);
+}
+
+void on_death(Widget w, XtPointer client_data, XtPointer) {
+    on_gone(w, client_data, nullptr);
+    auto& dialog = *static_cast<PathDialog*>(client_data);
+    if (w == dialog.widget) dialog.widget = nullptr;
+}
+
+void destroy(PathDialog& dialog) {
+    Widget former = std::exchange(dialog.widget, nullptr);
+    if (former != nullptr) XtDestroyWidget(XtParent(former));
+}
 
 } // namespace
 
@@ -51,79 +74,90 @@ void end_with(int& answer, int value) {
 }
 
 bool keep_path(Path& path, std::string_view name) {
-    return grx::copy_text(path.data(), path.size(), name);
+    return copy_text(path.data(), path.size(), name);
 }
 
 Widget main_widget() {
     Widget w = grx_recup_objet_fen(grx_recup_nofen_principale());
-    return grx::can_hold_children(w) ? w : nullptr;
+    return can_hold_children(w) ? w : nullptr;
 }
 
 MessageText::MessageText(INT number) {
     if (litmess(number, text_) == 0) text_[0] = '\0';
 }
 
-void set_modal_look(grx::Args& args) {
+const char* text_or_empty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+void set_modal_look(Args& args) {
     args.set(XmNdialogStyle, XmDIALOG_FULL_APPLICATION_MODAL);
-    grx::set_dialog_look(args);
+    set_dialog_look(args);
 }
 
 Widget child_of(Widget dialog, unsigned char which) {
     return XmFileSelectionBoxGetChild(dialog, which);
 }
 
-void remove(Widget w) {
+void unmanage(Widget w) {
     if (w != nullptr) XtUnmanageChild(w);
 }
 
 bool has_controls(Widget dialog) {
     char* const typed = XmTextFieldGetString(child_of(dialog, XmDIALOG_TEXT));
-    const bool found = std::ranges::any_of(grx::view(typed), grx::is_control);
+    const bool found = std::ranges::any_of(view(typed), is_control);
     XtFree(typed);
     return found;
 }
 
-Widget make_dialog(Widget parent, const char* name, const Proposal& proposal) {
-    const grx::CompoundString pattern(proposal.pattern);
-    const grx::CompoundString directory(proposal.directory);
-    grx::Args args;
+Widget make_dialog(Widget parent, const Proposal& proposal) {
+    const CompoundString pattern(proposal.pattern);
+    const CompoundString directory(proposal.directory);
+    Args args;
     set_modal_look(args);
     args.set(XmNtextColumns, kColumns);
     if (proposal.pattern[0] != '\0') args.set(XmNpattern, pattern.get());
     if (proposal.directory[0] != '\0') args.set(XmNdirectory, directory.get());
-    Widget dialog = XmCreateFileSelectionDialog(parent, const_cast<char*>(name), args.list(), args.count());
+    Widget dialog = XmCreateFileSelectionDialog(parent, const_cast<char*>("file_selection"), args.list(), args.count());
     if (dialog == nullptr) return nullptr;
-    // As windows have it: the toolkit's own conversion of a dialog's title depends on the locale, and fails for Latin-1
-    // bytes in a UTF-8 one.
-    grx::set_resource(XtParent(dialog), XmNtitle, proposal.title);
+    // The shell takes the title as it is. A title given to the dialog is converted by the toolkit, which fails for
+    // Latin-1 bytes in a UTF-8 locale.
+    set_resource(XtParent(dialog), XmNtitle, proposal.title);
     set_label(dialog, {XmNokLabelString, proposal.ok_message});
-    for (const Label& label : kLabels) set_label(dialog, label);
-    remove(child_of(dialog, XmDIALOG_HELP_BUTTON));
+    for (const LabelMessage& label : kLabels) set_label(dialog, label);
+    unmanage(child_of(dialog, XmDIALOG_HELP_BUTTON));
     return dialog;
 }
 
-Widget& file_dialog() {
+PathDialog& file_dialog() {
     return the_file_dialog;
 }
 
-bool choosing() {
+bool one_is_on_show() {
     return on_show;
 }
 
-void drop_former(Widget& dialog) {
-    Widget former = std::exchange(dialog, nullptr);
-    if (former != nullptr) XtDestroyWidget(XtParent(former));
+void add_end_callbacks(Widget w, PathDialog& dialog) {
+    XtAddCallback(w, XmNcancelCallback, on_cancel, &dialog);
+    XtAddCallback(w, XmNunmapCallback, on_gone, &dialog);
+    XtAddCallback(w, XmNdestroyCallback, on_death, &dialog);
 }
 
-int run(Widget& dialog, int& answer) {
+void start(PathDialog& dialog) {
+    dialog.answer = kWaiting;
+    dialog.path[0] = '\0';
+    destroy(dialog);
+}
+
+int run(PathDialog& dialog) {
     on_show = true;
-    XtManageChild(dialog);
-    grx::run_until([&] { return answer != kWaiting || dialog == nullptr || grx::is_dying(dialog); });
+    XtManageChild(dialog.widget);
+    run_until([&] { return dialog.answer != kWaiting || dialog.widget == nullptr || is_dying(dialog.widget); });
     on_show = false;
-    end_with(answer, kGone);
-    const int result = answer;
-    grx::take_off_screen(dialog != nullptr ? XtParent(dialog) : nullptr);
-    if (result != kGone) drop_former(dialog);
+    end_with(dialog.answer, kGone);
+    const int result = dialog.answer;
+    take_off_screen(dialog.widget != nullptr ? XtParent(dialog.widget) : nullptr);
+    if (result != kGone) destroy(dialog);
     return result;
 }
 

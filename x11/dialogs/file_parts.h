@@ -14,18 +14,31 @@ namespace grx::file_parts {
 
 enum Answer : int { kWaiting = 0, kAccepted = 1, kCancelled = 2, kGone = 3 };
 
+/// Stores an answer unless there is one: what a dialog had when it went with its parent, or by itself, stays.
+void end_with(int& answer, int value);
+
 using Path = std::array<char, GRX_CHEMIN_DIALOGUE_MAX>;
 
-/// Stores an answer unless there is one: a dialog that goes with its parent, or by itself, leaves the one that it had.
-void end_with(int& answer, int value);
+/// A dialog that returns with a path.
+struct PathDialog {
+    Widget widget = nullptr; // on show, or left by a dialog that went away by itself
+    int answer = kWaiting;
+    Path path{};
+};
+
+/// The dialog for files: the question stands over it.
+PathDialog& file_dialog();
+
+/// True while a dialog for files or directories is on show: there is only one at a time.
+bool one_is_on_show();
 
 /// False when the name was cut.
 bool keep_path(Path& path, std::string_view name);
 
-/// The widget of the application's main window; null when it is none that holds others.
+/// The widget of the application's main window; null when it cannot hold others.
 Widget main_widget();
 
-/// Texts of the application; where it has none the toolkit's own stay.
+/// A text of the application; empty where it has none: the toolkit's own then stays.
 class MessageText {
   public:
     explicit MessageText(INT number);
@@ -38,15 +51,17 @@ class MessageText {
 
 inline constexpr INT kMessageOk = 1250;
 
+const char* text_or_empty(const char* text);
+
 void set_modal_look(grx::Args& args);
 
-/// A part of a file dialog, by the toolkit's name for it.
+/// A child of a file dialog, by the toolkit's name for it.
 Widget child_of(Widget dialog, unsigned char which);
 
-/// Takes a part out of its dialog; nothing for null.
-void remove(Widget w);
+/// Takes a child out of its dialog; nothing for null.
+void unmanage(Widget w);
 
-/// Line feeds and the like stand for themselves in the field only: the answer has lost them, and would be another name.
+/// True when the name typed holds line feeds or the like. The dialog's answer has lost them, and would be another name.
 bool has_controls(Widget dialog);
 
 struct Proposal {
@@ -57,18 +72,16 @@ struct Proposal {
 };
 
 /// A file dialog with its labels; null when it cannot be made.
-Widget make_dialog(Widget parent, const char* name, const Proposal& proposal);
+Widget make_dialog(Widget parent, const Proposal& proposal);
 
-/// The file dialog: on show, or left by one that went away by itself.
-Widget& file_dialog();
+/// Cancelling, going away and dying answer for a dialog.
+void add_end_callbacks(Widget w, PathDialog& dialog);
 
-/// A dialog is on show: there is only one at a time.
-bool choosing();
+/// No answer, no path; what is left of a former dialog is destroyed.
+void start(PathDialog& dialog);
 
-/// Runs a dialog until its answer is there; one that went away by itself stays, to be destroyed with the next.
-int run(Widget& dialog, int& answer);
-
-/// A dialog that went away by itself was not destroyed then.
-void drop_former(Widget& dialog);
+/// Shows a dialog and handles events until there is an answer, which is returned. A dialog that went away by itself is
+/// destroyed when the next one starts.
+int run(PathDialog& dialog);
 
 } // namespace grx::file_parts

@@ -24,17 +24,17 @@ void free_shown(Widget w, XtPointer, XtPointer) {
         grx::free_pixmap(grx::resource<Pixmap>(w, XmNlabelPixmap));
 }
 
-// The label owns what it shows from its first picture on.
+// Shows a picture. The label owns it: it is freed when the next one is shown, or with the label.
 void show_owned(Widget w, Pixmap pixmap) {
     const bool first = grx::resource<unsigned char>(w, XmNlabelType) != XmPIXMAP;
     const auto former = grx::resource<Pixmap>(w, XmNlabelPixmap);
     grx::show_pixmap(w, pixmap);
-    grx::redraw(w); // a drawn button that shows one of the same size does not
-    if (!first) {
+    grx::redraw(w); // a drawn button does not redraw itself for a picture of the same size
+    if (first) {
+        XtAddCallback(w, XmNdestroyCallback, free_shown, nullptr);
+    } else {
         grx::free_pixmap(former);
-        return;
     }
-    XtAddCallback(w, XmNdestroyCallback, free_shown, nullptr);
 }
 
 Drawable drawable_of(Widget w) {

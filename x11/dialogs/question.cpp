@@ -25,69 +25,69 @@ namespace {
 
 constexpr INT kMessageReplace = 83;
 
-int ques_accept = kWaiting;
-bool asking = false;
-bool question_alive = false;
+int answer = kWaiting;
+bool on_show = false;
+bool alive = false;
 
-void on_question(Widget, XtPointer answer, XtPointer) {
-    ques_accept = grx::number_in(answer);
+void on_button(Widget, XtPointer chosen, XtPointer) {
+    answer = grx::number_in(chosen);
 }
 
-void on_question_gone(Widget, XtPointer, XtPointer) {
-    end_with(ques_accept, kGone);
+void on_gone(Widget, XtPointer, XtPointer) {
+    end_with(answer, kGone);
 }
 
-// The parts as texts of their own; empty when memory is short.
-using PartTable = grx::Block<std::array<char, HOST_MESSAGE_MAX>>;
+// The question and the labels of its buttons, each a text of its own; empty when memory is short.
+using QuestionTexts = grx::Block<std::array<char, HOST_MESSAGE_MAX>>;
 
-PartTable part_table() {
-    PartTable table(grx::kQuestionParts);
+QuestionTexts question_texts() {
+    QuestionTexts texts(grx::kQuestionParts);
     const MessageText message(kMessageReplace);
     const auto parts = grx::question_parts(message.empty() ? "Replace File? -Yes -No" : message.c_str());
-    for (std::size_t i = 0; i < table.size(); ++i) grx::copy_text(table[i].data(), table[i].size(), parts[i]);
-    return table;
+    for (std::size_t i = 0; i < texts.size(); ++i) grx::copy_text(texts[i].data(), texts[i].size(), parts[i]);
+    return texts;
 }
 
-void set_text(grx::Args& args, const char* resource, const grx::CompoundString& string, const char* text) {
+void set_unless_empty(grx::Args& args, const char* resource, const grx::CompoundString& string, const char* text) {
     if (text[0] != '\0') args.set(resource, string.get());
 }
 
-Widget make_question(Widget parent, const PartTable& parts) {
-    const grx::CompoundString question(parts[0].data()), yes(parts[1].data()), no(parts[2].data());
+Widget make_question(Widget parent, const QuestionTexts& texts) {
+    const grx::CompoundString question(texts[0].data()), yes(texts[1].data()), no(texts[2].data());
     grx::Args args;
     set_modal_look(args);
-    set_text(args, XmNmessageString, question, parts[0].data());
-    set_text(args, XmNokLabelString, yes, parts[1].data());
-    set_text(args, XmNcancelLabelString, no, parts[2].data());
-    args.set(XmNdefaultButtonType, XmDIALOG_CANCEL_BUTTON); // Return loses no file
+    set_unless_empty(args, XmNmessageString, question, texts[0].data());
+    set_unless_empty(args, XmNokLabelString, yes, texts[1].data());
+    set_unless_empty(args, XmNcancelLabelString, no, texts[2].data());
+    args.set(XmNdefaultButtonType, XmDIALOG_CANCEL_BUTTON); // Return must not lose a file
     Widget box = XmCreateQuestionDialog(parent, const_cast<char*>("question"), args.list(), args.count());
     if (box == nullptr) return nullptr;
     grx::set_resource(XtParent(box), XmNtitle, grx::resource<const char*>(grx::nearest_shell(parent), XmNtitle));
-    remove(XmMessageBoxGetChild(box, XmDIALOG_HELP_BUTTON));
-    XtAddCallback(box, XmNokCallback, on_question, grx::as_client_data(kAccepted));
-    XtAddCallback(box, XmNcancelCallback, on_question, grx::as_client_data(kCancelled));
-    XtAddCallback(box, XmNunmapCallback, on_question_gone, nullptr);
-    XtAddCallback(box, XmNdestroyCallback, on_question_gone, nullptr);
+    unmanage(XmMessageBoxGetChild(box, XmDIALOG_HELP_BUTTON));
+    XtAddCallback(box, XmNokCallback, on_button, grx::as_client_data(kAccepted));
+    XtAddCallback(box, XmNcancelCallback, on_button, grx::as_client_data(kCancelled));
+    XtAddCallback(box, XmNunmapCallback, on_gone, nullptr);
+    XtAddCallback(box, XmNdestroyCallback, on_gone, nullptr);
     return box;
 }
 
-void on_question_death(Widget, XtPointer, XtPointer) {
-    question_alive = false;
+void on_death(Widget, XtPointer, XtPointer) {
+    alive = false;
 }
 
-// Its answer; the question is on show until then.
-int ask(Widget box) {
-    asking = question_alive = true;
-    XtAddCallback(box, XmNdestroyCallback, on_question_death, nullptr);
+// Shows the question until there is an answer.
+int answer_of(Widget box) {
+    on_show = alive = true;
+    XtAddCallback(box, XmNdestroyCallback, on_death, nullptr);
     grx::end_with_its_window(XtParent(box));
     XtManageChild(box);
-    grx::run_until([box] { return ques_accept != kWaiting || !question_alive || grx::is_dying(box); });
-    asking = false;
-    end_with(ques_accept, kGone);
-    const int answer = ques_accept;
-    grx::take_off_screen(question_alive ? XtParent(box) : nullptr);
-    if (question_alive) XtDestroyWidget(box);
-    return answer;
+    grx::run_until([box] { return answer != kWaiting || !alive || grx::is_dying(box); });
+    on_show = false;
+    end_with(answer, kGone);
+    const int result = answer;
+    grx::take_off_screen(alive ? XtParent(box) : nullptr);
+    if (alive) XtDestroyWidget(box);
+    return result;
 }
 
 } // namespace
@@ -95,7 +95,7 @@ int ask(Widget box) {
 namespace grx {
 
 bool question_on_show() {
-    return asking;
+    return on_show;
 }
 
 } // namespace grx
@@ -103,11 +103,11 @@ bool question_on_show() {
 extern "C" {
 
 INT question_suppression(void) {
-    ques_accept = kWaiting;
-    const PartTable parts = part_table();
-    Widget parent = file_dialog() != nullptr && choosing() ? file_dialog() : main_widget();
-    if (!parts || parent == nullptr || asking) return GRX_QUESTION_NON;
-    Widget box = make_question(parent, parts);
-    return box != nullptr ? ask(box) : GRX_QUESTION_NON;
+    answer = kWaiting;
+    const QuestionTexts texts = question_texts();
+    Widget parent = one_is_on_show() && file_dialog().widget != nullptr ? file_dialog().widget : main_widget();
+    if (!texts || parent == nullptr || on_show) return GRX_QUESTION_NON;
+    Widget box = make_question(parent, texts);
+    return box != nullptr ? answer_of(box) : GRX_QUESTION_NON;
 }
 }
