@@ -1,5 +1,4 @@
 // The dialog that returns with a directory.
-#include <X11/StringDefs.h>
 #include <Xm/FileSB.h>
 #include <Xm/Xm.h>
 

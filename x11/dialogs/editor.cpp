@@ -1,6 +1,5 @@
 // A small text editor in a window of its own: the window, its menu, and the functions of the application.
 #include <X11/Shell.h>
-#include <X11/StringDefs.h>
 #include <Xm/CascadeB.h>
 #include <Xm/MainW.h>
 #include <Xm/Protocols.h>

@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <string_view>
@@ -17,8 +19,8 @@
 #include "pure/text.h"
 #include "system/block.h"
 #include "system/shell_command.h"
-#include "events/record.h"
 #include "toolkit/locale_text.h"
+#include "events/record.h"
 #include "dialogs/editor_state.h"
 #include "xt_f.h"
 

@@ -1,7 +1,6 @@
 // The dialogs of the editor, made when first needed, and what their answers do.
 #include "dialogs/editor_questions.h"
 
-#include <X11/StringDefs.h>
 #include <Xm/FileSB.h>
 #include <Xm/Label.h>
 #include <Xm/MessageB.h>
@@ -15,7 +14,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host_f.h"
+#include "host_t.h"
 #include "pure/text.h"
 #include "pure/warning_bits.h"
 #include "system/block.h"

@@ -1,5 +1,4 @@
 // The dialog that returns with a file: its filters, the file proposed, and which names it accepts.
-#include <X11/StringDefs.h>
 #include <Xm/DrawnB.h>
 #include <Xm/FileSB.h>
 #include <Xm/List.h>
@@ -17,13 +16,13 @@
 
 #include "host_f.h"
 #include "pure/text.h"
-#include "events/record.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/locale_text.h"
 #include "toolkit/look.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
+#include "events/record.h"
 #include "dialogs/file_parts.h"
 #include "dialogs/question.h"
 #include "xt_dir_f.h"

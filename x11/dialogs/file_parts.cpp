@@ -1,16 +1,15 @@
 // Dialogs that return with a file or a directory: their labels, and their run until there is an answer.
 #include "dialogs/file_parts.h"
 
-#include <X11/StringDefs.h>
 #include <Xm/FileSB.h>
 #include <Xm/TextF.h>
 #include <Xm/Xm.h>
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <utility>
 
+#include "host_f.h"
 #include "pure/text.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"

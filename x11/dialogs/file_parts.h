@@ -6,7 +6,7 @@
 #include <array>
 #include <string_view>
 
-#include "host_f.h"
+#include "host_t.h"
 #include "toolkit/args.h"
 #include "xt_f.h"
 

@@ -1,5 +1,4 @@
 // The picture of a bitmap file, beside the list of a file dialog.
-#include <X11/StringDefs.h>
 #include <Xm/Label.h>
 #include <Xm/List.h>
 #include <Xm/Xm.h>

@@ -1,14 +1,13 @@
 // The question whether a file may be replaced: asked by the file dialog and by the application.
 #include "dialogs/question.h"
 
-#include <X11/StringDefs.h>
 #include <Xm/MessageB.h>
 #include <Xm/Xm.h>
 
 #include <array>
 #include <cstddef>
 
-#include "host_f.h"
+#include "host_t.h"
 #include "pure/question_text.h"
 #include "pure/text.h"
 #include "system/block.h"

@@ -6,7 +6,6 @@
 #include <bitset>
 
 #include "xt_ent_t.h"
-#include "xt_fen_t.h"
 #include "xt_ini_t.h"
 
 namespace grx {
