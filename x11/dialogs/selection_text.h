@@ -2,113 +2,46 @@
 #pragma once
 
 #include <X11/Intrinsic.h>
-#include <X11/StringDefs.h>
-#include <X11/Xatom.h>
 
 #include <array>
-#include <chrono>
-#include <cstring>
-
-#include "toolkit/args.h"
-#include "system/block.h"
-#include "toolkit/hidden_shell.h"
-#include "events/queue.h"
-#include "toolkit/widgets.h"
+#include <cstddef>
+#include <cstdint>
 
 namespace grx {
 
-/// One attempt at a time: a new one, or the end of its time, makes the one before forgotten. The widget that asks is one
-/// that never goes: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
+/// One request at a time: a new one, or a second without an answer, ends the one before. A widget that is never destroyed
+/// asks: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
 class SelectionText {
   public:
     using Formats = std::array<const char*, 2>; // in the order in which they are asked for
-    using Deliver = void (*)(char* text);
+    using Receiver = void (*)(char* text);
 
-    /// Asks the owner of a selection. `deliver` gets the text when it comes, within a second, or is never called.
-    void ask(const char* selection, const Formats& formats, Time time, Deliver deliver) {
-        forget();
-        selection_ = XInternAtom(x11_disp, selection, False);
-        formats_ = formats;
-        time_ = time;
-        deliver_ = deliver;
-        limit_ = XtAppAddTimeOut(contexte, kPatience, give_up, this);
-        ask_for(0);
-        wait_for_a_ready_answer();
-    }
+    /// Asks the owner of a selection. `receiver` gets the text when it comes within a second; else it is never called.
+    void ask(const char* selection, const Formats& formats, Time time, Receiver receiver);
 
-    void forget() {
-        if (limit_ != 0) XtRemoveTimeOut(limit_);
-        limit_ = 0;
-        ++attempt_;
-    }
+    /// An answer that is still to come is dropped.
+    void forget();
 
   private:
-    static constexpr unsigned long kPatience = 1000; // milliseconds
-    static constexpr int kPromptly = 100;
-
     bool waiting() const { return limit_ != 0; }
 
-    void ask_for(std::size_t format) {
-        format_ = format;
-        const Atom target = XInternAtom(x11_disp, formats_[format], False);
-        asking_ = this;
-        XtGetSelectionValue(hidden_shell(), selection_, target, on_answer, as_client_data(attempt_), time_);
-    }
-
-    // Most owners answer at once. The text then stands before what is typed next, which stays in the queue meanwhile.
-    void wait_for_a_ready_answer() {
-        using Clock = std::chrono::steady_clock;
-        const auto end = Clock::now() + std::chrono::milliseconds(kPromptly);
-        while (waiting()) {
-            XEvent event;
-            if (XCheckIfEvent(x11_disp, &event, is_ours, nullptr) == True) {
-                XtDispatchEvent(&event);
-                continue;
-            }
-            const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
-            if (left <= 0) return;
-            rest_until_input(static_cast<int>(left));
-        }
-    }
-
-    static Bool is_ours(Display*, XEvent* event, XPointer) {
-        const bool kind = event->type == SelectionNotify || event->type == PropertyNotify;
-        return kind && event->xany.window == window_of(hidden_shell()) ? True : False;
-    }
-
-    static void give_up(XtPointer self, XtIntervalId*) {
-        static_cast<SelectionText*>(self)->limit_ = 0; // it is spent
-        static_cast<SelectionText*>(self)->forget();
-    }
-
+    void ask_for(std::size_t format);
+    void wait_for_a_ready_answer();
+    static Bool is_ours(Display*, XEvent* event, XPointer);
+    static void give_up(XtPointer self, XtIntervalId*);
     static void on_answer(
-        Widget, XtPointer attempt, Atom*, Atom* type, XtPointer value, unsigned long* length, int* format) {
-        auto* const bytes = static_cast<char*>(value);
-        if (number_in(attempt) == asking_->attempt_ && asking_->waiting()) {
-            const bool is_text = *type != None && *type != XT_CONVERT_FAIL && bytes != nullptr && *format == 8;
-            asking_->take(bytes, is_text ? *length : 0);
-        }
-        XtFree(bytes);
-    }
+        Widget, XtPointer attempt, Atom*, Atom* type, XtPointer value, unsigned long* length, int* format);
+    void take(const char* bytes, unsigned long length);
 
-    void take(const char* bytes, unsigned long length) {
-        if (length == 0 && format_ + 1 < formats_.size()) return ask_for(format_ + 1);
-        forget();
-        Block<char> text(length + 1);
-        if (!text || length == 0) return;
-        std::memcpy(text.data(), bytes, length);
-        deliver_(text.data());
-    }
-
-    static inline SelectionText* asking_ = nullptr;
+    static SelectionText* asking_;
 
     Atom selection_ = None;
     Formats formats_{};
     std::size_t format_ = 0;
     Time time_ = 0;
-    Deliver deliver_ = nullptr;
+    Receiver receiver_ = nullptr;
     XtIntervalId limit_ = 0;
-    int32_t attempt_ = 0;
+    int32_t attempt_ = 0; // tells the answer awaited from late ones
 };
 
 } // namespace grx

@@ -96,16 +96,11 @@ INT poll_timers(GRX_EVENEMENT* evt) {
     return evt_global.type_evenement != GRX_EVT_AUCUN ? deliver(evt) : deliver_nothing(evt);
 }
 
-// The end of a window that came while a dialog had the loop; not of one whose number is in use again.
+// The end of a window that came while a dialog had the loop.
 bool post_untold_end() {
-    const auto gone = grx::untold_ends & ~grx::windows_in_use();
-    grx::untold_ends.reset();
-    if (gone.none()) return false;
-    std::size_t first = 1;
-    while (!gone.test(first)) ++first;
-    grx::untold_ends = gone;
-    grx::untold_ends.reset(first);
-    grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, static_cast<INT>(first));
+    const INT nofen = grx::take_untold_end();
+    if (nofen == 0) return false;
+    grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, nofen);
     return true;
 }
 
@@ -113,7 +108,7 @@ INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
     grx::lay_out_pending();
     grx_init_evenement(&evt_global);
-    if (grx::untold_ends.any() && post_untold_end()) return deliver(evt);
+    if (post_untold_end()) return deliver(evt);
     if (attente == 0 && grx::queue_empty()) return poll_timers(evt);
     XEvent event;
     XtAppNextEvent(contexte, &event);

@@ -1,44 +1,39 @@
 // A loop inside the application's own, for a dialog that returns with its answer.
 #pragma once
 
-#include <bitset>
-#include <cstddef>
+#include <X11/Intrinsic.h>
 
-#include "toolkit/widgets.h"
+#include <bitset>
+
 #include "xt_ent_t.h"
-#include "xt_fen_f.h"
 #include "xt_ini_t.h"
 
 namespace grx {
 
 using WindowNumbers = std::bitset<GRX_NB_FENETRES>;
 
-/// Windows that went while such a loop ran: the application has not been told yet.
-inline WindowNumbers untold_ends;
+/// The window numbers that stand for a window now.
+WindowNumbers windows_in_use();
 
-inline WindowNumbers windows_in_use() {
-    WindowNumbers numbers;
-    for (INT nofen = 1; nofen < GRX_NB_FENETRES; ++nofen)
-        numbers[static_cast<std::size_t>(nofen)] = grx_recup_objet_fen(nofen) != nullptr;
-    return numbers;
-}
+/// Remembers windows that went while such a loop ran: the application has not been told yet.
+void note_untold_ends(const WindowNumbers& gone);
 
-/// Handles events until `done` says so. The application's pending record is as it was afterwards: what happened in the
-/// meantime was the dialog's, but for the ends of windows.
+/// The first of them, which is forgotten; 0 when there is none. One whose number is in use again is left out.
+INT take_untold_end();
+
+/// Handles events until `done` returns true. Afterwards the application's pending record is as it was before: what
+/// happened meanwhile concerned the dialog. Ends of windows are noted, for the application to be told later.
 template <class Done>
 void run_until(Done done) {
     const GRX_EVENEMENT pending = evt_global;
     const WindowNumbers before = windows_in_use();
-    while (!done()) XtAppProcessEvent(contexte, XtIMAll); // one at a time: a timer may be what ends it
-    untold_ends |= before & ~windows_in_use();
+    while (!done()) XtAppProcessEvent(contexte, XtIMAll); // one at a time: a timer may end the loop
+    note_untold_ends(before & ~windows_in_use());
     evt_global = pending;
 }
 
-/// Takes what such a loop had on show off the screen: inside a callback its destruction waits for the end of that.
-/// `shell` may be null, when it is gone.
-inline void take_off_screen(Widget shell) {
-    if (shell != nullptr) XtPopdown(shell);
-    if (x11_disp != nullptr) XFlush(x11_disp);
-}
+/// Takes the dialog of such a loop off the screen at once: its destruction waits for the end of a callback. `shell` is
+/// null when the dialog is gone already.
+void take_off_screen(Widget shell);
 
 } // namespace grx

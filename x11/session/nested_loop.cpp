@@ -1,0 +1,42 @@
+// What a loop inside the application's own leaves behind: ends of windows that the digitizing loop tells later.
+#include "session/nested_loop.h"
+
+#include <cstddef>
+
+#include "xt_fen_f.h"
+
+namespace grx {
+
+namespace {
+
+WindowNumbers untold_ends;
+
+} // namespace
+
+WindowNumbers windows_in_use() {
+    WindowNumbers numbers;
+    for (INT nofen = 1; nofen < GRX_NB_FENETRES; ++nofen)
+        numbers[static_cast<std::size_t>(nofen)] = grx_recup_objet_fen(nofen) != nullptr;
+    return numbers;
+}
+
+void note_untold_ends(const WindowNumbers& gone) {
+    untold_ends |= gone;
+}
+
+INT take_untold_end() {
+    if (untold_ends.none()) return 0;
+    untold_ends &= ~windows_in_use();
+    if (untold_ends.none()) return 0;
+    std::size_t first = 1;
+    while (!untold_ends.test(first)) ++first;
+    untold_ends.reset(first);
+    return static_cast<INT>(first);
+}
+
+void take_off_screen(Widget shell) {
+    if (shell != nullptr) XtPopdown(shell);
+    if (x11_disp != nullptr) XFlush(x11_disp);
+}
+
+} // namespace grx
