@@ -6,6 +6,8 @@
 
 #include "toolkit/widgets.h"
 #include "display/connection.h"
+#include "menus/menu_keys.h"
+#include "menus/menu_keys_state.h"
 #include "xt_bou_t.h"
 #include "xt_ent_t.h"
 #include "xt_fen_t.h"
@@ -51,12 +53,6 @@ void move_shell(Widget shell, INT x, INT y); // as grx_deplace_fenetre does, wit
 
 void key_over_part(Widget part, XtPointer, XEvent* event,
     Boolean* go_on); // event handler: keys over a widget without a number are keys over the window around it
-
-// -- menu bar (xt_fen03)
-extern XEvent evt_menu;                                       // last key event that no control took
-bool forward_to_menu(const XEvent& event);                    // true when it chose an entry or opened a menu
-bool was_forwarded(const XKeyEvent& event);                   // a key press that the library sent to the main window
-INT key_for_application(const XEvent& event, Boolean* go_on); // its code; 0: it went to the menus
 
 // -- events (xt_ent01, xt_ent02)
 INT code_of_key(const XKeyEvent& key); // whatever locks and layout group are on; 0: none
