@@ -81,7 +81,4 @@ void share_picture(INT nobou);              // its release takes it off every la
 void give_pixmap(INT nobou, Pixmap pixmap); // to the record; labels that showed the former one show it, which is freed
 Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like); // picture of a bitmap file, the caller's; None when unreadable
 
-// -- panel lists (xt_pan02)
-INT host_list_length(INT clef); // entries that the application has for a list, 0 for an unknown key
-
 } // namespace grx

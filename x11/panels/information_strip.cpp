@@ -6,8 +6,9 @@
 #include <algorithm>
 #include <array>
 
-#include "toolkit/control_parts.h"
 #include "pure/axis.h"
+#include "toolkit/control_parts.h"
+#include "toolkit/widgets.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_fme_f.h"

@@ -1,15 +1,12 @@
 // The window in which one colour of the palette is edited: sliders of two colour models that follow each other.
-#include "xt_prive.h"
-
-#include <X11/Xlib.h>
-
 #include <algorithm>
 #include <array>
 #include <cstring>
 
-#include "events/record.h"
 #include "pure/colour_model.h"
 #include "pure/text.h"
+#include "toolkit/widgets.h"
+#include "events/record.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"

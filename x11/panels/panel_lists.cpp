@@ -1,5 +1,5 @@
 // Lists in panels, filled from the application's tables.
-#include "xt_prive.h"
+#include "panels/panel_lists.h"
 
 #include <X11/StringDefs.h>
 #include <Xm/Form.h>
@@ -11,14 +11,17 @@
 #include <span>
 #include <utility>
 
-#include "host_g.h"
-#include "toolkit/args.h"
+#include "pure/axis.h"
 #include "system/block.h"
+#include "toolkit/args.h"
 #include "toolkit/field_text.h"
+#include "toolkit/late_layout.h"
 #include "toolkit/lists.h"
 #include "toolkit/option_menu.h"
-#include "pure/axis.h"
+#include "host_g.h"
+#include "xt_ent_t.h"
 #include "xt_fen_f.h"
+#include "xt_ini_t.h"
 #include "xt_pan_f.h"
 
 LISTE_PANEL* Tab_liste = nullptr;

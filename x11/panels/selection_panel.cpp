@@ -1,21 +1,21 @@
 // The selection panel: a list to choose from, with fields and buttons, in a window of its own.
 #include "xt_prive.h"
 
-#include <Xm/Form.h>
-#include <Xm/Xm.h>
+#include <X11/Intrinsic.h>
 
 #include <algorithm>
-#include <array>
 
-#include "toolkit/args.h"
-#include "toolkit/field_text.h"
-#include "events/record.h"
 #include "pure/axis.h"
 #include "pure/out.h"
+#include "pure/size.h"
 #include "pure/text.h"
+#include "toolkit/field_text.h"
+#include "toolkit/widgets.h"
+#include "events/record.h"
+#include "panels/item_buttons.h"
+#include "panels/panel_lists.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
-#include "xt_ent_t.h"
 #include "xt_ini_f.h"
 #include "xt_msg_f.h"
 #include "xt_pan_f.h"
@@ -35,7 +35,6 @@ constexpr INT kLinesAbove = 4, kLinesBelow = 2;
 
 enum PanelItem : INT { kListItem = 0, kFirstItem = 1, kFieldItem = 2, kSecondFieldItem = 3, kLastItem = 6 };
 constexpr INT kListKey = GRX_CLEF_LISTE_SELECT - GRX_BASE_CLEF_LISTE;
-enum Role : INT { kLabel = 0, kValue = 1 };
 
 INT characters(INT count) {
     return count * grx_recup_lar_carac_alpha();
@@ -68,7 +67,7 @@ void set_size(GRX_FENETRE& fenetre, const PANEL& panel) {
 }
 
 INT centred(INT origin, INT room, INT size) {
-    return static_cast<INT>(std::clamp<int64_t>(origin + (int64_t{room} - size) / 2, INT32_MIN, INT32_MAX));
+    return grx::saturated(origin + (int64_t{room} - size) / 2);
 }
 
 void set_position(GRX_FENETRE& fenetre) {
@@ -170,7 +169,7 @@ GRX_BOUTON control(const PANEL& panel, INT item, INT type) {
     return bou;
 }
 
-void add(GRX_BOUTON bou, INT item, Role role) {
+void add(GRX_BOUTON bou, INT item, char role) {
     if (grx_cree_bouton(&bou) != 0) return;
     if (grx_memorise_bouton_item(GRX_PANNEAU_SELECTION, item, role, bou.nobou) != 0) grx_detruit_bouton(bou.nobou);
 }
@@ -183,7 +182,7 @@ void add_button(const PANEL& panel, INT item, INT row) {
     button.tabi[GRX_BOU_TABI_HAUT] = lines(kLinesAbove) + row * (lines(1) + kMargin);
     button.largeur = characters(kColumnCharacters) - 2 * kMargin;
     button.hauteur = lines(1) + kMargin / 2;
-    add(button, item, kValue);
+    add(button, item, grx::kItemChoice);
 }
 
 // A label and its field on a line of their own above the list; `left` is where the fields begin.
@@ -194,7 +193,7 @@ void add_field(const PANEL& panel, INT item, INT row, INT left) {
     label.tabi[GRX_BOU_TABI_GAUCHE] = kMargin;
     label.tabi[GRX_BOU_TABI_HAUT] = top;
     label.hauteur = lines(1);
-    add(label, item, kLabel);
+    add(label, item, grx::kItemLabel);
     GRX_BOUTON field = control(panel, item, GRX_BOU_TEXTE);
     field.attache = GRX_ATTACHE_GAUCHE | GRX_ATTACHE_DROITE | GRX_ATTACHE_HAUT;
     field.tabi[GRX_BOU_TABI_COLONNES] = GRX_AUCUN;
@@ -203,7 +202,7 @@ void add_field(const PANEL& panel, INT item, INT row, INT left) {
     field.tabi[GRX_BOU_TABI_GAUCHE] = left;
     field.tabi[GRX_BOU_TABI_DROITE] = characters(kColumnCharacters);
     field.tabi[GRX_BOU_TABI_HAUT] = top;
-    add(field, item, kValue);
+    add(field, item, grx::kItemChoice);
 }
 
 INT fields_left(const PANEL& panel) {

@@ -29,6 +29,11 @@ bool holds_widget(Widget root, Widget wanted) {
     return std::any_of(children.begin(), children.end(), [wanted](Widget w) { return holds_widget(w, wanted); });
 }
 
+Widget managed(Widget w) {
+    if (w != nullptr) XtManageChild(w);
+    return w;
+}
+
 void by_parent(std::span<Widget> widgets, void (*call)(WidgetList, Cardinal)) {
     while (!widgets.empty()) {
         Widget const parent = XtParent(widgets.front());

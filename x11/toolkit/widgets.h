@@ -27,6 +27,9 @@ std::span<const Widget> children_of(Widget w);
 /// True when `wanted` is `root` or stands somewhere inside it. `wanted` is only compared: it may be gone.
 bool holds_widget(Widget root, Widget wanted);
 
+/// Manages a widget that could be made; gives it back.
+Widget managed(Widget w);
+
 /// One toolkit call for neighbours that have the same parent: others in the same call would be passed over.
 void by_parent(std::span<Widget> widgets, void (*call)(WidgetList, Cardinal));
 
