@@ -66,7 +66,8 @@ void AcceleratorTable::forget(Widget entry) {
 }
 
 void AcceleratorTable::follow_keyboard(Widget top) {
-    for (std::size_t i = 0; i < count_; ++i) ungrab(top, table_[i]); // all of them before any: places are exchanged
+    for (std::size_t i = 0; i < count_; ++i)
+        ungrab(top, table_[i]); // all before the first grab: keys may have changed places
     num_lock_ = num_lock_mask();
     for (std::size_t i = 0; i < count_; ++i) {
         table_[i].key.places = places_of(table_[i].key.symbol);

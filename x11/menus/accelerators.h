@@ -24,14 +24,16 @@ Accelerator accelerator_for(Widget entry, std::string_view text);
 /// The keys of one window's menu bar.
 class AcceleratorTable {
   public:
+    /// Grabs the key for `top`, the widget that the entries' window has for its keys.
     void add(Widget top, const Accelerator& accelerator);
 
-    /// An entry that is destroyed: its key then does nothing.
+    /// Forgets an entry that is destroyed: its key then does nothing.
     void forget(Widget entry);
 
-    /// The keys where a new layout of the keyboard has them.
+    /// Grabs the keys anew, where a new layout of the keyboard has them.
     void follow_keyboard(Widget top);
 
+    /// Forgets all keys; null when the grabs go with their window.
     void clear(Widget top);
 
     /// True for a key that is grabbed for another layout group than the one in force.
@@ -40,6 +42,7 @@ class AcceleratorTable {
     /// True for a key that activates an entry.
     bool has(const XKeyEvent& event) const { return entry_of(event) != nullptr; }
 
+    /// Chooses the entry of a key; false when there is none.
     bool activate(XEvent& event) const;
 
   private:

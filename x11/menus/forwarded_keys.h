@@ -8,10 +8,10 @@
 
 namespace grx {
 
-/// They come back in the order they were sent: one that does takes along those before it, which never will.
+/// Keys come back in the order in which they were sent: when one does, those before it are lost, and forgotten with it.
 class ForwardedKeys {
   public:
-    /// False when there is no room: what is not sent need not be told from the user's keys.
+    /// False when there is no room. The key must then not be sent: it could not be told from the user's.
     bool add(const XKeyEvent& event);
 
     bool holds(const XKeyEvent& event) const { return index_of(event) < count_; }

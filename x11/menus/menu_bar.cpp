@@ -9,8 +9,10 @@
 
 #include <cstdio>
 #include <string_view>
+#include <utility>
 
 #include "pure/menu_line.h"
+#include "pure/out.h"
 #include "pure/text.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
@@ -28,10 +30,17 @@
 
 namespace {
 
+Widget board = nullptr; // of the spare menu, never shown
+Widget spare = nullptr;
+
 // The application may destroy what it made with grx_cree_atome.
 void on_entry_death(Widget entry, XtPointer, XtPointer) {
     grx::forget_menu_key(entry);
     grx::forget_entry(entry);
+}
+
+Widget make_menu(Widget parent) {
+    return grx::make_pulldown(parent, "Sous_menu_bar");
 }
 
 Widget make_cascade(Widget support, const char* text, Widget submenu) {
@@ -42,15 +51,19 @@ Widget make_cascade(Widget support, const char* text, Widget submenu) {
     return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
 }
 
-// The toolkit forgets its arrow pictures, without freeing them, when the last cascade button of a look goes: one that
-// nobody sees, with the look of now, is there whenever menus are taken down.
+// The button that opens a menu; null where the toolkit would break.
+Widget add_cascade(Widget support, const char* text, Widget menu) {
+    if (!grx::is_pulldown(menu) || !grx::can_hold_children(support)) return nullptr;
+    return grx::managed(make_cascade(support, text, menu));
+}
+
+// Makes a cascade button that nobody sees before menus are taken down: when the last button of a look is destroyed, the
+// toolkit forgets the arrow pictures of that look without freeing them.
 void keep_a_cascade() {
-    static Widget board = nullptr;
-    static Widget spare = nullptr;
     Widget const before = spare;
     if (board == nullptr) board = XmCreateBulletinBoard(grx::hidden_shell(), const_cast<char*>("spare"), nullptr, 0);
-    spare = grx_debut_sous_menu_bar(board);
-    if (spare != nullptr) make_cascade(spare, " ", grx_debut_sous_menu_bar(spare));
+    spare = make_menu(board);
+    if (spare != nullptr) make_cascade(spare, " ", make_menu(spare));
     if (before != nullptr) XtDestroyWidget(before);
 }
 
@@ -81,6 +94,11 @@ KeySym mnemonic_key(char letter) {
     return XKeysymToKeycode(x11_disp, symbol) != 0 ? symbol : NoSymbol;
 }
 
+void set_mnemonic(grx::Args& args, char letter) {
+    if (const KeySym mnemonic = mnemonic_key(letter); mnemonic != NoSymbol)
+        args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
+}
+
 Widget make_separator(Widget parent) {
     grx::Args args;
     args.set(XmNorientation, XmHORIZONTAL);
@@ -104,8 +122,7 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
         accelerator_translation(text.accelerator, translation, sizeof translation);
         args.set(XmNacceleratorText, shown.get()).set(XmNaccelerator, translation);
     }
-    if (const KeySym mnemonic = mnemonic_key(text.mnemonic); mnemonic != NoSymbol)
-        args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
+    set_mnemonic(args, text.mnemonic);
     grx::set_menu_look(args);
     Widget entry = XmCreatePushButton(parent, const_cast<char*>("atome"), args.list(), args.count());
     if (entry == nullptr) return nullptr;
@@ -115,7 +132,7 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
     return entry;
 }
 
-// An entry or a separator in the table, not managed yet; null when it cannot be made.
+// Makes an entry or a separator, not managed yet; null when it cannot be made.
 Widget make_atom(const char* texte, const char* acce, char mneu, INT nofo, Widget mere) {
     if (!grx::can_hold_children(mere) || !grx::room_for_entry()) return nullptr;
     EntryText text{texte != nullptr ? texte : "", "", mneu};
@@ -129,19 +146,21 @@ Widget make_atom(const char* texte, const char* acce, char mneu, INT nofo, Widge
 
 // -- building
 
-struct Builder {
-    LI_MENU top_line{};
-    LI_MENU sub_line{};
-    Widget top = nullptr;    // open pulldown of the bar
-    Widget sub = nullptr;    // open submenu in it
-    std::size_t managed = 0; // entries that are: a menu is laid out when it is complete, not for each
+struct OpenMenu {
+    Widget pulldown = nullptr; // null: none is open
+    LI_MENU line{};            // that opened it
 };
 
-Widget open_pulldown(Widget parent) {
-    if (!grx::room_for_pulldown()) return nullptr;
-    Widget pulldown = grx_debut_sous_menu_bar(parent);
+struct Builder {
+    OpenMenu top;            // of the bar
+    OpenMenu sub;            // of that menu
+    std::size_t managed = 0; // entries managed so far: those of a menu when it is complete, so that it is laid out once
+};
+
+OpenMenu open_menu(Widget parent, const LI_MENU& line) {
+    Widget pulldown = grx::room_for_pulldown() ? make_menu(parent) : nullptr;
     if (pulldown != nullptr) grx::note_pulldown(pulldown);
-    return pulldown;
+    return {pulldown, line};
 }
 
 void manage_entries(Builder& b) {
@@ -151,27 +170,24 @@ void manage_entries(Builder& b) {
 }
 
 // The cascade button comes when its menu is complete, behind everything read before it.
-void close_pulldown(Builder& b, Widget& pulldown, const LI_MENU& line, Widget support) {
+void close_menu(Builder& b, OpenMenu& menu, Widget support) {
+    Widget const pulldown = std::exchange(menu.pulldown, nullptr);
     if (pulldown == nullptr) return;
     manage_entries(b);
-    LI_MENU copy = line;
-    Widget cascade = grx_fin_sous_menu_bar(copy.nom_fonction, pulldown, support);
-    pulldown = nullptr;
+    Widget cascade = add_cascade(support, menu.line.nom_fonction, pulldown);
     if (cascade == nullptr || !grx::note_cascade(cascade)) return;
-    const KeySym mnemonic = mnemonic_key(line.mneumonic);
-    if (mnemonic == NoSymbol) return;
     grx::Args args;
-    args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
-    XtSetValues(cascade, args.list(), args.count());
+    set_mnemonic(args, menu.line.mneumonic);
+    if (args.count() > 0) XtSetValues(cascade, args.list(), args.count());
 }
 
 void close_sub(Builder& b) {
-    close_pulldown(b, b.sub, b.sub_line, b.top);
+    close_menu(b, b.sub, b.top.pulldown);
 }
 
 void close_top(Builder& b) {
     close_sub(b);
-    close_pulldown(b, b.top, b.top_line, grx::menu_bar());
+    close_menu(b, b.top, grx::menu_bar());
 }
 
 void add_entry(const LI_MENU& line, Widget pulldown) {
@@ -182,44 +198,44 @@ void add_entry(const LI_MENU& line, Widget pulldown) {
 void build_in_bar(Builder& b, const LI_MENU& line) {
     if (line.itype == GRX_MENU_POPUP) {
         close_top(b);
-        b.top = open_pulldown(grx::menu_bar());
-        b.top_line = line;
+        b.top = open_menu(grx::menu_bar(), line);
     }
-    add_entry(line, b.top);
+    add_entry(line, b.top.pulldown);
 }
 
 void build_in_menu(Builder& b, const LI_MENU& line) {
     close_sub(b); // the closing brace of a submenu comes here as well
-    if (line.itype == GRX_MENU_POPUP && b.top != nullptr) {
-        b.sub = open_pulldown(b.top);
-        b.sub_line = line;
-    }
-    add_entry(line, b.top);
+    if (line.itype == GRX_MENU_POPUP && b.top.pulldown != nullptr) b.sub = open_menu(b.top.pulldown, line);
+    add_entry(line, b.top.pulldown);
 }
 
 void build_line(Builder& b, const LI_MENU& line, INT depth) {
     switch (depth) {
     case 1: build_in_bar(b, line); break;
     case 2: build_in_menu(b, line); break;
-    case 3: add_entry(line, b.sub); break;
+    case 3: add_entry(line, b.sub.pulldown); break;
     default: break;
     }
 }
 
 Widget make_bar(Widget parent) {
-    Widget bar = grx_debut_menu_bar(parent);
+    if (!grx::can_hold_children(parent)) return nullptr;
+    grx::Args args;
+    grx::set_menu_look(args);
+    return XmCreateMenuBar(parent, const_cast<char*>("Menu_bar"), args.list(), args.count());
+}
+
+// Makes the bar on show, in the place of one that the library made before.
+Widget make_bar_on_show(Widget parent) {
+    grx::start_entries();
+    grx::forget_menus();
+    grx::clear_menu_keys(nullptr);
+    Widget bar = make_bar(parent);
+    grx::set_menu_bar(bar);
     if (bar == nullptr) return nullptr;
     XtAddCallback(bar, XmNdestroyCallback, forget_bar, nullptr);
     grx::watch_keys_of_bar(parent);
     return bar;
-}
-
-Widget make_only_bar(Widget parent) {
-    grx::start_entries();
-    grx::forget_menus();
-    grx::clear_menu_keys(nullptr);
-    grx::set_menu_bar(make_bar(parent));
-    return grx::menu_bar();
 }
 
 void fill_bar(grx::MenuFile& file) {
@@ -241,35 +257,7 @@ extern "C" {
 
 INT grx_cree_menu_bar(Widget parent) {
     grx::MenuFile file;
-    if (is_open(file) && grx::can_hold_children(parent) && make_only_bar(parent) != nullptr) fill_bar(file);
-    return 0;
-}
-
-Widget grx_debut_menu_bar(Widget mere) {
-    if (!grx::can_hold_children(mere)) return nullptr;
-    grx::Args args;
-    grx::set_menu_look(args);
-    return XmCreateMenuBar(mere, const_cast<char*>("Menu_bar"), args.list(), args.count());
-}
-
-Widget grx_debut_sous_menu_bar(Widget mere) {
-    return grx::make_pulldown(mere, "Sous_menu_bar");
-}
-
-Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
-    if (!grx::is_pulldown(mere) || !grx::can_hold_children(support)) return nullptr; // others break the toolkit
-    Widget cascade = make_cascade(support, texte, mere);
-    if (cascade != nullptr) XtManageChild(cascade);
-    return cascade;
-}
-
-INT grx_cree_atome(char* texte, char* acce, char mneu, int nofo, Widget mere) {
-    if (Widget entry = make_atom(texte, acce, mneu, nofo, mere)) XtManageChild(entry);
-    return 0;
-}
-
-INT grx_fin_menu_bar(void) {
-    if (!grx::menu_entries().empty()) grx::forget_menu_widgets();
+    if (is_open(file) && grx::can_hold_children(parent) && make_bar_on_show(parent) != nullptr) fill_bar(file);
     return 0;
 }
 
@@ -292,14 +280,36 @@ INT grx_recree_menu_bar(void) {
     return 0;
 }
 
+Widget grx_debut_menu_bar(Widget mere) {
+    return make_bar(mere);
+}
+
+Widget grx_debut_sous_menu_bar(Widget mere) {
+    return make_menu(mere);
+}
+
+Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
+    return add_cascade(support, texte, mere);
+}
+
+INT grx_cree_atome(char* texte, char* acce, char mneu, int nofo, Widget mere) {
+    grx::managed(make_atom(texte, acce, mneu, nofo, mere));
+    return 0;
+}
+
+INT grx_fin_menu_bar(void) {
+    if (!grx::menu_entries().empty()) grx::forget_menu_widgets();
+    return 0;
+}
+
 Widget grx_get_Glob_menu_bar(void) {
     return grx::menu_bar();
 }
 
 INT grx_recup_taille_menu_bar(INT, INT* lar, INT* hau) {
     const grx::Size size = grx::menu_bar() != nullptr ? grx::size_of(grx::menu_bar()) : grx::Size{};
-    if (lar != nullptr) *lar = size.width;
-    if (hau != nullptr) *hau = size.height;
+    grx::give(lar, size.width);
+    grx::give(hau, size.height);
     return 0;
 }
 

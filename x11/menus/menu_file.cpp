@@ -17,7 +17,6 @@ constexpr INT kSkipped = 1;
 constexpr INT kTaken = 0;
 constexpr INT kNoKeyword = -1;
 constexpr INT kUnbalanced = -2;
-constexpr int kForReading = 2;
 
 bool Debut_Menu = false; // the application has decoded the line with the zone's marker
 
@@ -59,7 +58,7 @@ INT decode_content(LI_MENU& line, const grx::MenuContent& content) {
     return kTaken;
 }
 
-// A line where the reader stands: behind the zone's marker or not, and in how many braces.
+// Decodes a line; `in_zone` and `depth` say where the reader stands: behind the zone's marker, in so many braces.
 INT decode_line(std::string_view text, std::string_view zone, LI_MENU& line, bool& in_zone, INT& depth) {
     const grx::MenuLine kind = grx::menu_line(text, zone, in_zone, depth);
     if (kind == grx::MenuLine::comment || kind == grx::MenuLine::skip_word) return kSkipped;
@@ -87,7 +86,7 @@ FILE* open_menu_file() {
     FILE* file = nullptr;
     char nowhere[] = "";
     char* const directory = sstate[SST_REP_MENU] != nullptr ? sstate[SST_REP_MENU] : nowhere;
-    const INT result = ftext_open(&file, directory, const_cast<char*>(menu_file_name()), kForReading);
+    const INT result = ftext_open(&file, directory, const_cast<char*>(menu_file_name()), HOST_MODE_LECTURE);
     return result == -1 ? nullptr : file;
 }
 
@@ -115,13 +114,13 @@ bool MenuFile::next() {
 
 extern "C" {
 
-INT decode_chaine_ressource_menu(char* chaine, LI_MENU* ligne_menu) {
-    return ligne_menu != nullptr ? decode_content(*ligne_menu, grx::menu_content(grx::view(chaine))) : kNoKeyword;
-}
-
 INT decode_ligne_ressource_menu(char* debut, char* ligne, LI_MENU* ligne_menu, INT* ind_para) {
     if (ligne_menu == nullptr || ind_para == nullptr) return kSkipped;
     return decode_line(grx::view(ligne), grx::view(debut), *ligne_menu, Debut_Menu, *ind_para);
+}
+
+INT decode_chaine_ressource_menu(char* chaine, LI_MENU* ligne_menu) {
+    return ligne_menu != nullptr ? decode_content(*ligne_menu, grx::menu_content(grx::view(chaine))) : kNoKeyword;
 }
 
 INT copie_li_menu(LI_MENU* li1, LI_MENU li2) {

@@ -28,10 +28,10 @@ grx::Kept<grx::AcceleratorTable> kept_accelerators;
 grx::AcceleratorTable& accelerators = kept_accelerators.value;
 grx::ForwardedKeys forwarded;
 
-bool opening_menu = false;    // the key that the toolkit knows is on its way to the bar
-unsigned int opening_key = 0; // whose release is still to come
+bool opening_menu = false;    // open_menu() has a key on its way to the bar
+unsigned int opening_key = 0; // that opened a menu and is not released yet
 
-// What the toolkit does with keys, and with a new keyboard layout.
+// The toolkit's own dispatchers of keys and of new keyboard layouts.
 XtEventDispatchProc dispatch_press = nullptr;
 XtEventDispatchProc dispatch_release = nullptr;
 XtEventDispatchProc dispatch_mapping = nullptr;
@@ -47,7 +47,7 @@ grx::MenuKey key_of_menu(Widget cascade) {
     return {symbol, Mod1Mask, symbol != NoSymbol ? grx::places_of(symbol) : grx::KeyPlaces{}};
 }
 
-// Those of the bar open with Alt and their letter.
+// The menu of the bar that `match` finds for a key: each opens with Alt and its letter.
 template <class Match>
 Widget menu_with(const XKeyEvent& event, Match match) {
     if ((event.state & Mod1Mask) == 0) return nullptr;
@@ -69,7 +69,8 @@ KeyCode known_key(Widget cascade) {
 
 // -- opening and choosing
 
-// The toolkit's menus open when the key is released; the user's release would close them.
+// Sends the toolkit the press and the release of the key that it knows, because its menus open at the release. The user's
+// own release, which would close the menu, is then swallowed.
 void open_menu(Widget cascade, const XEvent& event) {
     XEvent known = event;
     known.xkey.window = grx::window_of(grx::top_manager());
@@ -109,7 +110,7 @@ Widget focus_in(Widget top) {
     return focus != nullptr && focus != top ? focus : grx_recup_objet_fen(grx_recup_nofen_principale());
 }
 
-// A key that was grabbed for another layout group goes where it would have gone.
+// Gives a key to the widget with the focus, which would have it if another layout group did not need the grab.
 void pass_on(const XEvent& event, Widget focus) {
     XEvent key = event;
     Window child = None;
@@ -135,7 +136,7 @@ void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
 
 // -- in the place of the toolkit's dispatchers
 
-// In open menus a letter counts where the toolkit looks for it.
+// Turns a key typed into an open menu into the one that the toolkit knows: that of the letter in the first layout group.
 void follow_group(XKeyEvent& event) {
     if (!grx::has_open_menu(grx::menu_bar())) return;
     XKeyEvent key = event;
@@ -146,7 +147,7 @@ void follow_group(XKeyEvent& event) {
     event.state = XkbBuildCoreState(event.state, 0);
 }
 
-// What was sent on has been to the menus: no widget types it, no record comes of it.
+// Swallows a forwarded key that comes back: the menus have had it.
 Boolean on_key_press(XEvent* event) {
     if (forwarded.take(event->xkey)) return True;
     if (event->xkey.keycode == opening_key) opening_key = 0;
@@ -165,7 +166,7 @@ Boolean on_key_release(XEvent* event) {
     return dispatch_release(&key);
 }
 
-// The toolkit keeps the key of a mnemonic, not its letter.
+// Sets a mnemonic again: the toolkit keeps the key of its letter, which may be another one now.
 void look_for_mnemonic_again(Widget w) {
     if (w == nullptr || XmIsSeparator(w)) return;
     const auto symbol = grx::resource<KeySym>(w, XmNmnemonic, NoSymbol);
@@ -173,7 +174,7 @@ void look_for_mnemonic_again(Widget w) {
     for (const KeySym value : {KeySym{NoSymbol}, symbol}) grx::set_resource(w, XmNmnemonic, value);
 }
 
-// The toolkit has read the new layout when this is called.
+// Follows a new keyboard layout once the toolkit has read it.
 Boolean on_mapping(XEvent* event) {
     const Boolean handled = dispatch_mapping(event);
     if (grx::menu_bar() == nullptr) return handled;

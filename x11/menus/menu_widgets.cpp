@@ -25,7 +25,7 @@ int Nb_cascade = 0;
 std::array<Widget, kMostMenus> Tab_pull{};
 int Nb_pull = 0;
 
-// The youngest first: the shell of a submenu goes with the menu that holds it.
+// Destroys the youngest first, because the shell of a submenu goes with the menu that holds it.
 template <std::size_t N>
 void destroy_all(std::array<Widget, N>& widgets, int count) {
     for (int i = count - 1; i >= 0; --i) XtDestroyWidget(widgets[static_cast<std::size_t>(i)]);
@@ -71,7 +71,7 @@ void forget_entry(Widget entry) {
     }
 }
 
-// Of a menu that holds them still, each that goes would have the others laid out again.
+// Unmanages all of them first: a menu would lay out the others for each managed one that is destroyed.
 void destroy_entries() {
     Block<Widget> entries = std::move(Tab_objet);
     Widget* const end = std::remove(entries.begin(), entries.begin() + std::exchange(Nb_objet, 0), nullptr);

@@ -60,7 +60,7 @@ Widget add_form_title(Item& item, Widget form, const char* text) {
     return grx_recup_objet_bout(add(item, label, kItemLabel));
 }
 
-// As large as its content: a container that is not on show yet does not grow with it.
+// Shows a container in the size of its content: before it is on show it does not grow with it.
 void put_on_screen(Widget container) {
     set_size(container, wanted_size(container));
     if (XtIsRealized(XtParent(container))) XtRealizeWidget(container); // what it asks for then costs no layout yet
@@ -168,18 +168,19 @@ INT make_radio_item(const GRX_MSG& message) {
 
 extern "C" {
 
-INT decode_message(char* message, INT nb, INT* nb_lignes, char lignes[][GRX_ITEM_LIGNE_MAX]) {
-    static_assert(GRX_ITEM_LIGNE_MAX == grx::kItemLineSize);
-    if (nb_lignes == nullptr) return 0;
-    *nb_lignes = lignes != nullptr ? grx::cut_item_text(grx::view(message), *nb_lignes, lignes) : 0;
-    if (*nb_lignes > 0) grx::pad_item_line(lignes[grx::longest_choice(lignes, *nb_lignes)], nb);
-    return 0;
-}
 INT grx_cree_istate1(GRX_MSG* message) {
     return message != nullptr ? grx::items::make_choice_item(*message) : 0;
 }
 
 INT grx_cree_bstate1(GRX_MSG* message) {
     return message != nullptr ? grx::items::make_radio_item(*message) : 0;
+}
+
+INT decode_message(char* message, INT nb, INT* nb_lignes, char lignes[][GRX_ITEM_LIGNE_MAX]) {
+    static_assert(GRX_ITEM_LIGNE_MAX == grx::kItemLineSize);
+    if (nb_lignes == nullptr) return 0;
+    *nb_lignes = lignes != nullptr ? grx::cut_item_text(grx::view(message), *nb_lignes, lignes) : 0;
+    if (*nb_lignes > 0) grx::pad_item_line(lignes[grx::longest_choice(lignes, *nb_lignes)], nb);
+    return 0;
 }
 }

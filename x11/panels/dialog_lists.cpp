@@ -21,10 +21,10 @@
 
 namespace {
 
-// A list's selection outlives a click that takes it back; the entries live as long as the list.
+// A list with its entries, which live as long as it does, and what was selected last: also when a click took that back.
 struct Slot {
     grx::Block<INT> selection;
-    grx::ItemTable items;
+    grx::EntryTable entries;
     Widget list = nullptr;
 };
 grx::Kept<std::array<Slot, GRX_NB_LISTES>> kept_slots;
@@ -89,12 +89,12 @@ int visible_entries(INT count) {
     return std::min<int>(count, INT16_MAX / std::max(2 * line, 1));
 }
 
-Widget make_list(Widget parent, const GRX_MSG& message, grx::ItemTable& items) {
+Widget make_list(Widget parent, const GRX_MSG& message, grx::EntryTable& entries) {
     grx::FieldText title(message.titre);
     grx::Args args;
     grx::set_list_look(args, (message.attribut & GRX_MSG_ATT_MULTI) != 0);
-    args.set(XmNitems, items.get()).set(XmNitemCount, items.count());
-    if (items.count() > 0) args.set(XmNvisibleItemCount, visible_entries(items.count()));
+    args.set(XmNitems, entries.get()).set(XmNitemCount, entries.count());
+    if (entries.count() > 0) args.set(XmNvisibleItemCount, visible_entries(entries.count()));
     if (message.x != GRX_AUCUN) args.set(XmNx, grx::as_position(message.x));
     if (message.y != GRX_AUCUN) args.set(XmNy, grx::as_position(message.y));
     return grx::managed(XmCreateScrolledList(parent, title.data(), args.list(), args.count()));
@@ -120,12 +120,12 @@ Widget grx_cree_liste(GRX_MSG* message) {
     if (slot == nullptr || !grx::can_hold_children(parent) || count < 0) return nullptr;
     if (message->choix == nullptr && count > 0) return nullptr;
     Slot made;
-    made.items = grx::ItemTable(static_cast<std::size_t>(count));
-    if (!made.items) return nullptr;
+    made.entries = grx::EntryTable(static_cast<std::size_t>(count));
+    if (!made.entries) return nullptr;
     made.selection = grx::Block<INT>(grx::room_for(count));
     if (!made.selection) return nullptr;
-    for (INT i = 0; i < count; ++i) made.items.set(static_cast<std::size_t>(i), message->choix[i]);
-    Widget list = make_list(parent, *message, made.items);
+    for (INT i = 0; i < count; ++i) made.entries.set(static_cast<std::size_t>(i), message->choix[i]);
+    Widget list = make_list(parent, *message, made.entries);
     if (list == nullptr) return nullptr;
     *slot = std::move(made);
     occupy(*slot, message->nb_cara, list);

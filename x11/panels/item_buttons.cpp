@@ -29,7 +29,7 @@ INT* Nb_item = nullptr;
 namespace {
 
 PANEL* given_panels = nullptr; // Tab_pan was set here, not by the application
-INT table_places = 0;          // of Liste_btn and Nb_item, whatever the application makes of Nb_pan
+INT table_size = 0;            // of Liste_btn and Nb_item, whatever the application makes of Nb_pan
 
 template <class T>
 bool allocate(T*& table, INT count) {
@@ -44,7 +44,7 @@ void release(T*& table, INT count) {
 }
 
 bool in_tables(INT ipan) {
-    return Liste_btn != nullptr && Nb_item != nullptr && ipan >= 0 && ipan < table_places;
+    return Liste_btn != nullptr && Nb_item != nullptr && ipan >= 0 && ipan < table_size;
 }
 
 bool known_panel(INT ipan) {
@@ -159,7 +159,7 @@ extern "C" {
 
 INT grx_alloue_base_items_panels(INT nb_pan, PANEL* tab) {
     if (Liste_btn != nullptr || Nb_item != nullptr) grx_desalloue_base_items_panels();
-    Nb_pan = table_places = std::max<INT>(nb_pan, 0);
+    Nb_pan = table_size = std::max<INT>(nb_pan, 0);
     if (Tab_pan == nullptr) Tab_pan = given_panels = tab;
     if (!allocate_panels(Nb_pan, tab)) return GRX_ERR_ALLOC_PANNEAUX;
     return grx_alloue_base_liste_panels() == 0 ? 0 : GRX_ERR_ALLOC_PANNEAUX;
@@ -169,9 +169,9 @@ INT grx_desalloue_base_items_panels(void) {
     for (INT i = 0; in_tables(i); ++i) {
         if (Nb_item[i] > 0) release(Liste_btn[i], Nb_item[i]);
     }
-    release(Nb_item, table_places);
-    release(Liste_btn, table_places);
-    Nb_pan = table_places = 0;
+    release(Nb_item, table_size);
+    release(Liste_btn, table_size);
+    Nb_pan = table_size = 0;
     if (Tab_pan == given_panels) Tab_pan = nullptr;
     given_panels = nullptr;
     return grx_desalloue_base_liste_panels();

@@ -13,6 +13,8 @@ constexpr char kItemChoice = 1;
 
 constexpr std::size_t kMostButtons = 255; // what the count of a record can hold
 
+constexpr INT kKindsInFamily = 10; // the last digit of an item's kind tells those of one family apart
+
 /// The record of an item; null for one that the tables do not have.
 BOUTONS_PANEL* item_record(INT ipan, INT item);
 

@@ -32,7 +32,7 @@ void press_if_set(const Item& item, INT nobou) {
     if (item.message.ival == 1) grx_enfonce_bouton(nobou);
 }
 
-// Sets a label's text apart from what stands to its left.
+// Moves a label's text away from what stands to its left.
 void indent(Widget label, INT by) {
     if (label == nullptr) return;
     Args args;
@@ -84,8 +84,8 @@ INT add_push_button(Item& item, const char* title, INT no_fo) {
 
 // -- scales, lists, separators, labels, drawing areas
 
-// The attributes of both scales are those of other kinds; which way they lie, their own kind says. Turning a scale
-// exchanges its width and height: they are given again.
+// Lays a scale the way that its kind of item says; its attribute bits say something else. Turning exchanges width and
+// height: both are given again.
 void turn(Widget w, bool horizontal, const GRX_BOUTON& scale) {
     Args direction, size;
     direction.set(XmNorientation, horizontal ? XmHORIZONTAL : XmVERTICAL);
@@ -110,13 +110,13 @@ void add_scale(Item& item) {
     grx_change_valeur_echelle(nobou, item.message.ival);
 }
 
-// A list is known by its key and panel, not by buttons of the item.
+// Adds no button to the item: a list is known by its key and its panel.
 void add_list(Item& item) {
     const GRX_MSG& message = item.message;
     GRX_MSG list{};
     grx_init_message(&list);
     list.clef = numbered(message.clef, GRX_BASE_CLEF_LISTE);
-    list.type = message.type % kTenths;
+    list.type = message.type % kKindsInFamily;
     list.nb_cara = host_list_length(message.clef);
     list.nobou = item.panel;
     list.fen_mere = message.fen_mere;
@@ -161,10 +161,10 @@ void write_real(const GRX_MSG& message, CH80& text) {
     copy_text(text, number);
 }
 
-// The content of a field and the function number that tells of it, by the family of the kind.
+// Sets the content of a field and the function number that it posts, by the family of the item.
 void set_content(GRX_BOUTON& field, const GRX_MSG& message) {
     field.no_fo = message.clef;
-    switch (message.type / kTenths) {
+    switch (message.type / kKindsInFamily) {
     case GRX_ITEM_FAMILLE_TEXTE:
         copy_text(field.titre, FieldText(message.cval).c_str());
         field.no_fo = numbered(message.clef, GRX_BASE_NOFO_TEXTE);
@@ -190,7 +190,7 @@ void add_field_label(Item& item, const char* title) {
     add(item, label, kItemLabel);
 }
 
-// Gives the number of the field, 0 without one.
+// Adds the field; its number, 0 when the item has none.
 INT add_field(Item& item) {
     const GRX_MSG& message = item.message;
     if (message.nb_cara <= 0) return 0;
@@ -210,12 +210,14 @@ void add_labelled_field(Item& item, GRX_MSG& message, const char* title) {
 }
 
 void build_family(Item& item, GRX_MSG& message, const char* title) {
-    switch (message.type / kTenths) {
-    case GRX_ITEM_FONCTION / kTenths: add_push_button(item, title, numbered(item.panel, GRX_BASE_NOFO_FONCTION)); break;
-    case GRX_ITEM_FONCTION_CLEF / kTenths: add_push_button(item, title, message.clef); break;
-    case GRX_ITEM_LISTE / kTenths: add_list(item); break;
-    case GRX_ITEM_TITRE / kTenths: add_title(item, title); break;
-    case GRX_ITEM_ZONE_DESSIN / kTenths: add_drawing_area(item); break;
+    switch (message.type / kKindsInFamily) {
+    case GRX_ITEM_FONCTION / kKindsInFamily:
+        add_push_button(item, title, numbered(item.panel, GRX_BASE_NOFO_FONCTION));
+        break;
+    case GRX_ITEM_FONCTION_CLEF / kKindsInFamily: add_push_button(item, title, message.clef); break;
+    case GRX_ITEM_LISTE / kKindsInFamily: add_list(item); break;
+    case GRX_ITEM_TITRE / kKindsInFamily: add_title(item, title); break;
+    case GRX_ITEM_ZONE_DESSIN / kKindsInFamily: add_drawing_area(item); break;
     default: add_labelled_field(item, message, title); break;
     }
 }

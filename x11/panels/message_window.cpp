@@ -39,7 +39,7 @@ INT on_screen(int64_t edge) {
 }
 
 // KEEP: the caller's record then counts y downwards, so that a second call with it moves the window.
-void place(GRX_FENETRE& fenetre) {
+void turn_into_frame_place(GRX_FENETRE& fenetre) {
     const Decoration decoration = decoration_of(fenetre.attrib);
     const int32_t top = grx::top_of_box(grx_recup_hau_ecran(), fenetre.y, fenetre.haut);
     fenetre.x = on_screen(int64_t{fenetre.x} - decoration.left);
@@ -54,7 +54,7 @@ void give_place(Widget shell, const GRX_FENETRE& fenetre) {
     std::snprintf(geometry.data(), geometry.size(), "+%d+%d", fenetre.x, fenetre.y);
     grx::Args args;
     args.set(XmNgeometry, geometry.data());
-    // A shell that has its window no longer looks at its geometry text.
+    // A realised shell does not read its geometry text any more.
     if (XtIsRealized(shell)) args.set(XmNx, grx::as_position(fenetre.x)).set(XmNy, grx::as_position(fenetre.y));
     XtSetValues(shell, args.list(), args.count());
 }
@@ -75,7 +75,7 @@ INT grx_cree_fenetre_message_alpha(GRX_FENETRE* fenetre) {
     if (fenetre == nullptr) return 0;
     Widget shell = grx_recherche_shell(grx_recup_objet_fen(fenetre->nofen));
     if (shell == nullptr) return 0;
-    place(*fenetre);
+    turn_into_frame_place(*fenetre);
     give_place(shell, *fenetre);
     XtRealizeWidget(shell);
     keep_picture_when_mapped(shell);

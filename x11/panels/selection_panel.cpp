@@ -27,7 +27,6 @@ INT Pos_select_y = GRX_AUCUN;
 INT Taille_select_x = GRX_AUCUN;
 INT Taille_select_y = GRX_AUCUN;
 
-constexpr INT kUnits = 10;
 constexpr INT kTopLevelDialog = 2;    // kind of a panel on show in a window of its own
 constexpr INT kMargin = 10;           // of the window, in pixels
 constexpr INT kColumnCharacters = 20; // right of the list
@@ -60,7 +59,7 @@ bool both_set(INT first, INT second) {
 
 // -- the window
 
-void set_size(GRX_FENETRE& fenetre, const PANEL& panel) {
+void choose_size(GRX_FENETRE& fenetre, const PANEL& panel) {
     const bool saved = both_set(Taille_select_x, Taille_select_y);
     fenetre.droite = saved ? Taille_select_x : panel.tx;
     fenetre.haut = saved ? Taille_select_y : panel.ty;
@@ -70,7 +69,7 @@ INT centred(INT origin, INT room, INT size) {
     return grx::saturated(origin + (int64_t{room} - size) / 2);
 }
 
-void set_position(GRX_FENETRE& fenetre) {
+void choose_position(GRX_FENETRE& fenetre) {
     if (!both_set(Pos_select_x, Pos_select_y)) {
         Pos_select_x = centred(grx_get_pos_appli_x(), grx_recup_lar_ecran(), fenetre.droite);
         Pos_select_y = centred(grx_get_pos_appli_y(), grx_recup_hau_ecran(), fenetre.haut);
@@ -79,12 +78,12 @@ void set_position(GRX_FENETRE& fenetre) {
     fenetre.y = Pos_select_y;
 }
 
-bool open_window(PANEL& panel) {
+bool create_window(PANEL& panel) {
     GRX_FENETRE fenetre;
     grx_init_fenetre(&fenetre);
     grx::copy_text(fenetre.titre, grx::FieldText(panel.titre).c_str());
-    set_size(fenetre, panel);
-    set_position(fenetre);
+    choose_size(fenetre, panel);
+    choose_position(fenetre);
     fenetre.type = GRX_FEN_ALPHA;
     fenetre.attrib = GRX_FEN_ATT_VISIBLE | GRX_FEN_ATT_SANS_BOITES;
     fenetre.fen_mere = grx_recup_nofen_principale();
@@ -96,7 +95,8 @@ bool open_window(PANEL& panel) {
 
 // -- where the user leaves it
 
-// Place of the window's frame when it came up, and what it stood for; later places are told from it.
+// Where the window's frame stood when it came up, and the saved place that it came up for: later places are saved by how
+// far they are from there.
 struct Reference {
     bool known = false;
     INT x = 0, low = 0;           // left edge, and lower edge from the bottom of the screen
@@ -106,7 +106,7 @@ struct Reference {
 };
 Reference reference, last;
 
-// Told by the window manager's frame, which stays where it is while the window is being put into it.
+// Asks the window manager's frame, which stays where it is while the window is put into it.
 Reference where(Widget shell) {
     INT x = 0, y = 0;
     grx::frame_place(shell, x, y);
@@ -123,12 +123,12 @@ void note_place(const Reference& now) {
 }
 
 void on_structure(Widget shell, XtPointer, XEvent* event, Boolean*) {
-    // The first map is told before the window is in its frame, and may be seen halfway into it.
+    // At the first map the window may not be in its frame yet, or halfway: its move into the frame is told after it.
     const bool shown = event->type == MapNotify && !reference.known;
     if (shown || event->type == ReparentNotify) reference = last = where(shell);
     if (event->type != ConfigureNotify || !reference.known) return;
     const Reference now = where(shell);
-    if (now.same_place(last)) return; // told again: what the application set meanwhile holds
+    if (now.same_place(last)) return; // told once more: what the application has set meanwhile holds
     last = now;
     note_place(now);
 }
@@ -145,7 +145,7 @@ void add_list(const PANEL& panel) {
     GRX_MSG list{};
     grx_init_message(&list);
     list.clef = GRX_CLEF_LISTE_SELECT;
-    list.type = panel.tab_items[kListItem].type % kUnits;
+    list.type = panel.tab_items[kListItem].type % grx::kKindsInFamily;
     list.x = -kMargin;
     list.y = -lines(kLinesAbove);
     list.hauteur = -lines(kLinesBelow);
@@ -221,7 +221,7 @@ void add_neighbours(const PANEL& panel) {
     for (INT item = kSecondFieldItem + 1; item <= kLastItem; ++item) add_button(panel, item, row++);
 }
 
-// One selection panel at a time; its end is not told as that of the window that takes its number.
+// Closes the panel on show, of which there is one at most. Its end is not posted: the new window may take its number.
 void close_former(const PANEL& panel) {
     const bool on_show = grx_recup_objet_item_liste(GRX_PANNEAU_SELECTION, kListKey) != nullptr;
     grx_supprime_items(GRX_PANNEAU_SELECTION);
@@ -239,7 +239,7 @@ INT grx_affiche_panel_selection_g(INT, INT, INT) {
     PANEL* const panel = selection_panel();
     if (panel == nullptr) return 0;
     close_former(*panel);
-    if (!open_window(*panel)) return 0;
+    if (!create_window(*panel)) return 0;
     follow(*panel);
     add_list(*panel);
     add_neighbours(*panel);

@@ -70,7 +70,7 @@ void hang_one_way(XmFormAttachmentRec& before, const XmFormAttachmentRec& behind
     before.offset = at;
 }
 
-// Where a child stands when it is managed is noted at once: the application may change what it hangs on.
+// Notes at once where a child stands when it is managed: the application may then change what it hangs on.
 void hang_where_it_stands(Widget child) {
     const bool by_position = reinterpret_cast<XmFormRec*>(XtParent(child))->form.rubber_positioning != False;
     if (by_position || !XtIsRectObj(child)) return;
@@ -90,7 +90,7 @@ void change_managed(Widget container) {
     toolkit_methods(container).change_managed(container);
 }
 
-// What a child asks for is weighed against the places of the others.
+// Lays out before a child's request is weighed: it depends on where the others stand.
 XtGeometryResult geometry_manager(Widget child, XtWidgetGeometry* request, XtWidgetGeometry* reply) {
     pending_layouts.lay_out(XtParent(child));
     return toolkit_methods(XtParent(child)).geometry_manager(child, request, reply);
@@ -108,7 +108,7 @@ bool asks_for_place(const Arg& arg) {
         names.begin(), names.end(), [&arg](const char* name) { return std::strcmp(arg.name, name) == 0; });
 }
 
-// The toolkit has given what there was: that is read again when it is settled.
+// Reads places and sizes once more after a layout: the toolkit has given those before it.
 void read_settled(Widget container, Widget w, ArgList args, Cardinal count) {
     if (!pending_layouts.has(container) || std::none_of(args, args + count, asks_for_place)) return;
     pending_layouts.lay_out(container);
@@ -137,8 +137,8 @@ bool hangs_on(Widget child, Widget neighbour) {
            && std::any_of(sides, sides + count, [=](const auto& side) { return side.w == neighbour; });
 }
 
-// A form sorts its children for each that goes: while their layout is pending there is no order to keep. What hangs on a
-// dying child is taken off it by a layout.
+// Takes a child out of a form. The form would sort the others for each child: while their layout is pending there is no
+// order to keep. Children that hang on the dying one are taken off it by a layout first.
 void delete_child_of_form(Widget child) {
     Widget const form = XtParent(child);
     const auto children = children_of(form);

@@ -12,18 +12,18 @@
 
 namespace grx {
 
-ItemTable& ItemTable::operator=(ItemTable&& other) noexcept {
+EntryTable& EntryTable::operator=(EntryTable&& other) noexcept {
     free_strings();
     strings_ = std::move(other.strings_);
     count_ = std::exchange(other.count_, 0);
     return *this;
 }
 
-void ItemTable::set(std::size_t i, const char* text) {
+void EntryTable::set(std::size_t i, const char* text) {
     strings_[i] = XmStringCreateLtoR(const_cast<char*>(text != nullptr ? text : ""), const_cast<char*>(kFontTag));
 }
 
-void ItemTable::free_strings() {
+void EntryTable::free_strings() {
     for (XmString& string : strings_) {
         if (string != nullptr) XmStringFree(string);
     }

@@ -13,16 +13,16 @@
 namespace grx {
 
 /// The entries of a list as compound strings; a list copies them.
-class ItemTable {
+class EntryTable {
   public:
-    ItemTable() = default;
-    explicit ItemTable(std::size_t count) : strings_(count > 0 ? count : 1), count_(count) {}
-    ItemTable(ItemTable&& other) noexcept
+    EntryTable() = default;
+    explicit EntryTable(std::size_t count) : strings_(count > 0 ? count : 1), count_(count) {}
+    EntryTable(EntryTable&& other) noexcept
         : strings_(std::move(other.strings_)), count_(std::exchange(other.count_, 0)) {}
-    ItemTable& operator=(ItemTable&& other) noexcept;
-    ItemTable(const ItemTable&) = delete;
-    ItemTable& operator=(const ItemTable&) = delete;
-    ~ItemTable() { free_strings(); }
+    EntryTable& operator=(EntryTable&& other) noexcept;
+    EntryTable(const EntryTable&) = delete;
+    EntryTable& operator=(const EntryTable&) = delete;
+    ~EntryTable() { free_strings(); }
 
     explicit operator bool() const { return static_cast<bool>(strings_); }
     XmStringTable get() { return count_ > 0 ? strings_.data() : nullptr; }
@@ -52,8 +52,8 @@ void add_list_callbacks(Widget list, const ListCallbacks& callbacks, XtPointer c
 
 void remove_list_callbacks(Widget list, const ListCallbacks& callbacks, XtPointer client);
 
-/// Selects entries by their positions from 0, the other way round each time one is named, as the toolkit does; without
-/// callbacks. All at once: for each alone the toolkit would look through the whole list.
+/// Selects entries by their positions from 0, without callbacks; one that is named twice is deselected again. All at once:
+/// the toolkit would look through the whole list for each alone.
 void select_several(Widget list, std::span<const INT> positions);
 
 int selected_count(Widget list);

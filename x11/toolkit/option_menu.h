@@ -14,7 +14,7 @@ bool is_pulldown(Widget w);
 /// What menus have in common: the application's colour, and a visual that their own shells need.
 void set_menu_look(Args& args);
 
-/// The same of dialogs, whose children take the application's font from them.
+/// What dialogs have in common: the same, and the application's fonts, which their children take from them.
 void set_dialog_look(Args& args);
 
 /// A menu that is not on show; null when it cannot be made.
