@@ -4,7 +4,9 @@
 #include "tests/support/next_function.h"
 #include "tests/support/stdout_capture.h"
 
-#include "xt_prive.h"
+#include "controls/control_creation.h"
+#include "display/colours.h"
+#include "drawing/control_pictures.h"
 
 #include <malloc.h>
 

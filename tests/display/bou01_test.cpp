@@ -3,7 +3,7 @@
 #include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
 
-#include "xt_prive.h"
+#include "controls/control_creation.h"
 
 #include <climits>
 

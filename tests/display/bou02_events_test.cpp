@@ -1,7 +1,7 @@
 // What controls post, from a real pointer and a real keyboard.
 #include "tests/display/control_kit.h"
 
-#include "xt_prive.h"
+#include "menus/menu_keys_state.h"
 
 #include <algorithm>
 #include <clocale>

@@ -1,7 +1,8 @@
 // Event records, the translation of keys, and the functions that search for, drop or flush pending events.
 #include "tests/display/window_kit.h"
 
-#include "xt_prive.h"
+#include "menus/menu_keys_state.h"
+#include "session/loop.h"
 
 #include <X11/keysym.h>
 

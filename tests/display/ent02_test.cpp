@@ -3,7 +3,7 @@
 #include "tests/display/window_kit.h"
 #include "tests/support/controls.h"
 
-#include "xt_prive.h"
+#include "session/loop.h"
 
 #include <X11/XKBlib.h>
 #include <X11/keysym.h>

@@ -3,7 +3,7 @@
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"
 
-#include "xt_prive.h"
+#include "registry/window_table.h"
 
 #include <X11/IntrinsicP.h>
 

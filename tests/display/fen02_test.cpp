@@ -1,7 +1,8 @@
 // Events of windows, their callbacks, and the operations on windows.
 #include "tests/display/window_kit.h"
 
-#include "xt_prive.h"
+#include "menus/menu_keys_state.h"
+#include "registry/window_table.h"
 
 #include <algorithm>
 #include <climits>

@@ -8,7 +8,7 @@
 #include "tests/support/stdout_capture.h"
 
 #include "tools/verif/menu_check.h"
-#include "xt_prive.h"
+#include "menus/menu_keys_state.h"
 
 #include <X11/IntrinsicP.h>
 #include <X11/XKBlib.h>

@@ -3,7 +3,7 @@
 #include "tests/support/controls.h"
 
 #include "xt_loc_f.h"
-#include "xt_prive.h"
+#include "drawing/control_pictures.h"
 
 #include <Xm/XmAll.h>
 

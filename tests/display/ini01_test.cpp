@@ -6,7 +6,10 @@
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"
 
-#include "xt_prive.h"
+#include "controls/control_creation.h"
+#include "display/connection.h"
+#include "display/context.h"
+#include "registry/window_table.h"
 
 #include <csignal>
 #include <cstdlib>

@@ -14,7 +14,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "host_f.h"
 #include "pure/text.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
@@ -23,12 +22,13 @@
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
 #include "events/record.h"
+#include "windows/window_events.h"
 #include "dialogs/file_parts.h"
 #include "dialogs/question.h"
+#include "host_f.h"
 #include "xt_dir_f.h"
 #include "xt_f.h"
 #include "xt_ini_t.h"
-#include "xt_prive.h"
 
 using namespace grx::file_parts;
 

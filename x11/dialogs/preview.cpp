@@ -5,16 +5,17 @@
 
 #include <cstring>
 
-#include "host_f.h"
 #include "display/pixmaps.h"
+#include "display/screen.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/look.h"
 #include "toolkit/widgets.h"
+#include "drawing/control_pictures.h"
+#include "host_f.h"
 #include "xt_dir_f.h"
 #include "xt_f.h"
-#include "xt_prive.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <array>
 
-#include "toolkit/widgets.h"
+#include "display/pixmaps.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
 

@@ -16,48 +16,16 @@ struct ImageSize {
 };
 
 /// Bytes a pixel of the deep screen's images takes: 4, or 3 where the server packs them.
-inline int bytes_per_pixel() {
-    int count = 0;
-    int bytes = 4;
-    XPixmapFormatValues* const formats = XListPixmapFormats(x11_disp, &count);
-    for (int i = 0; i < count; ++i) {
-        if (formats[i].depth == profondeur_ecran) bytes = formats[i].bits_per_pixel / 8;
-    }
-    if (formats != nullptr) XFree(formats);
-    return bytes;
-}
+int bytes_per_pixel();
 
 /// An image on pixels that somebody else owns; before it is destroyed its data must be taken away.
-inline XImage* make_image(char* data, ImageSize size, int depth, int pad, int row_bytes) {
-    XImage* const image = XCreateImage(x11_disp, x11_vis, static_cast<unsigned int>(depth), ZPixmap, 0, data,
-        static_cast<unsigned int>(size.width), static_cast<unsigned int>(size.height), pad, row_bytes);
-    return image;
-}
+XImage* make_image(char* data, ImageSize size, int depth, int pad, int row_bytes);
 
-inline void drop_image(XImage* image) {
-    if (image == nullptr) return;
-    image->data = nullptr;
-    XDestroyImage(image);
-}
+void drop_image(XImage* image);
 
 /// This machine's byte order, in which pixels are stored as plain integers.
-inline int native_byte_order() {
-    const UNSIGNED_INT4 one = 1;
-    uchar first = 0;
-    std::memcpy(&first, &one, 1);
-    return first == 1 ? LSBFirst : MSBFirst;
-}
+int native_byte_order();
 
-inline void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes) {
-    if (bytes == sizeof pixel) {
-        std::memcpy(out, &pixel, sizeof pixel);
-        return;
-    }
-    const bool low_first = native_byte_order() == LSBFirst;
-    for (std::size_t i = 0; i < bytes; ++i) {
-        const std::size_t at = low_first ? i : bytes - 1 - i;
-        out[i] = static_cast<uchar>(pixel >> (8 * at));
-    }
-}
+void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes);
 
 } // namespace grx

@@ -6,6 +6,10 @@
 
 namespace grx {
 
+Window root_window() {
+    return DefaultRootWindow(x11_disp);
+}
+
 bool deep_screen() {
     return grx_recup_profondeur_ecran() > GRX_PROFONDEUR_8;
 }

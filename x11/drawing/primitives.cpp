@@ -5,6 +5,7 @@
 
 #include "pure/axis.h"
 #include "pure/clip.h"
+#include "display/screen.h"
 #include "toolkit/look.h"
 #include "toolkit/widgets.h"
 #include "drawing/attributes.h"

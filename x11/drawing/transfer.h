@@ -22,57 +22,20 @@ namespace grx {
 class SharedSegment {
   public:
     /// Room for that many bytes; false when the server cannot share memory with this process.
-    bool ensure(std::size_t bytes) {
-        if (unavailable_) return false;
-        if (bytes <= size_) return true;
-        release();
-        return obtain(bytes);
-    }
+    bool ensure(std::size_t bytes);
     char* data() const { return info_.shmaddr; }
     XShmSegmentInfo* info() { return &info_; }
 
     /// Waits until the server has read what was put; then the memory may be written again.
-    void settle() {
-        if (busy_until_ > LastKnownRequestProcessed(x11_disp)) XSync(x11_disp, False);
-        busy_until_ = 0;
-    }
+    void settle();
     void mark_busy() { busy_until_ = NextRequest(x11_disp) - 1; }
 
   private:
-    bool obtain(std::size_t bytes) {
-        unavailable_ = XShmQueryExtension(x11_disp) == 0 || !create(bytes) || !attach();
-        if (unavailable_) release();
-        return !unavailable_;
-    }
-    bool create(std::size_t bytes) {
-        info_.shmid = shmget(IPC_PRIVATE, bytes, IPC_CREAT | 0600);
-        if (info_.shmid < 0) return false;
-        void* const address = shmat(info_.shmid, nullptr, 0);
-        if (address == reinterpret_cast<void*>(-1)) {
-            shmctl(info_.shmid, IPC_RMID, nullptr);
-            return false;
-        }
-        info_.shmaddr = static_cast<char*>(address);
-        info_.readOnly = False;
-        size_ = bytes;
-        return true;
-    }
+    bool obtain(std::size_t bytes);
+    bool create(std::size_t bytes);
     // A server elsewhere refuses, with an error that the library's handler counts.
-    bool attach() {
-        const INT errors = x_error_count();
-        const bool asked = XShmAttach(x11_disp, &info_) != 0;
-        XSync(x11_disp, False);
-        shmctl(info_.shmid, IPC_RMID, nullptr); // goes when both sides have let go
-        return asked && x_error_count() == errors;
-    }
-    void release() {
-        if (size_ == 0) return;
-        if (!unavailable_) XShmDetach(x11_disp, &info_);
-        if (!unavailable_) XSync(x11_disp, False);
-        shmdt(info_.shmaddr);
-        size_ = 0;
-        busy_until_ = 0;
-    }
+    bool attach();
+    void release();
 
     XShmSegmentInfo info_{};
     std::size_t size_ = 0;
@@ -92,82 +55,18 @@ struct Transfer {
     int place_of(int first) const { return shared() ? first : 0; }
 };
 
-inline constexpr std::size_t kWorthSharing = 64 * 1024;
-inline constexpr int kSharedStripRows = 100; // the server works on one while the next is made
-
-/// Two in turn: while the server reads one picture, the next is made in the other segment.
-inline SharedSegment& next_segment() {
-    static SharedSegment segments[2];
-    static bool second = false;
-    second = !second;
-    return segments[second ? 1 : 0];
-}
-
-inline Transfer begin_shared(ImageSize size) {
-    Transfer t;
-    SharedSegment& segment = next_segment();
-    const auto width = static_cast<unsigned int>(size.width);
-    const auto height = static_cast<unsigned int>(size.height);
-    const auto depth = static_cast<unsigned int>(profondeur_ecran);
-    XImage* const image = XShmCreateImage(x11_disp, x11_vis, depth, ZPixmap, nullptr, segment.info(), width, height);
-    if (image == nullptr) return t;
-    const std::size_t bytes = static_cast<std::size_t>(image->bytes_per_line) * height;
-    if (bytes < kWorthSharing || !segment.ensure(bytes)) {
-        drop_image(image);
-        return t;
-    }
-    segment.settle();
-    image->data = segment.data();
-    t.image = image;
-    t.segment = &segment;
-    t.strip_rows = kSharedStripRows;
-    return t;
-}
+Transfer begin_shared(ImageSize size);
 
 /// Rows of a strip: few enough for the processor's cache and for what a local connection takes at once.
-inline int rows_of_strip(std::size_t bytes_per_row, int height) {
-    constexpr std::size_t strip_bytes = 196 * 1024;
-    const auto rows = static_cast<int>(strip_bytes / std::max<std::size_t>(bytes_per_row, 1));
-    return std::clamp(rows, 1, std::max(height, 1));
-}
+int rows_of_strip(std::size_t bytes_per_row, int height);
 
 /// Room for a picture of the screen's depth; no image when memory is short.
-inline Transfer begin_transfer(ImageSize size) {
-    Transfer t = begin_shared(size);
-    if (t.shared()) return t;
-    constexpr int pad = 32;
-    t.image = make_image(nullptr, size, profondeur_ecran, pad, 0);
-    if (t.image == nullptr) return t;
-    const auto row_bytes = static_cast<std::size_t>(t.image->bytes_per_line);
-    t.strip_rows = t.image->height = rows_of_strip(row_bytes, size.height);
-    t.image->byte_order = native_byte_order();
-    t.own = Block<uchar>::raw(row_bytes * static_cast<std::size_t>(t.strip_rows));
-    if (!t.own) {
-        drop_image(t.image);
-        t.image = nullptr;
-        return t;
-    }
-    t.image->data = reinterpret_cast<char*>(t.own.data());
-    return t;
-}
+Transfer begin_transfer(ImageSize size);
 
 /// Puts `rows` rows of the picture from row `first` on, whose row 0 stands at (x, y).
-inline void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first, int rows) {
-    const auto width = static_cast<unsigned int>(t.image->width);
-    const auto height = static_cast<unsigned int>(rows);
-    const int from = t.place_of(first);
-    if (t.shared()) {
-        XShmPutImage(x11_disp, target, context, t.image, 0, from, x, y + first, width, height, False);
-        t.segment->mark_busy();
-    } else {
-        XPutImage(x11_disp, target, context, t.image, 0, from, x, y + first, width, height);
-    }
-}
+void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first, int rows);
 
-inline void end_transfer(Transfer& t) {
-    drop_image(t.image); // its pixels are the block's, or shared
-    t.image = nullptr;
-}
+void end_transfer(Transfer& t);
 
 /// Reads a rectangle that lies inside the drawable: `use(image, first)` for each strip, from row `first` on. Ends early
 /// when the server cannot give it.

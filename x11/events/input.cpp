@@ -6,6 +6,7 @@
 
 #include "pure/axis.h"
 #include "pure/keys.h"
+#include "display/screen.h"
 #include "toolkit/look.h"
 #include "events/keyboard.h"
 #include "xt_ent_f.h"

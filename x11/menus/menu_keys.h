@@ -1,4 +1,4 @@
-// Keys of the menus.
+// The keys of the menu bar, for those who build it and for those who are typed at.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -7,8 +7,19 @@
 
 namespace grx {
 
+/// Keys that come to `top`, in which the bar stands, go to the menus first; all keys pass by the library from now on.
+void watch_keys_of_bar(Widget top);
+
+/// The key of an entry, from the text that is shown of it; nothing without a bar.
+void add_menu_key(Widget entry, const char* accelerator);
+void forget_menu_key(Widget entry); // of an entry that is destroyed
+void clear_menu_keys(Widget top);   // all of them; null when the window that they are grabbed for goes as well
+
+/// True when it chose an entry or opened a menu.
 bool forward_to_menu(const XEvent& event);
+/// A key press that the library sent to the main window.
 bool was_forwarded(const XKeyEvent& event);
+/// The code of a key for the application; 0 when it went to the menus.
 INT key_for_application(const XEvent& event, Boolean* go_on);
 
 } // namespace grx

@@ -1,13 +1,14 @@
 // The message and information strip below the drawing: one row of controls, or two.
-#include "xt_prive.h"
-
 #include <X11/Xlib.h>
 
 #include <algorithm>
 #include <array>
 
-#include "toolkit/control_parts.h"
 #include "pure/axis.h"
+#include "pure/out.h"
+#include "toolkit/control_parts.h"
+#include "toolkit/widgets.h"
+#include "registry/control_table.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_fme_f.h"
@@ -63,12 +64,12 @@ void create_hidden(GRX_BOUTON& bou) {
     if (grx_cree_bouton(&bou) == 0) grx_cache_bouton(bou.nobou);
 }
 
-// A line wider than any screen, across the window that `beside` stands in.
-GRX_BOUTON separator(const GRX_BOUTON& beside, INT y) {
+// A line wider than any screen, across the window that `neighbour` stands in.
+GRX_BOUTON separator(const GRX_BOUTON& neighbour, INT y) {
     GRX_BOUTON line;
     grx_init_bouton(&line);
-    line.fen_mere = beside.fen_mere;
-    line.ref_fen_mere = beside.ref_fen_mere;
+    line.fen_mere = neighbour.fen_mere;
+    line.ref_fen_mere = neighbour.ref_fen_mere;
     line.x = 0;
     line.y = y;
     line.largeur = kSeparatorWidth;
@@ -78,8 +79,8 @@ GRX_BOUTON separator(const GRX_BOUTON& beside, INT y) {
     return line;
 }
 
-OwnControl create_separator(const GRX_BOUTON& beside, INT y) {
-    GRX_BOUTON line = separator(beside, y);
+OwnControl create_separator(const GRX_BOUTON& neighbour, INT y) {
+    GRX_BOUTON line = separator(neighbour, y);
     return grx_cree_bouton(&line) == 0 ? OwnControl(line.nobou) : OwnControl();
 }
 
@@ -101,7 +102,7 @@ OwnControl create_frame(const GRX_BOUTON& field) {
 }
 
 void move_inside(GRX_BOUTON& field) {
-    for (INT* const place : {&field.x, &field.y}) *place = grx::saturated(int64_t{*place} + kFrame);
+    for (INT* const edge : {&field.x, &field.y}) *edge = grx::saturated(int64_t{*edge} + kFrame);
     for (INT* const size : {&field.largeur, &field.hauteur}) *size = grx::saturated(int64_t{*size} - 2 * kFrame);
 }
 
@@ -142,10 +143,10 @@ extern "C" {
 void grx_recup_taille_position_fenetre_message_plein_ecran(INT* x, INT* y, INT* lar, INT* hau) {
     const INT border = grx_get_tabord();
     const int64_t borders = 2 * int64_t{border};
-    if (x != nullptr) *x = border;
-    if (y != nullptr) *y = border;
-    if (lar != nullptr) *lar = grx::saturated(grx_recup_lar_ecran() - borders);
-    if (hau != nullptr) *hau = grx::saturated(grx_recup_hau_ecran() - borders - grx_get_tatitre());
+    grx::give(x, border);
+    grx::give(y, border);
+    grx::give(lar, grx::saturated(grx_recup_lar_ecran() - borders));
+    grx::give(hau, grx::saturated(grx_recup_hau_ecran() - borders - grx_get_tatitre()));
 }
 
 void grx_cree_fenetre_info(GRX_FENETRE* fen_info) {
@@ -161,7 +162,7 @@ void grx_cree_boutons_fenetre_info(GRX_ZONE_INFO* zone_info, INT* haut_fenetre) 
     Bou_sep[1] = create_separator(zone_info->Bou_fleche_haut, 0);
     grx_cache_bouton(Bou_sep[1].number());
     for (const Field field : kSecondRowAsMade) create_hidden(zone_info->*field);
-    if (haut_fenetre != nullptr) *haut_fenetre = grx::saturated(int64_t{line_height()} + kRowMargin);
+    grx::give(haut_fenetre, grx::saturated(int64_t{line_height()} + kRowMargin));
 }
 
 void grx_agrandit_fenetre_info(GRX_FENETRE fen_liste, GRX_ZONE_INFO zone_info, INT* haut_fenetre) {

@@ -1,15 +1,12 @@
 // The window in which one colour of the palette is edited: sliders of two colour models that follow each other.
-#include "xt_prive.h"
-
-#include <X11/Xlib.h>
-
 #include <algorithm>
 #include <array>
 #include <cstring>
 
-#include "events/record.h"
 #include "pure/colour_model.h"
 #include "pure/text.h"
+#include "toolkit/widgets.h"
+#include "events/record.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
@@ -44,7 +41,7 @@ bool is_open() {
     return No_fen_mod_coul != GRX_AUCUN;
 }
 
-// The window to act on: once it is gone its number may be another's, before its end was told.
+// The window to act on; GRX_AUCUN once it is gone, for its number may be another window's before its end was told.
 INT own_window() {
     return grx_recup_objet_fen(No_fen_mod_coul) == palette_widget ? No_fen_mod_coul : GRX_AUCUN;
 }
@@ -120,9 +117,9 @@ bool is_colour(const INT (&rgb)[3], const Triple& colour) {
     return std::equal(colour.begin(), colour.end(), rgb);
 }
 
-// Place of a colour among the first `count` of a palette, -1 when it is not there.
+// Index of a colour among the first `count` of a palette, -1 when it is not there.
 template <std::size_t N>
-INT place_in(const INT (&palette)[N][3], INT count, const Triple& colour) {
+INT index_in(const INT (&palette)[N][3], INT count, const Triple& colour) {
     const INT known = std::clamp<INT>(count, 0, static_cast<INT>(N));
     for (INT i = 0; i < known; ++i) {
         if (is_colour(palette[i], colour)) return i;
@@ -130,13 +127,13 @@ INT place_in(const INT (&palette)[N][3], INT count, const Triple& colour) {
     return GRX_AUCUN;
 }
 
-// Searched in the palettes: what the screen says of its cells is not quite what was asked for.
+// Searches the palettes, not the cells of the screen: those hold not quite what was asked for.
 INT colour_index(const Triple& colour) {
     if (colour == kOwnColour) return GRX_AUCUN;
     const INT reserved = grx_recup_max_couleur_reserve();
-    const INT first = place_in(palette_reserve, reserved, colour);
+    const INT first = index_in(palette_reserve, reserved, colour);
     if (first != GRX_AUCUN) return first;
-    const INT drawing = place_in(palette_trace, grx_recup_max_couleur_trace(), colour);
+    const INT drawing = index_in(palette_trace, grx_recup_max_couleur_trace(), colour);
     return drawing != GRX_AUCUN ? reserved + drawing : GRX_AUCUN;
 }
 
@@ -183,7 +180,7 @@ void create_controls() {
     for (const Slider& slider : kHlsLayout) create_slider(slider);
 }
 
-bool open_window(INT x, INT y, const char* titre, INT parent) {
+bool create_window(INT x, INT y, const char* titre, INT parent) {
     GRX_FENETRE fenetre;
     grx_init_fenetre(&fenetre);
     fenetre.type = GRX_FEN_ALPHA;
@@ -287,7 +284,7 @@ INT HLS_to_RVB(INT* hls, INT* rvb) {
 
 INT grx_affiche_fenetre_modif_palette_couleurs(INT a1, INT a2, char titre[256], INT a4) {
     if (is_open()) return grx_retrace_fenetre_modif_palette_couleurs();
-    if (!open_window(a1, a2, titre, a4)) return 0;
+    if (!create_window(a1, a2, titre, a4)) return 0;
     create_controls();
     grx_affecte_couleur_active(Couleur_active);
     grx_affecte_palette(rvb_glob);

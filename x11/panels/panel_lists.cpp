@@ -1,5 +1,5 @@
 // Lists in panels, filled from the application's tables.
-#include "xt_prive.h"
+#include "panels/panel_lists.h"
 
 #include <X11/StringDefs.h>
 #include <Xm/Form.h>
@@ -11,14 +11,17 @@
 #include <span>
 #include <utility>
 
-#include "host_g.h"
-#include "toolkit/args.h"
+#include "pure/axis.h"
 #include "system/block.h"
+#include "toolkit/args.h"
 #include "toolkit/field_text.h"
+#include "toolkit/late_layout.h"
 #include "toolkit/lists.h"
 #include "toolkit/option_menu.h"
-#include "pure/axis.h"
+#include "host_g.h"
+#include "xt_ent_t.h"
 #include "xt_fen_f.h"
+#include "xt_ini_t.h"
 #include "xt_pan_f.h"
 
 LISTE_PANEL* Tab_liste = nullptr;
@@ -27,12 +30,12 @@ namespace {
 
 constexpr INT kNoMemory = 1;
 
-INT Nb_max_liste = 0;     // places of the table
-INT Nb_liste = GRX_AUCUN; // highest place given out so far
+INT Nb_max_liste = 0;     // size of the table
+INT Nb_liste = GRX_AUCUN; // highest slot given out so far
 
 constexpr LISTE_PANEL kFree{GRX_AUCUN, GRX_AUCUN, GRX_AUCUN, GRX_AUCUN, 0, 0, nullptr, nullptr};
 
-// ------------------------------------------------------------------------------------- the application's tables
+// -- the application's tables
 
 bool known_key(INT clef) {
     return clef >= 0 && clef < HOST_NB_LISTES;
@@ -53,12 +56,13 @@ INT item_key(const LISTE_PANEL& slot) {
 }
 
 // The first `count` texts of a list; fewer when the application has no more.
-grx::ItemTable items_of(INT clef, INT count) {
+grx::EntryTable entries_of(INT clef, INT count) {
     const CH80* const texts = of_host(lsstate, clef);
     const INT known = texts != nullptr ? std::clamp<INT>(count, 0, grx::host_list_length(clef)) : 0;
-    grx::ItemTable items(static_cast<std::size_t>(known));
-    for (INT i = 0; items && i < known; ++i) items.set(static_cast<std::size_t>(i), grx::FieldText(texts[i]).c_str());
-    return items;
+    grx::EntryTable entries(static_cast<std::size_t>(known));
+    for (INT i = 0; entries && i < known; ++i)
+        entries.set(static_cast<std::size_t>(i), grx::FieldText(texts[i]).c_str());
+    return entries;
 }
 
 // The positions selected at first, as the application has them.
@@ -78,7 +82,7 @@ void select_at_first(Widget list, INT clef) {
     if (last != wanted.rend()) XmListSelectPos(list, *last + 1, False);
 }
 
-// ----------------------------------------------------------------------------------------------------- the table
+// -- the table
 
 bool is_used(const LISTE_PANEL& slot) {
     return slot.isys != GRX_AUCUN;
@@ -118,7 +122,7 @@ LISTE_PANEL* find_slot(INT ipan, INT cle) {
     return found != slots.end() ? &*found : nullptr;
 }
 
-// ------------------------------------------------------------------------------------------------------- events
+// -- events
 
 // The slot behind a callback; null for client data that is no used slot.
 LISTE_PANEL* slot_behind(Widget list, XtPointer client) {
@@ -169,7 +173,7 @@ void on_death(Widget list, XtPointer, XtPointer) {
     }
 }
 
-// ----------------------------------------------------------------------------------------- giving out and freeing
+// -- giving out and freeing
 
 void free_slot(LISTE_PANEL& slot) {
     resize_choices(slot, 0);
@@ -180,7 +184,7 @@ void free_slot(LISTE_PANEL& slot) {
     slot = kFree;
 }
 
-// The records move: the lists' callbacks are told where to.
+// Moves the records, and tells the lists' callbacks where to.
 void move_slots(LISTE_PANEL* to) {
     for (LISTE_PANEL& slot : all_slots()) {
         LISTE_PANEL* const moved = to + (&slot - Tab_liste);
@@ -206,7 +210,7 @@ LISTE_PANEL* take_new_slot() {
     return nullptr;
 }
 
-// The lowest free place.
+// The lowest free slot.
 LISTE_PANEL* take_slot() {
     const auto given_out = all_slots().first(static_cast<std::size_t>(std::min(Nb_liste + 1, Nb_max_liste)));
     const auto found =
@@ -228,55 +232,55 @@ void occupy(LISTE_PANEL& slot, const GRX_MSG& msg, Widget list) {
     note_selection(slot);
 }
 
-// ---------------------------------------------------------------------------------------------------- the widget
+// -- the widget
 
-struct Edge {
+struct Axis {
     const char *before, *before_offset, *behind, *behind_offset, *position;
 };
-const Edge kAcross{XmNleftAttachment, XmNleftOffset, XmNrightAttachment, XmNrightOffset, XmNx};
-const Edge kDown{XmNtopAttachment, XmNtopOffset, XmNbottomAttachment, XmNbottomOffset, XmNy};
+const Axis kAcross{XmNleftAttachment, XmNleftOffset, XmNrightAttachment, XmNrightOffset, XmNx};
+const Axis kDown{XmNtopAttachment, XmNtopOffset, XmNbottomAttachment, XmNbottomOffset, XmNy};
 
-// The edge behind hangs on the form's edge behind for a negative size, which is the distance from it, else on the form's
-// edge before: the list keeps the size it is given whatever its entries ask for.
-void attach(grx::Args& args, const Edge& edge, INT place, INT size) {
-    const int offset = std::abs(int{grx::as_position(place)});
-    args.set(edge.position, offset);
-    args.set(edge.before, XmATTACH_FORM).set(edge.before_offset, offset);
-    if (size < 0) args.set(edge.behind, XmATTACH_FORM).set(edge.behind_offset, -int{grx::as_position(size)});
-    if (size > 0) args.set(edge.behind, XmATTACH_OPPOSITE_FORM).set(edge.behind_offset, -(offset + grx::as_size(size)));
+// Attaches a list along one axis. A negative size is the distance of its far edge from that of the form; a positive one
+// fixes its far edge from the near edge of the form, so that the list keeps its size whatever its entries ask for.
+void attach(grx::Args& args, const Axis& axis, INT at, INT size) {
+    const int offset = std::abs(int{grx::as_position(at)});
+    args.set(axis.position, offset);
+    args.set(axis.before, XmATTACH_FORM).set(axis.before_offset, offset);
+    if (size < 0) args.set(axis.behind, XmATTACH_FORM).set(axis.behind_offset, -int{grx::as_position(size)});
+    if (size > 0) args.set(axis.behind, XmATTACH_OPPOSITE_FORM).set(axis.behind_offset, -(offset + grx::as_size(size)));
 }
 
-Widget make_list(Widget parent, const GRX_MSG& msg, grx::ItemTable& items) {
+Widget make_list(Widget parent, const GRX_MSG& msg, grx::EntryTable& entries) {
     grx::Args args;
     grx::set_list_look(args, msg.type == GRX_LISTE_MULTIPLE);
-    args.set(XmNitems, items.get()).set(XmNitemCount, items.count());
+    args.set(XmNitems, entries.get()).set(XmNitemCount, entries.count());
     args.set(XmNlistSizePolicy, XmCONSTANT);
     if (msg.largeur > 0) args.set(XmNwidth, grx::as_size(msg.largeur));
     if (msg.hauteur > 0) args.set(XmNheight, grx::as_size(msg.hauteur));
     Widget list = XmCreateScrolledList(parent, const_cast<char*>("Liste"), args.list(), args.count());
     if (list == nullptr) return nullptr;
-    grx::Args place;
-    attach(place, kAcross, msg.x, msg.largeur);
-    attach(place, kDown, msg.y, msg.hauteur);
+    grx::Args sides;
+    attach(sides, kAcross, msg.x, msg.largeur);
+    attach(sides, kDown, msg.y, msg.hauteur);
     Widget box = XtParent(list);
     grx::change_unasked(box, [&] {
         XtManageChild(list); // which asks for room of its own
-        XtSetValues(box, place.list(), place.count());
+        XtSetValues(box, sides.list(), sides.count());
     });
     return list;
 }
 
-// ------------------------------------------------------------------------------------------------------- changes
+// -- changes
 
 void reload(LISTE_PANEL& slot) {
     const INT clef = item_key(slot);
-    grx::ItemTable items = items_of(clef, grx::host_list_length(clef));
-    if (!items) return;
+    grx::EntryTable entries = entries_of(clef, grx::host_list_length(clef));
+    if (!entries) return;
     XmListDeselectAllItems(slot.obj);
     grx::Args args;
-    args.set(XmNitems, items.get()).set(XmNitemCount, items.count());
+    args.set(XmNitems, entries.get()).set(XmNitemCount, entries.count());
     XtSetValues(slot.obj, args.list(), args.count());
-    slot.nb_item = items.count();
+    slot.nb_item = entries.count();
     select_at_first(slot.obj, clef);
     note_selection(slot);
 }
@@ -285,17 +289,11 @@ bool is_on_show(const LISTE_PANEL& slot, INT clef) {
     return is_used(slot) && slot.obj != nullptr && item_key(slot) == clef;
 }
 
-enum Mode : INT { kReload = 0, kChangeType = 1 };
-
-INT modif_items_liste_general(Mode mode, INT clef, INT type) {
+template <class Change>
+void for_each_on_show(INT clef, Change change) {
     for (LISTE_PANEL& slot : all_slots()) {
-        if (!is_on_show(slot, clef)) continue;
-        if (mode == kReload)
-            reload(slot);
-        else
-            grx::set_resource(slot.obj, XmNselectionPolicy, grx::selection_policy(type == GRX_LISTE_MULTIPLE));
+        if (is_on_show(slot, clef)) change(slot);
     }
-    return 0;
 }
 
 } // namespace
@@ -351,12 +349,12 @@ Widget grx_cree_item_liste_general(INT, GRX_MSG* msg) {
     if (msg == nullptr || Tab_liste == nullptr || !known_key(item_key(msg->clef))) return nullptr;
     Widget parent = grx_recup_objet_fen(msg->fen_mere);
     if (!grx::can_hold_children(parent)) return nullptr;
-    grx::ItemTable items = items_of(item_key(msg->clef), msg->nb_cara);
-    if (!items) return nullptr;
+    grx::EntryTable entries = entries_of(item_key(msg->clef), msg->nb_cara);
+    if (!entries) return nullptr;
     if (LISTE_PANEL* const old = find_slot(msg->nobou, msg->clef)) free_slot(*old);
     LISTE_PANEL* const slot = take_slot();
     if (slot == nullptr) return nullptr;
-    Widget list = make_list(parent, *msg, items);
+    Widget list = make_list(parent, *msg, entries);
     if (list != nullptr) occupy(*slot, *msg, list);
     return list;
 }
@@ -379,7 +377,8 @@ INT grx_test_liste_ouverte(INT clef) {
 }
 
 INT grx_modif_items_liste(INT clef) {
-    return modif_items_liste_general(kReload, clef, GRX_LISTE_SIMPLE);
+    for_each_on_show(clef, reload);
+    return 0;
 }
 
 INT grx_modif_un_item_liste(INT clef, INT) {
@@ -387,6 +386,9 @@ INT grx_modif_un_item_liste(INT clef, INT) {
 }
 
 INT grx_change_type_liste(INT clef, INT type) {
-    return modif_items_liste_general(kChangeType, clef, type);
+    const auto policy = grx::selection_policy(type == GRX_LISTE_MULTIPLE);
+    for_each_on_show(
+        clef, [policy](const LISTE_PANEL& slot) { grx::set_resource(slot.obj, XmNselectionPolicy, policy); });
+    return 0;
 }
 }

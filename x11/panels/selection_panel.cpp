@@ -1,21 +1,20 @@
 // The selection panel: a list to choose from, with fields and buttons, in a window of its own.
-#include "xt_prive.h"
-
-#include <Xm/Form.h>
-#include <Xm/Xm.h>
+#include <X11/Intrinsic.h>
 
 #include <algorithm>
-#include <array>
 
-#include "toolkit/args.h"
-#include "toolkit/field_text.h"
-#include "events/record.h"
 #include "pure/axis.h"
 #include "pure/out.h"
+#include "pure/size.h"
 #include "pure/text.h"
+#include "toolkit/field_text.h"
+#include "toolkit/widgets.h"
+#include "events/record.h"
+#include "windows/frame.h"
+#include "panels/item_buttons.h"
+#include "panels/panel_lists.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
-#include "xt_ent_t.h"
 #include "xt_ini_f.h"
 #include "xt_msg_f.h"
 #include "xt_pan_f.h"
@@ -27,7 +26,6 @@ INT Pos_select_y = GRX_AUCUN;
 INT Taille_select_x = GRX_AUCUN;
 INT Taille_select_y = GRX_AUCUN;
 
-constexpr INT kUnits = 10;
 constexpr INT kTopLevelDialog = 2;    // kind of a panel on show in a window of its own
 constexpr INT kMargin = 10;           // of the window, in pixels
 constexpr INT kColumnCharacters = 20; // right of the list
@@ -35,7 +33,6 @@ constexpr INT kLinesAbove = 4, kLinesBelow = 2;
 
 enum PanelItem : INT { kListItem = 0, kFirstItem = 1, kFieldItem = 2, kSecondFieldItem = 3, kLastItem = 6 };
 constexpr INT kListKey = GRX_CLEF_LISTE_SELECT - GRX_BASE_CLEF_LISTE;
-enum Role : INT { kLabel = 0, kValue = 1 };
 
 INT characters(INT count) {
     return count * grx_recup_lar_carac_alpha();
@@ -61,17 +58,17 @@ bool both_set(INT first, INT second) {
 
 // -- the window
 
-void set_size(GRX_FENETRE& fenetre, const PANEL& panel) {
+void choose_size(GRX_FENETRE& fenetre, const PANEL& panel) {
     const bool saved = both_set(Taille_select_x, Taille_select_y);
     fenetre.droite = saved ? Taille_select_x : panel.tx;
     fenetre.haut = saved ? Taille_select_y : panel.ty;
 }
 
 INT centred(INT origin, INT room, INT size) {
-    return static_cast<INT>(std::clamp<int64_t>(origin + (int64_t{room} - size) / 2, INT32_MIN, INT32_MAX));
+    return grx::saturated(origin + (int64_t{room} - size) / 2);
 }
 
-void set_position(GRX_FENETRE& fenetre) {
+void choose_position(GRX_FENETRE& fenetre) {
     if (!both_set(Pos_select_x, Pos_select_y)) {
         Pos_select_x = centred(grx_get_pos_appli_x(), grx_recup_lar_ecran(), fenetre.droite);
         Pos_select_y = centred(grx_get_pos_appli_y(), grx_recup_hau_ecran(), fenetre.haut);
@@ -80,12 +77,12 @@ void set_position(GRX_FENETRE& fenetre) {
     fenetre.y = Pos_select_y;
 }
 
-bool open_window(PANEL& panel) {
+bool create_window(PANEL& panel) {
     GRX_FENETRE fenetre;
     grx_init_fenetre(&fenetre);
     grx::copy_text(fenetre.titre, grx::FieldText(panel.titre).c_str());
-    set_size(fenetre, panel);
-    set_position(fenetre);
+    choose_size(fenetre, panel);
+    choose_position(fenetre);
     fenetre.type = GRX_FEN_ALPHA;
     fenetre.attrib = GRX_FEN_ATT_VISIBLE | GRX_FEN_ATT_SANS_BOITES;
     fenetre.fen_mere = grx_recup_nofen_principale();
@@ -97,7 +94,8 @@ bool open_window(PANEL& panel) {
 
 // -- where the user leaves it
 
-// Place of the window's frame when it came up, and what it stood for; later places are told from it.
+// Where the window's frame stood when it came up, and the saved place that it came up for: later places are saved by how
+// far they are from there.
 struct Reference {
     bool known = false;
     INT x = 0, low = 0;           // left edge, and lower edge from the bottom of the screen
@@ -107,7 +105,7 @@ struct Reference {
 };
 Reference reference, last;
 
-// Told by the window manager's frame, which stays where it is while the window is being put into it.
+// Asks the window manager's frame, which stays where it is while the window is put into it.
 Reference where(Widget shell) {
     INT x = 0, y = 0;
     grx::frame_place(shell, x, y);
@@ -124,12 +122,12 @@ void note_place(const Reference& now) {
 }
 
 void on_structure(Widget shell, XtPointer, XEvent* event, Boolean*) {
-    // The first map is told before the window is in its frame, and may be seen halfway into it.
+    // At the first map the window may not be in its frame yet, or halfway: its move into the frame is told after it.
     const bool shown = event->type == MapNotify && !reference.known;
     if (shown || event->type == ReparentNotify) reference = last = where(shell);
     if (event->type != ConfigureNotify || !reference.known) return;
     const Reference now = where(shell);
-    if (now.same_place(last)) return; // told again: what the application set meanwhile holds
+    if (now.same_place(last)) return; // told once more: what the application has set meanwhile holds
     last = now;
     note_place(now);
 }
@@ -146,7 +144,7 @@ void add_list(const PANEL& panel) {
     GRX_MSG list{};
     grx_init_message(&list);
     list.clef = GRX_CLEF_LISTE_SELECT;
-    list.type = panel.tab_items[kListItem].type % kUnits;
+    list.type = panel.tab_items[kListItem].type % grx::kKindsInFamily;
     list.x = -kMargin;
     list.y = -lines(kLinesAbove);
     list.hauteur = -lines(kLinesBelow);
@@ -170,7 +168,7 @@ GRX_BOUTON control(const PANEL& panel, INT item, INT type) {
     return bou;
 }
 
-void add(GRX_BOUTON bou, INT item, Role role) {
+void add(GRX_BOUTON bou, INT item, char role) {
     if (grx_cree_bouton(&bou) != 0) return;
     if (grx_memorise_bouton_item(GRX_PANNEAU_SELECTION, item, role, bou.nobou) != 0) grx_detruit_bouton(bou.nobou);
 }
@@ -183,7 +181,7 @@ void add_button(const PANEL& panel, INT item, INT row) {
     button.tabi[GRX_BOU_TABI_HAUT] = lines(kLinesAbove) + row * (lines(1) + kMargin);
     button.largeur = characters(kColumnCharacters) - 2 * kMargin;
     button.hauteur = lines(1) + kMargin / 2;
-    add(button, item, kValue);
+    add(button, item, grx::kItemChoice);
 }
 
 // A label and its field on a line of their own above the list; `left` is where the fields begin.
@@ -194,7 +192,7 @@ void add_field(const PANEL& panel, INT item, INT row, INT left) {
     label.tabi[GRX_BOU_TABI_GAUCHE] = kMargin;
     label.tabi[GRX_BOU_TABI_HAUT] = top;
     label.hauteur = lines(1);
-    add(label, item, kLabel);
+    add(label, item, grx::kItemLabel);
     GRX_BOUTON field = control(panel, item, GRX_BOU_TEXTE);
     field.attache = GRX_ATTACHE_GAUCHE | GRX_ATTACHE_DROITE | GRX_ATTACHE_HAUT;
     field.tabi[GRX_BOU_TABI_COLONNES] = GRX_AUCUN;
@@ -203,7 +201,7 @@ void add_field(const PANEL& panel, INT item, INT row, INT left) {
     field.tabi[GRX_BOU_TABI_GAUCHE] = left;
     field.tabi[GRX_BOU_TABI_DROITE] = characters(kColumnCharacters);
     field.tabi[GRX_BOU_TABI_HAUT] = top;
-    add(field, item, kValue);
+    add(field, item, grx::kItemChoice);
 }
 
 INT fields_left(const PANEL& panel) {
@@ -222,7 +220,7 @@ void add_neighbours(const PANEL& panel) {
     for (INT item = kSecondFieldItem + 1; item <= kLastItem; ++item) add_button(panel, item, row++);
 }
 
-// One selection panel at a time; its end is not told as that of the window that takes its number.
+// Closes the panel on show, of which there is one at most. Its end is not posted: the new window may take its number.
 void close_former(const PANEL& panel) {
     const bool on_show = grx_recup_objet_item_liste(GRX_PANNEAU_SELECTION, kListKey) != nullptr;
     grx_supprime_items(GRX_PANNEAU_SELECTION);
@@ -240,7 +238,7 @@ INT grx_affiche_panel_selection_g(INT, INT, INT) {
     PANEL* const panel = selection_panel();
     if (panel == nullptr) return 0;
     close_former(*panel);
-    if (!open_window(*panel)) return 0;
+    if (!create_window(*panel)) return 0;
     follow(*panel);
     add_list(*panel);
     add_neighbours(*panel);

@@ -13,23 +13,13 @@ class ShellCommand {
   public:
     explicit ShellCommand(std::string_view program) { append(program); }
 
-    ShellCommand& add(std::string_view word) {
-        append(word);
-        return *this;
-    }
+    ShellCommand& add(std::string_view word);
 
     /// Runs it and gives the status as system() does; -1 when memory was short.
     int run() const { return complete_ ? std::system(text_.data()) : -1; }
 
   private:
-    void append(std::string_view word) {
-        const bool first = !text_;
-        const std::size_t start = first ? 0 : text_.size(); // the terminator becomes the blank
-        complete_ = complete_ && text_.resize(start + word_length(word) + 1);
-        if (!complete_) return;
-        if (!first) text_[start - 1] = ' ';
-        *write_word(text_.data() + start, word) = '\0';
-    }
+    void append(std::string_view word);
 
     Block<char> text_;
     bool complete_ = true;

@@ -2,48 +2,25 @@
 #pragma once
 
 #include <X11/Intrinsic.h>
-#include <X11/StringDefs.h>
-#include <Xm/Xm.h>
 
 #include <optional>
 
 #include "toolkit/args.h"
-#include "xt_ini_f.h"
-#include "xt_ini_t.h"
+#include "host_t.h"
 
 namespace grx {
 
 /// Shells, menus and popups need all three, or the server refuses their window on a visual other than its default.
-inline void set_screen(Args& args) {
-    args.set(XmNcolormap, x11_cmap);
-    args.set(XmNdepth, grx_recup_profondeur_ecran());
-    args.set(XmNvisual, x11_vis);
-}
+void set_screen(Args& args);
 
 /// The application's colour as a pixel: a valid colour index stands for its pixel, a larger value is a pixel itself.
-inline std::optional<Pixel> application_pixel() {
-    const INT colour = grx_recup_couleur_application();
-    if (colour == 0) return std::nullopt;
-    const bool is_index = colour > 0 && colour < grx_dernier_index_rendu();
-    return static_cast<Pixel>(is_index ? grx_recup_couleur(colour) : colour);
-}
+std::optional<Pixel> application_pixel();
 
 /// Background of a window or control: its own colour index, else the application's colour, else the toolkit's.
-inline std::optional<Pixel> background_pixel(INT colour_index) {
-    if (colour_index < 0) return application_pixel();
-    return static_cast<Pixel>(grx_recup_couleur(colour_index));
-}
+std::optional<Pixel> background_pixel(INT colour_index);
 
-inline void set_background(Args& args, INT colour_index) {
-    if (const auto pixel = background_pixel(colour_index)) args.set(XmNbackground, *pixel);
-}
+void set_background(Args& args, INT colour_index);
 
-inline void set_foreground(Args& args, INT colour_index) {
-    if (colour_index >= 0) args.set(XmNforeground, static_cast<Pixel>(grx_recup_couleur(colour_index)));
-}
-
-inline Window root_window() {
-    return DefaultRootWindow(x11_disp);
-}
+void set_foreground(Args& args, INT colour_index);
 
 } // namespace grx

@@ -17,36 +17,11 @@
 
 namespace grx {
 
-/// Nobody else changes anything meanwhile: window managers destroy frames that one is just asking for.
-class ServerGrab {
-  public:
-    ServerGrab() { XGrabServer(x11_disp); }
-    ~ServerGrab() {
-        XUngrabServer(x11_disp);
-        XFlush(x11_disp);
-    }
-    ServerGrab(const ServerGrab&) = delete;
-    ServerGrab& operator=(const ServerGrab&) = delete;
-};
-
 /// A property as it is now, to be put back.
 class KeptProperty {
   public:
-    KeptProperty(Window window, Atom name) : window_(window), name_(name) {
-        constexpr long most = 64; // units of 4 bytes
-        unsigned long left = 0;
-        XGetWindowProperty(
-            x11_disp, window, name, 0, most, False, AnyPropertyType, &type_, &format_, &count_, &left, &value_);
-    }
-    ~KeptProperty() {
-        if (type_ == None) {
-            XDeleteProperty(x11_disp, window_, name_);
-        } else {
-            XChangeProperty(
-                x11_disp, window_, name_, type_, format_, PropModeReplace, value_, static_cast<int>(count_));
-        }
-        if (value_ != nullptr) XFree(value_);
-    }
+    KeptProperty(Window window, Atom name);
+    ~KeptProperty();
     KeptProperty(const KeptProperty&) = delete;
     KeptProperty& operator=(const KeptProperty&) = delete;
 
@@ -62,19 +37,7 @@ class KeptProperty {
 /// A window that wants no focus when it is mapped. Some managers obey the hint, others the time of the last input.
 class ModestWindow {
   public:
-    explicit ModestWindow(Window window)
-        : hints_(window, XA_WM_HINTS), time_(window, XInternAtom(x11_disp, kUserTime, False)) {
-        const unsigned long never = 0;
-        XChangeProperty(x11_disp, window, XInternAtom(x11_disp, kUserTime, False), XA_CARDINAL, 32, PropModeReplace,
-            reinterpret_cast<const unsigned char*>(&never), 1);
-        XWMHints none{};
-        XWMHints* const own = XGetWMHints(x11_disp, window);
-        XWMHints& hints = own != nullptr ? *own : none;
-        hints.flags |= InputHint;
-        hints.input = False;
-        XSetWMHints(x11_disp, window, &hints);
-        if (own != nullptr) XFree(own);
-    }
+    explicit ModestWindow(Window window);
 
   private:
     static constexpr const char* kUserTime = "_NET_WM_USER_TIME";
@@ -82,48 +45,10 @@ class ModestWindow {
     KeptProperty hints_, time_;
 };
 
-inline bool viewable(Window window) {
-    XWindowAttributes attributes{};
-    return XGetWindowAttributes(x11_disp, window, &attributes) != 0 && attributes.map_state == IsViewable;
-}
-
-inline bool is_managed(Window window) {
-    Atom type = None;
-    int format = 0;
-    unsigned long count = 0, left = 0;
-    unsigned char* value = nullptr;
-    const Atom state = XInternAtom(x11_disp, "WM_STATE", False);
-    XGetWindowProperty(x11_disp, window, state, 0, 0, False, AnyPropertyType, &type, &format, &count, &left, &value);
-    if (value != nullptr) XFree(value);
-    return type != None;
-}
-
-/// The application's window in a frame, None in windows without one.
-inline Window managed_window_in(Window frame, int depth = 4) {
-    if (is_managed(frame)) return frame;
-    if (depth == 0) return None;
-    const WindowTree tree(frame);
-    for (const Window child : tree.children())
-        if (const Window found = managed_window_in(child, depth - 1)) return found;
-    return None;
-}
-
 /// The windows above one, as far as they are shown, from the lowest to the highest.
 class WindowsAbove {
   public:
-    explicit WindowsAbove(Window window) {
-        const ServerGrab grab;
-        const Window frame = frame_of(window);
-        const WindowTree tree(WindowTree(frame).root());
-        const auto all = tree.children();
-        const auto own = std::find(all.begin(), all.end(), frame);
-        if (own == all.end()) return;
-        windows_ = Block<Window>(static_cast<std::size_t>(all.end() - own));
-        if (!windows_) return;
-        for (const Window above : std::span(own + 1, all.end()))
-            if (const Window found = viewable(above) ? managed_window_in(above) : None)
-                windows_.data()[count_++] = found;
-    }
+    explicit WindowsAbove(Window window);
 
     Window nearest() const { return count_ > 0 ? windows_.data()[0] : None; }
     std::span<const Window> all() const { return {windows_.data(), count_}; }
@@ -133,79 +58,19 @@ class WindowsAbove {
     std::size_t count_ = 0;
 };
 
-/// As the conventions want it of a client whose window has a frame. One that has gone meanwhile causes no error.
-inline void ask_to_raise(Window window) {
-    XEvent event{};
-    XConfigureRequestEvent& request = event.xconfigurerequest;
-    request.type = ConfigureRequest;
-    request.parent = DefaultRootWindow(x11_disp);
-    request.window = window;
-    request.detail = Above;
-    request.value_mask = CWStackMode;
-    XSendEvent(x11_disp, request.parent, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
-}
-
-inline bool has_focus(Window window) {
-    const ServerGrab grab;
-    Window focus = None;
-    int revert = 0;
-    XGetInputFocus(x11_disp, &focus, &revert);
-    while (focus != window && focus != None && focus != PointerRoot) focus = WindowTree(focus).parent();
-    return focus == window;
-}
-
 /// Taken before a window is unmapped and mapped again, put back afterwards.
 class StackPlace {
   public:
-    explicit StackPlace(Window window) : window_(window) {
-        shown_ = window != None && viewable(window);
-        if (!shown_) return;
-        focused_ = has_focus(window);
-        framed_ = framed();
-        if (!framed_) return; // without a window manager the place stays
-        above_.emplace(window);
-        modest_.emplace(window);
-        // The manager would give it to another window, and raise that.
-        if (focused_) XSetInputFocus(x11_disp, PointerRoot, RevertToPointerRoot, CurrentTime);
-    }
+    explicit StackPlace(Window window);
 
-    void restore() {
-        if (!shown_) return;
-        const bool shown = wait_until([this] { return viewable(window_) && framed() == framed_; });
-        modest_.reset();
-        if (!shown) return;
-        // What the manager does on this comes before what it is asked for next.
-        if (focused_) XSetInputFocus(x11_disp, window_, RevertToParent, CurrentTime);
-        if (framed_ && above_->nearest() != None) go_below();
-    }
+    void restore();
 
   private:
-    static constexpr int kPatience = 500; // milliseconds, for a manager that does not answer
-    static constexpr int kStep = 5;
-
-    template <class Condition>
-    static bool wait_until(const Condition& condition) {
-        using Clock = std::chrono::steady_clock;
-        const auto end = Clock::now() + std::chrono::milliseconds(kPatience);
-        while (!condition()) {
-            if (Clock::now() >= end) return false;
-            rest_until_input(kStep);
-        }
-        return true;
-    }
-
-    bool framed() const {
-        const ServerGrab grab;
-        return frame_of(window_) != window_;
-    }
+    bool framed() const;
     bool in_place() const { return WindowsAbove(window_).nearest() == above_->nearest(); }
 
     // Each in its turn to the top: not all managers can put a window below another one.
-    void go_below() const {
-        ask_to_raise(window_);
-        for (const Window above : above_->all()) ask_to_raise(above);
-        wait_until([this] { return in_place(); });
-    }
+    void go_below() const;
 
     Window window_;
     bool shown_ = false;

@@ -8,6 +8,7 @@
 
 #include "pure/axis.h"
 #include "pure/out.h"
+#include "display/screen.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/late_layout.h"

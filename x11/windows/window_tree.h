@@ -12,12 +12,8 @@ namespace grx {
 /// What the server tells of the windows around one.
 class WindowTree {
   public:
-    explicit WindowTree(Window window) {
-        if (XQueryTree(x11_disp, window, &root_, &parent_, &children_, &count_) == 0) parent_ = None;
-    }
-    ~WindowTree() {
-        if (children_ != nullptr) XFree(children_);
-    }
+    explicit WindowTree(Window window);
+    ~WindowTree();
     WindowTree(const WindowTree&) = delete;
     WindowTree& operator=(const WindowTree&) = delete;
 
@@ -33,12 +29,6 @@ class WindowTree {
 };
 
 /// The window manager's frame, or the window itself where there is none.
-inline Window frame_of(Window window) {
-    for (;;) {
-        const Window parent = WindowTree(window).parent();
-        if (parent == None) return window;
-        window = parent;
-    }
-}
+Window frame_of(Window window);
 
 } // namespace grx

@@ -1,0 +1,56 @@
+// Pictures as the server takes them.
+#include "display/images.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <cstring>
+
+#include "host_t.h"
+#include "xt_ini_t.h"
+
+namespace grx {
+
+int bytes_per_pixel() {
+    int count = 0;
+    int bytes = 4;
+    XPixmapFormatValues* const formats = XListPixmapFormats(x11_disp, &count);
+    for (int i = 0; i < count; ++i) {
+        if (formats[i].depth == profondeur_ecran) bytes = formats[i].bits_per_pixel / 8;
+    }
+    if (formats != nullptr) XFree(formats);
+    return bytes;
+}
+
+XImage* make_image(char* data, ImageSize size, int depth, int pad, int row_bytes) {
+    XImage* const image = XCreateImage(x11_disp, x11_vis, static_cast<unsigned int>(depth), ZPixmap, 0, data,
+        static_cast<unsigned int>(size.width), static_cast<unsigned int>(size.height), pad, row_bytes);
+    return image;
+}
+
+void drop_image(XImage* image) {
+    if (image == nullptr) return;
+    image->data = nullptr;
+    XDestroyImage(image);
+}
+
+int native_byte_order() {
+    const UNSIGNED_INT4 one = 1;
+    uchar first = 0;
+    std::memcpy(&first, &one, 1);
+    return first == 1 ? LSBFirst : MSBFirst;
+}
+
+void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes) {
+    if (bytes == sizeof pixel) {
+        std::memcpy(out, &pixel, sizeof pixel);
+        return;
+    }
+    const bool low_first = native_byte_order() == LSBFirst;
+    for (std::size_t i = 0; i < bytes; ++i) {
+        const std::size_t at = low_first ? i : bytes - 1 - i;
+        out[i] = static_cast<uchar>(pixel >> (8 * at));
+    }
+}
+
+} // namespace grx

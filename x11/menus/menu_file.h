@@ -1,0 +1,31 @@
+// The menu file of the application's module, for those who build menus of it.
+#pragma once
+
+#include <cstdio>
+
+#include "xt_fen_t.h"
+
+namespace grx {
+
+/// Opens the file, which is closed with the reader; false when there is none.
+class MenuFile {
+  public:
+    MenuFile();
+    MenuFile(const MenuFile&) = delete;
+    MenuFile& operator=(const MenuFile&) = delete;
+    ~MenuFile();
+    explicit operator bool() const { return file_ != nullptr; }
+
+    /// Goes on to the next line that is neither skipped nor wrong; false at the end of the file.
+    bool next();
+    const LI_MENU& line() const { return line_; }
+    INT depth() const { return depth_; } // braces open around the line
+
+  private:
+    FILE* file_;
+    LI_MENU line_;
+    bool in_zone_ = false;
+    INT depth_ = 0;
+};
+
+} // namespace grx

@@ -1,0 +1,26 @@
+// A command for the shell, built word by word; nothing of it is ever cut.
+#include "system/shell_command.h"
+
+#include <cstdlib>
+#include <string_view>
+
+#include "pure/shell_quote.h"
+#include "system/block.h"
+
+namespace grx {
+
+ShellCommand& ShellCommand::add(std::string_view word) {
+    append(word);
+    return *this;
+}
+
+void ShellCommand::append(std::string_view word) {
+    const bool first = !text_;
+    const std::size_t start = first ? 0 : text_.size(); // the terminator becomes the blank
+    complete_ = complete_ && text_.resize(start + word_length(word) + 1);
+    if (!complete_) return;
+    if (!first) text_[start - 1] = ' ';
+    *write_word(text_.data() + start, word) = '\0';
+}
+
+} // namespace grx

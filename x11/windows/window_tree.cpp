@@ -1,0 +1,28 @@
+// The frames that a window manager puts windows into.
+#include "windows/window_tree.h"
+
+#include <X11/Xlib.h>
+
+#include <span>
+
+#include "xt_ini_t.h"
+
+namespace grx {
+
+WindowTree::WindowTree(Window window) {
+    if (XQueryTree(x11_disp, window, &root_, &parent_, &children_, &count_) == 0) parent_ = None;
+}
+
+WindowTree::~WindowTree() {
+    if (children_ != nullptr) XFree(children_);
+}
+
+Window frame_of(Window window) {
+    for (;;) {
+        const Window parent = WindowTree(window).parent();
+        if (parent == None) return window;
+        window = parent;
+    }
+}
+
+} // namespace grx
