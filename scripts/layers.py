@@ -134,11 +134,11 @@ def circles(found):
         if source.split("/")[0] == target.split("/")[0]:
             calls[source].add(target)
     def reached(start):
-        seen, todo = set(), [start]
-        while todo:
-            for target in calls[todo.pop()] - seen:
+        seen, ahead = set(), [start]
+        while ahead:
+            for target in calls[ahead.pop()] - seen:
                 seen.add(target)
-                todo.append(target)
+                ahead.append(target)
         return seen
     reach = {source: reached(source) for source in list(calls)}
     told = set()
