@@ -8,9 +8,8 @@ namespace visite {
 
 // What atelier has at the left of its window: tools this wide, in them a row of icons.
 constexpr int kOutils = 212;
-constexpr int kBarre = 32, kBarreDuHaut = 33, kIconePlus = 65,
-              kIcones = 29;                      // height of the menu bar, middle of the icon
-constexpr int kPasIcone = 38, kIconeGrille = 27; // the panels' icons are in a second row
+constexpr int kBarre = 33, kIconePlus = 65, kIcones = 29; // height of the menu bar, middle of the icon
+constexpr int kPasIcone = 38, kIconeGrille = 27;          // the panels' icons are in a second row
 
 // The cell that panels measure in, and what they have where: tenths of a character and of a line.
 constexpr int kCaractere = 9, kLigne = 23, kEntree = 25; // entries of a drop-down choice are this high, in pixels
