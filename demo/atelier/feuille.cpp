@@ -7,7 +7,6 @@
 #include "bandeau.h"
 #include "fonctions.h"
 #include "glissement.h"
-#include "panneau_reglages.h"
 #include "rendu.h"
 #include "xt_f.h"
 

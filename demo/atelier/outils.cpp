@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "controles.h"
-#include "feuille.h"
 #include "fonctions.h"
 #include "host_g.h"
 #include "unites.h"

@@ -30,8 +30,6 @@ enum Indice {
     kTextes = 708,
 };
 
-constexpr std::array<int, 4> kTraits{
-    GRX_TRAIT_CONTINU, GRX_TRAIT_POINTILLE_LONG, GRX_TRAIT_POINTILLE_COURT, GRX_TRAIT_MIXTE_1_POINT};
 constexpr double kPasMax = 1e9;
 
 // -- the preview: a corner of the grid, and a text
@@ -76,10 +74,6 @@ void texte(INT zone, double agrandissement, INT largeur, INT hauteur) {
 }
 
 } // namespace
-
-int trait_grille(int choix) {
-    return kTraits[static_cast<std::size_t>(std::clamp<int>(choix, 0, kTraits.size() - 1))];
-}
 
 void PanneauReglages::ouvre(INT mere, const Plan& plan) {
     constexpr INT kBord = 40;

@@ -46,9 +46,6 @@ class PanneauReglages {
     std::vector<CouleurNommee> plumes_;
 };
 
-// GRX_TRAIT_... of a choice among the line styles of the grid.
-int trait_grille(int choix);
-
 } // namespace atelier
 
 #endif
