@@ -53,6 +53,13 @@ bool Bandeau::cree(INT mere) {
     return true;
 }
 
+bool Bandeau::prend(const GRX_EVENEMENT& e) {
+    const bool a_montrer = e.type_evenement == GRX_EVT_AFFICHAGE || e.type_evenement == GRX_EVT_CHGT_TAILLE;
+    if (!a_montrer || e.affichage.nofen != nofen_) return false;
+    redessine();
+    return true;
+}
+
 void Bandeau::montre(const Contenu& contenu) {
     if (contenu == contenu_) return;
     contenu_ = contenu;

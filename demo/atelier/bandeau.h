@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host_t.h"
+#include "xt_ent_t.h"
 
 namespace atelier {
 
@@ -14,7 +14,8 @@ class Bandeau {
 
     // Makes the strip in window mere. Returns false when it cannot be made.
     bool cree(INT mere);
-    INT nofen() const { return nofen_; }
+    // Draws itself anew when its window comes to light or is sized. Returns false for other events.
+    bool prend(const GRX_EVENEMENT& e);
 
     // What it shows: the position on the left, then the scale and a message, and the name of the drawing on the
     // right; each as far as there is room.

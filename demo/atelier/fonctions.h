@@ -1,4 +1,4 @@
-// The numbers of what atelier can do: menus, keys of menus and icons name the same action by the same number.
+// The numbers and names of what atelier can do: menus, keys of menus and icons name the same action by the same number.
 #ifndef ATELIER_FONCTIONS_H
 #define ATELIER_FONCTIONS_H
 
@@ -46,6 +46,9 @@ enum Fonction {
     kFonctionZoom = 503,
     kFonctionQuitter = 999,
 };
+
+// What the user reads of an action, in Latin-1.
+const char* nom_de(int fonction);
 
 } // namespace atelier
 

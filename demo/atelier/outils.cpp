@@ -6,13 +6,11 @@
 #include <cstdio>
 #include <string_view>
 
+#include "controles.h"
 #include "fonctions.h"
+#include "host_g.h"
 #include "unites.h"
-#include "xt_bou_f.h"
-#include "xt_bou_t.h"
-#include "xt_fen_f.h"
-#include "xt_ini_f.h"
-#include "xt_ini_t.h"
+#include "xt_f.h"
 
 namespace atelier {
 
@@ -43,32 +41,14 @@ std::string entree_de(const CalqueVu& calque) {
     return std::string(calque.visible ? kVue : kCachee) + calque.nom;
 }
 
+// How many times larger than the whole drawing fills the sheet a place of the scale means.
+double rapport_de(INT valeur) {
+    return std::pow(10.0, kZoomParMoitie * (2.0 * valeur / kZoomMax - 1));
+}
+
 } // namespace
 
-GRX_BOUTON bouton(INT fenetre, INT type, int x, int y, int largeur, int hauteur) {
-    GRX_BOUTON b;
-    grx_init_bouton(&b);
-    b.fen_mere = fenetre;
-    b.type = type;
-    b.attrib = GRX_BOU_ATT_ACTIF;
-    b.x = x;
-    b.y = y;
-    b.largeur = largeur;
-    b.hauteur = hauteur;
-    return b;
-}
-
-INT cree_bouton(GRX_BOUTON& b) {
-    return grx_cree_bouton(&b) == 0 ? b.nobou : -1;
-}
-
-std::string texte_de(INT nobou) {
-    std::array<char, 4096> tampon{};
-    grx_recup_texte_bouton(nobou, tampon.data());
-    return tampon.data();
-}
-
-bool Outils::cree(INT mere, std::string icones, const std::vector<CalqueVu>& calques) {
+bool Outils::cree(INT mere, std::string icones) {
     GRX_FENETRE f;
     grx_init_fenetre(&f);
     f.type = GRX_FEN_BOUTONS;
@@ -80,15 +60,15 @@ bool Outils::cree(INT mere, std::string icones, const std::vector<CalqueVu>& cal
     nofen_ = f.nofen;
     grx_init_repertoire_icones(icones.data());
     grx_affecte_format_icone(GRX_FORMAT_ICONE_M);
-    cree_icones(icones);
+    cree_icones();
     cree_champs();
     cree_zoom();
     libelle(nofen_, kMarge, kYCouches - 20, "Couches (double clic)");
-    montre_calques(calques);
+    montre_calques();
     return true;
 }
 
-void Outils::cree_icones(const std::string&) {
+void Outils::cree_icones() {
     std::array<char, HOST_CHEMIN_MAX> repertoire{};
     grx_recup_repertoire_icones(repertoire.data());
     int place = 0;
@@ -128,7 +108,92 @@ void Outils::cree_zoom() {
     zoom_ = cree_bouton(b);
 }
 
-void Outils::montre_calques(const std::vector<CalqueVu>& calques) {
+// --- what the user does -------------------------------------------------------------------------------------------
+
+Suite Outils::prend(const GRX_EVENEMENT& e, Feuille& feuille) {
+    switch (e.type_evenement) {
+    case GRX_EVT_CARAC_APPUI: return est_champ(e.carac_appui.nobou) ? Suite::Fait : Suite::PasPourMoi;
+    case GRX_EVT_EXEC_FONCTION:
+    case GRX_EVT_ECHELLE: return controle(e.exec_fonction, feuille);
+    case GRX_EVT_ELEMENT_CLIQUE: return couche_choisie(e.element_clique, feuille);
+    default: return Suite::PasPourMoi;
+    }
+}
+
+Suite Outils::controle(const GRX_EXEC_FONCTION& e, Feuille& feuille) const {
+    switch (e.no_fo) {
+    case kFonctionZoom: feuille.fixe_rapport(rapport_de(e.valeur)); return Suite::Fait;
+    case kFonctionChampX:
+    case kFonctionChampY:
+        if (const auto p = centre_tape()) feuille.centre_sur(feuille.cotes().du_dessin(*p));
+        feuille.perime();
+        return Suite::Fait;
+    default: return Suite::PasPourMoi;
+    }
+}
+
+// A click chooses a layer, a double one shows or hides it.
+Suite Outils::couche_choisie(const GRX_ELEMENT_CLIQUE& e, Feuille& feuille) {
+    const int calque = calque_de(e.nobou, e.chaine);
+    if (calque < 0) return Suite::PasPourMoi;
+    plan_.calque_choisi = calque;
+    if (e.double_click == 0) return Suite::Choix;
+    bool& visible = plan_.dessin.calques[static_cast<std::size_t>(calque)].visible;
+    visible = !visible;
+    montre_calques();
+    feuille.perime();
+    return Suite::Calques;
+}
+
+Suite Outils::action(INT fonction, Feuille& feuille) {
+    switch (fonction) {
+    case kFonctionCouchesToutes:
+    case kFonctionCouchesAucune:
+        plan_.montre_calques(fonction == kFonctionCouchesToutes);
+        montre_calques();
+        feuille.perime();
+        return Suite::Calques;
+    case kFonctionModuleCommun:
+    case kFonctionModuleMeca:
+    case kFonctionModuleArch: change_module(fonction - kFonctionModuleCommun); return Suite::Fait;
+    default: return Suite::PasPourMoi;
+    }
+}
+
+// The menus of another module, in the bar that is there.
+void Outils::change_module(INT module) {
+    constexpr int kSelecteur = 233; // of the host's state: which menu file is read
+    if (module == module_) return;
+    module_ = module;
+    istate[kSelecteur] = module;
+    grx_detruit_menu_bar();
+    grx_recree_menu_bar();
+}
+
+// The layer that an entry of the list stands for, -1 for an entry of another list.
+int Outils::calque_de(INT nobou, const char* entree) const {
+    const std::vector<CalqueVu>& calques = plan_.dessin.calques;
+    if (nobou != liste_) return -1;
+    const auto trouve =
+        std::ranges::find_if(calques, [&](const CalqueVu& calque) { return entree_de(calque) == entree; });
+    return trouve != calques.end() ? static_cast<int>(trouve - calques.begin()) : -1;
+}
+
+// The numbers that the fields hold, nothing when they hold none.
+std::optional<Point> Outils::centre_tape() const {
+    const auto x = lit_nombre(texte_de(champ_x_)), y = lit_nombre(texte_de(champ_y_));
+    return x && y ? std::optional(Point{*x, *y}) : std::nullopt;
+}
+
+void Outils::rend_le_clavier() const {
+    grx_force_focus_sur_bouton(premiere_icone_);
+}
+
+// --- what they show -----------------------------------------------------------------------------------------------
+
+// The list anew: there is no way to change an entry.
+void Outils::montre_calques() {
+    const std::vector<CalqueVu>& calques = plan_.dessin.calques;
     grx_detruit_bouton(liste_);
     GRX_BOUTON b = bouton(nofen_, GRX_BOU_LISTE, kMarge, kYCouches, kLargeur - 2 * kMarge - 20, kHauteurListe);
     b.attrib |= GRX_BOU_ATT_LISTE_SCROLL;
@@ -140,15 +205,12 @@ void Outils::montre_calques(const std::vector<CalqueVu>& calques) {
     }
 }
 
-int Outils::calque_de(INT nobou, const char* entree, const std::vector<CalqueVu>& calques) const {
-    if (nobou != liste_) return -1;
-    const auto trouve =
-        std::ranges::find_if(calques, [&](const CalqueVu& calque) { return entree_de(calque) == entree; });
-    return trouve != calques.end() ? static_cast<int>(trouve - calques.begin()) : -1;
-}
-
-double Outils::rapport_de(INT valeur) {
-    return std::pow(10.0, kZoomParMoitie * (2.0 * valeur / kZoomMax - 1));
+void Outils::montre(const Feuille& feuille) {
+    const Cotes cotes = feuille.cotes();
+    const Point centre = cotes.lues(feuille.vue().centre());
+    montre_zoom(feuille.vue().rapport());
+    montre_champ(champ_x_, x_, cotes.texte(centre.x));
+    montre_champ(champ_y_, y_, cotes.texte(centre.y));
 }
 
 void Outils::montre_zoom(double rapport) {
@@ -159,24 +221,12 @@ void Outils::montre_zoom(double rapport) {
     grx_change_valeur_echelle(zoom_, valeur);
 }
 
-void Outils::montre_centre(const std::string& x, const std::string& y) {
-    const auto montre = [](INT nobou, std::string& connu, const std::string& nouveau) {
-        if (connu == nouveau) return;
-        connu = nouveau;
-        std::string texte = nouveau;
-        grx_change_texte(nobou, texte.data());
-    };
-    montre(champ_x_, x_, x);
-    montre(champ_y_, y_, y);
-}
-
-std::optional<Point> Outils::centre() const {
-    const auto x = lit_nombre(texte_de(champ_x_)), y = lit_nombre(texte_de(champ_y_));
-    return x && y ? std::optional(Point{*x, *y}) : std::nullopt;
-}
-
-void Outils::rend_le_clavier() const {
-    grx_force_focus_sur_bouton(premiere_icone_);
+// What is typed in the field stays until the number changes.
+void Outils::montre_champ(INT nobou, std::string& connu, const std::string& nouveau) {
+    if (connu == nouveau) return;
+    connu = nouveau;
+    std::string texte = nouveau;
+    grx_change_texte(nobou, texte.data());
 }
 
 } // namespace atelier

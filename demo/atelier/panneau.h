@@ -6,15 +6,9 @@
 
 #include "host_t.h"
 #include "panneaux_lecture.h"
+#include "suite.h"
 
 namespace atelier {
-
-// What a panel made of an event.
-enum class Suite {
-    PasPourMoi,
-    Fait,
-    Applique, // what the user chose is to take effect
-};
 
 class Panneau {
   public:

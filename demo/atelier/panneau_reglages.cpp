@@ -4,11 +4,10 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <utility>
 
 #include "etat_hote.h"
 #include "fonctions.h"
-#include "outils.h"
+#include "controles.h"
 #include "palette.h"
 #include "police.h"
 #include "rendu.h"
@@ -31,8 +30,6 @@ enum Indice {
     kTextes = 708,
 };
 
-constexpr std::array<int, 4> kTraits{
-    GRX_TRAIT_CONTINU, GRX_TRAIT_POINTILLE_LONG, GRX_TRAIT_POINTILLE_COURT, GRX_TRAIT_MIXTE_1_POINT};
 constexpr double kPasMax = 1e9;
 
 // -- the preview: a corner of the grid, and a text
@@ -78,17 +75,13 @@ void texte(INT zone, double agrandissement, INT largeur, INT hauteur) {
 
 } // namespace
 
-int trait_grille(int choix) {
-    return kTraits[static_cast<std::size_t>(std::clamp<int>(choix, 0, kTraits.size() - 1))];
-}
-
-void PanneauReglages::ouvre(INT mere, const Reglages& reglages, int unites, std::vector<PlumeNommee> plumes) {
+void PanneauReglages::ouvre(INT mere, const Plan& plan) {
     constexpr INT kBord = 40;
     const PANEL* const p = panneau_.description();
     if (panneau_.ouvert() || p == nullptr) return;
-    edites_ = reglages;
-    unites_ = unites;
-    plumes_ = std::move(plumes);
+    edites_ = plan.reglages;
+    unites_ = plan.dessin.unites;
+    plumes_ = plan.plumes();
     pose_etat();
     if (!panneau_.ouvre(mere, grx_recup_lar_ecran() - p->tx - kBord, kBord)) return;
     if (!(millimetres(unites_) > 0)) panneau_.desactive(kUnites);
@@ -107,7 +100,7 @@ void PanneauReglages::pose_etat() const {
     istate[kTextes] = edites_.textes;
     pose_reel(kPas, edites_.pas * facteur(edites_, unites_));
     std::vector<std::string> noms;
-    for (const PlumeNommee& plume : plumes_) noms.push_back(plume.nom);
+    for (const CouleurNommee& plume : plumes_) noms.push_back(plume.nom);
     pose_liste(kPlumes, noms, {edites_.plume});
 }
 
@@ -187,7 +180,7 @@ void PanneauReglages::dessine_apercu() const {
     INT largeur = 0, hauteur = 0;
     grx_recup_taille_bouton(zone, &largeur, &hauteur);
     GRX_ATTRIBUTS_TRACER attrib{};
-    attrib.coul_trace = plumes_[static_cast<std::size_t>(edites_.plume)].couleur;
+    attrib.coul_trace = plumes_[static_cast<std::size_t>(edites_.plume)].indice;
     attrib.type_trait = trait_grille(edites_.trait);
     grx_affecte_nobou_actif(zone);
     grx_alloue_image_bouton(zone, 0);

@@ -6,23 +6,17 @@
 #include <vector>
 
 #include "panneau.h"
+#include "plan.h"
 #include "reglages.h"
 #include "xt_ent_t.h"
 
 namespace atelier {
 
-// A pen that the grid can be drawn with.
-struct PlumeNommee {
-    std::string nom;
-    int couleur = 0; // index
-};
-
 class PanneauReglages {
   public:
     explicit PanneauReglages(Panneaux& panneaux) : panneau_(panneaux, kNumero) {}
 
-    // unites: of the drawing, as files number them.
-    void ouvre(INT mere, const Reglages& reglages, int unites, std::vector<PlumeNommee> plumes);
+    void ouvre(INT mere, const Plan& plan);
     void ferme() { panneau_.ferme(); }
     void oublie() { panneau_.oublie(); }
     bool tient(INT nofen) const { return panneau_.tient(nofen); }
@@ -49,11 +43,8 @@ class PanneauReglages {
     Panneau panneau_;
     Reglages edites_;
     int unites_ = 0;
-    std::vector<PlumeNommee> plumes_;
+    std::vector<CouleurNommee> plumes_;
 };
-
-// GRX_TRAIT_... of a choice among the line styles of the grid.
-int trait_grille(int choix);
 
 } // namespace atelier
 

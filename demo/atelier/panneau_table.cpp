@@ -5,7 +5,7 @@
 
 #include "fonctions.h"
 #include "host_g.h"
-#include "outils.h"
+#include "controles.h"
 #include "palette.h"
 #include "xt_f.h"
 
@@ -45,12 +45,13 @@ void change(INT nobou, std::string texte) {
 
 } // namespace
 
-void PanneauTable::ouvre(INT mere, const Dessin& dessin) {
+void PanneauTable::ouvre(INT mere, const Plan& plan) {
     constexpr INT kBord = 40;
     if (panneau_.ouvert() || !panneau_.ouvre(mere, kBord, kBord)) return;
     cree_choix();
     cree_cases();
-    compte(dessin);
+    mesure_ = plan.mesure();
+    compte(plan.dessin);
 }
 
 // The choice that the last opening ended with is shown first.

@@ -7,6 +7,7 @@
 
 #include "nomenclature.h"
 #include "panneau.h"
+#include "plan.h"
 #include "xt_ent_t.h"
 
 namespace atelier {
@@ -15,15 +16,15 @@ class PanneauTable {
   public:
     explicit PanneauTable(Panneaux& panneaux) : panneau_(panneaux, kNumero) {}
 
-    void ouvre(INT mere, const Dessin& dessin);
+    void ouvre(INT mere, const Plan& plan);
     void ferme();
     void oublie();
     bool tient(INT nofen) const { return panneau_.tient(nofen); }
 
+    // Lengths are told in another unit.
     void mesure_en(const Mesure& mesure);
-    // What the table shows, or would show.
+    // What the table counts by, or would.
     Critere critere() const { return critere_; }
-    const Mesure& mesure() const { return mesure_; }
     Suite controle(const GRX_EXEC_FONCTION& e, const Dessin& dessin);
 
   private:

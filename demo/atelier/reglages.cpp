@@ -5,12 +5,15 @@
 #include <cmath>
 
 #include "unites.h"
+#include "xt_gfx_t.h"
 
 namespace atelier {
 
 namespace {
 
 constexpr std::array<int, kNbUnites> kUnitesDeFichier{0, 4, 5, 6};
+constexpr std::array<int, 4> kTraitsGrille{
+    GRX_TRAIT_CONTINU, GRX_TRAIT_POINTILLE_LONG, GRX_TRAIT_POINTILLE_COURT, GRX_TRAIT_MIXTE_1_POINT};
 
 } // namespace
 
@@ -32,6 +35,10 @@ Point accroche(const Reglages& r, Point p) {
 double agrandissement_textes(int valeur) {
     constexpr double kMilieu = 50;
     return std::exp2((std::clamp(valeur, 0, 100) - kMilieu) / kMilieu);
+}
+
+int trait_grille(int choix) {
+    return kTraitsGrille[static_cast<std::size_t>(std::clamp<int>(choix, 0, kTraitsGrille.size() - 1))];
 }
 
 double pas_pour(const Boite& boite) {

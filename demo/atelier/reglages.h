@@ -17,7 +17,7 @@ struct Reglages {
     double pas = 1; // of the grid, in units of the drawing
     bool grille = false;
     bool accroche = false;
-    int trait = 0;   // choice among kTraitsGrille
+    int trait = 0;   // choice among the line styles of the grid
     int plume = 0;   // choice among the pens
     int textes = 50; // 0..100, in the middle as the drawing says
     bool operator==(const Reglages&) const = default;
@@ -33,6 +33,9 @@ Point accroche(const Reglages& r, Point p);
 
 // How much larger than in the drawing texts are shown: half to twice.
 double agrandissement_textes(int valeur);
+
+// GRX_TRAIT_... of a choice among the line styles of the grid.
+int trait_grille(int choix);
 
 // A round step for a drawing of this size.
 double pas_pour(const Boite& boite);

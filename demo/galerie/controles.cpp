@@ -5,7 +5,7 @@
 
 namespace galerie {
 
-INT bouton(INT fenetre, INT type, INT attrib, const Boite& boite, std::string_view titre, INT no_fo) {
+GRX_BOUTON decrit(INT fenetre, INT type, INT attrib, const Boite& boite) {
     GRX_BOUTON b;
     grx_init_bouton(&b);
     b.fen_mere = fenetre;
@@ -15,6 +15,11 @@ INT bouton(INT fenetre, INT type, INT attrib, const Boite& boite, std::string_vi
     b.y = boite.y;
     b.largeur = boite.largeur;
     b.hauteur = boite.hauteur;
+    return b;
+}
+
+INT bouton(INT fenetre, INT type, INT attrib, const Boite& boite, std::string_view titre, INT no_fo) {
+    GRX_BOUTON b = decrit(fenetre, type, attrib, boite);
     b.no_fo = no_fo;
     b.tabi[GRX_BOU_TABI_VALEUR] = no_fo % 100;
     if (type == GRX_BOU_TEXTE) b.tabi[GRX_BOU_TABI_COLONNES] = -1;
@@ -65,17 +70,9 @@ constexpr std::size_t kEnfonce = 6, kSouligne = 7;
 
 // Scales and colours need more of the record than the others.
 INT cree(INT fenetre, const Modele& modele, INT no_fo) {
-    GRX_BOUTON b;
-    grx_init_bouton(&b);
     if (modele.type != GRX_BOU_ECHELLE && modele.type != GRX_BOU_COULEUR)
         return bouton(fenetre, modele.type, modele.attrib, modele.boite, modele.titre, no_fo);
-    b.fen_mere = fenetre;
-    b.type = modele.type;
-    b.attrib = modele.attrib;
-    b.x = modele.boite.x;
-    b.y = modele.boite.y;
-    b.largeur = modele.boite.largeur;
-    b.hauteur = modele.boite.hauteur;
+    GRX_BOUTON b = decrit(fenetre, modele.type, modele.attrib, modele.boite);
     b.no_fo = no_fo;
     b.tabi[GRX_BOU_TABI_MAXI] = 200;
     b.tabi[GRX_BOU_TABI_INITIAL] = 75;

@@ -10,15 +10,7 @@ namespace {
 constexpr INT kMarge = 12, kBas = 20; // pixels; height of the number below
 
 void pastille(INT fenetre, INT couleur, const Boite& place, const char* nom) {
-    GRX_BOUTON b;
-    grx_init_bouton(&b);
-    b.type = GRX_BOU_COULEUR;
-    b.attrib = GRX_BOU_ATT_ACTIF;
-    b.fen_mere = fenetre;
-    b.x = place.x;
-    b.y = place.y;
-    b.largeur = place.largeur;
-    b.hauteur = place.hauteur;
+    GRX_BOUTON b = decrit(fenetre, GRX_BOU_COULEUR, GRX_BOU_ATT_ACTIF, place);
     b.coul_fond = couleur;
     grx_cree_bouton(&b);
     const std::string texte = std::to_string(couleur) + (*nom != '\0' ? " " : "") + nom;

@@ -46,19 +46,14 @@ constexpr std::array<Champ, 19> kChamps{{
 GRX_ZONE_INFO zone{};
 GRX_FENETRE bande{};
 
-void decrit(GRX_BOUTON& b, const Champ& champ) {
-    const INT ligne = grx_recup_hau_carac_alpha();
-    grx_init_bouton(&b);
-    b.fen_mere = bande.nofen;
-    b.type = champ.type;
-    b.attrib = champ.attrib;
-    b.x = 4 + champ.colonne * grx_recup_lar_carac_alpha();
-    b.y = champ.rangee * (ligne + 4);
-    b.largeur = champ.largeur * grx_recup_lar_carac_alpha();
-    b.hauteur = ligne;
+GRX_BOUTON decrit_champ(const Champ& champ) {
+    const INT caractere = grx_recup_lar_carac_alpha(), ligne = grx_recup_hau_carac_alpha();
+    GRX_BOUTON b = decrit(bande.nofen, champ.type, champ.attrib,
+        {4 + champ.colonne * caractere, champ.rangee * (ligne + 4), champ.largeur * caractere, ligne});
     b.no_fo = kFonctionBande + champ.rangee;
     if (champ.type == GRX_BOU_TEXTE) b.tabi[GRX_BOU_TABI_COLONNES] = -1;
     copie(b.titre, champ.titre);
+    return b;
 }
 
 void ouvre_bande(INT principale) {
@@ -71,7 +66,7 @@ void ouvre_bande(INT principale) {
     bande.droite = 107 * grx_recup_lar_carac_alpha();
     copie(bande.titre, "Informations");
     grx_cree_fenetre_info(&bande);
-    for (const Champ& champ : kChamps) decrit(zone.*champ.place, champ);
+    for (const Champ& champ : kChamps) zone.*champ.place = decrit_champ(champ);
     INT hauteur = 0;
     grx_cree_boutons_fenetre_info(&zone, &hauteur);
 }

@@ -31,6 +31,9 @@ struct Boite {
     INT x, y, largeur, hauteur;
 };
 
+// The record of a control at its place in a window, still to be created.
+GRX_BOUTON decrit(INT fenetre, INT type, INT attrib, const Boite& boite);
+
 // A control in a window; its number, or a negative result.
 INT bouton(INT fenetre, INT type, INT attrib, const Boite& boite, std::string_view titre, INT no_fo);
 

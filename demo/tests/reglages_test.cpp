@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
 #include "reglages.h"
 #include "unites.h"
+#include "xt_gfx_t.h"
 
 namespace atelier {
 
@@ -68,6 +70,14 @@ TEST(Reglages, GridLinesCoverWhatIsSeen) {
     EXPECT_TRUE(lignes_grille(1, 1, 10, 0).empty());
     EXPECT_TRUE(lignes_grille(1, 1, 0, std::numeric_limits<double>::infinity()).empty());
     EXPECT_LE(lignes_grille(1e-300, 0, 0, 1e6).size(), 5000U);
+}
+
+TEST(Reglages, EveryChoiceIsALineStyle) {
+    const std::vector<int> styles{
+        GRX_TRAIT_CONTINU, GRX_TRAIT_POINTILLE_LONG, GRX_TRAIT_POINTILLE_COURT, GRX_TRAIT_MIXTE_1_POINT};
+    for (int choix = 0; choix < 4; ++choix) EXPECT_EQ(trait_grille(choix), styles[static_cast<std::size_t>(choix)]);
+    EXPECT_EQ(trait_grille(-1), styles.front());
+    EXPECT_EQ(trait_grille(4), styles.back());
 }
 
 TEST(Nombres, AreReadAsPeopleWriteThem) {

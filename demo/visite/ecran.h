@@ -29,7 +29,7 @@
 namespace visite {
 
 using Horloge = std::chrono::steady_clock;
-constexpr auto kDelai = std::chrono::seconds(20);
+constexpr auto kDelai = std::chrono::seconds(20), kPatience = std::chrono::seconds(10);
 constexpr auto kPause = std::chrono::milliseconds(20);
 constexpr auto kTenu = std::chrono::milliseconds(1000); // a menu let go of earlier was clicked, and stays
 
@@ -37,9 +37,19 @@ struct Echec : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// From the upper left corner of a window.
+struct Pixels {
+    int x, y;
+};
+
 struct Cadre {
     int x = 0, y = 0, largeur = 0, hauteur = 0;
 };
+
+inline std::string texte_de(const Cadre& c) {
+    return std::to_string(c.largeur) + "x" + std::to_string(c.hauteur) + "+" + std::to_string(c.x) + "+"
+           + std::to_string(c.y);
+}
 
 struct Image {
     int largeur = 0, hauteur = 0;
@@ -57,6 +67,11 @@ inline void attend(
         if (Horloge::now() > fin) throw Echec("rien ne vient : " + quoi);
         std::this_thread::sleep_for(kPause);
     }
+}
+
+// For what a user would not wait longer for.
+inline void patiente(const std::string& quoi, const std::function<bool()>& condition) {
+    attend(quoi, condition, kPatience);
 }
 
 inline int ignore_erreur(Display*, XErrorEvent*) {
@@ -235,6 +250,14 @@ class Ecran {
     void va(int x, int y) {
         XTestFakeMotionEvent(d_, -1, x, y, CurrentTime);
         XSync(d_, False);
+    }
+    void va(Window w, Pixels p) {
+        const Cadre c = place(w);
+        va(c.x + p.x, c.y + p.y);
+    }
+    void va_au_milieu(Window w) {
+        const Cadre c = place(w);
+        va(c.x + c.largeur / 2, c.y + c.hauteur / 2);
     }
     void glisse(int x1, int y1, int x2, int y2) {
         constexpr int kEtapes = 24;

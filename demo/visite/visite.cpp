@@ -19,34 +19,31 @@ class Visite {
         : repertoire_(std::move(repertoire)), plans_(std::move(plans)) {}
 
     void faite() {
-        etape("fenetre et vue d'ensemble", [this] { arrivee(); });
-        etape("elastique de zoom", [this] { elastique(); });
-        etape("deplacement au bouton du milieu", [this] { deplacement(); });
-        etape("zoom a la molette", [this] { molette(); });
-        etape("icone, menu et touche de menu", [this] { outils(); });
-        etape("grande taille et retour", [this] { taille(); });
-        etape("iconification et retour", [this] { icone(); });
-        etape("vue d'ensemble au clavier", [this] { clavier(); });
-        etape("reglages: pas, trait, plume", [this] { reglages(); });
-        etape("choix des couches", [this] { couches(); });
-        etape("choix des couches a la meme place", [this] { meme_place(); });
-        etape("nomenclature", [this] { nomenclature(); });
-        etape("image et apercu", [this] { image(); });
-        etape("ouvrir un plan", [this] { ouvrir(); });
-        etape("liste des pieces dans l'editeur", [this] { editeur(); });
-        etape("couleur d'une couche", [this] { couleurs_de_couche(); });
-        etape("trace", [this] { trace(); });
-        etape("bande d'information", [this] { bande(); });
-        etape("titre et bord", [this] { decorations(); });
-        etape("fermeture par le gestionnaire", [this] { fermeture(); });
+        static constexpr Etape kEtapes[] = {{"fenetre et vue d'ensemble", &Visite::arrivee},
+            {"elastique de zoom", &Visite::elastique}, {"deplacement au bouton du milieu", &Visite::deplacement},
+            {"zoom a la molette", &Visite::molette}, {"icone, menu et touche de menu", &Visite::outils},
+            {"grande taille et retour", &Visite::taille}, {"iconification et retour", &Visite::icone},
+            {"vue d'ensemble au clavier", &Visite::clavier}, {"reglages: pas, trait, plume", &Visite::reglages},
+            {"choix des couches", &Visite::couches}, {"choix des couches a la meme place", &Visite::meme_place},
+            {"nomenclature", &Visite::nomenclature}, {"image et apercu", &Visite::image},
+            {"ouvrir un plan", &Visite::ouvrir}, {"liste des pieces dans l'editeur", &Visite::editeur},
+            {"couleur d'une couche", &Visite::couleurs_de_couche}, {"trace", &Visite::trace},
+            {"bande d'information", &Visite::bande}, {"titre et bord", &Visite::decorations},
+            {"fermeture par le gestionnaire", &Visite::fermeture}};
+        for (const Etape& e : kEtapes) etape(e);
     }
 
   private:
-    void etape(const char* nom, const std::function<void()>& fait) {
-        std::printf("%d. %s ... ", ++numero_, nom);
+    struct Etape {
+        const char* nom;
+        void (Visite::*faite)();
+    };
+
+    void etape(const Etape& e) {
+        std::printf("%d. %s ... ", ++numero_, e.nom);
         std::fflush(stdout);
         try {
-            fait();
+            (this->*e.faite)();
         } catch (const Echec&) {
             visite::photo(fichier("echec"));
             throw;
@@ -60,7 +57,7 @@ class Visite {
         visite::calme([this] { return ecran_.image(ecran_.place(ecran_.racine())); });
         visite::photo(fichier(nom));
     }
-    Window cherche(Window w, const std::string& titre = "atelier - ") const { return ecran_.cherche(w, titre); }
+    Window cherche(Window w, const std::string& titre = kTitrePrincipal) const { return ecran_.cherche(w, titre); }
 
     // The drawing sheet: the window without the tools at the left, the menu bar above and the status strip below.
     Cadre feuille() const {
@@ -148,8 +145,7 @@ class Visite {
 
     // An icon, an entry of a menu and its key do the same.
     void outils() {
-        const Cadre c = ecran_.place(fenetre_);
-        ecran_.va(c.x + kIconePlus, c.y + kBarre + kIcones);
+        ecran_.va(fenetre_, {kIconePlus, kBarre + kIcones});
         attend_titre([&] { ecran_.clic(1); });
         attend_titre([&] { ecran_.touche(XK_F3, XK_Control_L); });
         ouvre_menu();
@@ -200,8 +196,7 @@ class Visite {
             return icone != None;
         });
         photo("8-icone");
-        const Cadre c = ecran_.place(icone);
-        ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur / 2);
+        ecran_.va_au_milieu(icone);
         ecran_.clic(1);
         ecran_.clic(1);
         attend("le retour", [&] { return ecran_.etat(fenetre_) == NormalState && ecran_.visible(fenetre_); });
@@ -236,10 +231,7 @@ class Visite {
         return w;
     }
 
-    void va_sur(Window w, Place p) {
-        const Cadre c = ecran_.place(w);
-        ecran_.va(c.x + p.x * kCaractere / 10, c.y + p.y * kLigne / 10);
-    }
+    void va_sur(Window w, Place p) { ecran_.va(w, en_pixels(p)); }
 
     // Waits for what the click changes in the panel.
     void clic_visible(Window w, Place p) {
@@ -280,8 +272,7 @@ class Visite {
     }
 
     void clic_icone(int numero) {
-        const Cadre c = ecran_.place(fenetre_);
-        ecran_.va(c.x + kIconeGrille + numero * kPasIcone, c.y + kBarre + kIcones + kPasIcone);
+        ecran_.va(fenetre_, {kIconeGrille + numero * kPasIcone, kBarre + kIcones + kPasIcone});
         ecran_.clic(1);
     }
 
@@ -290,10 +281,9 @@ class Visite {
     }
 
     void reglages() {
-        const std::string titre = "glages du dessin"; // the letter with an accent depends on the encoding
         ouvre_menu();
         ecran_.touche(XK_g);
-        const Window w = panneau(titre);
+        const Window w = panneau(kTitreReglages);
         photo("11-reglages");
         for (const Place p : {kMetres, kMontrer, kAccrocher, kGris}) clic_visible(w, p);
         choisit(w, kTrait, 2, "12-trait");
@@ -303,7 +293,7 @@ class Visite {
         tape("0.5");
         clic_qui_dessine(w, kAppliquer);
         photo("13-grille");
-        ferme_panneau(w, kReglagesFermer, titre);
+        ferme_panneau(w, kReglagesFermer, kTitreReglages);
     }
 
     void couches() {
@@ -340,13 +330,12 @@ class Visite {
     }
 
     void nomenclature() {
-        const std::string titre = "Nomenclature";
         clic_icone(2);
-        const Window w = panneau(titre);
+        const Window w = panneau(kTitreTable);
         photo("17-nomenclature");
         choisit(w, kCritere, 1, "18-critere");
         photo("19-par-nature");
-        ferme_panneau(w, kTableFermer, titre);
+        ferme_panneau(w, kTableFermer, kTitreTable);
     }
 
     // --- files ---
@@ -361,7 +350,7 @@ class Visite {
 
     void image() {
         ecran_.touche(XK_s, XK_Control_L);
-        panneau("Enregistrer l'image");
+        panneau(kTitreImage);
         photo("20-image");
         constexpr int kCheminMax = 90;
         for (int i = 0; i < kCheminMax; ++i) ecran_.touche(XK_BackSpace);
@@ -383,8 +372,7 @@ class Visite {
     Window ouvre_dialogue(int fichier) {
         ecran_.touche(XK_o, XK_Control_L);
         const Window w = panneau(kTitreOuvrir);
-        const Cadre c = ecran_.place(w);
-        ecran_.va(c.x + kFichiers.x, c.y + kFichiers.y + fichier * kHauteurFichier);
+        ecran_.va(w, {kFichiers.x, kFichiers.y + fichier * kHauteurFichier});
         ecran_.clic(1);
         return w;
     }
@@ -426,15 +414,14 @@ class Visite {
     void editeur() {
         ecran_.touche(XK_l, XK_Control_L);
         const Window w = panneau(kTitreEditeur);
-        const Cadre c = ecran_.place(w);
-        ecran_.va(c.x + c.largeur / 2, c.y + c.hauteur / 2);
+        ecran_.va_au_milieu(w);
         ecran_.clic(1);
         ecran_.touche(XK_Home, XK_Control_L);
         tape("revu");
         ecran_.touche(XK_Return);
         photo("25-editeur");
         choix_de_menu(w, kFichier, 3, "26-sauver");
-        attend("la liste avec la ligne", [&] { return premiere_ligne(liste()) == "revu"; });
+        attend("la liste avec la ligne", [&] { return premiere_ligne(liste_ecrite(plans_)) == "revu"; });
         const Image avant = ecran_.image(bandeau());
         ecran_.touche(XK_F3);
         attend("la fin de l'editeur", [&] { return cherche(ecran_.racine(), kTitreEditeur) == None; });
@@ -457,20 +444,6 @@ class Visite {
         ecran_.bouton(1, false);
     }
 
-    // The list is in a directory of its own among the drawings.
-    std::filesystem::path liste() const {
-        for (const auto& e : std::filesystem::directory_iterator(plans_))
-            if (e.is_directory() && std::filesystem::exists(e.path() / "maison.txt")) return e.path() / "maison.txt";
-        return {};
-    }
-
-    static std::string premiere_ligne(const std::filesystem::path& fichier) {
-        std::ifstream f(fichier);
-        std::string r;
-        std::getline(f, r);
-        return r;
-    }
-
     // The walls get another colour while the slider is dragged.
     void couleurs_de_couche() {
         const Cadre c = ecran_.place(fenetre_);
@@ -487,7 +460,7 @@ class Visite {
         attend("des murs d'une autre couleur", [&] { return haut_du_dessin() != avant; });
         photo("28-couleurs");
         ecran_.bouton(1, false);
-        ecran_.va(p.x + kRetablir.x, p.y + kRetablir.y);
+        ecran_.va(w, kRetablir);
         ecran_.clic(1);
         attend("les couleurs d'avant", [&] { return haut_du_dessin() == avant; });
         ecran_.touche(XK_Escape);
@@ -581,13 +554,6 @@ class Visite {
         ecran_.touche(XK_F4, XK_Alt_L);
         attend("la fin de la fenetre", [&] { return cherche(ecran_.racine()) == None; });
     }
-
-    static constexpr const char* kTitreEditeur = "Editeur";
-    static constexpr const char* kTitreCouleur = "Couleur - ";
-    static constexpr const char* kTitreTraces = "pertoire des trac"; // without its accents
-    static constexpr const char* kTitreBande = "Informations";
-    static constexpr const char* kTitreOuvrir = "Ouvrir un plan";
-    static constexpr const char* kTitreCouches = "Choix des couches";
 
     Ecran ecran_;
     std::string repertoire_;

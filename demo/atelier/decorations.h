@@ -1,0 +1,20 @@
+// Title and border of a window, which the user takes away and brings back.
+#ifndef ATELIER_DECORATIONS_H
+#define ATELIER_DECORATIONS_H
+
+#include "host_t.h"
+
+namespace atelier {
+
+class Decorations {
+  public:
+    void bascule_titre(INT nofen);
+    void bascule_bord(INT nofen);
+
+  private:
+    bool sans_titre_ = false, sans_bord_ = false;
+};
+
+} // namespace atelier
+
+#endif
