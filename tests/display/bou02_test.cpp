@@ -2,7 +2,6 @@
 #include "tests/display/control_kit.h"
 #include "tests/support/next_function.h"
 
-
 #include <clocale>
 
 namespace {

@@ -3,7 +3,6 @@
 
 #include "tests/support/display_test.h"
 
-
 #include <array>
 #include <cstdint>
 #include <random>

@@ -227,11 +227,11 @@ Widget make_list(const grx::Control& c, grx::Args& args, char* name) {
 
 // A button of a dialog's bottom row stands in the dialog's form, three levels above the parent given.
 Widget make_dialog_push(const grx::Control& c, grx::Args& args, char* name) {
-    struct Place {
+    struct Column {
         INT number;
         int left, right;
     };
-    static constexpr std::array<Place, 3> places{
+    static constexpr std::array<Column, 3> columns{
         {{GRX_BOU_PLACE_GAUCHE, 5, 31}, {GRX_BOU_PLACE_CENTRE, 36, 62}, {GRX_BOU_PLACE_DROITE, 68, 94}}};
     constexpr int top = 92, bottom = 99, levels = 3;
     Widget form = c.parent;
@@ -239,8 +239,8 @@ Widget make_dialog_push(const grx::Control& c, grx::Args& args, char* name) {
     if (form == nullptr || !XtIsComposite(form) || XtIsShell(form)) return nullptr;
     const INT wanted = c.bou.tabi[GRX_BOU_TABI_PLACE];
     const auto* const row =
-        std::find_if(places.begin(), places.end(), [wanted](const Place& p) { return p.number == wanted; });
-    if (row != places.end()) {
+        std::find_if(columns.begin(), columns.end(), [wanted](const Column& c) { return c.number == wanted; });
+    if (row != columns.end()) {
         for (const char* const side : {XmNtopAttachment, XmNbottomAttachment, XmNleftAttachment, XmNrightAttachment})
             args.set(side, XmATTACH_POSITION);
         args.set(XmNtopPosition, top).set(XmNbottomPosition, bottom);

@@ -121,7 +121,7 @@ INT grx_change_position_bouton(INT nobou, INT x, INT y) {
 INT grx_recup_position_bouton(INT nobou, INT* x, INT* y) {
     Widget w = grx::with_scroll_bars(grx_recup_objet_bout(nobou));
     if (w == nullptr) return 0;
-    const grx::Place where = grx::place_of(w);
+    const grx::Point where = grx::position_of(w);
     if (x != nullptr) *x = where.x;
     if (y != nullptr) *y = where.y;
     return 0;

@@ -21,8 +21,6 @@
 
 namespace {
 
-// -- labels and separators without a number
-
 void set_bare(grx::Args& args, const GRX_BOUTON& bou) {
     args.set(XmNfontList, fontlist);
     grx::set_position(args, bou);

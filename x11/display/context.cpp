@@ -55,8 +55,6 @@ void grx_init_memo_attrib(void) {
 
 namespace {
 
-// -- contexts
-
 // The drawing context before the present one, which an application may still hold.
 GC former_g_c = nullptr;
 

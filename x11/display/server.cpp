@@ -24,8 +24,6 @@ constexpr int bell_volume = 20;
 
 extern "C" {
 
-// --- the display ---------------------------------------------------------------------------------------------------
-
 // The server's own pitch and length of the bell serve for all.
 void grx_bipbip(INT, INT) {
     if (x11_disp) XBell(x11_disp, bell_volume);

@@ -57,14 +57,14 @@ bool select_picture_target(INT type, INT bou_fen, PictureTarget& target) {
 }
 
 // The part of a picture at (x, y) that lies on its target.
-struct Part {
+struct VisiblePart {
     int from_x, from_y; // in the picture
     int x, y;           // on the target
     grx::ImageSize size;
     bool empty() const { return size.width <= 0 || size.height <= 0; }
 };
 
-Part part_on(const grx::Size& target, INT x, INT y, INT width, INT height) {
+VisiblePart visible_part(const grx::Size& target, INT x, INT y, INT width, INT height) {
     const int64_t left = std::max<int64_t>(x, 0);
     const int64_t top = std::max<int64_t>(y, 0);
     const int64_t right = std::min<int64_t>(int64_t{x} + width, target.width);
@@ -80,7 +80,7 @@ std::size_t source_bytes() {
 
 // A strip of rows, once into the backing picture and from there to the window: the same pixels in both. What only one of
 // them has room for does not take that way.
-void show_strip(grx::Transfer& t, const PictureTarget& target, const Part& part, int first, int rows) {
+void show_strip(grx::Transfer& t, const PictureTarget& target, const VisiblePart& part, int first, int rows) {
     const int y = part.y + first;
     grx::put_rows(t, *target.backing, g_c, part.x, part.y, first, rows);
     if (target.alike) {
@@ -94,12 +94,12 @@ void show_strip(grx::Transfer& t, const PictureTarget& target, const Part& part,
 
 // Makes and shows a picture; `make_row(image, row, y)` fills a row of the image with row y of the picture.
 template <class MakeRow>
-void show_picture(const PictureTarget& target, const Part& part, MakeRow make_row) {
+void show_picture(const PictureTarget& target, const VisiblePart& part, MakeRow make_row) {
     grx::Transfer t = grx::begin_transfer(part.size);
     if (t.image == nullptr) return;
     for (int first = 0; first < part.size.height; first += t.strip_rows) {
         const int rows = std::min(t.strip_rows, part.size.height - first);
-        for (int i = 0; i < rows; ++i) make_row(t.image, t.place_of(first) + i, first + i);
+        for (int i = 0; i < rows; ++i) make_row(t.image, t.row_of(first) + i, first + i);
         show_strip(t, target, part, first, rows);
     }
     XFlush(x11_disp);
@@ -155,7 +155,7 @@ bool usable_picture(const uchar* pixels, INT width, INT height) {
 
 namespace {
 
-void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, const Part& part) {
+void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, const VisiblePart& part) {
     const RowPacker packer;
     const std::size_t row_bytes = static_cast<std::size_t>(width) * source_bytes();
     const uchar* const first = pixels + static_cast<std::size_t>(part.from_y) * row_bytes
@@ -172,7 +172,7 @@ class Stretch {
     Stretch(const uchar* pixels, INT width, INT height) : pixels_(pixels), width_(width), height_(height) {}
 
     // Of the whole, however large, only the part on the target is worked out.
-    bool prepare(INT final_width, INT final_height, const Part& part) {
+    bool prepare(INT final_width, INT final_height, const VisiblePart& part) {
         columns_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(part.size.width));
         rows_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(part.size.height));
         source_row_ = grx::Block<uint32_t>(static_cast<std::size_t>(width_) + grx::kSpreadSlack);
@@ -246,7 +246,7 @@ void grx_trace_image_dans_widget(INT type, INT bou_fen, uchar* tab_pix_fac, INT 
     PictureTarget target;
     if (!select_picture_target(type, bou_fen, target)) return;
     if (target.backing == nullptr || !grx::usable_picture(tab_pix_fac, largeur, hauteur)) return;
-    const Part part = part_on(target.size, x, y, largeur, hauteur);
+    const VisiblePart part = visible_part(target.size, x, y, largeur, hauteur);
     if (!part.empty()) draw_picture(target, tab_pix_fac, largeur, part);
 }
 
@@ -266,7 +266,7 @@ void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_
     if (!select_picture_target(type, bou_fen, target) || target.backing == nullptr) return;
     const uchar* const pixels = grx::deep_screen() ? tab_pix_fac_24 : tab_pix_fac_8;
     if (!grx::usable_picture(pixels, largeur, hauteur) || l_finale <= 0 || h_finale <= 0) return;
-    const Part part = part_on(target.size, dx, dy, l_finale, h_finale);
+    const VisiblePart part = visible_part(target.size, dx, dy, l_finale, h_finale);
     Stretch stretch(pixels, largeur, hauteur);
     if (part.empty() || !stretch.prepare(l_finale, h_finale, part)) return;
     show_picture(target, part, [&](const XImage* image, int row, int y) { stretch.fill_row(image, row, y); });

@@ -117,36 +117,36 @@ void fill_polygon(Drawable target, const GRX_POLY& poly, int shape) {
 extern "C" {
 
 void grx_trace_point(GRX_POINT point) {
-    const Drawable target = grx::open_window(point.nofen, point.attrib);
+    const Drawable target = grx::window_target(point.nofen, point.attrib);
     if (target != None && grx::fits16({point.x, point.y})) grx::draw_point(target, point.x, point.y);
 }
 
 void grx_trace_segment(GRX_SEGMENT segment) {
-    draw_segment(grx::open_window(segment.nofen, segment.attrib), segment);
+    draw_segment(grx::window_target(segment.nofen, segment.attrib), segment);
 }
 
 void grx_trace_segment_bouton(GRX_SEGMENT segment) {
-    draw_segment(grx::open_button(segment.nofen, segment.attrib), segment);
+    draw_segment(grx::button_target(segment.nofen, segment.attrib), segment);
 }
 
 void grx_trace_rectangle(GRX_RECTANGLE rectangle) {
-    outline_rectangle(grx::open_window(rectangle.nofen, rectangle.attrib), rectangle);
+    outline_rectangle(grx::window_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_trace_rectangle_bouton(GRX_RECTANGLE rectangle) {
-    outline_rectangle(grx::open_button(rectangle.nofen, rectangle.attrib), rectangle);
+    outline_rectangle(grx::button_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_remplit_rectangle(GRX_RECTANGLE rectangle) {
-    fill_rectangle(grx::open_window(rectangle.nofen, rectangle.attrib), rectangle);
+    fill_rectangle(grx::window_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_remplit_rectangle_bouton(GRX_RECTANGLE rectangle) {
-    fill_rectangle(grx::open_button(rectangle.nofen, rectangle.attrib), rectangle);
+    fill_rectangle(grx::button_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_trace_arc(GRX_ARC arc) {
-    const Drawable target = grx::open_window(arc.nofen, arc.attrib);
+    const Drawable target = grx::window_target(arc.nofen, arc.attrib);
     if (target == None) return;
     if (!box_fits(arc)) {
         draw_chords(target, arc);
@@ -156,27 +156,27 @@ void grx_trace_arc(GRX_ARC arc) {
 }
 
 void grx_remplit_arc(GRX_ARC arc) {
-    const Drawable target = grx::open_window(arc.nofen, arc.attrib);
+    const Drawable target = grx::window_target(arc.nofen, arc.attrib);
     if (target == None || !box_fits(arc)) return;
     grx::fill_arc(target, box_of(arc));
 }
 
 void grx_trace_polyline(GRX_POLY poly) {
-    const Drawable target = grx::open_window(poly.nofen, poly.attrib);
+    const Drawable target = grx::window_target(poly.nofen, poly.attrib);
     if (target == None || !has_points(poly)) return;
     grx::draw_polyline(target, {points_of(poly), static_cast<std::size_t>(poly.npoints)});
 }
 
 void grx_remplit_polygone(GRX_POLY poly) {
-    fill_polygon(grx::open_window(poly.nofen, poly.attrib), poly, Complex);
+    fill_polygon(grx::window_target(poly.nofen, poly.attrib), poly, Complex);
 }
 
 void grx_remplit_polygone_bouton(GRX_POLY poly) {
-    fill_polygon(grx::open_button(poly.nofen, poly.attrib), poly, Complex);
+    fill_polygon(grx::button_target(poly.nofen, poly.attrib), poly, Complex);
 }
 
 void grx_remplit_triangle(GRX_POLY poly) {
-    fill_polygon(grx::open_window(poly.nofen, poly.attrib), poly, Nonconvex);
+    fill_polygon(grx::window_target(poly.nofen, poly.attrib), poly, Nonconvex);
 }
 
 void grx_efface_zone_graphique(INT nofen) {

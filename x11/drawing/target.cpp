@@ -37,7 +37,7 @@ INT test_trace_memoire_bouton(Window win) {
 
 namespace grx {
 
-Drawable open_button(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib) {
+Drawable button_target(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib) {
     const Window window = g_c != nullptr ? window_of(grx_recup_objet_bout(nobou)) : None;
     if (window == None) return None;
     select_button_target(window);

@@ -16,7 +16,7 @@ inline void select_target(Window window) {
 }
 
 /// Ready to draw into a window: the target selected and the attributes applied. None: there is nothing to draw into.
-inline Drawable open_window(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
+inline Drawable window_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     const Window window = g_c != nullptr ? window_of(window_widget(nofen)) : None;
     if (window == None) return None;
     select_target(window);
@@ -24,7 +24,7 @@ inline Drawable open_window(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     return win_bidon;
 }
 
-Drawable open_button(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib);
+Drawable button_target(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib);
 
 /// True for a picture that is drawn in memory.
 inline bool in_memory(Drawable target) {

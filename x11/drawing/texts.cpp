@@ -28,7 +28,7 @@ INT font_descent() {
 extern "C" {
 
 void grx_trace_texte_bouton(GRX_TEXTE texte) {
-    const Drawable target = grx::open_button(texte.nofen, texte.attrib);
+    const Drawable target = grx::button_target(texte.nofen, texte.attrib);
     if (target == None || !grx::fits16({texte.x, texte.y})) return;
     XDrawString(x11_disp, target, g_c, texte.x, texte.y - font_descent(), texte.chaine, text_length(texte));
 }

@@ -143,7 +143,7 @@ Transfer begin_transfer(ImageSize size) {
 void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first, int rows) {
     const auto width = static_cast<unsigned int>(t.image->width);
     const auto height = static_cast<unsigned int>(rows);
-    const int from = t.place_of(first);
+    const int from = t.row_of(first);
     if (t.shared()) {
         XShmPutImage(x11_disp, target, context, t.image, 0, from, x, y + first, width, height, False);
         t.segment->mark_busy();

@@ -52,7 +52,7 @@ struct Transfer {
     int strip_rows = 0;
     bool shared() const { return segment != nullptr; }
     /// Row of the image at which the strip from row `first` of the picture on stands.
-    int place_of(int first) const { return shared() ? first : 0; }
+    int row_of(int first) const { return shared() ? first : 0; }
 };
 
 Transfer begin_shared(ImageSize size);

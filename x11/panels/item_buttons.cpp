@@ -123,7 +123,7 @@ struct Box {
 };
 
 Box box_of(Widget w) {
-    const grx::Place where = grx::place_of(w);
+    const grx::Point where = grx::position_of(w);
     return {where.x, where.y, grx::size_of(w)};
 }
 

@@ -127,17 +127,17 @@ IndexFinder::IndexFinder(const INT* pixels, std::size_t count, uint32_t mask) : 
     for (std::size_t i = 0; i < count; ++i) {
         const uint32_t pixel = static_cast<uint32_t>(pixels[i]) & mask;
         std::size_t at = first_place(pixel);
-        while (places_[at].used && places_[at].pixel != pixel) at = (at + 1) % kPlaces;
-        if (!places_[at].used) places_[at] = {pixel, true, static_cast<uchar>(i)};
+        while (slots_[at].used && slots_[at].pixel != pixel) at = (at + 1) % kSlots;
+        if (!slots_[at].used) slots_[at] = {pixel, true, static_cast<uchar>(i)};
     }
 }
 
 uchar IndexFinder::find(uint32_t pixel) const {
     pixel &= mask_;
     std::size_t at = first_place(pixel);
-    while (places_[at].used) {
-        if (places_[at].pixel == pixel) return places_[at].index;
-        at = (at + 1) % kPlaces;
+    while (slots_[at].used) {
+        if (slots_[at].pixel == pixel) return slots_[at].index;
+        at = (at + 1) % kSlots;
     }
     return 0;
 }

@@ -53,16 +53,16 @@ class IndexFinder {
     void row(uchar* out, const uint32_t* in, std::size_t count) const;
 
   private:
-    static constexpr std::size_t kPlaces = 1024;
+    static constexpr std::size_t kSlots = 1024;
     static std::size_t first_place(uint32_t pixel) { return (pixel * 2654435761U) >> 22; }
 
-    struct Place {
+    struct Slot {
         uint32_t pixel;
         bool used;
         uchar index;
     };
     uint32_t mask_;
-    std::array<Place, kPlaces> places_{};
+    std::array<Slot, kSlots> slots_{};
 };
 
 } // namespace grx

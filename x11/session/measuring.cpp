@@ -13,8 +13,6 @@
 
 namespace {
 
-// -- the character cell
-
 GRX_BOUTON cell_probe(Widget parent, INT type, const char* title, INT columns) {
     constexpr INT step = 10;
     GRX_BOUTON bou;

@@ -22,7 +22,7 @@ timeval now() {
 
 extern "C" {
 
-// --- time ----------------------------------------------------------------------------------------------------------
+// -- time
 
 void gettimedate(INT* annee, INT* mois, INT* jour, INT* heure, INT* minute, INT* seconde, INT* centiemes) {
     const auto moment = now();
@@ -59,7 +59,7 @@ int chrono_delai(DOUBLE top, DOUBLE tempo) {
 
 namespace {
 
-// --- alarm ---------------------------------------------------------------------------------------------------------
+// -- alarm
 
 using AlarmFunction = void (*)();
 

@@ -8,8 +8,6 @@
 
 extern "C" {
 
-// --- system and environment ----------------------------------------------------------------------------------------
-
 INT getcurrentdir(char* s) {
     if (!s) return 1;
     std::array<char, GRX_REPERTOIRE_MAX> directory{};

@@ -1,9 +1,10 @@
 // Error reporting: fixed texts on standard output, never more than that.
-#include "xt_err_f.h"
-
 #include <cstdio>
 
 #include "pure/error_texts.h"
+#include "xt_err_f.h"
+
+extern "C" {
 
 INT grx_erreur(INT code) {
     std::printf("%s\n", grx::error_heading);
@@ -28,4 +29,5 @@ INT grx_affiche_entier(INT ival) {
 INT grx_affiche_reel(DOUBLE rval) {
     std::printf("%lf", rval);
     return 0;
+}
 }

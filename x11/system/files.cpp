@@ -1,18 +1,17 @@
 // Files and directories, as the application's portable layer names them. Null names read as the empty one.
-#include "xt_dir_f.h"
-
 #include <array>
 #include <cstdint>
-
 #include <dirent.h>
 #include <sys/stat.h>
 #include <sys/vfs.h>
 #include <unistd.h>
 
-#include "host_f.h"
-#include "system/block.h"
 #include "pure/calendar.h"
+#include "pure/out.h"
 #include "pure/text.h"
+#include "system/block.h"
+#include "host_f.h"
+#include "xt_dir_f.h"
 
 namespace {
 
@@ -24,19 +23,16 @@ bool examine(const char* path, struct stat& status) {
     return stat(or_empty(path), &status) == 0;
 }
 
-template <class T>
-void deliver(T* place, T value) {
-    if (place) *place = value;
-}
-
 } // namespace
 
-// --- what a name stands for ----------------------------------------------------------------------------------------
+extern "C" {
+
+// -- what a name stands for
 
 INT taille_fichier(char* filename, DOUBLE* taille) {
     struct stat status {};
     if (!examine(filename, status)) return 1;
-    deliver(taille, static_cast<DOUBLE>(status.st_size));
+    grx::give(taille, static_cast<DOUBLE>(status.st_size));
     return 0;
 }
 
@@ -44,11 +40,11 @@ INT date_sys_fic(char* filename, INT* a, INT* m, INT* j, INT* he, INT* mn) {
     struct stat status {};
     if (!examine(filename, status)) return 1;
     const auto date = grx::local_calendar(status.st_mtime);
-    deliver(a, date.year);
-    deliver(m, date.month);
-    deliver(j, date.day);
-    deliver(he, date.hour);
-    deliver(mn, date.minute);
+    grx::give(a, date.year);
+    grx::give(m, date.month);
+    grx::give(j, date.day);
+    grx::give(he, date.hour);
+    grx::give(mn, date.minute);
     return 0;
 }
 
@@ -89,7 +85,8 @@ INT suppfic(char* fic) {
     return unlink(or_empty(fic));
 }
 
-// --- the names in a directory --------------------------------------------------------------------------------------
+// -- the names in a directory
+}
 
 namespace {
 
@@ -118,6 +115,8 @@ INT next_name(char* file) {
 
 } // namespace
 
+extern "C" {
+
 INT ouvre_sysdir(char* dir, char* extension) {
     ferme_sysdir();
     const auto wanted = grx::view(extension);
@@ -141,7 +140,7 @@ INT ferme_sysdir(void) {
     return 0;
 }
 
-// --- drives, masks -------------------------------------------------------------------------------------------------
+// -- drives, masks
 
 // Files need no announcement on this platform, and there are no drives that could be missing.
 INT ouvre_sysfic(char*) {
@@ -155,6 +154,7 @@ INT ferme_sysfic(void) {
 INT verif_drive(char*) {
     return 1;
 }
+}
 
 namespace {
 
@@ -164,6 +164,8 @@ mode_t remembered_mask = 0;
 bool has_remembered_mask = false;
 
 } // namespace
+
+extern "C" {
 
 INT set_umask_rw(void) {
     remembered_mask = umask(mask_of_execution);
@@ -187,4 +189,5 @@ LONG disk_free_spc(char* d) {
     if (statfs(trimmed.data(), &space) != 0) return -1;
     const auto bytes = static_cast<std::uint64_t>(space.f_bfree) * static_cast<std::uint64_t>(space.f_bsize);
     return static_cast<LONG>(static_cast<std::uint32_t>(bytes));
+}
 }

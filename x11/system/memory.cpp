@@ -1,7 +1,8 @@
 // Memory: every heap block of the library passes here on its way to the host's allocator, with its exact size.
+#include "host_f.h"
 #include "xt_loc_f.h"
 
-#include "host_f.h"
+extern "C" {
 
 char* grx_malloc(UNSIGNED_INT taille) {
     return mallocC(taille);
@@ -18,4 +19,5 @@ char* grx_realloc(char* oldadr, UNSIGNED_INT oldtaille, UNSIGNED_INT newtaille) 
 
 INT grx_memcpy(void* adr1, void* adr2, INT taille) {
     return memcpyC(adr1, adr2, taille);
+}
 }

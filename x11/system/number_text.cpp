@@ -10,8 +10,6 @@ namespace {
 
 constexpr INT most_decimals = 700; // str_ftoa's buffer holds them after the longest double
 
-// --- numbers -------------------------------------------------------------------------------------------------------
-
 constexpr char too_wide = '*';
 constexpr char not_written = '?';
 

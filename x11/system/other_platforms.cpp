@@ -102,8 +102,6 @@ INT grx_selection_fonte_status(void) {
     return 0;
 }
 
-// --- what this platform has no use for -----------------------------------------------------------------------------
-
 void grx_selectionne_curseur_attente(void) {}
 void grx_deselectionne_curseur_attente(void) {}
 void grx_contenu_aide(void) {}

@@ -58,7 +58,7 @@ INT set(INT& setting, INT value) {
 
 extern "C" {
 
-// --- fonts and sizes ---------------------------------------------------------------------------------------------
+// -- fonts and sizes
 
 INT grx_recup_font(char* font) {
     grx::copy_text(font, settings.font.size(), settings.font.data());
@@ -110,7 +110,7 @@ INT grx_affecte_largeur_scrollbar(INT val) {
     return set(settings.scrollbar_width, val);
 }
 
-// --- window borders ----------------------------------------------------------------------------------------------
+// -- window borders
 
 INT grx_get_tabord(void) {
     return settings.border;
@@ -152,7 +152,7 @@ INT grx_set_tatitre(INT val) {
     return set(settings.title_height, val);
 }
 
-// --- colours -----------------------------------------------------------------------------------------------------
+// -- colours
 
 INT grx_recup_max_couleur_trace(void) {
     return settings.drawing_colours;
@@ -226,7 +226,7 @@ INT recup_couleur_contrastee(void) {
     return settings.contrasting;
 }
 
-// --- application, icons, menu ------------------------------------------------------------------------------------
+// -- application, icons, menu
 
 INT grx_get_pos_appli_x(void) {
     return settings.application_x;

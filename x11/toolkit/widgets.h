@@ -56,13 +56,13 @@ inline Size size_of(Widget w) {
     return given_size(w);
 }
 
-struct Place {
+struct Point {
     Position x = 0;
     Position y = 0;
 };
 
-/// The place of a widget in its parent when everything is laid out.
-inline Place place_of(Widget w) {
+/// The position of a widget in its parent when everything is laid out.
+inline Point position_of(Widget w) {
     lay_out_pending();
     return {w->core.x, w->core.y};
 }

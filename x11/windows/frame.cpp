@@ -92,7 +92,7 @@ INT grx_recup_position_fenetre_fille(INT nofen, INT* x, INT* y) {
     grx::give(y, 0);
     Widget w = grx::whole_of(nofen);
     if (w == nullptr) return 0;
-    const grx::Place where = grx::place_of(w);
+    const grx::Point where = grx::position_of(w);
     grx::give(x, INT{where.x});
     grx::give(y, INT{where.y});
     return 0;

@@ -33,14 +33,14 @@ class ServerGrab {
 
 namespace grx {
 
-KeptProperty::KeptProperty(Window window, Atom name) : window_(window), name_(name) {
+SavedProperty::SavedProperty(Window window, Atom name) : window_(window), name_(name) {
     constexpr long most = 64; // units of 4 bytes
     unsigned long left = 0;
     XGetWindowProperty(
         x11_disp, window, name, 0, most, False, AnyPropertyType, &type_, &format_, &count_, &left, &value_);
 }
 
-KeptProperty::~KeptProperty() {
+SavedProperty::~SavedProperty() {
     if (type_ == None) {
         XDeleteProperty(x11_disp, window_, name_);
     } else {

@@ -18,12 +18,12 @@
 namespace grx {
 
 /// A property as it is now, to be put back.
-class KeptProperty {
+class SavedProperty {
   public:
-    KeptProperty(Window window, Atom name);
-    ~KeptProperty();
-    KeptProperty(const KeptProperty&) = delete;
-    KeptProperty& operator=(const KeptProperty&) = delete;
+    SavedProperty(Window window, Atom name);
+    ~SavedProperty();
+    SavedProperty(const SavedProperty&) = delete;
+    SavedProperty& operator=(const SavedProperty&) = delete;
 
   private:
     Window window_;
@@ -42,7 +42,7 @@ class ModestWindow {
   private:
     static constexpr const char* kUserTime = "_NET_WM_USER_TIME";
 
-    KeptProperty hints_, time_;
+    SavedProperty hints_, time_;
 };
 
 /// The windows above one, as far as they are shown, from the lowest to the highest.

@@ -63,13 +63,13 @@ void map_again(Widget shell) {
 // Where a window stands, left and upwards from the lower left corner of the screen. A window manager takes the place asked
 // for as the frame's, and keeps the frame where it is. Without one the server is asked, not the toolkit, which takes the
 // place of the window's contents for that of the shell when the shell is resized.
-class KeptPlace {
+class SavedPlace {
   public:
-    KeptPlace(INT nofen, Widget shell) : nofen_(nofen), shell_(shell), framed_(grx::in_frame(shell)) {
+    SavedPlace(INT nofen, Widget shell) : nofen_(nofen), shell_(shell), framed_(grx::in_frame(shell)) {
         grx_recup_position_fenetre(nofen, &left_, &top_);
         seen_top_ = seen_top();
     }
-    bool as_before() const { return seen_top() == seen_top_; }
+    bool is_unchanged() const { return seen_top() == seen_top_; }
     void keep_frame(int64_t outwards, int64_t upwards) const {
         if (framed_) outwards = upwards = 0;
         grx::move_shell(shell_, grx::saturated(left_ - outwards), grx::saturated(top_ + upwards));
@@ -93,7 +93,7 @@ void change_decorations(INT nofen, const Operation& operation) {
     Widget shell = grx_recherche_shell(grx_recup_objet_fen(nofen));
     if (shell == nullptr) return;
     const grx::Size size = grx::size_of(shell);
-    const KeptPlace place(nofen, shell);
+    const SavedPlace before(nofen, shell);
     const INT decorations = changed(grx::resource<int>(shell, XmNmwmDecorations), operation);
     grx::set_resource(shell, XmNmwmDecorations, decorations);
     if (operation.flushes) grx_flush_tous_evenements();
@@ -103,7 +103,7 @@ void change_decorations(INT nofen, const Operation& operation) {
         resize(shell, size.width + sign * growth.width, size.height + sign * growth.height);
     grx::StackPlace stack(grx::window_of(shell));
     map_again(shell);
-    if (place.as_before()) place.keep_frame(sign * growth.left, sign * growth.top);
+    if (before.is_unchanged()) before.keep_frame(sign * growth.left, sign * growth.top);
     stack.restore();
 }
 

@@ -26,8 +26,6 @@
 
 namespace {
 
-// -- work widgets, one maker per kind
-
 using Maker = Widget (*)(Widget parent, grx::Args& args, const grx::WindowBuild& b);
 
 Widget make_bulletin_board(Widget parent, grx::Args& args, const grx::WindowBuild& b) {
