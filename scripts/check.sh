@@ -7,7 +7,7 @@ sources() { git ls-files -- "$@" | while read -r file; do [ ! -f "$file" ] || ec
 
 gate_format() { sources '*.c' '*.cpp' '*.h' | xargs -r clang-format-14 --dry-run -Werror; }
 
-gate_layers() { python3 scripts/layers.py; }
+gate_layers() { build default && python3 scripts/layers.py; }
 gate_sizes() { python3 scripts/sizes.py; }
 gate_words() { python3 scripts/words.py; }
 

@@ -13,7 +13,6 @@
 #include <cstring>
 
 #include "pure/axis.h"
-#include "pure/menu_line.h"
 #include "system/table.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"

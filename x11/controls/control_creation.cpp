@@ -2,7 +2,6 @@
 #include "controls/control_creation.h"
 
 #include <X11/Intrinsic.h>
-#include <X11/StringDefs.h>
 #include <Xm/DrawnB.h>
 #include <Xm/Scale.h>
 #include <Xm/Xm.h>
@@ -10,11 +9,11 @@
 #include <algorithm>
 
 #include "pure/double_click.h"
+#include "pure/size.h"
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/field_text.h"
-#include "toolkit/late_layout.h"
 #include "toolkit/look.h"
 #include "toolkit/widgets.h"
 #include "registry/control_table.h"

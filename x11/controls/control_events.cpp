@@ -6,7 +6,6 @@
 #include <Xm/TextF.h>
 #include <Xm/Xm.h>
 
-#include "pure/menu_line.h"
 #include "pure/text.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/control_parts.h"

@@ -4,6 +4,7 @@
 #include <X11/Intrinsic.h>
 
 #include "pure/double_click.h"
+#include "pure/size.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "xt_bou_t.h"

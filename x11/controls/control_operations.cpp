@@ -4,6 +4,7 @@
 #include <Xm/Xm.h>
 
 #include "pure/axis.h"
+#include "pure/size.h"
 #include "system/block.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"

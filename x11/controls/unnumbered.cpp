@@ -4,7 +4,6 @@
 #include <Xm/Separator.h>
 #include <Xm/Xm.h>
 
-#include "pure/decorations.h"
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
@@ -16,7 +15,6 @@
 #include "controls/control_kinds.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
-#include "xt_gfx_f.h"
 #include "xt_ini_f.h"
 
 namespace {

@@ -14,7 +14,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "host_f.h"
+#include "pure/size.h"
 #include "pure/text.h"
 #include "system/block.h"
 #include "toolkit/args.h"
@@ -28,6 +28,7 @@
 #include "dialogs/editor_files.h"
 #include "dialogs/editor_questions.h"
 #include "dialogs/editor_state.h"
+#include "host_f.h"
 #include "xt_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_f.h"

@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "system/block.h"
+#include "display/pixmaps.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/hidden_shell.h"
 #include "toolkit/locale_text.h"
-#include "toolkit/widgets.h"
 #include "dialogs/editor_state.h"
 #include "xt_ini_t.h"
 

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "pure/text.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/locale_text.h"

@@ -5,16 +5,15 @@
 #include <Xm/TextF.h>
 #include <Xm/Xm.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
-#include "host_f.h"
 #include "pure/text.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
 #include "session/nested_loop.h"
+#include "host_f.h"
 #include "xt_fen_f.h"
 
 namespace grx::file_parts {

@@ -10,7 +10,6 @@
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/control_parts.h"
-#include "toolkit/look.h"
 #include "toolkit/widgets.h"
 #include "drawing/control_pictures.h"
 #include "host_f.h"

@@ -5,9 +5,9 @@
 #include <cstring>
 
 #include "system/block.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/hidden_shell.h"
-#include "toolkit/widgets.h"
 #include "events/queue.h"
 #include "xt_ini_t.h"
 

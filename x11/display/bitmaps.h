@@ -1,11 +1,12 @@
 // Bitmaps compiled into the library, one bit a pixel, lowest bit leftmost, rows padded to bytes.
 #pragma once
 
-#include "display/requests.h"
-
 #include <X11/Xutil.h>
 
 #include <array>
+
+#include "display/requests.h"
+#include "xt_ini_t.h"
 
 namespace grx {
 

@@ -4,10 +4,9 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <cstring>
+#include <cstddef>
 
 #include "host_t.h"
-#include "xt_ini_t.h"
 
 namespace grx {
 

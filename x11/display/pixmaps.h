@@ -3,10 +3,7 @@
 
 #include <X11/IntrinsicP.h>
 
-#include "pure/axis.h"
 #include "pure/size.h"
-#include "xt_ini_f.h"
-#include "xt_ini_t.h"
 
 namespace grx {
 

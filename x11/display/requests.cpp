@@ -1,17 +1,15 @@
-// Requests put straight into the display connection's output buffer, for two cases where the client library's own
-// functions cost more than the request: shapes that must not be looked up in the user's cursor theme, and runs of
-// small primitives (drawing/batch.h). The connection belongs to the application's one thread.
-// Xlib first: the next header defines min and max
+// Requests put straight into the display connection's output buffer. The connection belongs to the application's one
+// thread.
 #include "display/requests.h"
 
 #include <X11/Xlib.h>
+// Xlib first: the next header defines min and max
 #include <X11/Xlibint.h>
-
-#include "host_t.h"
-#include "xt_ini_t.h"
 
 #undef min
 #undef max
+
+#include "xt_ini_t.h"
 
 namespace grx {
 

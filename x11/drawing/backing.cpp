@@ -2,8 +2,8 @@
 #include "drawing/backing.h"
 
 #include <X11/Intrinsic.h>
-#include <X11/StringDefs.h>
 
+#include "pure/size.h"
 #include "display/context.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"

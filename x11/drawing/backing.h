@@ -3,7 +3,7 @@
 
 #include <X11/Xlib.h>
 
-#include "toolkit/widgets.h"
+#include "pure/size.h"
 #include "xt_ini_t.h"
 #include "xt_mot_t.h"
 

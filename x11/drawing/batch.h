@@ -3,11 +3,17 @@
 // in the buffer is put there directly; any other goes through Xlib, which begins the next request.
 #pragma once
 
+#include <X11/Xlib.h>
+// Xlib first: the next header defines min and max
+#include <X11/Xlibint.h>
+#undef min
+#undef max
+
 #include <cstdint>
 #include <cstring>
 
 #include "pure/clip.h"
-#include "display/requests.h"
+#include "xt_ini_t.h"
 
 namespace grx {
 

@@ -1,14 +1,11 @@
 // Bitmap files through the application's files and byte order.
 #include "drawing/bmp_fields.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <span>
 
-#include "pure/bmp.h"
 #include "system/block.h"
-#include "host_f.h"
 #include "xt_gfx_t.h"
 
 namespace grx {

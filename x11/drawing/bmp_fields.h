@@ -1,14 +1,11 @@
 // Bitmap files through the application's files and byte order.
 #pragma once
 
-#include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <span>
 
-#include "host_f.h"
 #include "system/block.h"
-#include "pure/bmp.h"
+#include "host_f.h"
 #include "xt_gfx_t.h"
 
 namespace grx {

@@ -15,7 +15,6 @@
 #include "display/pixmaps.h"
 #include "display/screen.h"
 #include "toolkit/args.h"
-#include "toolkit/widgets.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"

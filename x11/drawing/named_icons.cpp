@@ -1,6 +1,4 @@
 // Icons that the application keeps in memory under a name.
-#include <algorithm>
-
 #include "pure/axis.h"
 #include "xt_gfx_f.h"
 #include "xt_loc_f.h"

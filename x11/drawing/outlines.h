@@ -4,11 +4,11 @@
 // certain; any other goes as what it is.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <span>
 
 #include "drawing/batch.h"
+#include "xt_ini_t.h"
 
 namespace grx {
 

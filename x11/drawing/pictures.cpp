@@ -7,11 +7,11 @@
 #include <cstring>
 
 #include "pure/pixels.h"
+#include "pure/size.h"
 #include "system/block.h"
 #include "display/images.h"
 #include "display/pixmaps.h"
 #include "display/screen.h"
-#include "toolkit/widgets.h"
 #include "drawing/attributes.h"
 #include "drawing/backing.h"
 #include "drawing/transfer.h"

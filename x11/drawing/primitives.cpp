@@ -5,9 +5,8 @@
 
 #include "pure/axis.h"
 #include "pure/clip.h"
+#include "display/pixmaps.h"
 #include "display/screen.h"
-#include "toolkit/look.h"
-#include "toolkit/widgets.h"
 #include "drawing/attributes.h"
 #include "drawing/batch.h"
 #include "drawing/outlines.h"

@@ -5,9 +5,10 @@
 #include <cstring>
 
 #include "pure/pixels.h"
+#include "pure/size.h"
 #include "display/images.h"
+#include "display/pixmaps.h"
 #include "display/screen.h"
-#include "toolkit/look.h"
 #include "toolkit/widgets.h"
 #include "drawing/attributes.h"
 #include "drawing/pictures.h"

@@ -3,10 +3,8 @@
 
 #include <X11/Xlib.h>
 
-#include "pure/clip.h"
 #include "display/context.h"
-#include "toolkit/widgets.h"
-#include "registry/window_table.h"
+#include "display/pixmaps.h"
 #include "drawing/attributes.h"
 #include "xt_bou_f.h"
 #include "xt_gfx_f.h"

@@ -4,10 +4,11 @@
 #include <X11/Xlib.h>
 
 #include "display/context.h"
-#include "toolkit/widgets.h"
+#include "display/pixmaps.h"
 #include "registry/window_table.h"
 #include "drawing/attributes.h"
 #include "xt_gfx_t.h"
+#include "xt_ini_t.h"
 
 namespace grx {
 

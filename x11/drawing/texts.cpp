@@ -6,7 +6,7 @@
 #include "pure/axis.h"
 #include "pure/clip.h"
 #include "display/context.h"
-#include "toolkit/widgets.h"
+#include "display/pixmaps.h"
 #include "drawing/attributes.h"
 #include "drawing/target.h"
 #include "xt_fen_f.h"

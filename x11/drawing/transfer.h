@@ -5,15 +5,14 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XShm.h>
-#include <sys/ipc.h>
-#include <sys/shm.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <sys/ipc.h>
+#include <sys/shm.h>
 
 #include "system/block.h"
 #include "display/images.h"
-#include "display/connection.h"
 #include "xt_ini_t.h"
 
 namespace grx {

@@ -7,7 +7,6 @@
 #include "pure/axis.h"
 #include "pure/keys.h"
 #include "display/screen.h"
-#include "toolkit/look.h"
 #include "events/keyboard.h"
 #include "xt_ent_f.h"
 #include "xt_ini_f.h"

@@ -4,8 +4,6 @@
 #include <X11/Intrinsic.h>
 #include <X11/XKBlib.h>
 
-#include <array>
-
 #include "xt_ini_t.h"
 
 namespace grx {

@@ -6,8 +6,6 @@
 
 #include <array>
 
-#include "xt_ini_t.h"
-
 namespace grx {
 
 /// Where a symbol is on the keyboard.

@@ -2,9 +2,6 @@
 #pragma once
 
 #include <X11/Intrinsic.h>
-#include <poll.h>
-
-#include "xt_ini_t.h"
 
 namespace grx {
 

@@ -1,21 +1,23 @@
 // The keys of the menu bar: those typed in the main window, and those that other windows forward to it.
-#include "menus/menu_keys.h"
+#include "x11/menus/menu_keys.h"
 
 #include <Xm/Separator.h>
 #include <Xm/Xm.h>
 
 #include "system/kept.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "events/input.h"
 #include "events/keyboard.h"
 #include "menus/accelerators.h"
 #include "menus/forwarded_keys.h"
+#include "menus/menu_keys.h"
 #include "menus/menu_keys_state.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
-#include "x11/menus/menu_keys.h"
 #include "xt_fen_f.h"
+#include "xt_ini_t.h"
 
 namespace grx {
 

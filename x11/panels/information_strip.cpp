@@ -6,6 +6,7 @@
 
 #include "pure/axis.h"
 #include "pure/out.h"
+#include "display/pixmaps.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/widgets.h"
 #include "registry/control_table.h"

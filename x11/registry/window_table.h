@@ -5,10 +5,8 @@
 
 #include <span>
 
-#include "toolkit/widgets.h"
+#include "pure/size.h"
 #include "xt_fen_t.h"
-#include "xt_gfx_t.h"
-#include "xt_ini_t.h"
 #include "xt_mot_t.h"
 
 namespace grx {

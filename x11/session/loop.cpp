@@ -3,9 +3,8 @@
 
 #include <X11/Intrinsic.h>
 
-#include "pure/menu_line.h"
+#include "display/pixmaps.h"
 #include "toolkit/late_layout.h"
-#include "toolkit/widgets.h"
 #include "events/queue.h"
 #include "events/record.h"
 #include "registry/window_table.h"

@@ -1,10 +1,8 @@
 // Measures scroll bars and the character cell on probe widgets, at start-up and for a font.
 #include <X11/Intrinsic.h>
 
-#include "pure/decorations.h"
+#include "pure/size.h"
 #include "pure/text.h"
-#include "display/screen.h"
-#include "toolkit/widgets.h"
 #include "events/record.h"
 #include "xt_bou_f.h"
 #include "xt_ent_t.h"

@@ -1,8 +1,6 @@
 // The settings that an application reads and changes.
 #include <array>
 
-#include "pure/decorations.h"
-#include "pure/ini_line.h"
 #include "pure/text.h"
 #include "xt_ini_f.h"
 

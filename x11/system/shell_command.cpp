@@ -1,11 +1,9 @@
 // A command for the shell, built word by word; nothing of it is ever cut.
 #include "system/shell_command.h"
 
-#include <cstdlib>
 #include <string_view>
 
 #include "pure/shell_quote.h"
-#include "system/block.h"
 
 namespace grx {
 

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "system/block.h"
-#include "pure/shell_quote.h"
 
 namespace grx {
 

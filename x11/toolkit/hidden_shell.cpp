@@ -2,7 +2,6 @@
 #include "toolkit/hidden_shell.h"
 
 #include <X11/Shell.h>
-#include <X11/StringDefs.h>
 #include <Xm/Xm.h>
 
 #include "toolkit/args.h"

@@ -1,7 +1,6 @@
 // What every window and widget shares: visual, depth, colormap and the application's colour.
 #include "toolkit/look.h"
 
-#include <X11/StringDefs.h>
 #include <Xm/Xm.h>
 
 #include "xt_ini_f.h"

@@ -1,7 +1,6 @@
 // Drop-down choices and the menus behind them, as every room makes them.
 #include "toolkit/option_menu.h"
 
-#include <X11/StringDefs.h>
 #include <Xm/RowColumn.h>
 
 #include "toolkit/compound_string.h"

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 
 namespace grx {

@@ -3,12 +3,10 @@
 
 #include <X11/Intrinsic.h>
 #include <X11/IntrinsicP.h>
-#include <Xm/Form.h> // for windows/window_operations.cpp
 
 #include <span>
 
 #include "pure/size.h"
-#include "display/pixmaps.h"
 #include "toolkit/late_layout.h"
 
 namespace grx {

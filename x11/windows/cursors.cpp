@@ -9,7 +9,6 @@
 #include "display/pixmaps.h"
 #include "display/requests.h"
 #include "display/screen.h"
-#include "toolkit/widgets.h"
 #include "xt_fen_f.h"
 #include "xt_ini_f.h"
 

@@ -5,8 +5,8 @@
 #include <Xm/Xm.h>
 
 #include "pure/axis.h"
-#include "pure/decorations.h"
 #include "pure/out.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"

@@ -9,7 +9,6 @@
 #include <cstdio>
 
 #include "pure/axis.h"
-#include "pure/decorations.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"

@@ -5,10 +5,6 @@
 #pragma once
 
 #include <X11/IntrinsicP.h>
-#include <X11/ShellP.h>
-#include <X11/StringDefs.h>
-
-#include <cstring>
 
 namespace grx {
 

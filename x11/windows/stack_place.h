@@ -2,18 +2,11 @@
 // A window manager takes it for a new one: it puts it on top, gives it the focus, and raises what gets the focus.
 #pragma once
 
-#include <X11/Xatom.h>
 #include <X11/Xlib.h>
-#include <X11/Xutil.h>
 
-#include <algorithm>
-#include <chrono>
 #include <optional>
 
 #include "system/block.h"
-#include "windows/window_tree.h"
-#include "events/queue.h"
-#include "xt_ini_t.h"
 
 namespace grx {
 

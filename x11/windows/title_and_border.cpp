@@ -1,8 +1,11 @@
 // Title and border of a window, taken away and given back while it is there.
 #include <X11/Intrinsic.h>
+#include <Xm/Xm.h>
 
 #include "pure/axis.h"
 #include "pure/decorations.h"
+#include "pure/size.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "windows/frame.h"
@@ -10,7 +13,7 @@
 #include "windows/stack_place.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
-#include "xt_ini_f.h"
+#include "xt_ini_t.h"
 
 namespace {
 

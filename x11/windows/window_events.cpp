@@ -8,7 +8,9 @@
 #include <Xm/Xm.h>
 
 #include "pure/axis.h"
+#include "pure/size.h"
 #include "pure/text.h"
+#include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/late_layout.h"

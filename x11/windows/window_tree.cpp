@@ -3,8 +3,6 @@
 
 #include <X11/Xlib.h>
 
-#include <span>
-
 #include "xt_ini_t.h"
 
 namespace grx {

@@ -5,8 +5,6 @@
 
 #include <span>
 
-#include "xt_ini_t.h"
-
 namespace grx {
 
 /// What the server tells of the windows around one.
