@@ -187,6 +187,12 @@ INT DrawingTest::graphic_window(const Area& area) {
     return window_of(GRX_FEN_GRAPHIQUE, area);
 }
 
+INT DrawingTest::active_window(const Area& area) {
+    const INT window = graphic_window(area);
+    grx_affecte_nofen_active(window);
+    return window;
+}
+
 INT DrawingTest::label_in(INT window, const Area& area) {
     GRX_BOUTON label = button_at(GRX_BOU_LABEL, window, area);
     EXPECT_EQ(grx_cree_bouton(&label), 0);

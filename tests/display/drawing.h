@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <random>
 #include <string>
 #include <vector>
@@ -24,6 +25,16 @@ inline std::uint32_t pixel_of(INT colour_index) {
     return static_cast<std::uint32_t>(trace_pix[colour_index]);
 }
 
+// What a context holds.
+inline XGCValues values_of(GC context) {
+    XGCValues values{};
+    XGetGCValues(x11_disp, context,
+        GCFunction | GCForeground | GCBackground | GCLineWidth | GCLineStyle | GCCapStyle | GCJoinStyle | GCFillStyle
+            | GCFillRule | GCArcMode | GCPlaneMask | GCGraphicsExposures | GCSubwindowMode,
+        &values);
+    return values;
+}
+
 // --- primitives as data -------------------------------------------------------------------------------------
 
 struct Primitive {
@@ -35,6 +46,34 @@ struct Primitive {
     std::array<INT, 6> v{}; // coordinates, in the order of the record
     std::vector<GRX_POINT_POLY> points;
 };
+
+inline Primitive point(const GRX_ATTRIBUTS_TRACER& attrib, INT x, INT y) {
+    return {Primitive::Kind::point, attrib, {x, y}, {}};
+}
+inline Primitive segment(const GRX_ATTRIBUTS_TRACER& attrib, INT x1, INT y1, INT x2, INT y2) {
+    return {Primitive::Kind::segment, attrib, {x1, y1, x2, y2}, {}};
+}
+inline Primitive rectangle(const GRX_ATTRIBUTS_TRACER& attrib, INT x1, INT y1, INT x2, INT y2) {
+    return {Primitive::Kind::rectangle, attrib, {x1, y1, x2, y2}, {}};
+}
+inline Primitive filled(const GRX_ATTRIBUTS_TRACER& attrib, INT x1, INT y1, INT x2, INT y2) {
+    return {Primitive::Kind::filled_rectangle, attrib, {x1, y1, x2, y2}, {}};
+}
+inline Primitive arc(const GRX_ATTRIBUTS_TRACER& attrib, INT x, INT y, INT across, INT down, INT from, INT to) {
+    return {Primitive::Kind::arc, attrib, {x, y, across, down, from, to}, {}};
+}
+
+inline GRX_TEXTE text_at(INT target, INT x, INT y, const char* text, INT colour, INT background = 0) {
+    GRX_TEXTE record{};
+    record.nofen = target;
+    record.x = x;
+    record.y = y;
+    std::strncpy(record.chaine, text, sizeof record.chaine - 1);
+    record.coul_trace = colour;
+    record.coul_fond = background;
+    record.attrib = attributes(colour, background);
+    return record;
+}
 
 // Draws it with the library: in a window, or with the twin for buttons, where there is one.
 void draw(INT nofen, const Primitive& primitive);
@@ -96,6 +135,7 @@ class DrawingTest : public DisplayTest {
 
     // A graphic window on the screen, its first exposure behind it.
     INT graphic_window(const Area& area = {40, 60, width, height});
+    INT active_window(const Area& area = {40, 60, width, height}); // the same, made the active one
     INT window_of(INT kind, const Area& area);
     INT label_in(INT window, const Area& area); // a label control with a size of its own
 

@@ -1,15 +1,12 @@
-// Long runs of mixed primitives, between them whatever else an application sends, and coordinates that the protocol
-// cannot carry. The library joins primitives into one request where it can: nobody may see it.
+// Long runs of mixed primitives, between them whatever else an application sends. The library joins primitives into one
+// request where it can: nobody may see it.
 #include "tests/display/drawing.h"
 
 #include <Xm/PushB.h>
 #include <Xm/Xm.h>
 
-#include <climits>
-#include <cmath>
 #include <cstdlib>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace {
@@ -368,175 +365,6 @@ TEST_F(MixedRun, WithSynchronousRequests) {
     run(600);
     grx_synchronise(0);
     run(600);
-}
-
-// --- beyond 16 bits ------------------------------------------------------------------------------------------------
-
-class FarAway : public DrawingTest {
-  protected:
-    // Every painted pixel lies by the true line, and every column (row) that it crosses inside has one.
-    void expect_line(INT window, double x1, double y1, double x2, double y2, std::uint32_t pixel) {
-        const Pixels seen = screen(window);
-        const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
-        const double slope = flat ? (y2 - y1) / (x2 - x1) : (x2 - x1) / (y2 - y1);
-        const int along = flat ? width : height, across = flat ? height : width;
-        int painted = 0;
-        const double begin = flat ? std::min(x1, x2) : std::min(y1, y2);
-        for (int a = std::max(0, static_cast<int>(begin)); a < along; ++a) {
-            const double b = flat ? y1 + (a - x1) * slope : x1 + (a - y1) * slope;
-            for (int c = 0; c < across; ++c) {
-                if (seen.at(flat ? a : c, flat ? c : a) != pixel) continue;
-                EXPECT_LE(std::abs(c - b), 1.5) << a << ' ' << c;
-                ++painted;
-            }
-            const int middle = static_cast<int>(std::lround(b));
-            if (middle <= 1 || middle >= across - 2) continue;
-            int there = 0;
-            for (int c = middle - 1; c <= middle + 1; ++c) there += seen.at(flat ? a : c, flat ? c : a) == pixel;
-            EXPECT_EQ(there, 1) << "at " << a;
-        }
-        EXPECT_EQ(painted, seen.count(pixel));
-    }
-};
-
-TEST_F(FarAway, WhatFitsIsPassedUntouched) {
-    const INT window = graphic_window();
-    PlainPicture plain(x11_disp, width, height, background());
-    RandomPrimitives random(9, width, height);
-    for (int i = 0; i < 300; ++i) {
-        Primitive p{i % 3 == 0 ? Kind::rectangle : Kind::segment, attributes(8 + i % 30), {}, {}};
-        const bool edge = i % 5 == 0;
-        for (auto& v : p.v) v = edge ? (random.number(0, 1) ? 32767 : -32768) : random.number(-32768, 32767);
-        if (p.kind == Kind::rectangle) p.v[2] = p.v[0] + random.number(0, 300);
-        draw(window, p);
-        plain.draw(p);
-    }
-    EXPECT_TRUE(same(screen(window), plain.pixels()));
-}
-
-TEST_F(FarAway, LinesAcrossTheWindowAreTrue) {
-    const INT window = graphic_window();
-    const std::vector<std::array<INT, 4>> lines{{-100000, 50, 100000, 50}, {77, -2000000000, 77, 2000000000},
-        {-1000000, -1000000, 1000000, 1000000}, {-65536, 20, 65600, 150}, {INT_MIN, 90, INT_MAX, 90},
-        {-40000, -39900, 40000, 40080}, {20, 170, 1000000, -600000},
-        {-2147483647, -1073741823, 2147483647, 1073741823}};
-    for (const auto& v : lines) {
-        grx_efface_zone_graphique(window);
-        draw(window, {Kind::segment, attributes(9), {v[0], v[1], v[2], v[3]}, {}});
-        expect_line(window, v[0], v[1], v[2], v[3], pixel_of(9));
-        EXPECT_GT(screen(window).count(pixel_of(9)), 40);
-    }
-}
-
-TEST_F(FarAway, NothingComesRoundFromTheOtherSide) {
-    const INT window = graphic_window();
-    const auto attrib = attributes(9, 0, 0, 0, 7);
-    const auto far = 65536 + 50; // as 50 in 16 bits
-    draw(window, {Kind::point, attrib, {far, 50}, {}});
-    draw(window, {Kind::point, attrib, {50, far}, {}});
-    draw(window, {Kind::point, attrib, {INT_MIN + 50, INT_MIN + 50}, {}});
-    draw(window, {Kind::segment, attrib, {far, 50, far + 60, 90}, {}});
-    draw(window, {Kind::segment, attrib, {50, -far, 90, -far - 20}, {}});
-    draw(window, {Kind::segment, attrib, {far, 0, 0, far}, {}}); // past the corner
-    draw(window, {Kind::rectangle, attrib, {far, 50, far + 60, 90}, {}});
-    draw(window, {Kind::filled_rectangle, attrib, {far, 50, far + 60, 90}, {}});
-    draw(window, {Kind::filled_rectangle, attrib, {50, far, 90, 3 * far}, {}});
-    draw(window, {Kind::arc, attrib, {far, 50, 60, 60, 0, 360}, {}});
-    draw(window, {Kind::filled_arc, attrib, {50, -far, 60, 60, 0, 360}, {}});
-    GRX_TEXTE text{};
-    text.nofen = window;
-    text.chaine[0] = 'M';
-    text.coul_trace = 9;
-    for (const auto& [x, y] : {std::pair{far, 50}, {50, far}, {INT_MAX, 50}, {50, INT_MIN}}) {
-        text.x = x;
-        text.y = y;
-        grx_ecrit_fenetre(text);
-    }
-    EXPECT_EQ(screen(window).count_other(background()), 0);
-}
-
-TEST_F(FarAway, FillsCoverWhatTheyHold) {
-    const INT window = graphic_window();
-    draw(window, {Kind::filled_rectangle, attributes(9), {-100000, -100000, 100000, 100000}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), width * height);
-    draw(window, {Kind::filled_rectangle, attributes(12), {INT_MAX, 100, 30, INT_MAX}, {}});
-    EXPECT_EQ(screen(window).bounds(pixel_of(12)), (Area{30, 100, width - 30, height - 100}));
-    EXPECT_EQ(screen(window).count(pixel_of(12)), (width - 30) * (height - 100));
-    draw(window, {Kind::filled_rectangle, attributes(13), {INT_MIN, INT_MIN, 9, 9}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(13)), 100);
-}
-
-TEST_F(FarAway, OutlinesShowTheSidesThatAreThere) {
-    const INT window = graphic_window();
-    draw(window, {Kind::rectangle, attributes(9), {-100000, 20, 100000, 150}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 2 * width);
-    EXPECT_EQ(screen(window).at(100, 20), pixel_of(9));
-    EXPECT_EQ(screen(window).at(100, 150), pixel_of(9));
-    grx_efface_zone_graphique(window);
-    draw(window, {Kind::rectangle, attributes(9), {40, 30, INT_MAX, INT_MAX}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), (width - 40) + (height - 30) - 1);
-    grx_efface_zone_graphique(window);
-    draw(window, {Kind::rectangle, attributes(9), {INT_MIN, INT_MIN, INT_MAX, INT_MAX}, {}});
-    EXPECT_EQ(screen(window).count_other(background()), 0);
-}
-
-TEST_F(FarAway, BigArcsAreTrue) {
-    const INT window = graphic_window();
-    const double radius = 50000; // its top lies at 90 of the window
-    draw(window, {Kind::arc, attributes(9), {120 - 50000, 90, 100000, 100000, 0, 360}, {}});
-    const Pixels seen = screen(window);
-    EXPECT_GE(seen.count(pixel_of(9)), width);
-    for (int x = 0; x < width; ++x)
-        for (int y = 0; y < height; ++y)
-            if (seen.at(x, y) == pixel_of(9))
-                EXPECT_NEAR(std::hypot(x - 120.0, y - (90 + radius)), radius, 1.5) << x << ' ' << y;
-    EXPECT_EQ(seen.at(120, 90), pixel_of(9));
-}
-
-TEST_F(FarAway, BigFilledArcsPaintNothingOutside) {
-    const INT window = graphic_window();
-    draw(window, {Kind::filled_arc, attributes(9), {120 - 50000, 90, 100000, 100000, 0, 360}, {}});
-    EXPECT_EQ(screen(window).part({0, 0, width, 89}).count_other(background()), 0);
-}
-
-TEST_F(FarAway, AFillAsWideAsTheProtocolCovers) {
-    const INT window = graphic_window();
-    draw(window, {Kind::filled_rectangle, attributes(9), {-32768, 20, 32767, 40}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), width * 21);
-    draw(window, {Kind::filled_rectangle, attributes(12), {30, 32767, 40, -32768}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(12)), 11 * height);
-}
-
-TEST_F(FarAway, HugeArcsAreHarmless) {
-    const INT window = graphic_window();
-    for (const auto kind : {Kind::arc, Kind::filled_arc})
-        for (const INT at : {INT_MIN, INT_MAX, 0, -40000})
-            for (const INT size : {INT_MAX, -1, 40000, 65536}) // -1: the greatest unsigned size
-                draw(window, {kind, attributes(9), {at, at, size, size, -90, 271}, {}});
-    grx_efface_zone_graphique(window);
-    draw(window, {Kind::point, attributes(9), {3, 3}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 1);
-}
-
-TEST_F(FarAway, TwinsOnButtonsAreCutTheSameWay) {
-    const INT window = window_of(GRX_FEN_BOUTONS, {40, 60, 400, 300});
-    const INT label = label_in(window, {20, 20, width, height});
-    draw_on_button(label, {Kind::filled_rectangle, attributes(12), {-100000, -100000, 100000, 100000}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(12)), width * height);
-    draw_on_button(label, {Kind::segment, attributes(9), {-100000, 50, 100000, 50}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(9)), width);
-    draw_on_button(label, {Kind::segment, attributes(13), {65536, 10, 65600, 50}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(13)), 0);
-    draw_on_button(label, {Kind::rectangle, attributes(13), {-100000, 20, 100000, 150}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(13)), 2 * width);
-    GRX_TEXTE text{};
-    text.nofen = label;
-    text.chaine[0] = 'M';
-    text.attrib = attributes(14);
-    text.x = 65536 + 50;
-    text.y = 50;
-    grx_trace_texte_bouton(text);
-    EXPECT_EQ(button_screen(label).count(pixel_of(14)), 0);
 }
 
 } // namespace

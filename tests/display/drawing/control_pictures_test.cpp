@@ -1,5 +1,5 @@
-// Icons on controls and labels, the list of named icons, and the bitmap writer that needs colours.
-#include "tests/display/window_kit.h"
+// Pictures on controls: installed, changed, shared and taken away.
+#include "tests/display/drawing/icon_kit.h"
 #include "tests/support/controls.h"
 
 #include "xt_loc_f.h"
@@ -7,108 +7,14 @@
 
 #include <Xm/XmAll.h>
 
-#include <algorithm>
 #include <climits>
-#include <cstring>
-#include <ctime>
 #include <string>
-#include <vector>
 
 namespace {
 
 using namespace grxtest;
-using Bytes = std::vector<uchar>;
 
 constexpr Pixmap unspecified = 2;
-
-class IconTest : public DisplayTest {
-  protected:
-    // A file of 16 or 256 colours; its full name.
-    std::string icon_file(const std::string& name, Bytes picture, INT width, INT height, bool deep = false) {
-        std::string directory = home().text(), file = name;
-        const auto writer = deep ? ecrit_fichier_bitmap_256 : ecrit_fichier_bitmap;
-        EXPECT_EQ(writer(directory.data(), file.data(), picture.data(), width, height), 0);
-        return directory + "/" + name;
-    }
-    std::string plain_icon(const std::string& name, uchar colour, INT width = 12, INT height = 10) {
-        return icon_file(name, Bytes(static_cast<std::size_t>(width * height), colour), width, height);
-    }
-
-    INT label_in(INT window) {
-        GRX_BOUTON label = button_at(GRX_BOU_LABEL, window, {20, 20, 50, 50});
-        EXPECT_EQ(grx_cree_bouton(&label), 0);
-        EXPECT_TRUE(wait_visible(grx_recup_objet_bout(label.nobou)));
-        drain();
-        return label.nobou;
-    }
-    INT visible_window() {
-        const INT window = make(GRX_FEN_BOUTONS);
-        EXPECT_TRUE(wait_visible(widget_of(window)));
-        grx_affecte_nofen_principale(window);
-        return window;
-    }
-    static INT install(std::string file, INT nobou) { return grx_installe_bitmap(file.data(), nobou); }
-    static unsigned pixmaps(Display* asker, INT window) {
-        XSync(x11_disp, False);
-        return server_resources(asker, x_window(window))["PIXMAP"];
-    }
-    static std::uint32_t icon_pixel(INT index) { return static_cast<std::uint32_t>(grx_recup_couleur_icone(index)); }
-    static std::uint32_t colour_pixel(INT index) { return static_cast<std::uint32_t>(grx_recup_couleur(index)); }
-};
-
-// --- the 256-colour writer ------------------------------------------------------------------------------------------
-
-void put(std::string& bytes, std::uint32_t value, int width) {
-    for (int i = 0; i < width; ++i) bytes.push_back(static_cast<char>(value >> (8 * i)));
-}
-
-TEST_F(IconTest, TwoHundredAndFiftySixColoursByteByByte) {
-    icon_file("deep.bmp", {1, 2, 3, 4, 5, 200, 7, 8, 9, 255}, 5, 2, true);
-    std::string expected = "BM";
-    for (std::uint32_t field : {1078U + 16U, 0U, 1078U, 40U, 5U, 2U}) put(expected, field, 4);
-    put(expected, 1, 2);
-    put(expected, 8, 2);
-    for (std::uint32_t field : {0U, 16U, 0U, 0U, 256U, 256U}) put(expected, field, 4);
-    for (INT i = 0; i < 256; ++i) {
-        INT rgb[3]{};
-        if (i < grx_recup_max_couleur_trace()) grx_recup_rgb(i, rgb);
-        for (INT component : rgb) expected.push_back(static_cast<char>(component)); // red first
-        expected.push_back('\0');
-    }
-    expected += std::string("\xC8\x07\x08\x09\xFF\0\0\0", 8) + std::string("\1\2\3\4\5\0\0\0", 8);
-    const std::string file = home().read("deep.bmp");
-    EXPECT_EQ(file.size(), expected.size());
-    EXPECT_EQ(file, expected);
-}
-
-TEST_F(IconTest, RedIsTheFirstByteOfAPaletteEntry) {
-    INT red[3] = {255, 10, 20};
-    grx_modif_rgb(9, red);
-    icon_file("deep.bmp", {1}, 1, 1, true);
-    const std::string file = home().read("deep.bmp");
-    EXPECT_EQ(static_cast<uchar>(file.at(54 + 36)), 255);
-    EXPECT_LE(static_cast<uchar>(file.at(54 + 37)), 10);
-    EXPECT_LE(static_cast<uchar>(file.at(54 + 38)), 20);
-    EXPECT_EQ(file.at(54 + 39), 0);
-}
-
-TEST_F(IconTest, ShortageWhileWritingGives1) {
-    icon_file("deep.bmp", Bytes(16, 1), 4, 4, true);
-    std::string directory = home().text(), name = "deep.bmp";
-    Bytes picture(16, 1);
-    const auto before = heap().allocations();
-    ASSERT_EQ(ecrit_fichier_bitmap_256(directory.data(), name.data(), picture.data(), 4, 4), 0);
-    const auto count = heap().allocations() - before;
-    EXPECT_GT(count, 0U);
-    for (std::size_t n = 1; n <= count; ++n) {
-        const NoLeak no_leak;
-        heap().fail_at(n);
-        EXPECT_EQ(ecrit_fichier_bitmap_256(directory.data(), name.data(), picture.data(), 4, 4), 1) << n;
-        heap().fail_never();
-    }
-}
-
-// --- icons of controls ----------------------------------------------------------------------------------------------
 
 TEST_F(IconTest, PictureOfSixteenColours) {
     const INT window = visible_window(), label = label_in(window);
@@ -493,139 +399,6 @@ TEST_F(IconTest, TableOfPicturesReportsShortage) {
     heap().fail_at(1);
     EXPECT_EQ(grx_alloue_tab_image_boutons(10), 13);
     heap().fail_never();
-}
-
-// --- named icons ----------------------------------------------------------------------------------------------------
-
-class NamedIcons : public IconTest {
-  protected:
-    void SetUp() override {
-        IconTest::SetUp();
-        EXPECT_EQ(init_tab_icon(), 0);
-    }
-    void TearDown() override {
-        EXPECT_EQ(desalloue_tab_icon(), 0);
-        IconTest::TearDown();
-    }
-    static ENRICON icon(const char* name, int width, int height, int fill) {
-        ENRICON record{};
-        std::strcpy(record.nom_icon, name);
-        record.lar = width;
-        record.hau = height;
-        record.taille_buffer = static_cast<unsigned>(width * height);
-        record.tab_pix = reinterpret_cast<uchar*>(grx_malloc(record.taille_buffer));
-        std::memset(record.tab_pix, fill, record.taille_buffer);
-        record.suiv = reinterpret_cast<SICON*>(0x5A);
-        return record;
-    }
-    static INT find(const char* name, ENRICON** found) {
-        std::string text = name;
-        return cherche_icon(text.data(), found);
-    }
-};
-
-TEST_F(NamedIcons, FirstOfANameIsFoundThenTheCache) {
-    const NoLeak no_leak;
-    const ENRICON first = icon("save", 4, 3, 1), second = icon("save", 8, 8, 2), other = icon("open", 2, 2, 3);
-    EXPECT_EQ(append_icon(first), 0);
-    EXPECT_EQ(append_icon(second), 0);
-    EXPECT_EQ(append_icon(other), 0);
-    ENRICON* in_list = nullptr;
-    ASSERT_EQ(find("save", &in_list), 1);
-    EXPECT_STREQ(in_list->nom_icon, "save");
-    EXPECT_EQ(in_list->tab_pix, first.tab_pix);
-    EXPECT_EQ(in_list->lar, 4);
-    EXPECT_EQ(in_list->hau, 3);
-    EXPECT_NE(in_list->suiv, nullptr);
-    ENRICON* cached = nullptr;
-    ASSERT_EQ(find("save", &cached), 1);
-    EXPECT_NE(cached, in_list);
-    EXPECT_EQ(cached->tab_pix, first.tab_pix);
-    EXPECT_EQ(cached->taille_buffer, 12U);
-    ENRICON* third = nullptr;
-    ASSERT_EQ(find("open", &third), 1);
-    EXPECT_EQ(third->tab_pix, other.tab_pix);
-    EXPECT_EQ(third->suiv, nullptr);
-    ASSERT_EQ(find("save", &third), 1);
-    EXPECT_EQ(third, in_list); // the cache holds "open" now
-    EXPECT_EQ(desalloue_tab_icon(), 0);
-}
-
-TEST_F(NamedIcons, UnknownNamesLeaveTheResult) {
-    ENRICON mark{};
-    ENRICON* found = &mark;
-    EXPECT_EQ(find("none", &found), 0);
-    EXPECT_EQ(find("", &found), 0);
-    EXPECT_EQ(append_icon(icon("a", 1, 1, 1)), 0);
-    EXPECT_EQ(find("none", &found), 0);
-    EXPECT_EQ(find("A", &found), 0);
-    EXPECT_EQ(find("", &found), 0);
-    EXPECT_EQ(found, &mark);
-    EXPECT_EQ(cherche_icon(nullptr, &found), 0);
-}
-
-TEST_F(NamedIcons, FreeingEmptiesListAndCache) {
-    const NoLeak no_leak;
-    EXPECT_EQ(desalloue_tab_icon(), 0);
-    ENRICON* found = nullptr;
-    EXPECT_EQ(append_icon(icon("a", 3, 3, 1)), 0);
-    EXPECT_EQ(find("a", &found), 1);
-    EXPECT_EQ(desalloue_tab_icon(), 0);
-    found = nullptr;
-    EXPECT_EQ(find("a", &found), 0);
-    EXPECT_EQ(found, nullptr);
-    EXPECT_EQ(desalloue_tab_icon(), 0);
-}
-
-TEST_F(NamedIcons, ShortageLeavesTheList) {
-    const NoLeak no_leak;
-    EXPECT_EQ(append_icon(icon("a", 3, 3, 1)), 0);
-    ENRICON b = icon("b", 2, 2, 2);
-    heap().fail_at(1);
-    EXPECT_EQ(append_icon(b), 1);
-    heap().fail_never();
-    ENRICON* found = nullptr;
-    EXPECT_EQ(find("b", &found), 0);
-    EXPECT_EQ(find("a", &found), 1);
-    EXPECT_EQ(found->suiv, nullptr);
-    grx_free(reinterpret_cast<char*>(b.tab_pix), b.taille_buffer); // still the caller's
-    desalloue_tab_icon();
-}
-
-double processor_seconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-// Blocks of a thousand. The best of the first five, or of the last: what another process disturbs is not counted.
-TEST_F(NamedIcons, TheLastOfManyIsAppendedAsQuicklyAsTheFirst) {
-    constexpr int blocks = 30, looked_at = 5;
-    double first = 1e9, last = 1e9;
-    for (int block = 0; block < blocks; ++block) {
-        const double start = processor_seconds();
-        for (int i = 0; i < 1000; ++i) {
-            ENRICON record{};
-            record.nom_icon[0] = 'i';
-            append_icon(record);
-        }
-        const double taken = processor_seconds() - start;
-        if (block < looked_at) first = std::min(first, taken);
-        if (block >= blocks - looked_at) last = std::min(last, taken);
-    }
-    EXPECT_LT(last, 6 * first);
-}
-
-TEST_F(NamedIcons, AfterAnEndThatIsGoneTheListBeginsAnew) {
-    EXPECT_EQ(append_icon(icon("a", 1, 1, 1)), 0);
-    EXPECT_EQ(append_icon(icon("b", 1, 1, 1)), 0);
-    EXPECT_EQ(desalloue_tab_icon(), 0);
-    EXPECT_EQ(append_icon(icon("c", 1, 1, 1)), 0);
-    EXPECT_EQ(append_icon(icon("d", 1, 1, 1)), 0);
-    ENRICON* found = nullptr;
-    EXPECT_EQ(find("a", &found), 0);
-    EXPECT_EQ(find("c", &found), 1);
-    EXPECT_STREQ(found->suiv->nom_icon, "d");
 }
 
 } // namespace
