@@ -125,16 +125,7 @@ TEST_F(DirectoryDialog, HundredTimesLeaveNothing) {
         });
         EXPECT_EQ(choose_directory("/tmp"), way == 0 ? 1 : 0);
     };
-    for (int i = 0; i < 6; ++i) once(i % 3);
-    once(0);
-    drain();
-    const auto before = server_resources(test_display(), x_window(main_));
-    const std::size_t blocks = heap().blocks();
-    for (int i = 0; i < 100; ++i) once(i % 3);
-    once(0);
-    drain();
-    EXPECT_EQ(server_resources(test_display(), x_window(main_)), before);
-    EXPECT_EQ(heap().blocks(), blocks);
+    expect_no_growth(once, 100);
 }
 
 } // namespace

@@ -50,6 +50,15 @@ class BlockingOn : public EditorOn<Base> {
             "entry " + entry, [entry] { return is_viewable(widget_called(entry)); },
             [this, entry] { this->click(widget_called(entry)); });
     }
+    // The same, then a name in the dialog that comes.
+    void pick_name(const std::string& entry, const std::string& name) {
+        when_ready("ready", [] {});
+        pick(entry);
+        this->script_.when(
+            "prompt", [this] { return this->prompt() != nullptr; },
+            [this, name] { this->retype(this->button(this->prompt(), XmDIALOG_TEXT), name); });
+        this->script_.then("ok", [this] { this->click(this->button(this->prompt(), XmDIALOG_OK_BUTTON)); });
+    }
     void respond(unsigned char which) {
         this->script_.when(
             "warning", [this] { return this->prompt() != nullptr; },
@@ -109,12 +118,7 @@ TEST_F(Blocking, NothingIsLeftOfTheTimeBefore) {
 TEST_F(Blocking, SauverSousGivesTheNewName) {
     put("a.txt", "abc\n");
     fs::create_directory(path("Sub"));
-    when_ready("ready", [] {});
-    pick("Save As...");
-    script_.when(
-        "prompt", [&] { return prompt() != nullptr; },
-        [&] { retype(button(prompt(), XmDIALOG_TEXT), path("Sub/b.txt")); });
-    script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
+    pick_name("Save As...", path("Sub/b.txt"));
     key(XK_F3);
     const auto left = block(files_.text(), "a.txt");
     EXPECT_EQ(left.status, 1);
@@ -127,12 +131,7 @@ TEST_F(Blocking, AFailedSauverSousLeavesTheNames) {
     put("a.txt", "abc\n");
     const std::pair<unsigned char, INT> ways[] = {{XmDIALOG_APPLY_BUTTON, 0}, {XmDIALOG_OK_BUTTON, 1}};
     for (const auto& [button_of_warning, status] : ways) {
-        when_ready("ready", [] {});
-        pick("Save As...");
-        script_.when(
-            "prompt", [&] { return prompt() != nullptr; },
-            [&] { retype(button(prompt(), XmDIALOG_TEXT), path("Sub/b.txt")); });
-        script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
+        pick_name("Save As...", path("Sub/b.txt"));
         script_.when(
             "told", [&] { return question_box() != nullptr; },
             [&] { click(XmMessageBoxGetChild(question_box(), XmDIALOG_OK_BUTTON)); });
@@ -149,12 +148,7 @@ TEST_F(Blocking, AFailedSauverSousLeavesTheNames) {
 TEST_F(Blocking, ANewFileThatWasNeverWrittenIsNotGivenBack) {
     put("a.txt", "abc\n");
     for (const bool saved : {false, true}) {
-        when_ready("ready", [] {});
-        pick("New");
-        script_.when(
-            "prompt", [&] { return prompt() != nullptr; },
-            [&] { retype(button(prompt(), XmDIALOG_TEXT), path("new.txt")); });
-        script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
+        pick_name("New", path("new.txt"));
         if (saved) pick("Save");
         key(XK_F3);
         const auto left = block(files_.text(), "a.txt");
@@ -173,7 +167,7 @@ TEST_F(Blocking, AFileThatIsNotThereIsNotReportedAsSaved) {
     EXPECT_EQ(left.name, "missing.txt");
 }
 
-// --- off the screen when the call has returned
+// --- off the screen when the call has returned -------------------------------------------------------------------------
 
 TEST_F(Blocking, NothingIsLeftOnTheScreen) {
     put("a.txt", "abc\n");
@@ -206,11 +200,7 @@ TEST_F(Blocking, NothingIsLeftOnTheScreen) {
 TEST_F(Blocking, ANameWithoutADirectoryEmptiesTheDirectory) {
     ASSERT_EQ(chdir(files_.text().c_str()), 0);
     put("a.txt", "abc\n");
-    when_ready("ready", [] {});
-    pick("Save As...");
-    script_.when(
-        "prompt", [&] { return prompt() != nullptr; }, [&] { retype(button(prompt(), XmDIALOG_TEXT), "b.txt"); });
-    script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
+    pick_name("Save As...", "b.txt");
     key(XK_F3);
     const auto left = block(files_.text(), "a.txt");
     EXPECT_EQ(left.directory, "");
@@ -220,16 +210,9 @@ TEST_F(Blocking, ANameWithoutADirectoryEmptiesTheDirectory) {
 
 TEST_F(Blocking, AtTheRootTheDirectoryIsEmpty) {
     put("a.txt", "abc\n");
-    when_ready("ready", [] {});
     const std::string target = "/grx-test-" + std::to_string(getpid());
-    pick("Save As...");
-    script_.when(
-        "prompt", [&] { return prompt() != nullptr; }, [&] { retype(button(prompt(), XmDIALOG_TEXT), target); });
-    script_.then("ok", [&] { click(button(prompt(), XmDIALOG_OK_BUTTON)); });
-    script_.then("leave", [&] {
-        pointer().move_in(text(), 8, 8);
-        keyboard().key(XK_F3);
-    });
+    pick_name("Save As...", target);
+    key(XK_F3);
     const bool writable = access("/", W_OK) == 0;
     if (!writable) respond(XmDIALOG_APPLY_BUTTON); // not everybody may write there: the text then counts as not saved
     const auto left = block(files_.text(), "a.txt");

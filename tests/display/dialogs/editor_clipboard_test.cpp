@@ -19,6 +19,17 @@ namespace {
 
 using namespace grxtest;
 
+XEvent answer_to(const XSelectionRequestEvent& asked) {
+    XEvent answer{};
+    answer.xselection.type = SelectionNotify;
+    answer.xselection.requestor = asked.requestor;
+    answer.xselection.selection = asked.selection;
+    answer.xselection.target = asked.target;
+    answer.xselection.time = asked.time;
+    answer.xselection.property = asked.property;
+    return answer;
+}
+
 // Another program that owns the clipboard and offers a text as one type. It may take its time, or never answer.
 constexpr int never = -1;
 
@@ -74,13 +85,7 @@ class ClipboardOwner {
             if (for_text) tell(told, "q");
             if (delay == never) continue;
             if (for_text && delay > 0) usleep(static_cast<useconds_t>(delay) * 1000);
-            XEvent answer{};
-            answer.xselection.type = SelectionNotify;
-            answer.xselection.requestor = asked.requestor;
-            answer.xselection.selection = asked.selection;
-            answer.xselection.target = asked.target;
-            answer.xselection.time = asked.time;
-            answer.xselection.property = asked.property;
+            XEvent answer = answer_to(asked);
             if (asked.target == targets) {
                 const Atom list[] = {targets, offered};
                 XChangeProperty(display, asked.requestor, asked.property, XA_ATOM, 32, PropModeReplace,
@@ -232,13 +237,7 @@ TEST_F(Editor, DeletingAsksTheOwnerOfTheSelection) {
     EXPECT_EQ(asked.selection, XA_PRIMARY);
     EXPECT_EQ(asked.target, XInternAtom(other, "KILL_SELECTION", False));
     EXPECT_NE(asked.time, Time{CurrentTime}) << "the time of the event that asks for it";
-    XEvent answer{};
-    answer.xselection.type = SelectionNotify;
-    answer.xselection.requestor = asked.requestor;
-    answer.xselection.selection = asked.selection;
-    answer.xselection.target = asked.target;
-    answer.xselection.time = asked.time;
-    answer.xselection.property = asked.property;
+    XEvent answer = answer_to(asked);
     XChangeProperty(other, asked.requestor, asked.property, XA_STRING, 8, PropModeReplace,
         reinterpret_cast<const unsigned char*>("done"), 4);
     XSendEvent(other, asked.requestor, False, NoEventMask, &answer);

@@ -4,6 +4,7 @@
 #include "tests/display/dialog_kit.h"
 #include "tests/support/host_calls.h"
 
+#include <functional>
 #include <map>
 
 namespace grxtest {
@@ -99,6 +100,19 @@ class FileDialog : public FileDialogs<DisplayTest> {
     bool stacked_over(Window upper, Window lower) {
         const auto order = children_of(test_display(), DefaultRootWindow(test_display()));
         return std::ranges::find(order, upper) > std::ranges::find(order, lower);
+    }
+    // Calls it with 0, 1, 2 over and over: after the first rounds nothing more stays at the server or on the heap.
+    void expect_no_growth(const std::function<void(int)>& once, int rounds) {
+        for (int i = 0; i < 6; ++i) once(i % 3);
+        once(0);
+        drain();
+        const auto before = server_resources(test_display(), x_window(main_));
+        const std::size_t blocks = heap().blocks();
+        for (int i = 0; i < rounds; ++i) once(i % 3);
+        once(0);
+        drain();
+        EXPECT_EQ(server_resources(test_display(), x_window(main_)), before);
+        EXPECT_EQ(heap().blocks(), blocks);
     }
     void TearDown() override {
         host_messages.reset();

@@ -2,6 +2,8 @@
 // change.
 #include "tests/display/drawing.h"
 
+#include "xt_prive.h"
+
 #include <climits>
 #include <cstring>
 #include <vector>

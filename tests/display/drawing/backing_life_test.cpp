@@ -1,6 +1,8 @@
 // Pictures put aside, and what becomes of backing pictures while windows are covered, hidden, resized and iconified.
 #include "tests/display/drawing/backing_kit.h"
 
+#include "xt_prive.h"
+
 #include <Xm/Xm.h>
 
 #include <vector>

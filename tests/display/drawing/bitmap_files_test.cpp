@@ -1,9 +1,6 @@
 // The writer of bitmap files of 256 colours, which needs the colours of the screen.
 #include "tests/display/drawing/icon_kit.h"
 
-#include "xt_loc_f.h"
-#include "xt_prive.h"
-
 #include <string>
 
 namespace {

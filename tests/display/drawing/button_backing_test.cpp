@@ -2,6 +2,8 @@
 #include "tests/display/drawing/backing_kit.h"
 #include "tests/support/controls.h"
 
+#include "xt_prive.h"
+
 #include <Xm/Xm.h>
 
 #include <climits>

@@ -2,6 +2,8 @@
 #include "tests/display/drawing.h"
 #include "tests/support/triangle_model.h"
 
+#include "xt_prive.h"
+
 #include <climits>
 
 namespace {

@@ -4,9 +4,6 @@
 #include "tests/display/window_kit.h"
 #include "tests/support/controls.h"
 
-#include "xt_loc_f.h"
-#include "xt_prive.h"
-
 #include <string>
 
 namespace grxtest {

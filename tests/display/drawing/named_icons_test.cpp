@@ -2,7 +2,6 @@
 #include "tests/display/drawing/icon_kit.h"
 
 #include "xt_loc_f.h"
-#include "xt_prive.h"
 
 #include <algorithm>
 #include <cstring>

@@ -4,6 +4,8 @@
 
 #include "tests/support/counters.h"
 
+#include "xt_prive.h"
+
 #include <string>
 #include <vector>
 

@@ -2,6 +2,8 @@
 #include "tests/display/drawing/picture_kit.h"
 #include "tests/support/controls.h"
 
+#include "xt_prive.h"
+
 #include <climits>
 #include <string>
 #include <vector>

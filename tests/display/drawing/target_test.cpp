@@ -2,6 +2,8 @@
 #include "tests/display/drawing.h"
 #include "tests/display/window_kit.h"
 
+#include "xt_prive.h"
+
 namespace {
 
 using namespace grxtest;

@@ -405,14 +405,7 @@ class DialogVisualOn24 : public On24 {
         visual.emplace(FakeVisual::Kind::alt32);
     }
 
-    void expect_visual(Widget widget) {
-        XWindowAttributes attributes{};
-        ASSERT_NE(XtWindow(widget), None) << name_of(widget);
-        ASSERT_TRUE(XGetWindowAttributes(test_display(), XtWindow(widget), &attributes));
-        EXPECT_EQ(attributes.depth, vtemp.depth) << name_of(widget);
-        EXPECT_EQ(XVisualIDFromVisual(attributes.visual), vtemp.visualid) << name_of(widget);
-        EXPECT_EQ(attributes.colormap, x11_cmap) << name_of(widget);
-    }
+    void expect_visual(Widget widget) { expect_chosen_visual(test_display(), widget); }
 
     std::optional<FakeVisual> visual;
 };

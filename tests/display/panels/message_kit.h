@@ -1,7 +1,7 @@
 // A window for the parts of message dialogs, and the records that describe them.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/display/panels/server_kit.h"
 
 namespace grxtest {
 
@@ -52,11 +52,7 @@ class DialogTest : public ControlsInWindowTest {
         return children_of(widget_of(window)).size();
     }
 
-    std::map<std::string, unsigned> resources() {
-        auto counted = server_resources(test_display(), XtWindow(XmGetXmDisplay(x11_disp)));
-        counted.erase("GC"); // replaced drawing contexts are not freed, on purpose
-        return counted;
-    }
+    auto resources() { return resources_of_the_library(test_display()); }
 };
 
 inline constexpr INT toggles = GRX_MSG_TYPE_BASCULES;

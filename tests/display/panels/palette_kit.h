@@ -2,7 +2,6 @@
 #pragma once
 
 #include "tests/display/control_kit.h"
-#include "tests/display/cursor_kit.h"
 
 namespace grxtest {
 

@@ -1,5 +1,4 @@
 // The events that the palette window takes or leaves alone, and each way in which it ends.
-#include "tests/display/cursor_kit.h"
 #include "tests/display/panels/palette_kit.h"
 #include "tests/support/stdout_capture.h"
 

@@ -2,9 +2,6 @@
 #pragma once
 
 #include "tests/display/panel_kit.h"
-#include "tests/support/next_function.h"
-
-#include <algorithm>
 
 namespace grxtest {
 

@@ -1,7 +1,6 @@
 // The table of panel lists: which place a list takes, how the table grows, and what is left of a list that is gone.
 #include "tests/display/panels/panel_list_kit.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace {

@@ -1,7 +1,7 @@
 // Choices above one of the application's tables.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/display/panels/server_kit.h"
 
 #include <X11/IntrinsicP.h>
 
@@ -58,11 +58,7 @@ class TableChoices : public ControlsTest {
 
     std::string shown_text() { return text_resource(XmOptionButtonGadget(option()), XmNlabelString); }
 
-    std::map<std::string, unsigned> resources() {
-        auto counted = server_resources(test_display(), XtWindow(XmGetXmDisplay(x11_disp)));
-        counted.erase("GC"); // replaced drawing contexts are not freed, on purpose
-        return counted;
-    }
+    auto resources() { return resources_of_the_library(test_display()); }
 
     // Nothing on the screen, in the table or in the base of buttons.
     void expect_none() {

@@ -284,14 +284,7 @@ class TableChoiceVisualOn24 : public TableChoices {
         visual.emplace(FakeVisual::Kind::alt32);
     }
 
-    void expect_visual(Widget widget) {
-        XWindowAttributes attributes{};
-        ASSERT_NE(XtWindow(widget), None) << XtName(widget);
-        ASSERT_TRUE(XGetWindowAttributes(test_display(), XtWindow(widget), &attributes));
-        EXPECT_EQ(attributes.depth, vtemp.depth) << XtName(widget);
-        EXPECT_EQ(XVisualIDFromVisual(attributes.visual), vtemp.visualid) << XtName(widget);
-        EXPECT_EQ(attributes.colormap, x11_cmap) << XtName(widget);
-    }
+    void expect_visual(Widget widget) { expect_chosen_visual(test_display(), widget); }
 
     std::optional<FakeVisual> visual;
 };
