@@ -1,5 +1,5 @@
-// The application's functions that the test program has in place of the default host's. They do what those do unless a
-// test asks for something else.
+// What the library asks of the application's messages and text files, whose functions the test program stands in front
+// of. Unless a test asks for something else they do what the default host's do.
 #pragma once
 
 #include "host_t.h"
@@ -11,12 +11,20 @@
 
 namespace grxtest {
 
-// litmess: the application's messages; without them the default host's.
+// What litmess gives; without them the default host's.
 extern std::optional<std::map<INT, std::string>> host_messages;
 
-// ftext_open: the modes in which text files were asked for, and, where not null, what every one of them holds: a file
-// that has no size.
-extern std::vector<INT> text_modes_asked;
-extern const char* sizeless_text;
+// The modes in which ftext_open was asked for files, from the construction of the object on. With a content each of them
+// holds that, and has no size. There is one at a time.
+class TextFiles {
+  public:
+    explicit TextFiles(std::string content = "");
+    ~TextFiles();
+    TextFiles(const TextFiles&) = delete;
+    TextFiles& operator=(const TextFiles&) = delete;
+
+    std::vector<INT> modes;
+    std::string content;
+};
 
 } // namespace grxtest

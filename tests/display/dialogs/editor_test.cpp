@@ -1,8 +1,8 @@
 // The text editor: opened and closed, its parts, its keys, and what is left of it.
 #include "tests/display/dialogs/editor_kit.h"
-#include "tests/support/host_calls.h"
 #include "tests/support/descriptors.h"
 #include "tests/support/fake_visual.h"
+#include "tests/support/host_calls.h"
 
 #include <X11/XKBlib.h>
 
@@ -219,12 +219,12 @@ TEST_F(Editor, AFileThatCanOnlyBeReadIsOpened) {
 TEST_F(Editor, AFileIsOpenedForUpdateElseForReading) {
     put("a.txt", "one\n");
     show();
-    text_modes_asked.clear();
+    TextFiles asked;
     load(files_.text(), "a.txt");
-    EXPECT_EQ(text_modes_asked, (std::vector<INT>{3}));
-    text_modes_asked.clear();
+    EXPECT_EQ(asked.modes, (std::vector<INT>{3}));
+    asked.modes.clear();
     load(files_.text(), "missing.txt");
-    EXPECT_EQ(text_modes_asked, (std::vector<INT>{3, 2}));
+    EXPECT_EQ(asked.modes, (std::vector<INT>{3, 2}));
 }
 
 TEST_F(Editor, AFileIsClosedWhenItIsRead) {
@@ -240,9 +240,8 @@ TEST_F(Editor, AFileIsClosedWhenItIsRead) {
 TEST_F(Editor, AFileWithoutASizeIsRead) {
     const std::string text(200000, 't');
     show();
-    sizeless_text = text.c_str();
+    TextFiles sizeless(text);
     load(files_.text(), "anything");
-    sizeless_text = nullptr;
     EXPECT_TRUE(content() == text) << content().size();
 }
 

@@ -7,7 +7,7 @@
 
 namespace grxtest {
 
-inline constexpr INT function_number = 740;
+inline constexpr INT choice_function = 740;
 inline constexpr std::array<INT, 8> no_tables{-1, -2, 10, 11, 99, 1000, INT_MIN, INT_MAX};
 
 class TableChoices : public ControlsTest {
@@ -34,7 +34,7 @@ class TableChoices : public ControlsTest {
 
     INT create(Texts& texts, INT by_default = 1, INT x = 60, INT y = 70) {
         return grx_tbl_cree_boutons_choix(
-            window, x, y, function_number, texts.count(), texts.pointers.data(), by_default);
+            window, x, y, choice_function, texts.count(), texts.pointers.data(), by_default);
     }
 
     static TBL_TABLEUR_AFF& table() { return Taffiche[Itbl]; }
@@ -86,7 +86,7 @@ class TableChoices : public ControlsTest {
         record.exec_fonction.type_evenement = 6;
         record.exec_fonction.nofen = -1;
         record.exec_fonction.nobou = nobou;
-        record.exec_fonction.no_fo = function_number;
+        record.exec_fonction.no_fo = choice_function;
         record.exec_fonction.valeur = value;
         return record;
     }

@@ -84,7 +84,7 @@ TEST_F(TableChoices, AreRebuiltInsideACallback) {
         grx_tbl_detruit_boutons_choix();
         grx_tbl_detruit_boutons_choix();
         create(others, 2);
-        grx_tbl_change_boutons_choix(window, 200, 90, function_number, 2, others.pointers.data(), 2);
+        grx_tbl_change_boutons_choix(window, 200, 90, choice_function, 2, others.pointers.data(), 2);
     };
     const std::size_t blocks = heap().blocks();
     XtAddCallback(control(trigger), XmNactivateCallback, rebuild, &action);

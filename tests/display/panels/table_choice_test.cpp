@@ -74,7 +74,7 @@ TEST_F(TableChoices, AreButtonsOfThePulldown) {
         EXPECT_TRUE(XtIsSensitive(control(n)));
         EXPECT_TRUE(XtIsManaged(control(n)));
         EXPECT_EQ(button_record(n).type, 512);
-        EXPECT_EQ(button_record(n).no_fo, function_number);
+        EXPECT_EQ(button_record(n).no_fo, choice_function);
         EXPECT_EQ(button_record(n).valeur, static_cast<INT>(i) + 1);
         EXPECT_EQ(button_record(n).nofen, -1) << "the parent was given as a widget";
     }
@@ -166,7 +166,7 @@ TEST_F(TableChoices, ADefaultChosenIsDrawn) {
     ASSERT_TRUE(wait_visible(option()));
     drain();
     const Pixels second = grab(x11_disp, XtWindow(option()));
-    grx_tbl_change_boutons_choix(window, 60, 70, function_number, 3, three.pointers.data(), 1);
+    grx_tbl_change_boutons_choix(window, 60, 70, choice_function, 3, three.pointers.data(), 1);
     ASSERT_TRUE(wait_visible(option()));
     drain();
     EXPECT_GT(differences(second, grab(x11_disp, XtWindow(option()))), 10);
