@@ -71,22 +71,24 @@ inline std::string plain_text(XmString value) {
     return result;
 }
 
+inline std::vector<std::string> plain_texts(const XmString* values, int count) {
+    std::vector<std::string> result;
+    for (int i = 0; i < count; ++i) result.push_back(plain_text(values[i]));
+    return result;
+}
+
 inline std::vector<std::string> list_items(Widget list) {
     XmStringTable items = nullptr;
     int count = 0;
     XtVaGetValues(list, XmNitems, &items, XmNitemCount, &count, nullptr);
-    std::vector<std::string> result;
-    for (int i = 0; i < count; ++i) result.push_back(plain_text(items[i]));
-    return result;
+    return plain_texts(items, count);
 }
 
 inline std::vector<std::string> selected_items(Widget list) {
     XmStringTable items = nullptr;
     int count = 0;
     XtVaGetValues(list, XmNselectedItems, &items, XmNselectedItemCount, &count, nullptr);
-    std::vector<std::string> result;
-    for (int i = 0; i < count; ++i) result.push_back(plain_text(items[i]));
-    return result;
+    return plain_texts(items, count);
 }
 
 inline std::string field_text(Widget text) {

@@ -1,7 +1,7 @@
 // The text editor: opened, typed into, saved and left by a real pointer and keyboard.
 #pragma once
 
-#include "tests/display/dialog_kit.h"
+#include "tests/display/dialogs/dialog_kit.h"
 
 #include <fstream>
 #include <malloc.h>

@@ -1,7 +1,7 @@
 // The dialogs for files and directories, and a user who chooses in them.
 #pragma once
 
-#include "tests/display/dialog_kit.h"
+#include "tests/display/dialogs/dialog_kit.h"
 #include "tests/support/host_calls.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 // What attributes make of the drawing context: what it holds, what is sent for a change, and what follows when colours
 // change.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include "xt_prive.h"
 
@@ -48,8 +48,8 @@ TEST_F(ContextTest, PlainAttributesSetTheseValues) {
     grx_affecte_gc(attributes(9, 3));
     const auto values = values_of(g_c);
     EXPECT_EQ(values.function, GXcopy);
-    EXPECT_EQ(values.foreground, pixel_of(9));
-    EXPECT_EQ(values.background, pixel_of(3));
+    EXPECT_EQ(values.foreground, drawn_pixel(9));
+    EXPECT_EQ(values.background, drawn_pixel(3));
     EXPECT_EQ(values.line_style, LineSolid);
     EXPECT_EQ(values.line_width, 0);
     EXPECT_EQ(values.graphics_exposures, False);
@@ -62,7 +62,7 @@ TEST_F(ContextTest, AnyOtherModeIsPlain) {
         grx_affecte_gc(attributes(9, 3, xor_mode));
         grx_affecte_gc(attributes(9, 3, mode));
         EXPECT_EQ(values_of(g_c).function, GXcopy) << mode;
-        EXPECT_EQ(values_of(g_c).foreground, pixel_of(9)) << mode;
+        EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(9)) << mode;
         EXPECT_EQ(grx::memo_attrib.mode, mode);
     }
 }
@@ -100,8 +100,8 @@ TEST_F(ContextTest, ExclusiveOrMixesDrawingAndBackground) {
     graphic_window();
     grx_affecte_gc(attributes(9, 3, xor_mode));
     EXPECT_EQ(values_of(g_c).function, GXxor);
-    EXPECT_EQ(values_of(g_c).foreground, pixel_of(9) ^ pixel_of(3));
-    EXPECT_EQ(values_of(g_c).background, pixel_of(3));
+    EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(9) ^ drawn_pixel(3));
+    EXPECT_EQ(values_of(g_c).background, drawn_pixel(3));
     grx_affecte_gc(attributes(3, 3, xor_mode));
     EXPECT_EQ(values_of(g_c).foreground, 0U);
 }
@@ -111,10 +111,10 @@ TEST_F(ContextTest, ExclusiveOrKeepsItsForegroundWhenOnlyTheBackgroundChanges) {
     graphic_window();
     grx_affecte_gc(attributes(9, 3, xor_mode));
     grx_affecte_gc(attributes(9, 12, xor_mode));
-    EXPECT_EQ(values_of(g_c).foreground, pixel_of(9) ^ pixel_of(3));
-    EXPECT_EQ(values_of(g_c).background, pixel_of(12));
+    EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(9) ^ drawn_pixel(3));
+    EXPECT_EQ(values_of(g_c).background, drawn_pixel(12));
     grx_affecte_gc(attributes(10, 12, xor_mode));
-    EXPECT_EQ(values_of(g_c).foreground, pixel_of(10) ^ pixel_of(12));
+    EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(10) ^ drawn_pixel(12));
 }
 
 TEST_F(ContextTest, ErasingDrawsInTheWindowBackground) {
@@ -122,9 +122,9 @@ TEST_F(ContextTest, ErasingDrawsInTheWindowBackground) {
     grx_affecte_couleur_fond(12);
     grx_affecte_gc(attributes(9, 3, xor_mode));
     grx_affecte_gc(attributes(9, 3, erase_mode));
-    EXPECT_EQ(values_of(g_c).foreground, pixel_of(12));
+    EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(12));
     EXPECT_EQ(values_of(g_c).function, GXcopy);
-    EXPECT_EQ(values_of(g_c).background, pixel_of(3));
+    EXPECT_EQ(values_of(g_c).background, drawn_pixel(3));
 }
 
 // KEEP: erasing leaves the memorised colour, so that drawing in it again differs by the mode and is sent.
@@ -135,7 +135,7 @@ TEST_F(ContextTest, ErasingLeavesTheMemorisedColour) {
     EXPECT_EQ(grx::memo_attrib.coul_trace, 9);
     EXPECT_EQ(grx::memo_attrib.mode, erase_mode);
     grx_affecte_gc(attributes(9, 3));
-    EXPECT_EQ(values_of(g_c).foreground, pixel_of(9));
+    EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(9));
     EXPECT_EQ(values_of(g_c).function, GXcopy);
 }
 
@@ -155,8 +155,8 @@ TEST_F(ContextTest, ReinitAppliesTheWindowBackgroundAsBothColours) {
     grx_affecte_gc(attributes(9, 3, xor_mode, 2, 4));
     grx_reinit_gc();
     const auto values = values_of(g_c);
-    EXPECT_EQ(values.foreground, pixel_of(11));
-    EXPECT_EQ(values.background, pixel_of(11));
+    EXPECT_EQ(values.foreground, drawn_pixel(11));
+    EXPECT_EQ(values.background, drawn_pixel(11));
     EXPECT_EQ(values.function, GXcopy);
     EXPECT_EQ(values.line_style, LineSolid);
     EXPECT_EQ(values.line_width, 0);
@@ -166,7 +166,7 @@ TEST_F(ContextTest, ReinitAppliesTheWindowBackgroundAsBothColours) {
     EXPECT_EQ(grx::memo_attrib.type_trait, 0);
     EXPECT_EQ(grx::memo_attrib.epaisseur, 0);
     grx_affecte_gc(attributes(9, 11));
-    EXPECT_EQ(values_of(g_c).foreground, pixel_of(9));
+    EXPECT_EQ(values_of(g_c).foreground, drawn_pixel(9));
 }
 
 TEST_F(ContextTest, InitMemoForgetsWhatWasApplied) {
@@ -211,7 +211,7 @@ TEST_F(ContextTest, ANewContextGetsTheAttributesAgain) {
     EXPECT_NE(g_c, before);
     draw(second, segment(attrib, 10, 50, 200, 50));
     EXPECT_TRUE(same(screen(second), screen(first)));
-    EXPECT_EQ(screen(second).count(pixel_of(9)), 190 * 5);
+    EXPECT_EQ(screen(second).count(drawn_pixel(9)), 190 * 5);
 }
 
 // KEEP: the context made before stays usable; an application may hold it.
@@ -219,10 +219,10 @@ TEST_F(ContextTest, TheContextBeforeStaysUsable) {
     const INT first = graphic_window();
     const GC before = g_c;
     graphic_window({400, 60, width, height});
-    XSetForeground(x11_disp, before, pixel_of(9));
+    XSetForeground(x11_disp, before, drawn_pixel(9));
     XSetFunction(x11_disp, before, GXcopy);
     XFillRectangle(x11_disp, x_window(first), before, 0, 0, 10, 10);
-    EXPECT_EQ(screen(first).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(first).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(ContextTest, NestedWindowsShareTheContext) {
@@ -241,7 +241,7 @@ TEST_F(ContextTest, NestedWindowsShareTheContext) {
     ASSERT_TRUE(wait_visible(grx_recup_objet_fen(inner.nofen)));
     drain();
     draw(inner.nofen, filled(attributes(9), 5, 5, 14, 14));
-    EXPECT_EQ(screen(inner.nofen).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(inner.nofen).count(drawn_pixel(9)), 100);
 }
 
 // --- what is sent ----------------------------------------------------------------------------------------------
@@ -322,7 +322,7 @@ TEST_F(DrawingCost, BackToTheColourAfterErasingIsSent) {
     draw(window, segment(attributes(9), 0, 0, 50, 50));
     EXPECT_EQ(spend(window, segment(attributes(9, 0, erase_mode), 0, 0, 50, 50)).contexts, 1U);
     EXPECT_EQ(spend(window, segment(attributes(9), 0, 0, 50, 50)).contexts, 1U);
-    EXPECT_EQ(screen(window).at(25, 25), pixel_of(9));
+    EXPECT_EQ(screen(window).at(25, 25), drawn_pixel(9));
 }
 
 TEST_F(DrawingCost, ALongRunCostsWhatPlainXlibCosts) {
@@ -389,7 +389,7 @@ TEST_F(ChangedColoursOn24, GapsFollowTheBackground) {
     grx_modif_rgb(12, fond);
     draw(window, segment(attributes(9, 12, 0, 4), 0, 20, 100, 20));
     EXPECT_EQ(screen(window).at(20, 20), 0x070809U);
-    EXPECT_EQ(screen(window).at(5, 20), pixel_of(9));
+    EXPECT_EQ(screen(window).at(5, 20), drawn_pixel(9));
 }
 
 class ChangedColoursOn8 : public On8 {};
@@ -401,7 +401,7 @@ TEST_F(ChangedColoursOn8, WhatIsDrawnChangesAtOnceAndNoContextIsSent) {
     EXPECT_EQ(cost.requests(), 1U);
     EXPECT_EQ(cost.gc_changes(), 0U);
     XColor cell{};
-    cell.pixel = pixel_of(9);
+    cell.pixel = drawn_pixel(9);
     XQueryColor(x11_disp, x11_cmap, &cell);
     EXPECT_EQ(cell.green >> 8, 2 * 255 >> 8);
 }

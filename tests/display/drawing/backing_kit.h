@@ -1,7 +1,7 @@
 // Windows with a backing picture, and what hides them.
 #pragma once
 
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 #include "tests/display/window_kit.h"
 
 #include <climits>

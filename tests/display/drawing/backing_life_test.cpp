@@ -54,7 +54,7 @@ TEST_F(SavedPicture, AnotherSavingReplacesIt) {
     EXPECT_EQ(grx_sauve_fenetre(window), 1);
     grx_efface_zone_graphique(window);
     EXPECT_EQ(grx_restore_fenetre(window), 1);
-    EXPECT_EQ(screen(window).count(pixel_of(12)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(12)), 100);
     permit_x_errors();
     EXPECT_TRUE(first == grx::save_slot(window)->image || grab(x11_disp, first).empty());
 }
@@ -63,7 +63,7 @@ TEST_F(SavedPicture, NothingSavedGives0) {
     const INT window = graphic_window();
     draw(window, box(9, 0, 0, 9, 9));
     EXPECT_EQ(grx_restore_fenetre(window), 0);
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(SavedPicture, AnotherSizeDiscardsIt) {
@@ -118,7 +118,7 @@ TEST_F(SavedPicture, IsForEveryKindOfWindow) {
     EXPECT_EQ(grx_sauve_fenetre(window), 1);
     grx_efface_zone_graphique(window);
     EXPECT_EQ(grx_restore_fenetre(window), 1);
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(SavedPicture, OfEachWindowIsItsOwn) {
@@ -133,8 +133,8 @@ TEST_F(SavedPicture, OfEachWindowIsItsOwn) {
     grx_efface_zone_graphique(two);
     grx_restore_fenetre(one);
     grx_restore_fenetre(two);
-    EXPECT_EQ(screen(one).count(pixel_of(9)), 100);
-    EXPECT_EQ(screen(two).count(pixel_of(12)), 100);
+    EXPECT_EQ(screen(one).count(drawn_pixel(9)), 100);
+    EXPECT_EQ(screen(two).count(drawn_pixel(12)), 100);
 }
 
 TEST_F(SavedPicture, CopiesWhateverTheModeWas) {
@@ -176,7 +176,7 @@ TEST_F(SavedPicture, IsTheScreenEvenWhileMemoryDrawingIsOn) {
     grx_efface_zone_graphique(window);
     grx_restore_fenetre(window);
     grx_desalloue_image();
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
     EXPECT_EQ(memory(window).count_other(background()), 0);
 }
 
@@ -300,8 +300,8 @@ TEST_F(PictureLifeWithoutServer, AMemoryDrawingIsNotDisturbedByAnExposure) {
     }
     drain();
     draw(window, box(12, 20, 0, 29, 9));
-    EXPECT_EQ(memory(window).count(pixel_of(9)), 100);
-    EXPECT_EQ(memory(window).count(pixel_of(12)), 100);
+    EXPECT_EQ(memory(window).count(drawn_pixel(9)), 100);
+    EXPECT_EQ(memory(window).count(drawn_pixel(12)), 100);
     grx_desalloue_image();
 }
 
@@ -318,7 +318,7 @@ TEST_F(PictureLife, AResizedWindowStartsAnew) {
         draw(window, box(9, size.first - 10, size.second - 10, size.first - 1, size.second - 1));
         grx_desalloue_image();
         EXPECT_EQ(grx_affiche_bitmap_backingstore(window), 0);
-        EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+        EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
         EXPECT_EQ(screen(window).count_other(background()), 100);
     }
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
@@ -363,7 +363,7 @@ TEST_F(PictureWmTest, RestoredFromItsIconItIsThereAgain) {
     grx_desalloue_image();
     ASSERT_EQ(grx_affiche_bitmap_backingstore(plan), 0);
     const Pixels before = grab(x11_disp, XtWindow(widget));
-    ASSERT_GT(before.count_other(pixel_of(0)), 1000);
+    ASSERT_GT(before.count_other(drawn_pixel(0)), 1000);
     events.clear();
 
     grx_iconifie_fenetre(plan);
@@ -398,7 +398,7 @@ TEST_F(PictureWmTest, ResizedFromOutsideItStartsAnew) {
     EXPECT_EQ(shown.height, 220);
     EXPECT_EQ(picture.width, shown.width);
     EXPECT_EQ(picture.height, shown.height);
-    EXPECT_EQ(picture.count_other(pixel_of(0)), 0);
+    EXPECT_EQ(picture.count_other(drawn_pixel(0)), 0);
 }
 
 } // namespace

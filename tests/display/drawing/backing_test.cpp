@@ -42,7 +42,7 @@ TEST_F(BackingTest, ItsColourIsTheBackgroundOfTheMoment) {
     const INT window = graphic_window();
     grx_affecte_couleur_fond(12);
     EXPECT_EQ(grx_cree_bitmap_backingstore(window), 1);
-    EXPECT_EQ(memory(window).count(pixel_of(12)), width * height);
+    EXPECT_EQ(memory(window).count(drawn_pixel(12)), width * height);
     expect_background_context();
 }
 
@@ -116,7 +116,7 @@ TEST_F(BackingTest, UsingWhatWasFreedIsHarmless) {
     grx_alloue_image(window);
     draw(window, box(9, 0, 0, 9, 9));
     grx_desalloue_image();
-    EXPECT_EQ(memory(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(memory(window).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(BackingTest, UnknownWindowsHaveNone) {
@@ -180,7 +180,7 @@ TEST_F(BackingTest, ForbiddenIsNotShown) {
     EXPECT_EQ(screen(window).count_other(background()), 0);
     record(window).backingstorable = 5;
     EXPECT_EQ(grx_affiche_bitmap_backingstore(window), 0);
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(BackingTest, MemorisingCopiesTheScreen) {
@@ -202,7 +202,7 @@ TEST_F(BackingTest, MemorisingAsksNobodyAndNotWhetherItMay) {
     const Cost cost(x11_disp);
     grx_memorise_bitmap_backingstore(window);
     EXPECT_EQ(cost.round_trips(), 0U);
-    EXPECT_EQ(memory(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(memory(window).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(BackingTest, CopiesQueueNoEvents) {
@@ -287,7 +287,7 @@ TEST_F(BackingTest, SwitchedOnWithoutPictureDrawsOnTheScreen) {
     grx_enable_backingstore(window, 1);
     draw(window, box(9, 0, 0, 9, 9));
     grx_enable_backingstore(window, 0);
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(BackingTest, TheSwitchOutlivesWindowsWithoutPicture) {
@@ -307,7 +307,7 @@ TEST_F(BackingTest, StartingEmptiesThePicture) {
         EXPECT_EQ(grx::image_redess, record(window).image);
         EXPECT_EQ(memory(window).count_other(background()), 0);
         draw(window, box(9, 0, 0, 9, 9));
-        EXPECT_EQ(memory(window).count(pixel_of(9)), 100);
+        EXPECT_EQ(memory(window).count(drawn_pixel(9)), 100);
         EXPECT_EQ(grx_desalloue_image(), 0);
         EXPECT_EQ(grx_backingstore_deja_cours(), 0);
     }
@@ -351,7 +351,7 @@ TEST_F(BackingTest, DrawingInAnotherWindowGoesIntoTheActiveOnesPicture) {
     EXPECT_GT(memory(active).count_other(background()), 1000);
     EXPECT_EQ(screen(active).count_other(background()), 0);
     draw(other, box(9, 0, 0, 9, 9));
-    EXPECT_EQ(screen(other).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(other).count(drawn_pixel(9)), 100);
 }
 
 TEST_F(BackingTest, ButtonsAreNotTouchedByTheWindowsMode) {
@@ -360,7 +360,7 @@ TEST_F(BackingTest, ButtonsAreNotTouchedByTheWindowsMode) {
     const INT label = label_in(controls, {10, 10, 100, 80});
     grx_alloue_image(window);
     draw_on_button(label, box(9, 0, 0, 9, 9));
-    EXPECT_EQ(button_screen(label).count(pixel_of(9)), 100);
+    EXPECT_EQ(button_screen(label).count(drawn_pixel(9)), 100);
     EXPECT_EQ(memory(window).count_other(background()), 0);
     grx_desalloue_image();
 }
@@ -377,8 +377,8 @@ TEST_F(BackingTest, TheActiveWindowMayDieMeanwhile) {
     grx_alloue_image(active);
     draw(other, box(13, 40, 0, 49, 9));
     grx_desalloue_image();
-    EXPECT_EQ(screen(other).count(pixel_of(12)), 100); // on the screen again
-    EXPECT_EQ(screen(other).count(pixel_of(13)), 100);
+    EXPECT_EQ(screen(other).count(drawn_pixel(12)), 100); // on the screen again
+    EXPECT_EQ(screen(other).count(drawn_pixel(13)), 100);
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 
@@ -392,7 +392,7 @@ TEST_F(BackingTest, SwitchedOnAgainAfterItsWindowDiedDrawsOnTheScreen) {
     draw(other, box(9, 0, 0, 9, 9));
     grx_enable_backingstore(0, 0);
     EXPECT_EQ(grx::image_redess, nullptr);
-    EXPECT_EQ(screen(other).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(other).count(drawn_pixel(9)), 100);
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 
@@ -404,7 +404,7 @@ TEST_F(BackingTest, AResizeMeanwhileFollowsTheNewPicture) {
     draw(window, box(9, 250, 150, 259, 159));
     grx_desalloue_image();
     EXPECT_EQ(memory(window).width, 300);
-    EXPECT_EQ(memory(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(memory(window).count(drawn_pixel(9)), 100);
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 

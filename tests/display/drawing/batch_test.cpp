@@ -1,6 +1,6 @@
 // Long runs of mixed primitives, between them whatever else an application sends. The library joins primitives into one
 // request where it can: nobody may see it.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <Xm/PushB.h>
 #include <Xm/Xm.h>
@@ -136,7 +136,7 @@ TEST_F(LongRun, BetweenOtherContextsOnTheSameWindow) {
     Target to = target(40, 60);
     const Window window = x_window(to.window);
     XGCValues values{};
-    values.foreground = pixel_of(12);
+    values.foreground = drawn_pixel(12);
     values.graphics_exposures = False;
     const GC own = XCreateGC(x11_disp, window, GCForeground | GCGraphicsExposures, &values);
     for (int i = 0; i < 40; ++i) {
@@ -156,18 +156,18 @@ TEST_F(LongRun, BetweenOtherContextsOnTheSameWindow) {
     const Pixels seen = screen(to.window);
     for (int i = 0; i < 30; ++i) {
         const INT x = 6 * i;
-        EXPECT_EQ(seen.at(x, 5), pixel_of(9));
-        EXPECT_EQ(seen.at(x + 2, 5), pixel_of(12));
-        EXPECT_EQ(seen.at(x + 4, 5), pixel_of(9));
-        EXPECT_EQ(seen.at(x, 25), pixel_of(12));
-        EXPECT_EQ(seen.at(x + 2, 25), pixel_of(9));
-        EXPECT_EQ(seen.at(x, 42), pixel_of(12));
-        EXPECT_EQ(seen.at(x, 52), pixel_of(9));
-        EXPECT_EQ(seen.at(x + 1, 62), pixel_of(12));
-        EXPECT_EQ(seen.at(x + 1, 72), pixel_of(9));
+        EXPECT_EQ(seen.at(x, 5), drawn_pixel(9));
+        EXPECT_EQ(seen.at(x + 2, 5), drawn_pixel(12));
+        EXPECT_EQ(seen.at(x + 4, 5), drawn_pixel(9));
+        EXPECT_EQ(seen.at(x, 25), drawn_pixel(12));
+        EXPECT_EQ(seen.at(x + 2, 25), drawn_pixel(9));
+        EXPECT_EQ(seen.at(x, 42), drawn_pixel(12));
+        EXPECT_EQ(seen.at(x, 52), drawn_pixel(9));
+        EXPECT_EQ(seen.at(x + 1, 62), drawn_pixel(12));
+        EXPECT_EQ(seen.at(x + 1, 72), drawn_pixel(9));
     }
-    EXPECT_EQ(seen.at(203, 103), pixel_of(12));
-    EXPECT_EQ(seen.at(213, 103), pixel_of(9));
+    EXPECT_EQ(seen.at(203, 103), drawn_pixel(12));
+    EXPECT_EQ(seen.at(213, 103), drawn_pixel(9));
     XFreeGC(x11_disp, own);
 }
 
@@ -180,10 +180,10 @@ TEST_F(LongRun, AfterRelativePointsInTheSharedContext) {
     draw(to.window, {Kind::point, attributes(9), {50, 60}, {}});
     draw(to.window, {Kind::point, attributes(9), {51, 61}, {}});
     const Pixels seen = screen(to.window);
-    EXPECT_EQ(seen.count(pixel_of(9)), 6);
-    EXPECT_EQ(seen.at(22, 22), pixel_of(9));
-    EXPECT_EQ(seen.at(50, 60), pixel_of(9));
-    EXPECT_EQ(seen.at(51, 61), pixel_of(9));
+    EXPECT_EQ(seen.count(drawn_pixel(9)), 6);
+    EXPECT_EQ(seen.at(22, 22), drawn_pixel(9));
+    EXPECT_EQ(seen.at(50, 60), drawn_pixel(9));
+    EXPECT_EQ(seen.at(51, 61), drawn_pixel(9));
 }
 
 // Xlib's buffer can hold more than one request can: the environment says how much.
@@ -333,7 +333,7 @@ class MixedRun : public LongRun {
         text.chaine[1] = 'g';
         grx_ecrit_fenetre(text);
         to.plain->apply(attributes(0));
-        XSetForeground(x11_disp, to.plain->context(), pixel_of(text.coul_trace) & 0xFF);
+        XSetForeground(x11_disp, to.plain->context(), drawn_pixel(text.coul_trace) & 0xFF);
         XSetFont(x11_disp, to.plain->context(), fontstruct->fid);
         XDrawString(x11_disp, to.plain->pixmap(), to.plain->context(), text.x, text.y, "Ag", 2);
     }
@@ -355,7 +355,7 @@ TEST_F(LongRun, SynchronousPrimitivesAreThereAtOnce) {
     grx_synchronise(1);
     for (INT i = 0; i < 20; ++i) {
         draw(window, {Kind::segment, attributes(9), {0, i, 9, i}, {}});
-        EXPECT_EQ(grab(test_display(), x_window(window)).count(pixel_of(9)), 10 * (i + 1));
+        EXPECT_EQ(grab(test_display(), x_window(window)).count(drawn_pixel(9)), 10 * (i + 1));
     }
     grx_synchronise(0);
 }

@@ -37,11 +37,11 @@ TEST_F(ButtonBacking, StartsInTheDrawingColour) {
     const Pixels made = picture();
     EXPECT_EQ(made.width, wide);
     EXPECT_EQ(made.height, high);
-    EXPECT_EQ(made.count(pixel_of(9)), wide * high);
+    EXPECT_EQ(made.count(drawn_pixel(9)), wide * high);
     XGCValues values{};
     XGetGCValues(x11_disp, g_c, GCForeground | GCBackground, &values);
-    EXPECT_EQ(values.foreground, pixel_of(9));
-    EXPECT_EQ(values.background, pixel_of(12));
+    EXPECT_EQ(values.foreground, drawn_pixel(9));
+    EXPECT_EQ(values.background, drawn_pixel(12));
 }
 
 // KEEP: 1 is shown here, 0 is shown for windows.
@@ -52,7 +52,7 @@ TEST_F(ButtonBacking, ShowingGives1WhenDoneAnd0Without) {
     EXPECT_EQ(grx_affiche_bitmap_backingstore_bouton(button_), 1);
     EXPECT_EQ(cost.round_trips(), 1U);
     expect_background_context();
-    EXPECT_EQ(part_of_screen(test_display(), {60, 90, wide, high}).count(pixel_of(9)), wide * high);
+    EXPECT_EQ(part_of_screen(test_display(), {60, 90, wide, high}).count(drawn_pixel(9)), wide * high);
 }
 
 // The button shows the picture of a file; a backing picture takes its place, and goes.
@@ -88,8 +88,8 @@ TEST_F(ButtonBacking, MemorisingCopiesTheButton) {
     draw_on_button(button_, box(13, 0, 0, wide - 1, high - 1));
     draw_on_button(button_, box(14, 5, 5, 14, 14));
     grx_memorise_bitmap_backingstore_bouton(button_);
-    EXPECT_EQ(picture().count(pixel_of(14)), 100);
-    EXPECT_EQ(picture().count(pixel_of(13)), wide * high - 100);
+    EXPECT_EQ(picture().count(drawn_pixel(14)), 100);
+    EXPECT_EQ(picture().count(drawn_pixel(13)), wide * high - 100);
     expect_background_context();
 }
 
@@ -124,7 +124,7 @@ TEST_F(ButtonBacking, WhatWasDestroyedIsNotUsedAgain) {
     EXPECT_EQ(grx::grx_trace_memoire_bouton, 0);
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
     grx_cree_bitmap_backingstore_bouton(button_, wide, high, 13, 12);
-    EXPECT_EQ(picture().count(pixel_of(13)), wide * high);
+    EXPECT_EQ(picture().count(drawn_pixel(13)), wide * high);
 }
 
 TEST_F(ButtonBacking, MemoryDrawingGoesIntoThePicture) {
@@ -136,13 +136,13 @@ TEST_F(ButtonBacking, MemoryDrawingGoesIntoThePicture) {
     EXPECT_EQ(grx::image_redess_bouton, &button_record(button_).image);
     EXPECT_EQ(picture().count(background()), wide * high); // emptied
     draw_on_button(button_, box(13, 0, 0, 9, 9));
-    EXPECT_EQ(picture().count(pixel_of(13)), 100);
+    EXPECT_EQ(picture().count(drawn_pixel(13)), 100);
     EXPECT_TRUE(same(button_screen(button_), before));
     EXPECT_EQ(grx_backingstore_deja_cours(), 0); // the windows' mode is another
     EXPECT_EQ(grx_desalloue_image_bouton(), 0);
     EXPECT_EQ(grx::grx_trace_memoire_bouton, 0);
     draw_on_button(button_, box(13, 0, 0, 9, 9));
-    EXPECT_EQ(button_screen(button_).count(pixel_of(13)), 100);
+    EXPECT_EQ(button_screen(button_).count(drawn_pixel(13)), 100);
 }
 
 TEST_F(ButtonBacking, MemoryDrawingMayKeepThePicture) {
@@ -150,9 +150,9 @@ TEST_F(ButtonBacking, MemoryDrawingMayKeepThePicture) {
     grx_affecte_nobou_actif(button_);
     grx_alloue_image_bouton(button_, 1);
     EXPECT_EQ(grx::grx_trace_memoire_bouton, 1);
-    EXPECT_EQ(picture().count(pixel_of(9)), wide * high);
+    EXPECT_EQ(picture().count(drawn_pixel(9)), wide * high);
     draw_on_button(button_, box(13, 0, 0, 9, 9));
-    EXPECT_EQ(picture().count(pixel_of(9)), wide * high - 100);
+    EXPECT_EQ(picture().count(drawn_pixel(9)), wide * high - 100);
     grx_desalloue_image_bouton();
 }
 
@@ -166,9 +166,9 @@ TEST_F(ButtonBacking, MemoryDrawingEndsByShowingThePicture) {
     EXPECT_TRUE(same(button_screen(button_), drawn));
     EXPECT_TRUE(same(picture(), drawn)); // kept
     draw_on_button(button_, box(11, 20, 20, 29, 29));
-    EXPECT_EQ(button_screen(button_).count(pixel_of(11)), 0);
+    EXPECT_EQ(button_screen(button_).count(drawn_pixel(11)), 0);
     grx_trace_image_bouton(0);
-    EXPECT_EQ(button_screen(button_).count(pixel_of(11)), 100);
+    EXPECT_EQ(button_screen(button_).count(drawn_pixel(11)), 100);
     EXPECT_EQ(picture().count(background()), wide * high); // ready for the next
     grx_desalloue_image_bouton();
 }
@@ -193,8 +193,8 @@ TEST_F(ButtonBacking, MemoryDrawingWorksOnTheActiveButton) {
     grx_alloue_image_bouton(other, 0);
     EXPECT_EQ(grx::image_redess_bouton, &button_record(button_).image);
     draw_on_button(other, box(13, 0, 0, 9, 9));
-    EXPECT_EQ(picture().count(pixel_of(13)), 100);
-    EXPECT_EQ(button_screen(other).count(pixel_of(13)), 0);
+    EXPECT_EQ(picture().count(drawn_pixel(13)), 100);
+    EXPECT_EQ(button_screen(other).count(drawn_pixel(13)), 0);
     grx_desalloue_image_bouton();
     for (const INT number : unknown_buttons) {
         grx_affecte_nobou_actif(number);
@@ -212,7 +212,7 @@ TEST_F(ButtonBacking, WindowsAreNotTouchedByTheButtonsMode) {
     grx_affecte_nobou_actif(button_);
     grx_alloue_image_bouton(button_, 0);
     draw(window, box(13, 0, 0, 9, 9));
-    EXPECT_EQ(screen(window).count(pixel_of(13)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(13)), 100);
     grx_desalloue_image_bouton();
 }
 
@@ -244,7 +244,7 @@ TEST_F(ButtonBacking, TheActiveButtonMayDieMeanwhile) {
     grx_alloue_image_bouton(button_, 0);
     draw_on_button(other, box(13, 20, 0, 29, 9));
     grx_desalloue_image_bouton();
-    EXPECT_EQ(button_screen(other).count(pixel_of(13)), 200); // on the screen again
+    EXPECT_EQ(button_screen(other).count(drawn_pixel(13)), 200); // on the screen again
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 
@@ -255,7 +255,7 @@ TEST_F(ButtonBacking, ItsPictureMayGoMeanwhile) {
     grx_detruit_bitmap_backingstore_bouton(button_);
     draw_on_button(button_, box(13, 0, 0, 9, 9));
     grx_desalloue_image_bouton();
-    EXPECT_EQ(button_screen(button_).count(pixel_of(13)), 100);
+    EXPECT_EQ(button_screen(button_).count(drawn_pixel(13)), 100);
 }
 
 } // namespace

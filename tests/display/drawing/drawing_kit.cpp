@@ -1,4 +1,4 @@
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include "tests/support/controls.h"
 
@@ -86,10 +86,10 @@ void PlainPicture::clear(unsigned long background) {
 void PlainPicture::apply(const GRX_ATTRIBUTS_TRACER& a) {
     const bool dashed = a.type_trait >= 1 && a.type_trait <= 7;
     const INT shown = a.mode == erase_mode ? grx_recup_couleur_fond() : a.coul_trace;
-    const unsigned long mixed = a.mode == xor_mode ? pixel_of(a.coul_fond) : 0;
+    const unsigned long mixed = a.mode == xor_mode ? drawn_pixel(a.coul_fond) : 0;
     XSetFunction(display_, context_, a.mode == xor_mode ? GXxor : GXcopy);
-    XSetForeground(display_, context_, pixel_of(shown) ^ mixed);
-    XSetBackground(display_, context_, pixel_of(a.coul_fond));
+    XSetForeground(display_, context_, drawn_pixel(shown) ^ mixed);
+    XSetBackground(display_, context_, drawn_pixel(a.coul_fond));
     XSetLineAttributes(display_, context_,
         static_cast<unsigned>(line_widths.at(static_cast<std::size_t>(a.epaisseur % 8))),
         dashed ? LineDoubleDash : LineSolid, CapButt, JoinMiter);

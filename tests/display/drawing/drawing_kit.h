@@ -21,7 +21,7 @@ inline GRX_ATTRIBUTS_TRACER attributes(INT colour, INT background = 0, INT mode 
     return {background, colour, mode, 0, style, width};
 }
 
-inline std::uint32_t pixel_of(INT colour_index) {
+inline std::uint32_t drawn_pixel(INT colour_index) {
     return static_cast<std::uint32_t>(trace_pix[colour_index]);
 }
 
@@ -145,7 +145,7 @@ class DrawingTest : public DisplayTest {
     static Pixels button_screen(INT button) { return grab(x11_disp, x_button(button)); }
     static STRUCTURE_FENETRE& record(INT window);
     static Pixels memory(INT window) { return grab(x11_disp, *record(window).image); }
-    static std::uint32_t background() { return pixel_of(grx_recup_couleur_fond()); }
+    static std::uint32_t background() { return drawn_pixel(grx_recup_couleur_fond()); }
 };
 
 } // namespace grxtest

@@ -1,6 +1,6 @@
 // Coordinates that the protocol cannot carry: what is seen of a figure is true, and dashes of lines that begin and end
 // far outside belong to the drawing and travel with it.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <climits>
 #include <cmath>
@@ -63,8 +63,8 @@ TEST_F(FarAway, LinesAcrossTheWindowAreTrue) {
     for (const auto& v : lines) {
         grx_efface_zone_graphique(window);
         draw(window, {Kind::segment, attributes(9), {v[0], v[1], v[2], v[3]}, {}});
-        expect_line(window, v[0], v[1], v[2], v[3], pixel_of(9));
-        EXPECT_GT(screen(window).count(pixel_of(9)), 40);
+        expect_line(window, v[0], v[1], v[2], v[3], drawn_pixel(9));
+        EXPECT_GT(screen(window).count(drawn_pixel(9)), 40);
     }
 }
 
@@ -98,23 +98,23 @@ TEST_F(FarAway, NothingComesRoundFromTheOtherSide) {
 TEST_F(FarAway, FillsCoverWhatTheyHold) {
     const INT window = graphic_window();
     draw(window, {Kind::filled_rectangle, attributes(9), {-100000, -100000, 100000, 100000}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), width * height);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), width * height);
     draw(window, {Kind::filled_rectangle, attributes(12), {INT_MAX, 100, 30, INT_MAX}, {}});
-    EXPECT_EQ(screen(window).bounds(pixel_of(12)), (Area{30, 100, width - 30, height - 100}));
-    EXPECT_EQ(screen(window).count(pixel_of(12)), (width - 30) * (height - 100));
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(12)), (Area{30, 100, width - 30, height - 100}));
+    EXPECT_EQ(screen(window).count(drawn_pixel(12)), (width - 30) * (height - 100));
     draw(window, {Kind::filled_rectangle, attributes(13), {INT_MIN, INT_MIN, 9, 9}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(13)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(13)), 100);
 }
 
 TEST_F(FarAway, OutlinesShowTheSidesThatAreThere) {
     const INT window = graphic_window();
     draw(window, {Kind::rectangle, attributes(9), {-100000, 20, 100000, 150}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 2 * width);
-    EXPECT_EQ(screen(window).at(100, 20), pixel_of(9));
-    EXPECT_EQ(screen(window).at(100, 150), pixel_of(9));
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 2 * width);
+    EXPECT_EQ(screen(window).at(100, 20), drawn_pixel(9));
+    EXPECT_EQ(screen(window).at(100, 150), drawn_pixel(9));
     grx_efface_zone_graphique(window);
     draw(window, {Kind::rectangle, attributes(9), {40, 30, INT_MAX, INT_MAX}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), (width - 40) + (height - 30) - 1);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), (width - 40) + (height - 30) - 1);
     grx_efface_zone_graphique(window);
     draw(window, {Kind::rectangle, attributes(9), {INT_MIN, INT_MIN, INT_MAX, INT_MAX}, {}});
     EXPECT_EQ(screen(window).count_other(background()), 0);
@@ -125,12 +125,12 @@ TEST_F(FarAway, BigArcsAreTrue) {
     const double radius = 50000; // its top lies at 90 of the window
     draw(window, {Kind::arc, attributes(9), {120 - 50000, 90, 100000, 100000, 0, 360}, {}});
     const Pixels seen = screen(window);
-    EXPECT_GE(seen.count(pixel_of(9)), width);
+    EXPECT_GE(seen.count(drawn_pixel(9)), width);
     for (int x = 0; x < width; ++x)
         for (int y = 0; y < height; ++y)
-            if (seen.at(x, y) == pixel_of(9))
+            if (seen.at(x, y) == drawn_pixel(9))
                 EXPECT_NEAR(std::hypot(x - 120.0, y - (90 + radius)), radius, 1.5) << x << ' ' << y;
-    EXPECT_EQ(seen.at(120, 90), pixel_of(9));
+    EXPECT_EQ(seen.at(120, 90), drawn_pixel(9));
 }
 
 TEST_F(FarAway, BigFilledArcsPaintNothingOutside) {
@@ -142,9 +142,9 @@ TEST_F(FarAway, BigFilledArcsPaintNothingOutside) {
 TEST_F(FarAway, AFillAsWideAsTheProtocolCovers) {
     const INT window = graphic_window();
     draw(window, {Kind::filled_rectangle, attributes(9), {-32768, 20, 32767, 40}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), width * 21);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), width * 21);
     draw(window, {Kind::filled_rectangle, attributes(12), {30, 32767, 40, -32768}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(12)), 11 * height);
+    EXPECT_EQ(screen(window).count(drawn_pixel(12)), 11 * height);
 }
 
 TEST_F(FarAway, HugeArcsAreHarmless) {
@@ -155,20 +155,20 @@ TEST_F(FarAway, HugeArcsAreHarmless) {
                 draw(window, {kind, attributes(9), {at, at, size, size, -90, 271}, {}});
     grx_efface_zone_graphique(window);
     draw(window, {Kind::point, attributes(9), {3, 3}, {}});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 1);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 1);
 }
 
 TEST_F(FarAway, TwinsOnButtonsAreCutTheSameWay) {
     const INT window = window_of(GRX_FEN_BOUTONS, {40, 60, 400, 300});
     const INT label = label_in(window, {20, 20, width, height});
     draw_on_button(label, {Kind::filled_rectangle, attributes(12), {-100000, -100000, 100000, 100000}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(12)), width * height);
+    EXPECT_EQ(button_screen(label).count(drawn_pixel(12)), width * height);
     draw_on_button(label, {Kind::segment, attributes(9), {-100000, 50, 100000, 50}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(9)), width);
+    EXPECT_EQ(button_screen(label).count(drawn_pixel(9)), width);
     draw_on_button(label, {Kind::segment, attributes(13), {65536, 10, 65600, 50}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(13)), 0);
+    EXPECT_EQ(button_screen(label).count(drawn_pixel(13)), 0);
     draw_on_button(label, {Kind::rectangle, attributes(13), {-100000, 20, 100000, 150}, {}});
-    EXPECT_EQ(button_screen(label).count(pixel_of(13)), 2 * width);
+    EXPECT_EQ(button_screen(label).count(drawn_pixel(13)), 2 * width);
     GRX_TEXTE text{};
     text.nofen = label;
     text.chaine[0] = 'M';
@@ -176,7 +176,7 @@ TEST_F(FarAway, TwinsOnButtonsAreCutTheSameWay) {
     text.x = 65536 + 50;
     text.y = 50;
     grx_trace_texte_bouton(text);
-    EXPECT_EQ(button_screen(label).count(pixel_of(14)), 0);
+    EXPECT_EQ(button_screen(label).count(drawn_pixel(14)), 0);
 }
 
 // --- dashes -----------------------------------------------------------------------------------------------------------
@@ -219,8 +219,8 @@ TEST_F(FarDashes, TravelWithTheDrawing) {
     for (const auto& line : lines) {
         for (INT style = GRX_TRAIT_MIXTE; style <= GRX_TRAIT_MIXTE_2_TIRETS; ++style) {
             const Pixels here = picture(line, style, 0, 0);
-            EXPECT_GT(here.count(pixel_of(9)), 20) << line.name;
-            EXPECT_GT(here.count(pixel_of(12)), 10) << line.name << " gaps, style " << style;
+            EXPECT_GT(here.count(drawn_pixel(9)), 20) << line.name;
+            EXPECT_GT(here.count(drawn_pixel(12)), 10) << line.name << " gaps, style " << style;
             for (const int shift : {1, 3, 17, 50}) {
                 const Pixels there = picture(line, style, 0, shift);
                 EXPECT_TRUE(same(here.part({0, 0, width - room, height - room}),
@@ -237,8 +237,8 @@ TEST_F(FarDashes, OfWideLinesTravelToo) {
     for (const auto& line : lines) {
         for (const INT style : {GRX_TRAIT_POINTILLE, GRX_TRAIT_MIXTE_2_TIRETS}) {
             const Pixels here = picture(line, style, 3, 0);
-            EXPECT_GT(here.count(pixel_of(9)), 60) << line.name;
-            EXPECT_GT(here.count(pixel_of(12)), 30) << line.name;
+            EXPECT_GT(here.count(drawn_pixel(9)), 60) << line.name;
+            EXPECT_GT(here.count(drawn_pixel(12)), 30) << line.name;
             for (const int shift : {3, 50}) {
                 const Pixels there = picture(line, style, 3, shift);
                 EXPECT_LE(differences(here.part({0, 0, width - room, height - room}),
@@ -275,7 +275,7 @@ TEST_F(FarDashes, AtAnySlopeEachColumnHasItsOwn) {
             const bool drawn = std::abs(x - x1) / dash % 2 == 0;
             for (int y = 0; y < height; ++y) {
                 if (seen.at(x, y) == background()) continue;
-                EXPECT_EQ(seen.at(x, y), pixel_of(drawn ? 9 : 12)) << x << " of " << x1 << ' ' << y1;
+                EXPECT_EQ(seen.at(x, y), drawn_pixel(drawn ? 9 : 12)) << x << " of " << x1 << ' ' << y1;
                 ++columns;
             }
         }

@@ -1,5 +1,5 @@
 // Outlines and triangles filled from tables of points.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 #include "tests/support/triangle_model.h"
 
 #include "xt_prive.h"
@@ -37,7 +37,7 @@ TEST_F(TableFills, AnOutlineIsOpen) {
     GRX_POINT_POLY points[4] = {{10, 10}, {60, 10}, {60, 50}, {10, 50}};
     EXPECT_EQ(remplit_tableau_polygone(points, 4, 9), 0);
     const Pixels seen = screen(window);
-    EXPECT_EQ(seen.count(pixel_of(9)), 51 + 40 + 50);
+    EXPECT_EQ(seen.count(drawn_pixel(9)), 51 + 40 + 50);
     EXPECT_EQ(seen.at(10, 30), background()); // the way back is not drawn
 }
 
@@ -83,16 +83,16 @@ TEST_F(TableFills, RowZeroIsNeverStored) {
     const INT window = target();
     remplit_tableau_triangles({20, 0}, {100, 0}, {60, 40}, 9);
     const Pixels seen = screen(window);
-    EXPECT_EQ(seen.part({0, 0, width, 1}).count(pixel_of(9)), 1);
-    EXPECT_EQ(seen.at(0, 0), pixel_of(9));
-    EXPECT_EQ(seen.at(60, 1), pixel_of(9));
+    EXPECT_EQ(seen.part({0, 0, width, 1}).count(drawn_pixel(9)), 1);
+    EXPECT_EQ(seen.at(0, 0), drawn_pixel(9));
+    EXPECT_EQ(seen.at(60, 1), drawn_pixel(9));
 }
 
 TEST_F(TableFills, TrianglesAreClampedToTheActiveWindow) {
     const INT window = target();
     remplit_tableau_triangles({0, 100}, {200, 100}, {100, 3000}, 9);
     EXPECT_GT(screen(window).at(100, height - 1), 0U);
-    EXPECT_EQ(screen(window).at(100, height - 1), pixel_of(9));
+    EXPECT_EQ(screen(window).at(100, height - 1), drawn_pixel(9));
     grx_efface_zone_graphique(window);
     remplit_tableau_triangles({0, height}, {200, height}, {100, 3000}, 9); // all below
     remplit_tableau_triangles({0, 0}, {200, -5}, {100, -300}, 9);          // all above
@@ -105,9 +105,9 @@ TEST_F(TableFills, TheHeightIsTheActiveWindows) {
     grx_affecte_nofen_active(active);
     test_trace_memoire(x_window(drawn));
     remplit_tableau_triangles({10, 10}, {10, 150}, {200, 150}, 9);
-    EXPECT_GT(screen(drawn).count(pixel_of(9)), 50);
-    EXPECT_EQ(screen(drawn).bounds(pixel_of(9)).y, 10);
-    EXPECT_EQ(screen(drawn).bounds(pixel_of(9)).height, 40); // rows 10 to 49
+    EXPECT_GT(screen(drawn).count(drawn_pixel(9)), 50);
+    EXPECT_EQ(screen(drawn).bounds(drawn_pixel(9)).y, 10);
+    EXPECT_EQ(screen(drawn).bounds(drawn_pixel(9)).height, 40); // rows 10 to 49
 }
 
 TEST_F(TableFills, WithoutActiveWindowThereIsNoTriangle) {
@@ -124,8 +124,8 @@ TEST_F(TableFills, TrianglesAreThinPlainAndSolid) {
     draw(window, segment(attributes(12, 3, xor_mode, 3, 5), 0, 170, 100, 170));
     grx_efface_zone_graphique(window);
     remplit_tableau_triangles({10, 10}, {10, 60}, {60, 60}, 9);
-    EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{10, 10, 51, 51}));
-    EXPECT_EQ(screen(window).count_other(background()), screen(window).count(pixel_of(9)));
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{10, 10, 51, 51}));
+    EXPECT_EQ(screen(window).count_other(background()), screen(window).count(drawn_pixel(9)));
 }
 
 TEST_F(TableFills, ColoursAreBytes) {
@@ -133,7 +133,7 @@ TEST_F(TableFills, ColoursAreBytes) {
     INT pixel = trace_pix[13];
     trace_pix[200] = pixel;
     remplit_tableau_triangles({10, 10}, {10, 60}, {60, 60}, 200);
-    EXPECT_GT(screen(window).count(pixel_of(13)), 1000);
+    EXPECT_GT(screen(window).count(drawn_pixel(13)), 1000);
 }
 
 TEST_F(TableFills, FillsGoIntoTheBackingPictureWhileMemoryDrawingIsOn) {
@@ -143,8 +143,8 @@ TEST_F(TableFills, FillsGoIntoTheBackingPictureWhileMemoryDrawingIsOn) {
     GRX_POINT_POLY points[2] = {{0, 100}, {9, 100}};
     remplit_tableau_triangles({10, 10}, {10, 60}, {60, 60}, 9);
     remplit_tableau_polygone(points, 2, 12);
-    EXPECT_GT(memory(window).count(pixel_of(9)), 1000);
-    EXPECT_EQ(memory(window).count(pixel_of(12)), 10);
+    EXPECT_GT(memory(window).count(drawn_pixel(9)), 1000);
+    EXPECT_EQ(memory(window).count(drawn_pixel(12)), 10);
     EXPECT_EQ(screen(window).count_other(background()), 0);
     grx_desalloue_image();
 }
@@ -156,7 +156,7 @@ TEST_F(TableFills, HugeCornersAreHarmless) {
         for (const short y : far) remplit_tableau_triangles({x, y}, {SHRT_MAX, SHRT_MIN}, {SHRT_MIN, SHRT_MAX}, 9);
     grx_efface_zone_graphique(window);
     draw(window, point(attributes(9), 3, 3));
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 1);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 1);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // Outlines, arcs and polylines go to the server in the requests that cost it least. That nobody sees it is proved
 // against Xlib's own call for each figure, drawn with the same context.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include "tests/support/counters.h"
 

@@ -1,7 +1,7 @@
 // Pictures in the forms that the library takes, and the same put pixel by pixel.
 #pragma once
 
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 #include "tests/support/controls.h"
 
 #include <random>
@@ -22,7 +22,7 @@ struct Picture {
 
     std::uint32_t pixel(INT x, INT y) const {
         const auto i = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
-        if (grx_recup_profondeur_ecran() == 8) return pixel_of(indices[i]);
+        if (grx_recup_profondeur_ecran() == 8) return drawn_pixel(indices[i]);
         return std::uint32_t{deep[3 * i + 2]} << dec_red | std::uint32_t{deep[3 * i + 1]} << dec_green
                | std::uint32_t{deep[3 * i]} << dec_blue;
     }

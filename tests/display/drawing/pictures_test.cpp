@@ -239,8 +239,8 @@ TEST_F(PictureTest, SelectingATargetSendsTheBackgroundColours) {
     }
     for (const auto& [type, number] : std::vector<std::pair<INT, INT>>{{to_window, 77}, {to_button, 77}}) {
         const XGCValues untouched_values = select(type, number);
-        EXPECT_EQ(untouched_values.foreground, pixel_of(5));
-        EXPECT_EQ(untouched_values.background, pixel_of(3));
+        EXPECT_EQ(untouched_values.foreground, drawn_pixel(5));
+        EXPECT_EQ(untouched_values.background, drawn_pixel(3));
     }
 }
 
@@ -411,9 +411,9 @@ TEST_F(MemoryPicture, EndsByShowingThePicture) {
     grx_alloue_image(window);
     box(window, 4);
     drain();
-    EXPECT_EQ(screen(window).count(pixel_of(4)), 0);
+    EXPECT_EQ(screen(window).count(drawn_pixel(4)), 0);
     const Pixels drawn = memory(window);
-    EXPECT_GT(drawn.count(pixel_of(4)), 1000);
+    EXPECT_GT(drawn.count(drawn_pixel(4)), 1000);
     const Cost cost(x11_disp);
     grx_trace_image(1);
     EXPECT_EQ(cost.round_trips(), 1U); // the picture is there when it returns
@@ -421,7 +421,7 @@ TEST_F(MemoryPicture, EndsByShowingThePicture) {
     EXPECT_TRUE(same(memory(window), drawn));
     box(window, 9);
     grx_trace_image(0);
-    EXPECT_GT(screen(window).count(pixel_of(9)), 1000);
+    EXPECT_GT(screen(window).count(drawn_pixel(9)), 1000);
     EXPECT_EQ(memory(window).count_other(background()), 0); // ready for the next
     grx_desalloue_image();
 }

@@ -1,5 +1,5 @@
 // The primitives of windows and buttons, by the pixels that come of them.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <Xm/DrawingA.h>
 #include <Xm/Xm.h>
@@ -55,7 +55,7 @@ TEST_F(PrimitiveTest, EveryColourIsItsOwn) {
     const INT colours = grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace();
     for (INT k = 0; k < colours; ++k) draw(window, filled(attributes(k), 5 * k, 0, 5 * k + 4, 9));
     const Pixels seen = screen(window);
-    for (INT k = 0; k < colours; ++k) EXPECT_EQ(seen.at(5 * k + 2, 5), pixel_of(k)) << k;
+    for (INT k = 0; k < colours; ++k) EXPECT_EQ(seen.at(5 * k + 2, 5), drawn_pixel(k)) << k;
 }
 
 TEST_F(PrimitiveTest, RenderingColoursAreDrawnByTheirAbsoluteIndex) {
@@ -63,21 +63,21 @@ TEST_F(PrimitiveTest, RenderingColoursAreDrawnByTheirAbsoluteIndex) {
     const INT first = grx_premier_index_rendu();
     trace_pix[first] = trace_pix[13]; // what grx_modif_rgb would do, without needing a colour cell
     draw(window, filled(attributes(first), 0, 0, 9, 9));
-    EXPECT_EQ(screen(window).count(pixel_of(13)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(13)), 100);
 }
 
 TEST_F(PrimitiveTest, APointIsOnePixel) {
     const INT window = graphic_window();
     draw(window, point(attributes(9, 3, 0, 5, 7), 20, 30));
-    EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{20, 30, 1, 1}));
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{20, 30, 1, 1}));
     EXPECT_EQ(screen(window).count_other(background()), 1);
 }
 
 TEST_F(PrimitiveTest, ASegmentHoldsBothEnds) {
     const INT window = graphic_window();
     draw(window, segment(attributes(9), 20, 30, 60, 30));
-    EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{20, 30, 41, 1}));
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 41);
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{20, 30, 41, 1}));
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 41);
 }
 
 TEST_F(PrimitiveTest, RectanglesTakeTheirCornersInAnyOrder) {
@@ -86,54 +86,54 @@ TEST_F(PrimitiveTest, RectanglesTakeTheirCornersInAnyOrder) {
         std::vector<std::array<INT, 4>>{{10, 10, 5, 20}, {5, 20, 10, 10}, {5, 10, 10, 20}, {10, 20, 5, 10}}) {
         grx_efface_zone_graphique(window);
         draw(window, rectangle(attributes(9), c[0], c[1], c[2], c[3]));
-        EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{5, 10, 6, 11}));
-        EXPECT_EQ(screen(window).count(pixel_of(9)), 2 * 6 + 2 * 9);
+        EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{5, 10, 6, 11}));
+        EXPECT_EQ(screen(window).count(drawn_pixel(9)), 2 * 6 + 2 * 9);
         draw(window, filled(attributes(12), c[0], c[1], c[2], c[3]));
-        EXPECT_EQ(screen(window).bounds(pixel_of(12)), (Area{5, 10, 6, 11}));
-        EXPECT_EQ(screen(window).count(pixel_of(12)), 66);
-        EXPECT_EQ(screen(window).count(pixel_of(9)), 0); // the fill covers the outline
+        EXPECT_EQ(screen(window).bounds(drawn_pixel(12)), (Area{5, 10, 6, 11}));
+        EXPECT_EQ(screen(window).count(drawn_pixel(12)), 66);
+        EXPECT_EQ(screen(window).count(drawn_pixel(9)), 0); // the fill covers the outline
     }
 }
 
 TEST_F(PrimitiveTest, AFilledRectangleOfNoSizeIsAPoint) {
     const INT window = graphic_window();
     draw(window, filled(attributes(9), 30, 40, 30, 40));
-    EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{30, 40, 1, 1}));
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{30, 40, 1, 1}));
 }
 
 TEST_F(PrimitiveTest, AFullArcIsAnEllipse) {
     const INT window = graphic_window();
     draw(window, arc(attributes(9), 50, 40, 100, 60, 0, 360));
     const Pixels seen = screen(window);
-    EXPECT_EQ(seen.bounds(pixel_of(9)), (Area{50, 40, 101, 61}));
-    EXPECT_EQ(seen.at(50, 70), pixel_of(9));
-    EXPECT_EQ(seen.at(150, 70), pixel_of(9));
-    EXPECT_EQ(seen.at(100, 40), pixel_of(9));
-    EXPECT_EQ(seen.at(100, 100), pixel_of(9));
+    EXPECT_EQ(seen.bounds(drawn_pixel(9)), (Area{50, 40, 101, 61}));
+    EXPECT_EQ(seen.at(50, 70), drawn_pixel(9));
+    EXPECT_EQ(seen.at(150, 70), drawn_pixel(9));
+    EXPECT_EQ(seen.at(100, 40), drawn_pixel(9));
+    EXPECT_EQ(seen.at(100, 100), drawn_pixel(9));
     EXPECT_EQ(seen.at(100, 70), background());
 }
 
 TEST_F(PrimitiveTest, ASmallerEndAngleGoesClockwise) {
     const INT window = graphic_window();
     draw(window, arc(attributes(9), 50, 40, 100, 100, 90, 0));
-    EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{100, 40, 51, 51})); // the upper right quarter
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{100, 40, 51, 51})); // the upper right quarter
     const Pixels clockwise = screen(window);
     grx_efface_zone_graphique(window);
     draw(window, arc(attributes(9), 50, 40, 100, 100, 0, 90));
-    EXPECT_EQ(screen(window).bounds(pixel_of(9)), (Area{100, 40, 51, 51}));
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(9)), (Area{100, 40, 51, 51}));
     grx_efface_zone_graphique(window);
     draw(window, arc(attributes(9), 50, 40, 100, 100, 90, 360)); // the other three
-    EXPECT_EQ(screen(window).at(50, 90), pixel_of(9));
+    EXPECT_EQ(screen(window).at(50, 90), drawn_pixel(9));
     const Area upper_right{110, 45, 35, 35};
-    EXPECT_EQ(screen(window).part(upper_right).count(pixel_of(9)), 0);
-    EXPECT_GT(clockwise.part(upper_right).count(pixel_of(9)), 20);
+    EXPECT_EQ(screen(window).part(upper_right).count(drawn_pixel(9)), 0);
+    EXPECT_GT(clockwise.part(upper_right).count(drawn_pixel(9)), 20);
 }
 
 TEST_F(PrimitiveTest, AFilledArcIsAPieSlice) {
     const INT window = graphic_window();
     draw(window, {Kind::filled_arc, attributes(9), {50, 40, 100, 100, 0, 90}, {}});
     const Pixels seen = screen(window);
-    EXPECT_EQ(seen.at(110, 80), pixel_of(9)); // beside the centre: a chord would not reach it
+    EXPECT_EQ(seen.at(110, 80), drawn_pixel(9)); // beside the centre: a chord would not reach it
     EXPECT_EQ(seen.at(95, 95), background());
     EXPECT_EQ(seen.at(90, 80), background());
 }
@@ -142,7 +142,7 @@ TEST_F(PrimitiveTest, CrossingPolygonsHaveHoles) {
     const INT window = graphic_window();
     draw(window, {Kind::polygon, attributes(9), {}, {{60, 10}, {90, 110}, {5, 45}, {115, 45}, {30, 110}}});
     EXPECT_EQ(screen(window).at(60, 65), background()); // the middle of the star
-    EXPECT_EQ(screen(window).at(60, 25), pixel_of(9));
+    EXPECT_EQ(screen(window).at(60, 25), drawn_pixel(9));
 }
 
 TEST_F(PrimitiveTest, TrianglesMayHaveMoreCornersAndANotch) {
@@ -153,7 +153,7 @@ TEST_F(PrimitiveTest, TrianglesMayHaveMoreCornersAndANotch) {
     plain.draw(wedge);
     EXPECT_TRUE(same(screen(window), plain.pixels()));
     EXPECT_EQ(screen(window).at(60, 25), background()); // the notch
-    EXPECT_EQ(screen(window).at(60, 80), pixel_of(9));
+    EXPECT_EQ(screen(window).at(60, 80), drawn_pixel(9));
 }
 
 TEST_F(PrimitiveTest, ExclusiveOrTwiceRestoresThePicture) {
@@ -176,7 +176,7 @@ TEST_F(PrimitiveTest, ExclusiveOrTwiceRestoresThePicture) {
 TEST_F(PrimitiveTest, ExclusiveOrTurnsTheBackgroundIntoTheColour) {
     const INT window = graphic_window();
     draw(window, filled(attributes(9, 0, xor_mode), 10, 10, 19, 19));
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 100);
     draw(window, filled(attributes(9, 0, xor_mode), 10, 10, 19, 19));
     EXPECT_EQ(screen(window).count_other(background()), 0);
     draw(window, filled(attributes(0, 0, xor_mode), 10, 10, 19, 19)); // in the background colour: nothing
@@ -217,7 +217,7 @@ TEST_F(PrimitiveTest, GapsOfDashedLinesAreDrawn) {
         const Pixels seen = screen(window);
         for (int x = 0, part = 0, left = pattern.lengths[0]; x < width; ++x, --left) {
             if (left == 0) left = pattern.lengths[static_cast<std::size_t>(++part) % pattern.lengths.size()];
-            ASSERT_EQ(seen.at(x, 30), pixel_of(part % 2 == 0 ? 9 : 12)) << "style " << pattern.style << ", x " << x;
+            ASSERT_EQ(seen.at(x, 30), drawn_pixel(part % 2 == 0 ? 9 : 12)) << "style " << pattern.style << ", x " << x;
         }
     }
 }
@@ -225,7 +225,7 @@ TEST_F(PrimitiveTest, GapsOfDashedLinesAreDrawn) {
 TEST_F(PrimitiveTest, TopLevelColoursAndStyleAreNotRead) {
     const INT window = graphic_window();
     grx_trace_segment({window, 10, 20, 90, 20, 13, 14, 3, attributes(9)});
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 81);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 81);
     EXPECT_EQ(screen(window).count_other(background()), 81);
 }
 
@@ -283,7 +283,7 @@ TEST_F(PrimitiveTest, WildAttributesAndAnglesAreHarmless) {
     }
     grx_efface_zone_graphique(window);
     draw(window, segment(attributes(9), 0, 0, 50, 0));
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 51);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 51);
 }
 
 TEST_F(PrimitiveTest, WindowsThatAreNotRealisedTakeNothing) {
@@ -305,7 +305,7 @@ TEST_F(PrimitiveTest, TheBackgroundSettingReachesErasingAtOnce) {
     grx_affecte_couleur_fond(13);
     grx_reinit_gc();
     draw(window, filled(attributes(9, 0, erase_mode), 0, 0, 9, 9));
-    EXPECT_EQ(screen(window).count(pixel_of(13)), 100);
+    EXPECT_EQ(screen(window).count(drawn_pixel(13)), 100);
 }
 
 // --- buttons ---------------------------------------------------------------------------------------------------
@@ -313,7 +313,7 @@ TEST_F(PrimitiveTest, TheBackgroundSettingReachesErasingAtOnce) {
 class ButtonDrawing : public DrawingTest {
   protected:
     void expect_twins_like_plain(INT button) {
-        PlainPicture plain(x11_disp, width, height, pixel_of(0));
+        PlainPicture plain(x11_disp, width, height, drawn_pixel(0));
         draw_on_button(button, filled(attributes(0), 0, 0, width - 1, height - 1));
         RandomPrimitives shapes(31, width, height);
         for (int i = 0; i < 300; ++i) {
@@ -354,22 +354,22 @@ TEST_F(ButtonDrawing, NumbersOfWindowsAndButtonsAreApart) {
     const INT button = registered_area();
     const Pixels window_before = screen(window_);
     draw_on_button(button, filled(attributes(9), 0, 0, 9, 9));
-    EXPECT_EQ(button_screen(button).count(pixel_of(9)), 100);
+    EXPECT_EQ(button_screen(button).count(drawn_pixel(9)), 100);
     EXPECT_EQ(differences(screen(window_), window_before), 100); // a picture of a window holds its children
-    EXPECT_EQ(screen(window_).bounds(pixel_of(9)), (Area{20, 20, 10, 10}));
+    EXPECT_EQ(screen(window_).bounds(drawn_pixel(9)), (Area{20, 20, 10, 10}));
 }
 
 TEST_F(ButtonDrawing, ATextIsRaisedByTheDescent) {
     const INT button = registered_area();
     draw_on_button(button, filled(attributes(0), 0, 0, width - 1, height - 1));
     grx_trace_texte_bouton(text_at(button, 30, 60, "Agjp|_", 9, 3));
-    PlainPicture plain(x11_disp, width, height, pixel_of(0));
+    PlainPicture plain(x11_disp, width, height, drawn_pixel(0));
     plain.apply(attributes(9, 3));
     XSetFont(x11_disp, plain.context(), fontstruct->fid);
     XDrawString(x11_disp, plain.pixmap(), plain.context(), 30, 60 - fontstruct->descent, "Agjp|_", 6);
     EXPECT_TRUE(same(button_screen(button), plain.pixels()));
-    EXPECT_GT(plain.pixels().count(pixel_of(9)), 20);
-    EXPECT_LT(plain.pixels().bounds(pixel_of(9)).y + plain.pixels().bounds(pixel_of(9)).height, 61);
+    EXPECT_GT(plain.pixels().count(drawn_pixel(9)), 20);
+    EXPECT_LT(plain.pixels().bounds(drawn_pixel(9)).y + plain.pixels().bounds(drawn_pixel(9)).height, 61);
 }
 
 TEST_F(ButtonDrawing, ATextUsesAttribNotTheTopLevelColours) {
@@ -378,10 +378,10 @@ TEST_F(ButtonDrawing, ATextUsesAttribNotTheTopLevelColours) {
     auto text = text_at(button, 30, 60, "abc", 13);
     text.attrib = attributes(9, 0, xor_mode);
     grx_trace_texte_bouton(text);
-    EXPECT_GT(button_screen(button).count(pixel_of(9)), 10);
-    EXPECT_EQ(button_screen(button).count(pixel_of(13)), 0);
+    EXPECT_GT(button_screen(button).count(drawn_pixel(9)), 10);
+    EXPECT_EQ(button_screen(button).count(drawn_pixel(13)), 0);
     grx_trace_texte_bouton(text);
-    EXPECT_EQ(button_screen(button).count_other(pixel_of(0)), 0);
+    EXPECT_EQ(button_screen(button).count_other(drawn_pixel(0)), 0);
 }
 
 TEST_F(ButtonDrawing, ATextWithoutEndIsCutAtItsField) {
@@ -392,7 +392,7 @@ TEST_F(ButtonDrawing, ATextWithoutEndIsCutAtItsField) {
     draw_on_button(button, filled(attributes(0), 0, 0, width - 1, height - 1));
     text.chaine[0] = '\0';
     grx_trace_texte_bouton(text);
-    EXPECT_EQ(button_screen(button).count_other(pixel_of(0)), 0);
+    EXPECT_EQ(button_screen(button).count_other(drawn_pixel(0)), 0);
 }
 
 TEST_F(ButtonDrawing, ClearingShowsTheWidgetsBackground) {
@@ -443,7 +443,7 @@ TEST_F(RubberBand, LeavesTheDrawingContextAlone) {
     const Cost cost(x11_disp);
     draw(window, filled(attributes(9), 20, 0, 29, 9));
     EXPECT_EQ(cost.gc_changes(), 0U);
-    EXPECT_EQ(screen(window).count(pixel_of(9)), 200);
+    EXPECT_EQ(screen(window).count(drawn_pixel(9)), 200);
 }
 
 } // namespace

@@ -21,7 +21,7 @@ class Reading : public PictureTest {
         Picture picture{area.width, area.height, {}, {}};
         for (auto& index : pattern) {
             index = static_cast<uchar>(random() % 32);
-            const auto pixel = pixel_of(index);
+            const auto pixel = drawn_pixel(index);
             for (INT shift : {dec_blue, dec_green, dec_red})
                 picture.deep.push_back(static_cast<uchar>(shift < 32 ? pixel >> shift : 0));
             picture.indices.push_back(index);
@@ -36,12 +36,12 @@ class Reading : public PictureTest {
     // On 8 planes the bytes are the screen's own. Else: the pixel of an index may be that of a lower one as well: the lowest is read.
     static uchar lowest(uchar index) {
         uchar i = 0;
-        while (pixel_of(i) != pixel_of(index)) ++i;
+        while (drawn_pixel(i) != drawn_pixel(index)) ++i;
         return i;
     }
     uchar expected(INT x, INT y) const {
         const uchar index = pattern[static_cast<std::size_t>(y * pattern_width + x)];
-        return grx_recup_profondeur_ecran() == 8 ? static_cast<uchar>(pixel_of(index)) : lowest(index);
+        return grx_recup_profondeur_ecran() == 8 ? static_cast<uchar>(drawn_pixel(index)) : lowest(index);
     }
 
     Bytes pattern;

@@ -1,5 +1,5 @@
 // Where primitives draw: on the screen, into a backing picture, or nowhere while the library is not started.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 #include "tests/display/window_kit.h"
 
 #include "xt_prive.h"
@@ -35,7 +35,7 @@ TEST_F(MemoryDrawing, ClearingAndTextsActOnTheScreen) {
     draw(window, filled(attributes(9), 0, 0, 9, 9));
     grx_efface_zone_graphique(window);
     EXPECT_EQ(screen(window).count_other(background()), 0);
-    EXPECT_EQ(memory(window).count(pixel_of(9)), 100);
+    EXPECT_EQ(memory(window).count(drawn_pixel(9)), 100);
     grx_ecrit_fenetre(text_at(window, 20, 80, "abc", 12));
     EXPECT_GT(screen(window).count_other(background()), 10);
     EXPECT_EQ(memory(window).count_other(background()), 100);
@@ -46,7 +46,7 @@ TEST_F(MemoryDrawing, ErasingATextGoesIntoTheBackingPicture) {
     const INT window = active_window();
     grx_alloue_image(window);
     grx_efface_chaine(text_at(window, 20, 80, "abc", 9, 12));
-    EXPECT_GT(memory(window).count(pixel_of(12)), 100);
+    EXPECT_GT(memory(window).count(drawn_pixel(12)), 100);
     EXPECT_EQ(screen(window).count_other(background()), 0);
     grx_desalloue_image();
 }

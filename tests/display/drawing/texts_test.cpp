@@ -1,5 +1,5 @@
 // Texts of windows: written, measured and erased.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <cstring>
 #include <string>
@@ -23,7 +23,7 @@ class TextDrawing : public DrawingTest {
 TEST_F(TextDrawing, WindowTextStartsOnTheBaseline) {
     const INT window = graphic_window();
     grx_ecrit_fenetre(text_at(window, 20, 50, "Agjp 123", 9));
-    const auto pixel = pixel_of(9) & 0xFF;
+    const auto pixel = drawn_pixel(9) & 0xFF;
     EXPECT_TRUE(same(screen(window), plain_text(20, 50, "Agjp 123", pixel)));
     EXPECT_GT(screen(window).count_other(background()), 30);
 }
@@ -35,11 +35,11 @@ TEST_F(TextDrawing, WindowTextMasksItsPixelsToEightBits) {
     if (test_planes() == 24) grx_modif_rgb(9, colour);
     grx_ecrit_fenetre(text_at(window, 20, 50, "abc", 9, 13));
     const auto values = values_of(g_c);
-    EXPECT_EQ(values.foreground, pixel_of(9) & 0xFFU);
-    EXPECT_EQ(values.background, pixel_of(13) & 0xFFU);
+    EXPECT_EQ(values.foreground, drawn_pixel(9) & 0xFFU);
+    EXPECT_EQ(values.background, drawn_pixel(13) & 0xFFU);
     EXPECT_EQ(values.function, GXcopy);
     if (test_planes() == 24) EXPECT_EQ(values.foreground, 0x5AU);
-    EXPECT_GT(screen(window).count(pixel_of(9) & 0xFF), 10);
+    EXPECT_GT(screen(window).count(drawn_pixel(9) & 0xFF), 10);
 }
 
 TEST_F(TextDrawing, WindowTextIgnoresAttrib) {
@@ -47,7 +47,7 @@ TEST_F(TextDrawing, WindowTextIgnoresAttrib) {
     auto text = text_at(window, 20, 50, "abc", 9);
     text.attrib = attributes(13, 14, xor_mode, 3, 5);
     grx_ecrit_fenetre(text);
-    EXPECT_TRUE(same(screen(window), plain_text(20, 50, "abc", pixel_of(9) & 0xFF)));
+    EXPECT_TRUE(same(screen(window), plain_text(20, 50, "abc", drawn_pixel(9) & 0xFF)));
 }
 
 TEST_F(TextDrawing, AfterWindowTextPrimitivesDrawInTheirOwnColours) {
@@ -74,7 +74,7 @@ TEST_F(TextDrawing, WindowTextWithoutEndOrLettersIsHarmless) {
     EXPECT_EQ(screen(window).count_other(background()), 0);
     std::memset(text.chaine, 'M', sizeof text.chaine);
     grx_ecrit_fenetre(text);
-    EXPECT_TRUE(same(screen(window), plain_text(5, 50, std::string(255, 'M'), pixel_of(9) & 0xFF)));
+    EXPECT_TRUE(same(screen(window), plain_text(5, 50, std::string(255, 'M'), drawn_pixel(9) & 0xFF)));
 }
 
 // KEEP: texts of windows are written by grx_ecrit_fenetre.
@@ -117,9 +117,9 @@ TEST_F(TextDrawing, ErasingATextFillsItsGenerousBox) {
     auto text = text_at(window, 30, 80, "Agjp", 9, 12);
     text.attrib = attributes(14, 3, xor_mode, 3, 5);
     grx_efface_chaine(text);
-    EXPECT_EQ(screen(window).bounds(pixel_of(12)), (Area{30, 80 - up - down, wide + 1, up + 2 * down + 1}));
-    EXPECT_EQ(screen(window).count(pixel_of(12)), (wide + 1) * (up + 2 * down + 1));
-    EXPECT_EQ(screen(window).count(pixel_of(13)), width * height - (wide + 1) * (up + 2 * down + 1));
+    EXPECT_EQ(screen(window).bounds(drawn_pixel(12)), (Area{30, 80 - up - down, wide + 1, up + 2 * down + 1}));
+    EXPECT_EQ(screen(window).count(drawn_pixel(12)), (wide + 1) * (up + 2 * down + 1));
+    EXPECT_EQ(screen(window).count(drawn_pixel(13)), width * height - (wide + 1) * (up + 2 * down + 1));
 }
 
 TEST_F(TextDrawing, ErasingRemovesWhatWasWritten) {

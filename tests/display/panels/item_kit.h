@@ -1,7 +1,7 @@
 // Items of a panel, built from the record with changes.
 #pragma once
 
-#include "tests/display/panel_kit.h"
+#include "tests/display/panels/panel_kit.h"
 
 #include <cstddef>
 

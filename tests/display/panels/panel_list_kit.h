@@ -1,7 +1,7 @@
 // Lists of panel 1, made, clicked and read.
 #pragma once
 
-#include "tests/display/panel_kit.h"
+#include "tests/display/panels/panel_kit.h"
 
 namespace grxtest {
 

@@ -1,5 +1,5 @@
 // The selection panel: what it is made of, where it opens, and that it remembers where the user left it.
-#include "tests/display/panel_kit.h"
+#include "tests/display/panels/panel_kit.h"
 
 #include <algorithm>
 #include <memory>
