@@ -1,5 +1,5 @@
 // Palettes, colour cells and pixel tables.
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 #include "tests/support/cell_hog.h"
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"
@@ -653,7 +653,7 @@ TEST_F(ColoursOn8, AServerOf8BitsRoundsWhatIsReadBack) {
 // KEEP: c + 1 divided by 255 in integers: a component at full intensity reads 257.
 TEST_F(ColoursOn8, FullIntensityReads257) {
     XColor cell{};
-    cell.pixel = pixel_of(12);
+    cell.pixel = drawn_pixel(12);
     cell.red = 65535;
     cell.green = 257 * 127; // one below 128 times 255
     cell.blue = 0;
