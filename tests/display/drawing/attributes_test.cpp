@@ -2,7 +2,7 @@
 // change.
 #include "tests/display/drawing/drawing_kit.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 #include <climits>
 #include <cstring>

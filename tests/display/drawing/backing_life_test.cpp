@@ -1,7 +1,8 @@
 // Pictures put aside, and what becomes of backing pictures while windows are covered, hidden, resized and iconified.
 #include "tests/display/drawing/backing_kit.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
+#include "registry/window_table.h"
 
 #include <Xm/Xm.h>
 

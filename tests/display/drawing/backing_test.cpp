@@ -1,7 +1,7 @@
 // Backing pictures of windows: made, shown, memorised, forbidden, and drawn into while memory drawing is on.
 #include "tests/display/drawing/backing_kit.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 #include <climits>
 #include <vector>

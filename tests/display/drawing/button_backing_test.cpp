@@ -2,7 +2,7 @@
 #include "tests/display/drawing/backing_kit.h"
 #include "tests/support/controls.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 #include <Xm/Xm.h>
 

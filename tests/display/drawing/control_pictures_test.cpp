@@ -2,7 +2,7 @@
 #include "tests/display/drawing/icon_kit.h"
 #include "tests/support/controls.h"
 
-#include "xt_prive.h"
+#include "drawing/control_pictures.h"
 
 #include <Xm/XmAll.h>
 

@@ -2,7 +2,7 @@
 #include "tests/display/drawing/drawing_kit.h"
 #include "tests/support/triangle_model.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 #include <climits>
 

@@ -4,7 +4,7 @@
 
 #include "tests/support/counters.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 #include <string>
 #include <vector>

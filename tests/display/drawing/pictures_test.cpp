@@ -2,7 +2,7 @@
 #include "tests/display/drawing/picture_kit.h"
 #include "tests/support/controls.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 #include <climits>
 #include <string>

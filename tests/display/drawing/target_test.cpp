@@ -2,7 +2,7 @@
 #include "tests/display/drawing/drawing_kit.h"
 #include "tests/display/window_kit.h"
 
-#include "xt_prive.h"
+#include "display/context.h"
 
 namespace {
 
