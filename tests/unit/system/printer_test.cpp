@@ -4,7 +4,7 @@
 #include "tests/support/stdout_capture.h"
 #include "tests/support/temp_dir.h"
 
-#include "c_text.h"
+#include "tests/unit/c_text.h"
 #include "host_g.h"
 #include "xt_f.h"
 
