@@ -1,7 +1,7 @@
 // Creation of controls: what each type is made of, and what all of them have in common.
 #include "tests/display/control_kit.h"
 #include "tests/support/fake_visual.h"
-#include "tests/support/next_function.h"
+#include "tests/support/toolkit_calls.h"
 #include "tests/support/stdout_capture.h"
 
 #include "xt_prive.h"
@@ -20,64 +20,12 @@ constexpr INT visible_bit = GRX_BOU_ATT_VISIBLE;
 constexpr INT sensitive_bit = GRX_BOU_ATT_SENSIBLE;
 constexpr int icon_colour_as_index = 8;
 
-// --- what the library asks of the toolkit -------------------------------------------------------------------------
-
-struct Creation {
-    std::string name;
-    WidgetClass widget_class;
-    std::map<std::string, XtArgVal> arguments;
-    std::vector<std::string> names; // of the arguments, in order
-};
-
-struct Handler {
-    Widget widget;
-    EventMask mask;
-    XtEventHandler function;
-    XtPointer data;
-};
-
-std::vector<Creation> creations;
-std::vector<Handler> handlers;
-bool noting = true;
-std::string refused_name; // the toolkit cannot create a widget of this name
-
-} // namespace
-
-extern "C" {
-
-Widget XtCreateWidget(const char* name, WidgetClass kind, Widget parent, ArgList arguments, Cardinal count) {
-    static const auto next = next_function<decltype(XtCreateWidget)>("XtCreateWidget");
-    Creation creation{name ? name : "", kind, {}, {}};
-    for (Cardinal i = 0; i < count; ++i) {
-        creation.arguments[arguments[i].name] = arguments[i].value;
-        creation.names.emplace_back(arguments[i].name);
-    }
-    if (noting && creation.name != "TipLabel") creations.push_back(creation); // the toolkit's own, for its tips
-    if (!refused_name.empty() && creation.name == refused_name) return nullptr;
-    return next(name, kind, parent, arguments, count);
-}
-
-void XtAddEventHandler(Widget widget, EventMask mask, _XtBoolean other, XtEventHandler function, XtPointer data) {
-    static const auto next = next_function<decltype(XtAddEventHandler)>("XtAddEventHandler");
-    if (noting) handlers.push_back({widget, mask, function, data});
-    next(widget, mask, other, function, data);
-}
-}
-
-namespace {
-
 // What the library's own handler of a control listens to; 0 when there is none or its data is not the record.
-EventMask listened_mask(INT nobou) {
-    for (const Handler& handler : handlers)
+EventMask listened_mask(const ToolkitCalls& asked, INT nobou) {
+    for (const HandlerAddition& handler : asked.handlers)
         if (handler.widget == control(nobou) && handler.function == &grx_gere_evenements_bouton)
             return handler.data == &button_record(nobou) ? handler.mask : 0;
     return 0;
-}
-
-const Creation* creation_of(const std::string& name) {
-    for (const Creation& creation : creations)
-        if (creation.name == name) return &creation;
-    return nullptr;
 }
 
 // Names of the callbacks that somebody listens to.
@@ -98,13 +46,13 @@ class ControlCreation : public ControlsTest {
         ControlsTest::SetUp();
         if (HasFatalFailure()) return;
         window = shown();
-        creations.clear();
-        handlers.clear();
+        asked.forget();
     }
 
     GRX_BOUTON a(INT type, INT bits = 0, const char* title = "Text") { return control_of(type, bits, window, title); }
     Widget make_widget(const GRX_BOUTON& description) { return control(placed(description)); }
 
+    ToolkitCalls asked;
     INT window = -1;
 };
 
@@ -177,7 +125,7 @@ TEST_F(ControlCreation, EachTypeListensToItsEvents) {
         const EventMask expected = type == GRX_BOU_TEXTE         ? common | KeyReleaseMask
                                    : type == GRX_BOU_ZONE_DESSIN ? ButtonPressMask | ButtonReleaseMask | ExposureMask
                                                                  : common | OwnerGrabButtonMask;
-        EXPECT_EQ(listened_mask(n), expected) << row.kind.name;
+        EXPECT_EQ(listened_mask(asked, n), expected) << row.kind.name;
         grx_detruit_bouton(n);
     }
 }
@@ -214,18 +162,18 @@ TEST_F(ControlCreation, LabelsAreTheTitleInTheApplicationFont) {
         EXPECT_EQ(label_of(w), "Le titre") << row.kind.name;
         EXPECT_EQ(resource<unsigned char>(w, XmNlabelType), XmSTRING) << row.kind.name;
         EXPECT_FALSE(resource<Boolean>(w, XmNrecomputeSize)) << row.kind.name;
-        const Creation* creation = creation_of("Le titre");
+        const WidgetCreation* creation = asked.creation_of("Le titre");
         ASSERT_TRUE(creation) << row.kind.name;
         EXPECT_EQ(creation->arguments.at(XmNfontList), reinterpret_cast<XtArgVal>(fontlist)) << row.kind.name;
-        creations.clear();
+        asked.forget();
     }
 }
 
 TEST_F(ControlCreation, EveryTypeGetsTheFontButTwo) {
     for (const Row& row : table()) {
-        creations.clear();
+        asked.forget();
         make_widget(control_of(row.kind, window, "Fonte"));
-        const Creation* creation = creation_of("Fonte");
+        const WidgetCreation* creation = asked.creation_of("Fonte");
         ASSERT_TRUE(creation) << row.kind.name;
         const bool expected = row.kind.type != GRX_BOU_SEPARATEUR;
         EXPECT_EQ(creation->arguments.contains(XmNfontList), expected) << row.kind.name;
@@ -256,12 +204,12 @@ TEST_F(ControlCreation, MarginsOfScalesArrowsAndLists) {
     for (const Row& row : table()) {
         const INT type = row.kind.type;
         if (type != GRX_BOU_ECHELLE && type != GRX_BOU_FLECHE && type != GRX_BOU_LISTE) continue;
-        creations.clear();
+        asked.forget();
         const Widget w = make_widget(control_of(row.kind, window, "Marge"));
         for (const auto& [name, value] :
             {std::pair{XmNmarginWidth, 2}, std::pair{XmNmarginHeight, 2}, std::pair{XmNhighlightThickness, 0}}) {
-            ASSERT_TRUE(creation_of("Marge")->arguments.contains(name)) << row.kind.name;
-            EXPECT_EQ(creation_of("Marge")->arguments.at(name), value) << row.kind.name << " " << name;
+            ASSERT_TRUE(asked.creation_of("Marge")->arguments.contains(name)) << row.kind.name;
+            EXPECT_EQ(asked.creation_of("Marge")->arguments.at(name), value) << row.kind.name << " " << name;
         }
         if (type != GRX_BOU_LISTE) continue;
         EXPECT_EQ(resource<Dimension>(w, XmNlistMarginWidth), 2);
@@ -279,17 +227,17 @@ TEST_F(ControlCreation, GeneralResourcesComeInTheirOrderBeforeThoseOfTheType) {
         XmNcolormap, XmNdepth, XmNvisual, XmNforeground, XmNarmColor, XmNbackground, XmNheight, XmNwidth,
         XmNbottomAttachment, XmNbottomOffset, XmNtopAttachment, XmNtopOffset, XmNrightAttachment, XmNrightOffset,
         XmNleftAttachment, XmNleftOffset, XmNmarginWidth, XmNmarginHeight, XmNhighlightThickness, XmNalignment};
-    ASSERT_TRUE(creation_of("Ordre"));
-    EXPECT_EQ(creation_of("Ordre")->names, expected);
+    ASSERT_TRUE(asked.creation_of("Ordre"));
+    EXPECT_EQ(asked.creation_of("Ordre")->names, expected);
 }
 
 TEST_F(ControlCreation, TheLibrarysColormapDepthAndVisual) {
     for (const Row& row : table()) {
-        creations.clear();
+        asked.forget();
         const Widget w = make_widget(control_of(row.kind, window, "Visuel"));
         EXPECT_EQ(resource<Colormap>(w, XmNcolormap), x11_cmap) << row.kind.name;
         EXPECT_EQ(resource<int>(w, XmNdepth), grx_recup_profondeur_ecran()) << row.kind.name;
-        const Creation* creation = creation_of("Visuel");
+        const WidgetCreation* creation = asked.creation_of("Visuel");
         ASSERT_TRUE(creation) << row.kind.name;
         ASSERT_TRUE(creation->arguments.contains(XmNvisual)) << row.kind.name;
         EXPECT_EQ(creation->arguments.at(XmNvisual), reinterpret_cast<XtArgVal>(x11_vis)) << row.kind.name;
@@ -314,9 +262,9 @@ TEST_F(ControlCreation, PlaceAndSizeNotGivenAreLeftToTheToolkit) {
         GRX_BOUTON description = control_of(kind, window, "Libre");
         description.x = description.y = description.largeur = description.hauteur = -1;
         if (kind.type == GRX_BOU_TEXTE) description.tabi[GRX_BOU_TABI_COLONNES] = 5;
-        creations.clear();
+        asked.forget();
         const INT n = placed(description);
-        const Creation* creation = creation_of("Libre");
+        const WidgetCreation* creation = asked.creation_of("Libre");
         ASSERT_TRUE(creation) << kind.name;
         for (const char* name : {XmNx, XmNy, XmNwidth, XmNheight, XmNscaleWidth, XmNscaleHeight})
             EXPECT_FALSE(creation->arguments.contains(name)) << kind.name << " " << name;
@@ -356,10 +304,11 @@ TEST_F(ControlCreation, WithoutABackgroundTheApplicationColourIsTaken) {
     grx_affecte_couleur_application(6);
     for (const ControlKind& kind : control_kinds) {
         if (kind.type == GRX_BOU_COULEUR) continue;
-        creations.clear();
+        asked.forget();
         const Widget w = make_widget(control_of(kind, window, "Fond"));
         EXPECT_EQ(resource<Pixel>(w, XmNbackground), pixel_of(6)) << kind.name;
-        EXPECT_FALSE(creation_of("Fond")->arguments.contains(XmNarmColor)) << kind.name << ": only the background";
+        EXPECT_FALSE(asked.creation_of("Fond")->arguments.contains(XmNarmColor))
+            << kind.name << ": only the background";
     }
     EXPECT_EQ(grx_recup_couleur_application(), 6);
     GRX_BOUTON own = a(GRX_BOU_SIMPLE);
@@ -395,12 +344,12 @@ TEST_F(ControlCreation, EachSideIsAttachedWithItsOffset) {
             GRX_BOUTON description = control_of(kind, window, "Attache");
             description.attache = bits;
             for (INT i = 0; i < 4; ++i) description.tabi[i] = 11 + i;
-            creations.clear();
+            asked.forget();
             const INT n = make(description);
             ASSERT_GE(n, 0);
             for (std::size_t i = 0; i < sides.size(); ++i) {
                 const bool wanted = (bits & sides[i].bit) != 0;
-                EXPECT_EQ(creation_of("Attache")->arguments.contains(sides[i].attachment), wanted)
+                EXPECT_EQ(asked.creation_of("Attache")->arguments.contains(sides[i].attachment), wanted)
                     << kind.name << " " << bits << " " << i;
                 if (!wanted) continue;
                 EXPECT_EQ(resource<unsigned char>(outermost(control(n)), sides[i].attachment), XmATTACH_FORM)
@@ -563,10 +512,11 @@ TEST_F(ControlCreation, ColumnsAreGivenOrComeFromTheWidth) {
         description.tabi[GRX_BOU_TABI_COLONNES] = c.columns;
         description.largeur = c.width;
         description.hauteur = -1;
-        creations.clear();
+        asked.forget();
         const INT n = placed(description);
-        ASSERT_TRUE(creation_of("Colonnes")->arguments.contains(XmNcolumns)) << c.columns;
-        EXPECT_EQ(static_cast<int>(static_cast<short>(creation_of("Colonnes")->arguments.at(XmNcolumns))), c.expected);
+        ASSERT_TRUE(asked.creation_of("Colonnes")->arguments.contains(XmNcolumns)) << c.columns;
+        EXPECT_EQ(
+            static_cast<int>(static_cast<short>(asked.creation_of("Colonnes")->arguments.at(XmNcolumns))), c.expected);
         if (c.width == -1) {
             EXPECT_EQ(resource<short>(control(n), XmNcolumns), c.expected);
         }
@@ -592,7 +542,7 @@ TEST_F(ControlCreation, ZeroColumnsAreNotTakenFromTheWidth) {
     GRX_BOUTON description = a(GRX_BOU_TEXTE, 0, "Zero");
     description.largeur = 200;
     make_widget(description);
-    EXPECT_FALSE(creation_of("Zero")->arguments.contains(XmNcolumns));
+    EXPECT_FALSE(asked.creation_of("Zero")->arguments.contains(XmNcolumns));
 }
 
 TEST_F(ControlCreation, AScrolledTextScrollsUpAndDownOnly) {
@@ -605,14 +555,14 @@ TEST_F(ControlCreation, AScrolledTextScrollsUpAndDownOnly) {
 
 TEST_F(ControlCreation, WhatScrolledTextsAreAskedFor) {
     make_widget(a(GRX_BOU_TEXTE, GRX_BOU_ATT_TEXTE_MULTI, "Defile"));
-    const Creation* creation = creation_of("Defile");
+    const WidgetCreation* creation = asked.creation_of("Defile");
     ASSERT_TRUE(creation);
     ASSERT_TRUE(creation->arguments.contains(XmNscrollBarDisplayPolicy));
     EXPECT_EQ(creation->arguments.at(XmNscrollBarDisplayPolicy), 1);
     ASSERT_TRUE(creation->arguments.contains(XmNscrollHorizontal));
     EXPECT_EQ(creation->arguments.at(XmNscrollHorizontal), 0);
     make_widget(a(GRX_BOU_TEXTE, 0, "Simple"));
-    EXPECT_FALSE(creation_of("Simple")->arguments.contains(XmNscrollBarDisplayPolicy));
+    EXPECT_FALSE(asked.creation_of("Simple")->arguments.contains(XmNscrollBarDisplayPolicy));
 }
 
 // --- scales -------------------------------------------------------------------------------------------------------
@@ -670,19 +620,19 @@ TEST_F(ControlCreation, ScalesAreSeenWhateverTheirWindow) {
 }
 
 TEST_F(ControlCreation, AScaleThatShowsItsValueHasATitleAndNoSizeOfItsOwn) {
-    creations.clear();
+    asked.forget();
     const Widget w = make_widget(scale(window, GRX_BOU_ATT_ECHELLE_VALEUR | GRX_BOU_ATT_ECHELLE_HORIZ, 0, 100, 50));
     EXPECT_TRUE(resource<Boolean>(w, XmNshowValue));
     EXPECT_EQ(tagged_text(w, XmNtitleString, "tag1"), "Echelle");
-    const Creation* creation = creation_of("Echelle");
+    const WidgetCreation* creation = asked.creation_of("Echelle");
     ASSERT_TRUE(creation);
     EXPECT_FALSE(creation->arguments.contains(XmNwidth));
     EXPECT_FALSE(creation->arguments.contains(XmNheight));
     EXPECT_EQ(resource<Dimension>(w, XmNscaleWidth), 120);
-    creations.clear();
+    asked.forget();
     make_widget(scale(window, 0, 0, 100, 50));
-    EXPECT_TRUE(creation_of("Echelle")->arguments.contains(XmNwidth));
-    EXPECT_FALSE(creation_of("Echelle")->arguments.contains(XmNtitleString));
+    EXPECT_TRUE(asked.creation_of("Echelle")->arguments.contains(XmNwidth));
+    EXPECT_FALSE(asked.creation_of("Echelle")->arguments.contains(XmNtitleString));
 }
 
 TEST_F(ControlCreation, ScalesWithoutRangeAreSurvived) {
@@ -719,7 +669,7 @@ TEST_F(ControlCreation, AScrolledListAlwaysShowsItsScrollBar) {
 TEST_F(ControlCreation, WhatScrolledListsAreAskedFor) {
     make_widget(a(GRX_BOU_LISTE, GRX_BOU_ATT_LISTE_SCROLL, "Defile"));
     make_widget(a(GRX_BOU_LISTE, 0, "Simple"));
-    const Creation *scrolled = creation_of("Defile"), *plain = creation_of("Simple");
+    const WidgetCreation *scrolled = asked.creation_of("Defile"), *plain = asked.creation_of("Simple");
     ASSERT_TRUE(scrolled && plain);
     for (const auto& [name, value] :
         {std::pair{XmNscrollingPolicy, 1}, std::pair{XmNscrollBarDisplayPolicy, 0}, std::pair{XmNvisualPolicy, 1}}) {
@@ -783,7 +733,7 @@ TEST_F(DialogButtons, StandInTheFormThreeLevelsUpByPosition) {
         EXPECT_EQ(attachments_of(control(n)), (std::vector<int>(4, XmATTACH_POSITION))) << place;
         EXPECT_EQ(callbacks_of(control(n)), (std::set<std::string>{XmNactivateCallback}));
         EXPECT_EQ(button_record(n).nofen, -1);
-        EXPECT_NE(listened_mask(n), 0U);
+        EXPECT_NE(listened_mask(asked, n), 0U);
     }
     EXPECT_EQ(resource<int>(widget_of(window), XmNfractionBase), 100);
 }
@@ -801,7 +751,7 @@ TEST_F(DialogButtons, TheNameIsTheLabel) {
     const INT n = placed(in_place(1));
     EXPECT_EQ(text_resource(control(n), XmNlabelString), "Valider");
     EXPECT_EQ(std::string(XtName(control(n))), "Valider");
-    const Creation* creation = creation_of("Valider");
+    const WidgetCreation* creation = asked.creation_of("Valider");
     ASSERT_TRUE(creation);
     for (const char* name : {XmNlabelString, XmNfontList, XmNfillOnArm, XmNrecomputeSize})
         EXPECT_FALSE(creation->arguments.contains(name)) << name;
@@ -913,9 +863,9 @@ TEST_F(ControlCreation, AColourButtonIsPaintedAfterItsCreation) {
     GRX_BOUTON description = a(GRX_BOU_COULEUR, GRX_BOU_ATT_PLAT, "Couleur");
     description.coul_fond = 6;
     const INT n = placed(description);
-    EXPECT_EQ(creation_of("Couleur")->arguments.at(XmNbackground), static_cast<XtArgVal>(pixel_of(4)))
+    EXPECT_EQ(asked.creation_of("Couleur")->arguments.at(XmNbackground), static_cast<XtArgVal>(pixel_of(4)))
         << "created with the application's colour";
-    EXPECT_FALSE(creation_of("Couleur")->arguments.contains(XmNarmColor));
+    EXPECT_FALSE(asked.creation_of("Couleur")->arguments.contains(XmNarmColor));
     EXPECT_EQ(resource<Pixel>(control(n), XmNbackground), pixel_of(6));
     EXPECT_EQ(resource<unsigned char>(control(n), XmNshadowType), XmSHADOW_OUT) << "flat or not";
     EXPECT_TRUE(resource<Boolean>(control(n), XmNpushButtonEnabled));
@@ -992,10 +942,10 @@ TEST_F(ControlCreation, WithoutAParentNothingIsMade) {
     for (INT parent : {-1, 0, 50, 99, 100, 1000, -2, INT_MIN, INT_MAX}) {
         GRX_BOUTON description = a(GRX_BOU_DESSINE);
         description.fen_mere = parent;
-        creations.clear();
+        asked.forget();
         EXPECT_EQ(grx_cree_bouton(&description), -1) << parent;
         EXPECT_EQ(description.nobou, -1) << parent;
-        EXPECT_TRUE(creations.empty()) << parent;
+        EXPECT_TRUE(asked.creations.empty()) << parent;
     }
 }
 
@@ -1048,16 +998,16 @@ TEST_F(ControlCreation, UnknownTypesAreRefusedBeforeANumber) {
     for (INT type : {0, 3, 5, 6, 7, 9, 17, 33, 48, 96, 129, 255, 257, 511, 513, 767, 769, 1023, 1025, 2048, 4095, 4097,
              8192, -1, -16, INT_MIN, INT_MAX}) {
         GRX_BOUTON description = a(type);
-        creations.clear();
+        asked.forget();
         EXPECT_EQ(grx_cree_bouton(&description), -2) << type;
         EXPECT_EQ(description.nobou, -1) << type;
-        EXPECT_TRUE(creations.empty()) << type;
+        EXPECT_TRUE(asked.creations.empty()) << type;
     }
     EXPECT_EQ(grx_recup_indice_objet_bout_libre(), before);
 }
 
 TEST_F(ControlCreation, AWidgetThatTheToolkitRefusesIsMinusTwo) {
-    refused_name = "Refuse";
+    asked.refused_name = "Refuse";
     const INT before = grx_recup_indice_objet_bout_libre();
     for (const Row& row : table()) {
         // The scrolled ones fetch their scrolled window from the widget, which the toolkit itself does not survive.
@@ -1066,7 +1016,7 @@ TEST_F(ControlCreation, AWidgetThatTheToolkitRefusesIsMinusTwo) {
         EXPECT_EQ(grx_cree_bouton(&description), -2) << row.kind.name;
         EXPECT_EQ(description.nobou, -1) << row.kind.name;
     }
-    refused_name.clear();
+    asked.refused_name.clear();
     EXPECT_EQ(grx_recup_indice_objet_bout_libre(), before);
 }
 
@@ -1134,17 +1084,17 @@ TEST_F(FirstCreation, ProbesTheToolkitBeforeItsOwnWidget) {
     grx::icone_pix[icon_colour_as_index] = 4711;
     const INT n = placed(a(GRX_BOU_DESSINE, 0, "Propre"));
     EXPECT_EQ(grx::Premier_bouton, 0);
-    ASSERT_EQ(creations.size(), 2U);
-    EXPECT_EQ(creations[0].name, "Premier_bouton");
-    EXPECT_EQ(creations[0].widget_class, xmDrawnButtonWidgetClass);
-    EXPECT_EQ(creations[1].name, "Propre");
+    ASSERT_EQ(asked.creations.size(), 2U);
+    EXPECT_EQ(asked.creations[0].name, "Premier_bouton");
+    EXPECT_EQ(asked.creations[0].widget_class, xmDrawnButtonWidgetClass);
+    EXPECT_EQ(asked.creations[1].name, "Propre");
     drain();
     for (Widget child : children_of(widget_of(window))) EXPECT_NE(std::string(XtName(child)), "Premier_bouton");
     EXPECT_EQ(static_cast<Pixel>(grx_recup_couleur_init_fond_bouton()), resource<Pixel>(control(n), XmNbackground));
     EXPECT_EQ(grx_recup_couleur_icone(icon_colour_as_index), grx_recup_couleur_init_fond_bouton());
-    creations.clear();
+    asked.forget();
     placed(a(GRX_BOU_DESSINE));
-    EXPECT_EQ(creations.size(), 1U) << "only the first one probes";
+    EXPECT_EQ(asked.creations.size(), 1U) << "only the first one probes";
 }
 
 TEST_F(FirstCreation, PrefersTheApplicationColour) {
@@ -1193,7 +1143,7 @@ TEST_F(ControlCreation, ALabelGadgetIsNamedAfterItsTitle) {
     EXPECT_EQ(label_of(made), "Une note");
     EXPECT_EQ(resource<unsigned char>(made, XmNalignment), XmALIGNMENT_BEGINNING);
     EXPECT_EQ(grx::Mypixmap, 2U);
-    const Creation* creation = creation_of("Une note");
+    const WidgetCreation* creation = asked.creation_of("Une note");
     ASSERT_TRUE(creation);
     EXPECT_EQ(creation->arguments.at(XmNarmColor), 6) << "the index itself";
     EXPECT_EQ(creation->arguments.at(XmNbackground), static_cast<XtArgVal>(pixel_of(6)));
@@ -1201,16 +1151,16 @@ TEST_F(ControlCreation, ALabelGadgetIsNamedAfterItsTitle) {
     const std::vector<std::string> order{
         XmNfontList, XmNx, XmNy, XmNheight, XmNwidth, XmNforeground, XmNarmColor, XmNbackground};
     gadget.coul_trace = 4;
-    creations.clear();
+    asked.forget();
     EXPECT_EQ(grx_cree_gadget(&gadget), 0);
-    EXPECT_TRUE(std::ranges::equal(order, creation_of("Une note")->names | std::views::take(order.size())));
+    EXPECT_TRUE(std::ranges::equal(order, asked.creation_of("Une note")->names | std::views::take(order.size())));
     gadget.x = gadget.y = gadget.largeur = gadget.hauteur = gadget.coul_fond = gadget.coul_trace = -1;
-    creations.clear();
+    asked.forget();
     EXPECT_EQ(grx_cree_gadget(&gadget), 0);
     const std::vector<std::string> least{XmNfontList, XmNlabelString, XmNalignment};
-    EXPECT_EQ(creation_of("Une note")->names, least);
-    EXPECT_TRUE(
-        std::ranges::none_of(handlers, [](const Handler& h) { return h.function == &grx_gere_evenements_bouton; }));
+    EXPECT_EQ(asked.creation_of("Une note")->names, least);
+    EXPECT_TRUE(std::ranges::none_of(
+        asked.handlers, [](const HandlerAddition& h) { return h.function == &grx_gere_evenements_bouton; }));
 }
 
 TEST_F(ControlCreation, ALabelGadgetShowsItsIcon) {
@@ -1261,9 +1211,9 @@ TEST_F(ControlCreation, AGadgetWithoutBackgroundTakesTheApplicationColour) {
 TEST_F(ControlCreation, GadgetsOfOtherTypesAndOtherWindows) {
     for (INT type : {1, 2, 4, 32, 128, 0, -1, 1024}) {
         GRX_BOUTON gadget = a(type);
-        creations.clear();
+        asked.forget();
         EXPECT_EQ(grx_cree_gadget(&gadget), 0) << type;
-        EXPECT_TRUE(creations.empty()) << type;
+        EXPECT_TRUE(asked.creations.empty()) << type;
     }
     for (INT parent : {-1, 0, 50, 100, INT_MIN, INT_MAX}) {
         GRX_BOUTON gadget = a(GRX_BOU_LABEL);
@@ -1293,20 +1243,20 @@ TEST_F(ControlCreation, TheCharacterCellIsMeasuredWithThrowAwayControls) {
         set(-99);
     const std::size_t children = children_of(widget_of(window)).size();
     const INT free_number = grx_recup_indice_objet_bout_libre();
-    creations.clear();
+    asked.forget();
     affecte_carac_font(widget_of(window));
-    ASSERT_EQ(creations.size(), 3U);
+    ASSERT_EQ(asked.creations.size(), 3U);
     const auto made = [&](std::size_t i, const char* title, WidgetClass kind, INT place) {
-        EXPECT_EQ(creations[i].name, title) << i;
-        EXPECT_EQ(creations[i].widget_class, kind) << i;
-        EXPECT_EQ(creations[i].arguments.at(XmNx), place) << i;
-        EXPECT_EQ(creations[i].arguments.at(XmNy), place) << i;
+        EXPECT_EQ(asked.creations[i].name, title) << i;
+        EXPECT_EQ(asked.creations[i].widget_class, kind) << i;
+        EXPECT_EQ(asked.creations[i].arguments.at(XmNx), place) << i;
+        EXPECT_EQ(asked.creations[i].arguments.at(XmNy), place) << i;
     };
     made(0, "test", xmTextFieldWidgetClass, 0);
     made(1, "test", xmTextFieldWidgetClass, 10);
     made(2, "A", xmLabelWidgetClass, 0);
-    EXPECT_EQ(creations[0].arguments.at(XmNcolumns), 1);
-    EXPECT_EQ(creations[1].arguments.at(XmNcolumns), 2);
+    EXPECT_EQ(asked.creations[0].arguments.at(XmNcolumns), 1);
+    EXPECT_EQ(asked.creations[1].arguments.at(XmNcolumns), 2);
     EXPECT_EQ(grx_recup_hau_carac_alpha(), one.height);
     EXPECT_EQ(grx_recup_lar_carac_alpha(), two.width - one.width);
     EXPECT_EQ(grx_recup_lar_sup_alpha(), two.width - 2 * (two.width - one.width));
@@ -1481,7 +1431,7 @@ TEST_F(ControlCreation, EachFailingAllocationIsSurvived) {
 
 TEST_F(ControlCreation, NineHundredPushButtonsLeaveNoMoreThanTheToolkitDoes) {
     constexpr int count = 900, rounds = 4;
-    noting = false;
+    asked.stop();
     const Widget holder = XmCreateBulletinBoard(widget_of(window), const_cast<char*>("holder"), nullptr, 0);
     XtManageChild(holder);
     GRX_BOUTON description = a(GRX_BOU_POUSSOIR, GRX_BOU_ATT_VRAI_POUSSOIR);

@@ -1,6 +1,6 @@
 // Operations on controls by their numbers.
 #include "tests/display/control_kit.h"
-#include "tests/support/next_function.h"
+#include "tests/support/toolkit_calls.h"
 
 #include "xt_prive.h"
 
@@ -17,18 +17,6 @@ constexpr INT scale_type = GRX_BOU_ECHELLE;
 char* writable(const char* text) {
     return const_cast<char*>(text);
 }
-
-int management_calls = 0;
-
-} // namespace
-
-extern "C" void XtManageChildren(WidgetList widgets, Cardinal count) {
-    static const auto next = next_function<decltype(XtManageChildren)>("XtManageChildren");
-    ++management_calls;
-    next(widgets, count);
-}
-
-namespace {
 
 class ControlOperations : public ControlsTest {
   protected:
@@ -164,9 +152,9 @@ TEST_F(ControlOperations, SeveralAreManagedAtOnce) {
 TEST_F(ControlOperations, SeveralOfOneParentAreManagedInOneCall) {
     auto numbers = one_of_each();
     for (INT n : numbers) XtUnmanageChild(outermost(control(n)));
-    management_calls = 0;
+    ToolkitCalls asked;
     EXPECT_EQ(grx_affiche_boutons(numbers.data(), 3), 0);
-    EXPECT_EQ(management_calls, 1);
+    EXPECT_EQ(asked.management_calls, 1);
     for (std::size_t i = 0; i < numbers.size(); ++i)
         EXPECT_EQ(XtIsManaged(outermost(control(numbers[i]))) != 0, i < 3) << kind_of(i).name;
 }

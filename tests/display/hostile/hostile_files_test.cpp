@@ -2,25 +2,11 @@
 // texts, null pointers, and every callback called with nothing.
 #include "tests/display/dialog_kit.h"
 
+#include "tests/support/host_file_calls.h"
 #include "tests/support/stdout_capture.h"
-
-#include "standalone/host_prive.h"
 
 #include <climits>
 #include <cstring>
-
-namespace {
-
-// What a service of the application that trusts its caller would have written at most.
-std::size_t longest_path = 0;
-
-} // namespace
-
-extern "C" INT compose_adresse_fichier(char* adr, char* nom, char* resultat) {
-    const std::string directory = adr ? adr : "", name = nom ? nom : "";
-    longest_path = std::max(longest_path, directory.size() + 1 + name.size() + 1);
-    return grx_host::join(directory, name, resultat) ? grx_host::done : grx_host::failed;
-}
 
 namespace {
 
@@ -85,6 +71,7 @@ TEST_F(HostileFiles, SelectFichier) {
 
 TEST_F(HostileFiles, NoPathIsAskedForThatHasNoRoom) {
     constexpr std::size_t room = HOST_CHEMIN_MAX;
+    LongestPath longest;
     for (const std::size_t length : {room / 2 - 2, room / 2 - 1, room / 2, room - 1, room}) {
         std::string directory(length, 'd'), name(length, 'n');
         STRING names[] = {text(name)};
@@ -97,7 +84,7 @@ TEST_F(HostileFiles, NoPathIsAskedForThatHasNoRoom) {
         grx_fin_editeur();
         drain();
     }
-    EXPECT_EQ(longest_path, room) << "all that has room is asked for";
+    EXPECT_EQ(longest.bytes, room) << "all that has room is asked for";
 }
 
 TEST_F(HostileFiles, AnAcceptedFileWithNowhereToPutIt) {

@@ -4,7 +4,7 @@
 
 #include "tests/support/descriptors.h"
 #include "tests/support/fake_visual.h"
-#include "tests/support/next_function.h"
+#include "tests/support/xlib_calls.h"
 #include "tests/support/stdout_capture.h"
 
 #include "tools/verif/menu_check.h"
@@ -23,25 +23,6 @@
 #include <sstream>
 #include <string>
 #include <vector>
-
-namespace {
-
-// The last event that the process sent.
-struct Sent {
-    Window to = None;
-    Bool propagate = False;
-    long mask = 0;
-};
-Sent last_sent;
-
-} // namespace
-
-// Stands in front of the client library's own.
-Status XSendEvent(Display* display, Window to, Bool propagate, long mask, XEvent* event) {
-    static const auto own = grxtest::next_function<Status(Display*, Window, Bool, long, XEvent*)>("XSendEvent");
-    last_sent = {to, propagate, mask};
-    return own(display, to, propagate, mask, event);
-}
 
 namespace {
 
@@ -944,6 +925,7 @@ TEST_F(ForwardedKeys, TheEventIsSentToTheMainWindowAndGoesNoFurther) {
     XSelectInput(test_display(), x_window(main_), KeyPressMask);
     XSync(test_display(), False);
     drain();
+    LastSent last_sent;
     chosen_by_key(13, XK_x, Mod1Mask);
     XSync(test_display(), False);
     XEvent sent{}, last{};

@@ -1,6 +1,6 @@
 // The output device, which draws nothing, and the plotter, whose spooling command the tests replace by one of their own.
 #include "tests/support/heap.h"
-#include "tests/support/next_function.h"
+#include "tests/support/libc_calls.h"
 #include "tests/support/stdout_capture.h"
 #include "tests/support/temp_dir.h"
 
@@ -17,16 +17,6 @@
 #include <cstring>
 #include <string>
 #include <vector>
-
-namespace {
-std::vector<std::string> commands; // what the shell was given
-}
-
-// Stands in front of the C library's, which then runs it.
-int system(const char* command) {
-    if (command) commands.emplace_back(command);
-    return grxtest::next_function<int(const char*)>("system")(command);
-}
 
 namespace grxtest {
 namespace {
@@ -161,7 +151,6 @@ TEST(Blanks, BecomeUnderscores) {
 class Plotter : public testing::Test {
   protected:
     void SetUp() override {
-        commands.clear();
         put_spooler("0");
         setenv("PATH", folder.text().c_str(), 1);
         setenv("GRX_TEST_SEEN", (folder.path() / "seen").c_str(), 1);
@@ -214,13 +203,14 @@ class Plotter : public testing::Test {
     }
 
     const TempDir folder;
+    ShellCommands commands;
 };
 
 TEST_F(Plotter, RunsTheSpoolerWithDirectoryFilePlotterFormatAndPort) {
     Job job{"/tmp", "plot.plt", "Traceur A0", "A0 paysage"};
     EXPECT_EQ(plot(job), 0);
     EXPECT_EQ(seen(), (std::vector<std::string>{"/tmp", "plot.plt", "Traceur_A0", "A0_paysage", "2", "\n"}));
-    EXPECT_EQ(commands, (std::vector<std::string>{"pltspool /tmp plot.plt Traceur_A0 A0_paysage 2"}));
+    EXPECT_EQ(commands.given, (std::vector<std::string>{"pltspool /tmp plot.plt Traceur_A0 A0_paysage 2"}));
     EXPECT_EQ(job.plotter, "Traceur_A0") << "the caller's own text";
     EXPECT_EQ(job.format, "A0_paysage");
 }
@@ -228,7 +218,7 @@ TEST_F(Plotter, RunsTheSpoolerWithDirectoryFilePlotterFormatAndPort) {
 TEST_F(Plotter, PlainNamesStandAsTheyAreInTheCommand) {
     Job job{"/tmp/a.b-c_d", "x+y,z:1=2@3%4", "HP", "A4"};
     EXPECT_EQ(plot(job, -1), 0);
-    EXPECT_EQ(commands, (std::vector<std::string>{"pltspool /tmp/a.b-c_d x+y,z:1=2@3%4 HP A4 -1"}));
+    EXPECT_EQ(commands.given, (std::vector<std::string>{"pltspool /tmp/a.b-c_d x+y,z:1=2@3%4 HP A4 -1"}));
     EXPECT_EQ(seen(), (std::vector<std::string>{"/tmp/a.b-c_d", "x+y,z:1=2@3%4", "HP", "A4", "-1", "\n"}));
 }
 
@@ -240,7 +230,7 @@ TEST_F(Plotter, OtherKindsOfOutputRunNothing) {
         EXPECT_EQ(job.format, "A0 paysage") << kind;
     }
     EXPECT_FALSE(ran());
-    EXPECT_TRUE(commands.empty());
+    EXPECT_TRUE(commands.given.empty());
 }
 
 TEST_F(Plotter, BlanksOfDirectoryAndFileArriveAsTheyAre) {
@@ -290,7 +280,7 @@ TEST_F(Plotter, TheLineSettingsAreIgnored) {
         EXPECT_EQ(OutputFileOnPort(GRX_SORTIE_TRACEUR, in("d"), in("f"), plotter.data(), format.data(), 1, setting,
                       setting, setting, setting, setting),
             0);
-    EXPECT_EQ(commands, std::vector<std::string>(5, "pltspool d f p m 1"));
+    EXPECT_EQ(commands.given, std::vector<std::string>(5, "pltspool d f p m 1"));
 }
 
 TEST_F(Plotter, GivesTheStatusOfTheShell) {
