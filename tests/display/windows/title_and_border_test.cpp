@@ -1,6 +1,5 @@
-// Scroll bars hidden and shown, title and border taken away and given back: without a manager by the arithmetic alone,
-// under mwm by what becomes of the frame.
-#include "tests/display/window_kit.h"
+// Title and border taken away and given back, without a window manager and under one.
+#include "tests/display/windows/decorations_kit.h"
 
 #include <Xm/XmAll.h>
 
@@ -16,201 +15,6 @@ constexpr std::array<INT, 7> no_windows{-1, 0, 50, 99, 100, INT_MIN, INT_MAX};
 
 int decorations(INT nofen) {
     return resource<int>(shell_of(nofen), XmNmwmDecorations);
-}
-
-using Operation = INT (*)(INT);
-constexpr std::array<Operation, 4> operations{
-    grx_supprime_titre_fenetre, grx_affiche_titre_fenetre, grx_supprime_bord_fenetre, grx_affiche_bord_fenetre};
-
-// --- scroll bars --------------------------------------------------------------------------------------------------
-
-class ScrollBars : public DisplayTest {
-  protected:
-    INT graphic(INT attrib = visible_bit | GRX_FEN_ATT_SCROLL) {
-        const INT n = make(GRX_FEN_GRAPHIQUE, attrib, 300, 200);
-        EXPECT_TRUE(wait_visible(widget_of(n)));
-        drain();
-        return n;
-    }
-
-    static Widget bar(INT nofen, const char* which) {
-        Widget w = widget_of(nofen);
-        while (w && !XmIsScrolledWindow(w)) w = XtParent(w);
-        return w ? resource<Widget>(w, which) : nullptr;
-    }
-    static Widget across(INT nofen) { return bar(nofen, XmNhorizontalScrollBar); }
-    static Widget upright(INT nofen) { return bar(nofen, XmNverticalScrollBar); }
-
-    void expect_bars(INT nofen, bool shown) {
-        for (Widget w : {across(nofen), upright(nofen)}) {
-            ASSERT_NE(w, nullptr);
-            EXPECT_EQ(XtIsManaged(w), shown);
-            EXPECT_EQ(visible(XtWindow(w)), shown);
-        }
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(nofen), shown ? 1 : 0);
-    }
-
-    // The order in which the server unmapped or mapped the two.
-    std::vector<Window> order_of(int type) {
-        std::vector<Window> order;
-        XSync(test_display(), False);
-        XEvent event{};
-        while (XCheckTypedEvent(test_display(), type, &event))
-            order.push_back(type == MapNotify ? event.xmap.window : event.xunmap.window);
-        return order;
-    }
-};
-
-TEST_F(ScrollBars, AreHiddenAndShownAgainAndAgain) {
-    const INT n = graphic();
-    expect_bars(n, true);
-    const Area before = server_area(test_display(), x_window(n));
-    for (int turn = 0; turn < 3; ++turn) {
-        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0);
-        drain();
-        expect_bars(n, false);
-        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0) << "once more";
-        drain();
-        expect_bars(n, false);
-        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0);
-        drain();
-        expect_bars(n, true);
-        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0) << "once more";
-        drain();
-        expect_bars(n, true);
-        EXPECT_EQ(server_area(test_display(), x_window(n)), before);
-    }
-}
-
-TEST_F(ScrollBars, TheHorizontalOneComesFirst) {
-    const INT n = graphic();
-    const Window first = XtWindow(across(n)), second = XtWindow(upright(n));
-    for (Window w : {first, second}) XSelectInput(test_display(), w, StructureNotifyMask);
-    XSync(test_display(), False);
-    grx_cache_scrollbars_fenetre_graphique(n);
-    drain();
-    EXPECT_EQ(order_of(UnmapNotify), (std::vector{first, second}));
-    grx_reaffiche_scrollbars_fenetre_graphique(n);
-    drain();
-    EXPECT_EQ(order_of(MapNotify), (std::vector{first, second}));
-}
-
-TEST_F(ScrollBars, TheFlagDecides) {
-    const INT n = graphic();
-    EXPECT_EQ(grx_affecte_fenetre_avec_scroll(n, 0), 0);
-    grx_cache_scrollbars_fenetre_graphique(n);
-    EXPECT_TRUE(XtIsManaged(across(n)) && XtIsManaged(upright(n))) << "not shown, says the flag";
-    XtUnmanageChild(across(n));
-    XtUnmanageChild(upright(n));
-    grx_affecte_fenetre_avec_scroll(n, 1);
-    grx_reaffiche_scrollbars_fenetre_graphique(n);
-    EXPECT_FALSE(XtIsManaged(across(n)) || XtIsManaged(upright(n))) << "shown, says the flag";
-}
-
-TEST_F(ScrollBars, TheFlagsAreApart) {
-    const INT n = graphic();
-    record_of(n).attributs_fen_graph = static_cast<char>(0xF8);
-    for (INT on : {1, -1, 256, INT_MIN, INT_MAX}) {
-        grx_affecte_fenetre_avec_scroll(n, 0);
-        grx_affecte_fenetre_avec_bgi(n, 0);
-        EXPECT_EQ(record_of(n).attributs_fen_graph, static_cast<char>(0xF8));
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0);
-        EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 0);
-        EXPECT_EQ(grx_affecte_fenetre_avec_bgi(n, on), 0);
-        EXPECT_EQ(record_of(n).attributs_fen_graph, static_cast<char>(0xFA)) << on;
-        EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 1);
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0);
-        grx_affecte_fenetre_avec_scroll(n, on);
-        EXPECT_EQ(record_of(n).attributs_fen_graph, static_cast<char>(0xFB)) << on;
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 1);
-        grx_affecte_fenetre_avec_bgi(n, 0);
-        EXPECT_EQ(record_of(n).attributs_fen_graph, static_cast<char>(0xF9));
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 1);
-    }
-}
-
-TEST_F(ScrollBars, NumbersOutsideTheBaseHaveNoFlags) {
-    for (INT n : {-1, 100, INT_MIN, INT_MAX}) {
-        EXPECT_EQ(grx_affecte_fenetre_avec_scroll(n, 1), 0) << n;
-        EXPECT_EQ(grx_affecte_fenetre_avec_bgi(n, 1), 0) << n;
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0) << n;
-        EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 0) << n;
-    }
-}
-
-TEST_F(ScrollBars, HidingLeavesTheOtherFlag) {
-    const INT n = graphic();
-    grx_affecte_fenetre_avec_bgi(n, 1);
-    grx_cache_scrollbars_fenetre_graphique(n);
-    EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 1);
-    grx_reaffiche_scrollbars_fenetre_graphique(n);
-    EXPECT_EQ(grx_is_fenetre_avec_bgi(n), 1);
-}
-
-TEST_F(ScrollBars, OfTheWindowAroundAreLeftAlone) {
-    const INT around = graphic();
-    const INT nested = make(nested_in(around, GRX_FEN_ALPHA));
-    GRX_FENETRE description = described(GRX_FEN_ALPHA);
-    description.fen_mere = around;
-    const INT dialog = make(description);
-    for (INT n : {nested, dialog}) {
-        ASSERT_TRUE(wait_visible(widget_of(n)));
-        grx_affecte_fenetre_avec_scroll(n, 1);
-        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0);
-        drain();
-        expect_bars(around, true);
-    }
-    grx_cache_scrollbars_fenetre_graphique(around);
-    for (INT n : {nested, dialog}) {
-        grx_affecte_fenetre_avec_scroll(n, 0);
-        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0);
-        drain();
-        expect_bars(around, false);
-    }
-}
-
-TEST_F(ScrollBars, TheFlagFollowsInWindowsWithoutThem) {
-    for (INT kind : all_kinds) {
-        const INT n = make(kind);
-        ASSERT_TRUE(wait_visible(widget_of(n)));
-        ASSERT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
-        grx_reaffiche_scrollbars_fenetre_graphique(n);
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 1) << kind;
-        grx_cache_scrollbars_fenetre_graphique(n);
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
-    }
-}
-
-TEST_F(ScrollBars, NumbersWithoutAWindowKeepTheirRecord) {
-    const INT gone = make(GRX_FEN_ALPHA);
-    ASSERT_TRUE(wait_visible(widget_of(gone)));
-    grx_detruit_fenetre(gone);
-    drain();
-    for (INT n : {gone, 50, 99}) {
-        const char before = record_of(n).attributs_fen_graph;
-        for (INT on : {1, 0}) {
-            grx_affecte_fenetre_avec_scroll(n, on);
-            grx_affecte_fenetre_avec_bgi(n, on);
-            EXPECT_EQ(record_of(n).attributs_fen_graph, before) << n;
-        }
-    }
-}
-
-TEST_F(ScrollBars, WindowsWithoutThemAreSurvived) {
-    for (INT kind : all_kinds) {
-        const INT n = make(kind);
-        ASSERT_TRUE(wait_visible(widget_of(n)));
-        EXPECT_EQ(grx_is_fenetre_avec_scroll(n), 0) << kind;
-        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0) << kind;
-        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0) << kind;
-        grx_affecte_fenetre_avec_scroll(n, 1);
-        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0) << kind;
-        EXPECT_TRUE(visible(x_window(n))) << kind;
-    }
-    for (INT n : no_windows) {
-        EXPECT_EQ(grx_cache_scrollbars_fenetre_graphique(n), 0) << n;
-        EXPECT_EQ(grx_reaffiche_scrollbars_fenetre_graphique(n), 0) << n;
-    }
 }
 
 // --- decorations without a manager --------------------------------------------------------------------------------
@@ -242,7 +46,7 @@ class Decorating : public DisplayTest {
     }
 
     // The operation changes the decorations to that and the place and size by that much.
-    void expect_change(INT nofen, Operation operation, int wanted, const Area& change) {
+    void expect_change(INT nofen, DecorationOperation operation, int wanted, const Area& change) {
         Area expected = area(nofen);
         expected.x += change.x;
         expected.y += change.y;
@@ -329,7 +133,7 @@ TEST_F(Decorating, AWindowThatWasResizedAndMovedKeepsItsPlace) {
 }
 
 TEST_F(Decorating, TheShellIsUnmappedAndMappedAgain) {
-    for (Operation operation : operations) {
+    for (DecorationOperation operation : decoration_operations) {
         const INT n = shown();
         const Window shell = XtWindow(shell_of(n));
         XSelectInput(test_display(), shell, StructureNotifyMask);
@@ -352,7 +156,7 @@ void note_press(Widget, XtPointer, XEvent*, Boolean*) {
 }
 
 TEST_F(Decorating, AllButRemovingTheTitleHandleThePendingEvents) {
-    for (Operation operation : operations) {
+    for (DecorationOperation operation : decoration_operations) {
         const INT n = shown();
         XtAddEventHandler(widget_of(n), ButtonPressMask, False, note_press, nullptr);
         pointer().move_in(widget_of(n), 20, 20);
@@ -397,7 +201,8 @@ class ManagedDecorating : public Decorating {
 };
 
 TEST_F(ManagedDecorating, ASizeThatTheManagerMadeIsLeft) {
-    for (Operation operation : {grx_affiche_titre_fenetre, grx_supprime_bord_fenetre, grx_affiche_bord_fenetre}) {
+    for (DecorationOperation operation :
+        {grx_affiche_titre_fenetre, grx_supprime_bord_fenetre, grx_affiche_bord_fenetre}) {
         const INT n = with_manager({0, 0, 260, 190});
         operation(n);
         const Area after = area(n);
@@ -411,7 +216,8 @@ TEST_F(ManagedDecorating, ASizeThatTheManagerMadeIsLeft) {
 }
 
 TEST_F(ManagedDecorating, APlaceThatTheManagerMadeIsLeft) {
-    for (Operation operation : {grx_affiche_titre_fenetre, grx_supprime_bord_fenetre, grx_affiche_bord_fenetre}) {
+    for (DecorationOperation operation :
+        {grx_affiche_titre_fenetre, grx_supprime_bord_fenetre, grx_affiche_bord_fenetre}) {
         const INT n = with_manager({140, 177, 0, 0});
         operation(n);
         const Area after = area(n);
@@ -443,7 +249,7 @@ TEST_F(Decorating, UnknownWindowsChangeNothing) {
     const Area before = area(n);
     Cost cost(x11_disp);
     for (INT nofen : no_windows)
-        for (Operation operation : operations) EXPECT_EQ(operation(nofen), 0) << nofen;
+        for (DecorationOperation operation : decoration_operations) EXPECT_EQ(operation(nofen), 0) << nofen;
     for (INT nofen : no_windows) EXPECT_EQ(grx_active_modifications_shell(nofen), 0);
     EXPECT_EQ(cost.requests(), 0U);
     EXPECT_EQ(area(n), before);
@@ -466,7 +272,7 @@ TEST_F(Decorating, AWindowSmallerThanItsDecorationIsSurvived) {
     const INT n = make(GRX_FEN_ALPHA, visible_bit, 20, 20);
     ASSERT_TRUE(wait_visible(widget_of(n)));
     for (int turn = 0; turn < 3; ++turn)
-        for (Operation operation : {grx_affiche_titre_fenetre, grx_affiche_bord_fenetre}) operation(n);
+        for (DecorationOperation operation : {grx_affiche_titre_fenetre, grx_affiche_bord_fenetre}) operation(n);
     const Area after = area(n);
     EXPECT_TRUE(after.width >= 1 && after.width <= 20 && after.height >= 1 && after.height <= 20)
         << after.width << " x " << after.height;
@@ -478,7 +284,7 @@ TEST_F(Decorating, ExtremeSettingsAreSurvived) {
         grx_set_tatitre(value);
         grx_set_tabord(value);
         grx_set_tabord_sans_resize(value == INT_MIN ? INT_MAX : -value);
-        for (Operation operation : operations) EXPECT_EQ(operation(n), 0);
+        for (DecorationOperation operation : decoration_operations) EXPECT_EQ(operation(n), 0);
         drain();
     }
     EXPECT_TRUE(visible(x_window(n)));
@@ -487,7 +293,7 @@ TEST_F(Decorating, ExtremeSettingsAreSurvived) {
 TEST_F(Decorating, AHiddenWindowOfEachKindIsSurvived) {
     for (INT kind : all_kinds) {
         const INT n = make(kind, 0);
-        for (Operation operation : operations) {
+        for (DecorationOperation operation : decoration_operations) {
             EXPECT_EQ(operation(n), 0) << kind;
             drain();
             EXPECT_FALSE(XtIsRealized(shell_of(n)) && visible(XtWindow(shell_of(n)))) << kind << ": stays hidden";
@@ -523,7 +329,7 @@ class DecoratingWmTest : public WmTest {
     }
 
     // The frame stays where and as large as it is; the client is there inside it.
-    void expect_kept(INT nofen, Operation operation, int wanted, const Area& client) {
+    void expect_kept(INT nofen, DecorationOperation operation, int wanted, const Area& client) {
         const Area before = frame_area(shell_of(nofen));
         EXPECT_EQ(operation(nofen), 0);
         EXPECT_EQ(decorations(nofen), wanted);
@@ -585,181 +391,6 @@ TEST_F(DecoratingWmTest, TheEmptyHookDoesNothing) {
     drain();
     EXPECT_EQ(frame_area(shell_of(n)), before);
     EXPECT_EQ(decorations(n), 1);
-}
-
-// --- the place in the stack ---------------------------------------------------------------------------------------
-
-template <class Base>
-class Stacked : public Base {
-  protected:
-    INT shown(INT parent = -1) {
-        GRX_FENETRE window = described(GRX_FEN_ALPHA, visible_bit);
-        window.fen_mere = parent;
-        const INT n = make(window);
-        EXPECT_TRUE(Base::wait_visible(widget_of(n)));
-        Base::drain();
-        return n;
-    }
-
-    // The windows of these numbers, from the lowest to the highest.
-    std::vector<INT> order(const std::vector<INT>& numbers) {
-        XSync(x11_disp, False);
-        std::vector<INT> result;
-        for (Window top : children_of(Base::test_display(), DefaultRootWindow(Base::test_display()))) {
-            std::vector<Window> inside;
-            gather_windows(Base::test_display(), top, inside);
-            for (INT n : numbers)
-                if (std::ranges::find(inside, XtWindow(shell_of(n))) != inside.end()) result.push_back(n);
-        }
-        return result;
-    }
-
-    // The number of the window, or of none of them, that has the keyboard.
-    INT focused(const std::vector<INT>& numbers) {
-        Window focus = None;
-        int revert = 0;
-        XGetInputFocus(Base::test_display(), &focus, &revert);
-        for (INT n : numbers) {
-            std::vector<Window> inside;
-            gather_windows(Base::test_display(), XtWindow(shell_of(n)), inside);
-            if (std::ranges::find(inside, focus) != inside.end()) return n;
-        }
-        return -1;
-    }
-
-    // A window manager that has moved a window has done all that was asked before; what it caused itself by that, after
-    // the next.
-    void let_the_manager_finish() {
-        for (int turn = 0; turn < 3; ++turn) {
-            const INT left = 500 + 10 * (++moves_ % 20);
-            grx_deplace_fenetre(mover_, left, 400);
-            ASSERT_TRUE(Base::wait_for([&] {
-                INT x = -1, y = -1;
-                grx_recup_position_fenetre(mover_, &x, &y);
-                return x == left && y == 400;
-            }));
-            Base::drain();
-        }
-    }
-
-    void expect_kept_by(std::size_t operation, INT n, const std::vector<INT>& numbers) {
-        SCOPED_TRACE(testing::Message() << "window " << n << " operation " << operation);
-        const auto before = order(numbers);
-        const INT focus = focused(numbers);
-        ASSERT_EQ(before.size(), numbers.size());
-        operations[operation](n);
-        EXPECT_TRUE(Base::wait_for([&] { return order(numbers) == before && Base::visible(x_window(n)); }));
-        let_the_manager_finish();
-        EXPECT_EQ(order(numbers), before);
-        EXPECT_EQ(focused(numbers), focus);
-        EXPECT_TRUE(Base::visible(x_window(n)));
-    }
-
-    void expect_the_order_kept(const std::vector<INT>& numbers) {
-        let_the_manager_finish();
-        for (const INT n : numbers)
-            for (std::size_t k = 0; k < operations.size(); ++k) expect_kept_by(k, n, numbers);
-    }
-
-    std::vector<INT> three_windows() {
-        mover_ = shown();
-        return {shown(), shown(), shown()};
-    }
-
-    void expect_all_kept() { expect_the_order_kept(three_windows()); }
-
-    void give_keyboard(INT n, const std::vector<INT>& numbers) {
-        XSetInputFocus(x11_disp, XtWindow(shell_of(n)), RevertToParent, CurrentTime);
-        ASSERT_TRUE(Base::wait_for([&] { return focused(numbers) == n; }));
-        let_the_manager_finish();
-    }
-
-    // Whatever window has the keyboard, and wherever that lies.
-    void expect_all_kept_with_the_keyboard() {
-        const auto numbers = three_windows();
-        for (const INT n : numbers) {
-            give_keyboard(n, numbers);
-            grx_restack_fenetre(numbers[1], n == numbers[1] ? numbers[0] : n);
-            expect_the_order_kept(numbers);
-        }
-    }
-
-    void expect_kept_with_dialogs() {
-        mover_ = shown();
-        const INT first = shown();
-        const std::vector<INT> numbers{first, shown(first), shown()};
-        expect_the_order_kept(numbers);
-    }
-
-    // Nothing is left of what the window manager was told meanwhile.
-    void expect_the_keyboard_by_a_click() {
-        const auto numbers = three_windows();
-        for (const Operation operation : operations) {
-            give_keyboard(numbers[1], numbers);
-            operation(numbers[0]);
-            let_the_manager_finish();
-            grx_restack_fenetre(numbers[0], order(numbers).back());
-            ASSERT_TRUE(Base::wait_for([&] { return order(numbers).back() == numbers[0]; }));
-            Base::pointer().click_in(widget_of(numbers[0]), 30, 40);
-            EXPECT_TRUE(Base::wait_for([&] { return focused(numbers) == numbers[0]; }));
-            const Atom time = XInternAtom(x11_disp, "_NET_WM_USER_TIME", False);
-            EXPECT_FALSE(has_property(XtWindow(shell_of(numbers[0])), time));
-        }
-    }
-
-  private:
-    static bool has_property(Window window, Atom name) {
-        Atom type = None;
-        int format = 0;
-        unsigned long count = 0, left = 0;
-        unsigned char* value = nullptr;
-        XGetWindowProperty(x11_disp, window, name, 0, 0, False, AnyPropertyType, &type, &format, &count, &left, &value);
-        if (value) XFree(value);
-        return type != None;
-    }
-
-    INT mover_ = 0;
-    int moves_ = 0;
-};
-
-class StackedDecorating : public Stacked<DisplayTest> {};
-class StackedDecoratingWmTest : public Stacked<WmTest> {};
-class StackedDecoratingOpenboxWmTest : public Stacked<WmTest> {
-    WindowManager::Kind manager_kind() const override { return WindowManager::Kind::openbox; }
-};
-
-TEST_F(StackedDecorating, AWindowStaysWhereItLies) {
-    expect_all_kept();
-}
-TEST_F(StackedDecoratingWmTest, AWindowStaysWhereItLies) {
-    expect_all_kept();
-}
-TEST_F(StackedDecoratingOpenboxWmTest, AWindowStaysWhereItLies) {
-    expect_all_kept();
-}
-
-TEST_F(StackedDecorating, SoDoesTheKeyboard) {
-    expect_all_kept_with_the_keyboard();
-}
-TEST_F(StackedDecoratingWmTest, SoDoesTheKeyboard) {
-    expect_all_kept_with_the_keyboard();
-}
-TEST_F(StackedDecoratingOpenboxWmTest, SoDoesTheKeyboard) {
-    expect_all_kept_with_the_keyboard();
-}
-
-TEST_F(StackedDecorating, AWindowWithADialogStaysWhereItLies) {
-    expect_kept_with_dialogs();
-}
-TEST_F(StackedDecoratingOpenboxWmTest, AWindowWithADialogStaysWhereItLies) {
-    expect_kept_with_dialogs();
-}
-
-TEST_F(StackedDecoratingWmTest, AClickStillGivesTheKeyboard) {
-    expect_the_keyboard_by_a_click();
-}
-TEST_F(StackedDecoratingOpenboxWmTest, AClickStillGivesTheKeyboard) {
-    expect_the_keyboard_by_a_click();
 }
 
 } // namespace
