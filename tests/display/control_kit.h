@@ -69,13 +69,6 @@ inline Widget outermost(Widget widget) {
     return is_a(parent, xmScrolledWindowWidgetClass) ? parent : widget;
 }
 
-inline std::vector<Widget> children_of(Widget parent) {
-    WidgetList list = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(parent, XmNchildren, &list, XmNnumChildren, &count, nullptr);
-    return {list, list + count};
-}
-
 // Text of a compound string resource under one font-list tag; "(other)" when it holds none under that tag.
 inline std::string tagged_text(Widget widget, const char* resource_name, const char* tag) {
     XmString value = nullptr;

@@ -82,6 +82,13 @@ T resource(Widget widget, const char* name) {
     return value;
 }
 
+inline std::vector<Widget> children_of(Widget parent) {
+    WidgetList list = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(parent, XmNchildren, &list, XmNnumChildren, &count, nullptr);
+    return {list, list + count};
+}
+
 inline std::string text_resource(Widget widget, const char* name) {
     XmString value = nullptr;
     XtVaGetValues(widget, name, &value, nullptr);

@@ -1,0 +1,12 @@
+// The library started with nothing done yet.
+#pragma once
+
+#include "tests/display/window_kit.h"
+
+namespace grxtest {
+
+class StartUp : public DisplayTest {};
+
+inline XErrorHandler behind = nullptr;
+
+} // namespace grxtest
