@@ -74,6 +74,10 @@ inline STRUCTURE_FENETRE& record_of(INT nofen) {
     return *record;
 }
 
+inline char* writable(const char* text) {
+    return const_cast<char*>(text);
+}
+
 // Value of a resource, of the width that the resource has.
 template <class T>
 T resource(Widget widget, const char* name) {

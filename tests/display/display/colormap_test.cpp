@@ -7,10 +7,13 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
 using namespace grxtest;
+using Lines = std::vector<std::string>;
 
 constexpr INT icons = 16, reserved = 8;
 
@@ -27,7 +30,7 @@ TEST_F(CountsFromTheFile, PlaceTheRenderingColours) {
     for (INT k = 0; k < 72; ++k) EXPECT_EQ(trace_pix[k], grx::system_pix[icons + k]) << k;
     for (INT k = 88; k < 108; ++k) EXPECT_EQ(trace_pix[k], grx::system_pix[k]) << k; // at their own positions
     for (INT k = 0; k < 64; ++k) {
-        const Triple seen = colour(8 + k);
+        const Triple seen = colour_at(8 + k);
         for (std::size_t i = 0; i < 3; ++i) EXPECT_LE(std::abs(seen[i] - drawing_colour(k)[i]), 1) << k;
     }
 }
@@ -65,7 +68,7 @@ TEST_F(ManyCounts, Work) { // 183 colours: all the cells that an 8-plane server 
     EXPECT_EQ(trace_pix[8 + 127], grx::system_pix[151]);
     EXPECT_EQ(trace_pix[182], grx::system_pix[182]);
     EXPECT_EQ(capture_->text(), "");
-    const Triple seen = colour(8 + 127), expected = drawing_colour(127);
+    const Triple seen = colour_at(8 + 127), expected = drawing_colour(127);
     for (std::size_t i = 0; i < 3; ++i) EXPECT_LE(std::abs(seen[i] - expected[i]), 1);
 }
 
@@ -76,8 +79,8 @@ TEST_F(HugeCounts, StayInsideTheTables) {
     if (test_planes() == 8) EXPECT_EQ(grx_dernier_index_rendu(), 183);
     Triple rgb{1, 2, 3};
     permit_x_errors(); // 8 planes have no cell for it
-    grx_modif_rgb(255, in(rgb));
-    grx_modif_rgb(1151, in(rgb));
+    grx_modif_rgb(255, rgb.data());
+    grx_modif_rgb(1151, rgb.data());
     EXPECT_EQ(trace_pix[8 + 127], grx::system_pix[151]);
 }
 
@@ -110,9 +113,9 @@ TEST_F(ColoursOn24, TheColormapIsInstalled) {
 
 TEST_F(ColoursOn24, BuildingTheColormapAgainWorks) {
     Triple rgb{1, 2, 3};
-    grx_modif_rgb(9, in(rgb));
+    grx_modif_rgb(9, rgb.data());
     EXPECT_EQ(grx_init_colormap_24_plans(), 1);
-    EXPECT_EQ(colour(9), drawing_colour(1));
+    EXPECT_EQ(colour_at(9), drawing_colour(1));
 }
 
 class OtherVisualOn24 : public On24 {
@@ -130,6 +133,8 @@ TEST_F(OtherVisualOn24, GetsAColormapOfItsOwn) {
     XDestroyWindow(x11_disp, window);
     EXPECT_EQ(trace_pix[5], (255 << dec_red) + (255 << dec_green) + (255 << dec_blue));
 }
+
+// --- 8 planes -----------------------------------------------------------------------------------------------------------
 
 TEST_F(ColoursOn8, TheDefaultColormapIsUsedAndInstalled) {
     EXPECT_EQ(x11_cmap, shared_map());
@@ -188,7 +193,7 @@ TEST_F(RenderingOn8, ColoursAreBlackCellsUntilSet) {
         EXPECT_EQ(other.cell(trace_pix[k]), (Triple{0, 0, 0})) << k;
     }
     Triple rgb{200, 100, 50};
-    grx_modif_rgb(75, in(rgb));
+    grx_modif_rgb(75, rgb.data());
     XSync(x11_disp, False);
     EXPECT_EQ(other.cell(trace_pix[75]), OtherClient::stored(rgb));
 }

@@ -2,21 +2,22 @@
 #pragma once
 
 #include "tests/display/drawing.h"
-#include "tests/support/stdout_capture.h"
 
 #include <algorithm>
 #include <array>
 
 namespace grxtest {
 
+using Triple = std::array<INT, 3>;
+
 inline constexpr std::array<Triple, 8> reserved_colours{{{134, 123, 66}, {0, 0, 0}, {0, 0, 0}, {228, 225, 159},
     {119, 49, 49}, {255, 255, 255}, {255, 255, 0}, {128, 128, 128}}};
 
-inline constexpr std::array<Triple, 16> factors{{{0, 0, 0}, {0, 0, 2}, {0, 2, 0}, {0, 2, 2}, {2, 0, 0}, {2, 0, 2},
+inline constexpr std::array<Triple, 16> hue_factors{{{0, 0, 0}, {0, 0, 2}, {0, 2, 0}, {0, 2, 2}, {2, 0, 0}, {2, 0, 2},
     {2, 2, 0}, {2, 2, 2}, {1, 1, 1}, {0, 0, 4}, {0, 4, 0}, {0, 4, 4}, {4, 0, 0}, {4, 0, 4}, {4, 4, 0}, {4, 4, 4}}};
 
 inline Triple tinted(INT hue, INT factor) {
-    Triple result = factors[static_cast<std::size_t>(hue)];
+    Triple result = hue_factors[static_cast<std::size_t>(hue)];
     for (INT& component : result) component = std::min(component * factor, 255);
     return result;
 }
@@ -30,14 +31,10 @@ inline Triple drawing_colour(INT k) {
     return tinted(k % 16, (shade % 2 == 0 ? 64 : 32) - 4 * (shade / 2));
 }
 
-inline Triple colour(INT index) {
+inline Triple colour_at(INT index) {
     Triple rgb{-1, -1, -1};
     grx_recup_rgb(index, rgb.data());
     return rgb;
-}
-
-inline INT* in(Triple& rgb) {
-    return rgb.data();
 }
 
 class PixelTables : public DisplayTest {};

@@ -1,8 +1,6 @@
 // Colours of both depths: indices, pixels, and the colours behind them.
 #include "tests/display/display/colours_kit.h"
 #include "tests/display/drawing.h"
-#include "tests/support/cell_hog.h"
-#include "tests/support/stdout_capture.h"
 
 #include <array>
 #include <climits>
@@ -45,9 +43,9 @@ TEST_F(PixelTables, IndicesOutsideWriteNothing) {
     const std::vector<INT> system(grx::system_pix, grx::system_pix + 256);
     Triple rgb{1, 2, 3};
     for (const INT index : {-1, 256, 257, 1000, INT_MAX, INT_MIN}) {
-        grx_modif_rgb(index, in(rgb));
-        grx_recup_rgb(index, in(rgb));
-        grx_recup_rgb_icone(index, in(rgb));
+        grx_modif_rgb(index, rgb.data());
+        grx_recup_rgb(index, rgb.data());
+        grx_recup_rgb_icone(index, rgb.data());
         grx_change_couleur_8_icone(index);
         grx_restore_couleur_8_icone();
         rgb = {1, 2, 3};
@@ -130,6 +128,8 @@ TEST_F(PixelTables, BuffersOfNoSizeAreLeftAlone) {
     EXPECT_EQ(buffer, (std::array<uchar, 4>{3, 3, 3, 3}));
 }
 
+// --- 24 planes ----------------------------------------------------------------------------------------------------------
+
 TEST_F(ColoursOn24, PixelsAreComputedFromThePalettes) {
     for (INT k = 0; k < icons; ++k)
         if (k != 8) EXPECT_EQ(grx::system_pix[k], pixel(icon_colour(k))) << k; // 8 is the icons' background
@@ -140,10 +140,10 @@ TEST_F(ColoursOn24, PixelsAreComputedFromThePalettes) {
 
 TEST_F(ColoursOn24, ChangingAReservedOrDrawingColourReachesBothTables) {
     Triple red{255, 0, 0}, other{1, 2, 3};
-    grx_modif_rgb(0, in(red));
+    grx_modif_rgb(0, red.data());
     EXPECT_EQ(trace_pix[0], 255 << 16);
     EXPECT_EQ(grx::system_pix[icons], 255 << 16);
-    grx_modif_rgb(39, in(other));
+    grx_modif_rgb(39, other.data());
     EXPECT_EQ(trace_pix[39], 0x010203);
     EXPECT_EQ(grx::system_pix[icons + 39], 0x010203);
 }
@@ -152,7 +152,7 @@ TEST_F(ColoursOn24, ChangingAnIndexOfTheGapStaysInOneTable) {
     const std::vector<INT> system(grx::system_pix, grx::system_pix + 256);
     Triple rgb{1, 2, 3};
     for (INT index = 40; index < 56; ++index) {
-        grx_modif_rgb(index, in(rgb));
+        grx_modif_rgb(index, rgb.data());
         EXPECT_EQ(trace_pix[index], 0x010203) << index;
     }
     EXPECT_EQ(std::vector<INT>(grx::system_pix, grx::system_pix + 256), system);
@@ -161,7 +161,7 @@ TEST_F(ColoursOn24, ChangingAnIndexOfTheGapStaysInOneTable) {
 TEST_F(ColoursOn24, ChangingARenderingColourKeepsItsPosition) {
     Triple rgb{1, 2, 3};
     for (const INT index : {56, 100, 255}) {
-        grx_modif_rgb(index, in(rgb));
+        grx_modif_rgb(index, rgb.data());
         EXPECT_EQ(trace_pix[index], 0x010203);
         EXPECT_EQ(grx::system_pix[index], 0x010203);
     }
@@ -170,7 +170,7 @@ TEST_F(ColoursOn24, ChangingARenderingColourKeepsItsPosition) {
 TEST_F(ColoursOn24, ChangingAColourAsksNobody) {
     Triple rgb{1, 2, 3};
     const Cost cost(x11_disp);
-    for (INT index = 0; index < 256; ++index) grx_modif_rgb(index, in(rgb));
+    for (INT index = 0; index < 256; ++index) grx_modif_rgb(index, rgb.data());
     EXPECT_EQ(cost.requests(), 0U);
 }
 
@@ -181,10 +181,10 @@ TEST_F(ColoursOn24, RenderingColoursAreBlackUntilSet) {
 TEST_F(ColoursOn24, ColoursReadBackAsTheyWereWritten) {
     for (INT c = 0; c < 256; ++c) {
         Triple rgb{c, 255 - c, (c * 7) % 256};
-        grx_modif_rgb(9, in(rgb));
-        EXPECT_EQ(colour(9), rgb);
+        grx_modif_rgb(9, rgb.data());
+        EXPECT_EQ(colour_at(9), rgb);
     }
-    for (INT k = 0; k < reserved; ++k) EXPECT_EQ(colour(k), reserved_colours[static_cast<std::size_t>(k)]);
+    for (INT k = 0; k < reserved; ++k) EXPECT_EQ(colour_at(k), reserved_colours[static_cast<std::size_t>(k)]);
     for (INT k = 0; k < icons; ++k)
         if (k != 8) EXPECT_EQ(icon(k), icon_colour(k)) << k;
 }
@@ -192,26 +192,26 @@ TEST_F(ColoursOn24, ColoursReadBackAsTheyWereWritten) {
 TEST_F(ColoursOn24, ATripleIsFoundByItsFirstExactIndex) {
     INT index = 77;
     Triple black{0, 0, 0}, white{255, 255, 255}, near{255, 255, 254};
-    EXPECT_EQ(grx_recup_index_image(in(black), &index), 1);
+    EXPECT_EQ(grx_recup_index_image(black.data(), &index), 1);
     EXPECT_EQ(index, 1); // 0 is not black
-    EXPECT_EQ(grx_recup_index_image(in(white), &index), 1);
+    EXPECT_EQ(grx_recup_index_image(white.data(), &index), 1);
     EXPECT_EQ(index, 5);
     index = 77;
-    EXPECT_EQ(grx_recup_index_image(in(near), &index), 0); // nothing near counts
+    EXPECT_EQ(grx_recup_index_image(near.data(), &index), 0); // nothing near counts
     EXPECT_EQ(index, 0);
 }
 
 TEST_F(ColoursOn24, OnlyReservedAndDrawingColoursAreSearched) {
     INT index = 77;
     Triple rgb{11, 22, 33};
-    grx_modif_rgb(40, in(rgb));
-    grx_modif_rgb(56, in(rgb));
-    EXPECT_EQ(grx_recup_index_image(in(rgb), &index), 0);
+    grx_modif_rgb(40, rgb.data());
+    grx_modif_rgb(56, rgb.data());
+    EXPECT_EQ(grx_recup_index_image(rgb.data(), &index), 0);
     EXPECT_EQ(index, 0);
-    grx_modif_rgb(39, in(rgb));
-    EXPECT_EQ(grx_recup_index_image(in(rgb), &index), 1);
+    grx_modif_rgb(39, rgb.data());
+    EXPECT_EQ(grx_recup_index_image(rgb.data(), &index), 1);
     EXPECT_EQ(index, 39);
-    grx_recup_index_image(in(rgb), nullptr);
+    grx_recup_index_image(rgb.data(), nullptr);
     EXPECT_EQ(grx_recup_index_image(nullptr, &index), 0);
 }
 
@@ -258,7 +258,7 @@ TEST_F(ColoursOn8, TheCellsHoldThePalettes) {
 TEST_F(ColoursOn8, ChangingAColourStoresItsCell) {
     const INT pixel = trace_pix[12];
     Triple rgb{200, 100, 50};
-    grx_modif_rgb(12, in(rgb));
+    grx_modif_rgb(12, rgb.data());
     XSync(x11_disp, False);
     EXPECT_EQ(other().cell(pixel), OtherClient::stored(rgb));
     EXPECT_EQ(trace_pix[12], pixel);
@@ -270,7 +270,7 @@ TEST_F(ColoursOn8, ChangingAnIndexWithoutCellStoresNothing) {
     for (INT pixel = 0; pixel < 256; ++pixel) before.push_back(other().cell(pixel));
     Triple rgb{200, 100, 50};
     permit_x_errors(); // the server may refuse
-    for (INT index = 40; index < 256; ++index) grx_modif_rgb(index, in(rgb));
+    for (INT index = 40; index < 256; ++index) grx_modif_rgb(index, rgb.data());
     XSync(x11_disp, False);
     for (INT pixel = 0; pixel < 256; ++pixel)
         EXPECT_EQ(other().cell(pixel), before[static_cast<std::size_t>(pixel)]) << pixel;
@@ -278,11 +278,11 @@ TEST_F(ColoursOn8, ChangingAnIndexWithoutCellStoresNothing) {
 
 TEST_F(ColoursOn8, AServerOf8BitsRoundsWhatIsReadBack) {
     Triple rgb{255, 64, 127};
-    grx_modif_rgb(12, in(rgb));
-    EXPECT_EQ(colour(12), (Triple{255, 63, 126}));
+    grx_modif_rgb(12, rgb.data());
+    EXPECT_EQ(colour_at(12), (Triple{255, 63, 126}));
     rgb = {0, 1, 2};
-    grx_modif_rgb(12, in(rgb));
-    EXPECT_EQ(colour(12), (Triple{0, 0, 1}));
+    grx_modif_rgb(12, rgb.data());
+    EXPECT_EQ(colour_at(12), (Triple{0, 0, 1}));
 }
 
 // KEEP: c + 1 divided by 255 in integers: a component at full intensity reads 257.
@@ -294,7 +294,7 @@ TEST_F(ColoursOn8, FullIntensityReads257) {
     cell.blue = 0;
     cell.flags = DoRed | DoGreen | DoBlue;
     XStoreColor(x11_disp, x11_cmap, &cell);
-    EXPECT_EQ(colour(12), (Triple{257, 128, 0}));
+    EXPECT_EQ(colour_at(12), (Triple{257, 128, 0}));
     cell.pixel = static_cast<unsigned long>(grx::icone_pix[12]);
     XStoreColor(x11_disp, x11_cmap, &cell);
     EXPECT_EQ(icon(12), (Triple{257, 128, 0}));
@@ -305,10 +305,10 @@ TEST_F(ColoursOn8, ATripleIsSearchedByItsSum) {
     INT index = 77;
     const INT pixel = trace_pix[11];
     Triple sum{pixel - 3, 1, 2};
-    EXPECT_EQ(grx_recup_index_image(in(sum), &index), 1);
+    EXPECT_EQ(grx_recup_index_image(sum.data(), &index), 1);
     EXPECT_EQ(index, 11);
     Triple nothing{255, 255, 255}; // 765 is no pixel
-    EXPECT_EQ(grx_recup_index_image(in(nothing), &index), 0);
+    EXPECT_EQ(grx_recup_index_image(nothing.data(), &index), 0);
     EXPECT_EQ(index, 0);
 }
 

@@ -1,8 +1,8 @@
 // Errors of the connection, and its end.
 #include "tests/display/display/start_kit.h"
-#include "tests/support/controls.h"
-#include "tests/support/counters.h"
 #include "tests/support/stdout_capture.h"
+
+#include "xt_prive.h"
 
 #include <unistd.h>
 
@@ -65,6 +65,8 @@ TEST_F(OwnErrorHandler, IsToldTheProtocolErrors) {
     cause_error();
     EXPECT_EQ(codes_told, (std::vector<int>{BadWindow, BadWindow})) << "however often the library installs its own";
 }
+
+XErrorHandler behind = nullptr;
 
 int pass_on(Display* display, XErrorEvent* error) {
     codes_told.push_back(error->error_code);

@@ -1,8 +1,5 @@
 // The two drawing contexts.
 #include "tests/display/display/start_kit.h"
-#include "tests/support/controls.h"
-#include "tests/support/counters.h"
-#include "tests/support/stdout_capture.h"
 
 namespace {
 

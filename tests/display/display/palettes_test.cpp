@@ -1,7 +1,6 @@
 // The palettes, without a screen and sent to one.
 #include "tests/display/display/colours_kit.h"
 #include "tests/display/drawing.h"
-#include "tests/support/stdout_capture.h"
 
 #include <array>
 #include <climits>
@@ -111,12 +110,12 @@ TEST_F(PaletteTables, WildCountsAndNoArrayAreHarmless) {
 
 TEST_F(PaletteTables, NothingHappensBeforeStartUp) {
     Triple rgb{1, 2, 3};
-    grx_modif_rgb(3, in(rgb));
+    grx_modif_rgb(3, rgb.data());
     grx_maj_palette_reserve();
     grx_maj_palette_trace();
     EXPECT_EQ(grx_recup_couleur(-1), 0);
     INT index = 77;
-    grx_recup_index_image(in(rgb), &index);
+    grx_recup_index_image(rgb.data(), &index);
     grx_init_colormap_8_plans();
     grx_init_colormap_24_plans();
     EXPECT_EQ(x11_disp, nullptr);
@@ -137,7 +136,7 @@ TEST_F(PixelTables, PalettesAreSentToTheScreen) {
     auto many = ramp(32, 100);
     grx_affecte_palette_reserve(few.data(), 8);
     grx_affecte_palette_trace(many.data(), 32);
-    const Triple untouched = colour(3);
+    const Triple untouched = colour_at(3);
     EXPECT_NE(untouched, of(few, 3));
     grx_maj_palette_reserve();
     const auto close = [](const Triple& a, const Triple& b) { // 8 planes round
@@ -145,10 +144,10 @@ TEST_F(PixelTables, PalettesAreSentToTheScreen) {
             if (std::abs(a[i] - b[i]) > 1) return false;
         return true;
     };
-    for (INT k = 0; k < 8; ++k) EXPECT_TRUE(close(colour(k), of(few, k))) << k;
-    EXPECT_FALSE(close(colour(8 + 5), of(many, 5)));
+    for (INT k = 0; k < 8; ++k) EXPECT_TRUE(close(colour_at(k), of(few, k))) << k;
+    EXPECT_FALSE(close(colour_at(8 + 5), of(many, 5)));
     grx_maj_palette_trace();
-    for (INT k = 0; k < 32; ++k) EXPECT_TRUE(close(colour(8 + k), of(many, k))) << k;
+    for (INT k = 0; k < 32; ++k) EXPECT_TRUE(close(colour_at(8 + k), of(many, k))) << k;
 }
 
 class HostPalette : public DisplayTest {
@@ -165,7 +164,7 @@ class HostPalette : public DisplayTest {
 TEST_F(HostPalette, GivenBeforeStartUpSurvivesIt) {
     for (INT k = 0; k < 32; ++k) EXPECT_EQ(triple(palette_trace[k]), of(rgb_, k)) << k;
     for (INT k = 0; k < 32; ++k) {
-        const Triple seen = colour(8 + k);
+        const Triple seen = colour_at(8 + k);
         for (std::size_t i = 0; i < 3; ++i) EXPECT_LE(std::abs(seen[i] - of(rgb_, k)[i]), 1) << k;
     }
     EXPECT_EQ(triple(palette_reserve[0]), (Triple{200, 255, 0}));

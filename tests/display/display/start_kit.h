@@ -7,6 +7,4 @@ namespace grxtest {
 
 class StartUp : public DisplayTest {};
 
-inline XErrorHandler behind = nullptr;
-
 } // namespace grxtest

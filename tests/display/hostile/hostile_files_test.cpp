@@ -3,7 +3,6 @@
 #include "tests/display/dialog_kit.h"
 
 #include "tests/support/host_file_calls.h"
-#include "tests/support/stdout_capture.h"
 
 #include <climits>
 #include <cstring>

@@ -1,8 +1,5 @@
 // The keys of menu entries.
 #include "tests/display/menus/menu_kit.h"
-#include "tests/support/controls.h"
-#include "tests/support/stdout_capture.h"
-#include "tests/support/xlib_calls.h"
 
 #include "tools/verif/menu_check.h"
 
@@ -18,9 +15,9 @@ namespace {
 using namespace grxtest;
 
 TEST_F(MenuTest, AcceleratorsReadBackAsStated) {
-    main_window(zone("POPUP||A|\n{\nITEM||plain||1|\nITEM||key|F5|2|\nITEM||ctrl|Ctrl+S|3|\n"
-                     "ITEM||list|Ctrl+W,Ctrl+F4|4|\nITEM||blanks|  Ctrl + K  |5|\nITEM||two|Ctrl+Shift+T|6|\n"
-                     "ITEM||-|Ctrl+Q|7|\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\nITEM||plain||1|\nITEM||key|F5|2|\nITEM||ctrl|Ctrl+S|3|\n"
+                          "ITEM||list|Ctrl+W,Ctrl+F4|4|\nITEM||blanks|  Ctrl + K  |5|\nITEM||two|Ctrl+Shift+T|6|\n"
+                          "ITEM||-|Ctrl+Q|7|\n}\n"));
     const std::vector<std::array<std::string, 3>> expected{{"key", "<Key>F5:", "F5"}, {"ctrl", "Ctrl<Key>S:", "Ctrl+S"},
         {"list", "Ctrl<Key>W:", "Ctrl+W"}, {"two", "Ctrl Shift<Key>T:", "Ctrl+Shift+T"}};
     for (const auto& [label, translation, text] : expected) {
@@ -38,7 +35,7 @@ TEST_F(MenuTest, AcceleratorsReadBackAsStated) {
 }
 
 TEST_F(MenuTest, KeysChooseOncePerPress) {
-    const INT window = main_window(keys);
+    const INT window = main_window(menu_of_keys);
     EXPECT_EQ(chosen_by_key(11, XK_s, ControlMask), 1);
     ASSERT_FALSE(events.seen().empty());
     const auto& record = *std::ranges::find_if(
@@ -54,7 +51,7 @@ TEST_F(MenuTest, KeysChooseOncePerPress) {
 }
 
 TEST_F(MenuTest, KeysWithOtherModifiersChooseNothing) {
-    main_window(keys);
+    main_window(menu_of_keys);
     const std::vector<std::pair<KeySym, unsigned>> others{{XK_s, 0}, {XK_s, Mod1Mask}, {XK_s, ControlMask | Mod1Mask},
         {XK_s, ControlMask | ShiftMask}, {XK_F5, Mod1Mask}, {XK_t, ControlMask}, {XK_x, 0}, {XK_q, ControlMask},
         {XK_Delete, 0}};
@@ -65,13 +62,13 @@ TEST_F(MenuTest, KeysWithOtherModifiersChooseNothing) {
 }
 
 TEST_F(MenuTest, OnlyTheFirstKeyOfAListCounts) {
-    main_window(keys);
+    main_window(menu_of_keys);
     EXPECT_EQ(chosen_by_key(14, XK_w, ControlMask), 1);
     EXPECT_EQ(chosen_by_key(14, XK_F4, ControlMask), 0);
 }
 
 TEST_F(MenuTest, LocksDoNotMatter) {
-    main_window(keys);
+    main_window(menu_of_keys);
     for (int locks = 0; locks < 4; ++locks) {
         if (locks & 1) lock_numbers();
         if (locks & 2) lock_capitals();
@@ -83,7 +80,7 @@ TEST_F(MenuTest, LocksDoNotMatter) {
 }
 
 TEST_F(MenuTest, InsensitiveAndUnmanagedEntriesAreNotChosen) {
-    main_window(keys);
+    main_window(menu_of_keys);
     XtSetSensitive(entry_named("s"), False);
     EXPECT_EQ(chosen_by_key(11, XK_s, ControlMask), 0);
     XtSetSensitive(entry_named("s"), True);
@@ -96,8 +93,8 @@ TEST_F(MenuTest, InsensitiveAndUnmanagedEntriesAreNotChosen) {
 
 // A key without the modifier that was meant is another key.
 TEST_F(MenuTest, UnknownModifiersChooseNothing) {
-    main_window(zone("POPUP||A|\n{\nITEM||s|Maj+S|11|\nITEM||f5|Rien+F5|12|\nITEM||x|Ctrl+Rien+X|13|\n"
-                     "ITEM||t|Super+T|14|\nITEM||w|Ctrl+W|15|\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\nITEM||s|Maj+S|11|\nITEM||f5|Rien+F5|12|\nITEM||x|Ctrl+Rien+X|13|\n"
+                          "ITEM||t|Super+T|14|\nITEM||w|Ctrl+W|15|\n}\n"));
     EXPECT_EQ(text_resource(entry_named("s"), XmNacceleratorText), "Maj+S");
     for (const unsigned modifiers : {0U, unsigned{ShiftMask}, unsigned{ControlMask}, unsigned{Mod1Mask}}) {
         EXPECT_EQ(chosen_by_key(11, XK_s, modifiers), 0) << modifiers;
@@ -114,7 +111,7 @@ class FrenchKeys : public MenuTest {
 };
 
 TEST_F(FrenchKeys, KeysAreThoseOfTheLayout) {
-    main_window(keys);
+    main_window(menu_of_keys);
     EXPECT_EQ(chosen_by_key(16, XK_a, ControlMask), 1);
     EXPECT_EQ(chosen_by_key(14, XK_w, ControlMask), 1);
     EXPECT_EQ(chosen_by_key(11, XK_s, ControlMask), 1);
@@ -122,7 +119,7 @@ TEST_F(FrenchKeys, KeysAreThoseOfTheLayout) {
 }
 
 TEST_F(FrenchKeys, AccentedMnemonicsWork) {
-    main_window(zone("POPUP||&\351dition|\n{\nITEM||a&\350re||21|\n}\n"));
+    main_window(menu_zone("POPUP||&\351dition|\n{\nITEM||a&\350re||21|\n}\n"));
     EXPECT_EQ(shown_bar(), "\351dition_\351{a\350re_\350}");
     keyboard().key(XK_eacute, Mod1Mask);
     ASSERT_TRUE(wait_visible(all_of_bar().at(1)));
@@ -133,7 +130,7 @@ TEST_F(FrenchKeys, AccentedMnemonicsWork) {
 
 // The layout that the keyboard gets while the bar is up.
 TEST_F(MenuTest, KeysFollowANewLayout) {
-    main_window(keys);
+    main_window(menu_of_keys);
     for (int i = 0; i < 3; ++i) {
         new_layout("fr");
         EXPECT_EQ(chosen_by_key(16, XK_a, ControlMask), 1) << i;
@@ -148,7 +145,7 @@ TEST_F(MenuTest, KeysFollowANewLayout) {
 }
 
 TEST_F(MenuTest, KeyThatOnlyTheNewLayoutHasWorksThen) {
-    main_window(zone("POPUP||A|\n{\nITEM||e|Ctrl+eacute|31|\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\nITEM||e|Ctrl+eacute|31|\n}\n"));
     new_layout("fr");
     EXPECT_EQ(chosen_by_key(31, XK_eacute, ControlMask), 1);
     new_layout("us");
@@ -156,7 +153,7 @@ TEST_F(MenuTest, KeyThatOnlyTheNewLayoutHasWorksThen) {
 }
 
 TEST_F(MenuTest, ManyLayoutsLeaveNothing) {
-    const INT window = main_window(keys);
+    const INT window = main_window(menu_of_keys);
     const auto bytes = heap().bytes();
     const auto grabs = server_resources(test_display(), x_window(window));
     for (const char* layout : {"fr", "us", "fr", "de", "us"}) new_layout(layout);

@@ -1,7 +1,6 @@
 // Keys of other windows that choose from the menus.
 #include "tests/display/menus/menu_kit.h"
 #include "tests/support/controls.h"
-#include "tests/support/stdout_capture.h"
 #include "tests/support/xlib_calls.h"
 
 #include "tools/verif/menu_check.h"
@@ -14,7 +13,7 @@ using namespace grxtest;
 class ForwardedKeys : public MenuTest {
   protected:
     void make_windows() {
-        main_ = main_window(keys);
+        main_ = main_window(menu_of_keys);
         GRX_FENETRE other = described(GRX_FEN_BOUTONS);
         other.x = 700;
         other_ = make(other);

@@ -1,9 +1,7 @@
 // The menu bar taken down and built again, its steps by hand.
 #include "tests/display/menus/menu_kit.h"
-#include "tests/support/controls.h"
 #include "tests/support/descriptors.h"
 #include "tests/support/stdout_capture.h"
-#include "tests/support/xlib_calls.h"
 
 #include "tools/verif/menu_check.h"
 
@@ -21,7 +19,7 @@ using namespace grxtest;
 // --- taking down and building again ---------------------------------------------------------------------------------
 
 TEST_F(MenuTest, TakingDownLeavesTheBar) {
-    main_window(example);
+    main_window(example_menu);
     const Widget bar = grx_get_Glob_menu_bar();
     EXPECT_EQ(grx_detruit_menu_bar(), 0);
     EXPECT_EQ(grx_get_Glob_menu_bar(), bar);
@@ -29,19 +27,19 @@ TEST_F(MenuTest, TakingDownLeavesTheBar) {
     EXPECT_EQ(grx_detruit_menu_bar(), 0);
     EXPECT_EQ(grx_recree_menu_bar(), 0);
     EXPECT_EQ(grx_get_Glob_menu_bar(), bar);
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
 }
 
 // Posted by pointer or key, with a submenu or without: they go first.
 TEST_F(MenuTest, OpenMenusAreTakenDown) {
-    main_window(example);
+    main_window(example_menu);
     const auto taken_down_and_built_again = [&] {
         grx_detruit_menu_bar();
         drain();
         EXPECT_TRUE(children_of(grx_get_Glob_menu_bar()).empty());
         grx_recree_menu_bar();
         drain();
-        EXPECT_EQ(shown_bar(), example_shown);
+        EXPECT_EQ(shown_bar(), example_menu_shown);
         point_at(grx_recup_nofen_principale());
         keyboard().key(XK_k);
         EXPECT_TRUE(events.wait(GRX_EVT_CARAC_APPUI)) << "the keyboard is free again";
@@ -60,7 +58,7 @@ TEST_F(MenuTest, OpenMenusAreTakenDown) {
 }
 
 TEST_F(MenuTest, OpenMenusAreBuiltAgain) {
-    main_window(example);
+    main_window(example_menu);
     open_submenu();
     EXPECT_EQ(grx_recree_menu_bar(), 0);
     drain();
@@ -69,22 +67,22 @@ TEST_F(MenuTest, OpenMenusAreBuiltAgain) {
     drain();
     grx_recree_menu_bar();
     drain();
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
 }
 
 TEST_F(MenuTest, TheWindowOfAnOpenMenuMayGo) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     open_submenu();
     grx_detruit_fenetre(window);
     drain();
     EXPECT_EQ(grx_get_Glob_menu_bar(), nullptr);
     main_window();
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
     open_submenu();
 }
 
 TEST_F(MenuTest, KeysOfMenusTakenDownAreGone) {
-    main_window(keys);
+    main_window(menu_of_keys);
     grx_detruit_menu_bar();
     drain();
     EXPECT_EQ(chosen_by_key(11, XK_s, ControlMask), 0);
@@ -97,7 +95,7 @@ TEST_F(MenuTest, KeysOfMenusTakenDownAreGone) {
 TEST_F(MenuTest, NewMainWindowAfterRebuildingHasABarOfItsOwn) {
     for (const INT module : {0, 1}) {
         istate[IST_MODULE_MENU] = 0;
-        const INT window = main_window(example);
+        const INT window = main_window(example_menu);
         istate[IST_MODULE_MENU] = module; // there is no file of module 1
         StdoutCapture silence;
         grx_detruit_menu_bar();
@@ -107,8 +105,8 @@ TEST_F(MenuTest, NewMainWindowAfterRebuildingHasABarOfItsOwn) {
         drain();
     }
     istate[IST_MODULE_MENU] = 0;
-    main_window(example);
-    EXPECT_EQ(shown_bar(), example_shown);
+    main_window(example_menu);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
 }
 
 class Rebuilding : public MenuTest {
@@ -148,7 +146,7 @@ TEST_F(Rebuilding, MainWindowsWithMenusLeaveNothingInTheServer) {
         grx_detruit_fenetre(window);
         drain();
     };
-    write_menu(example);
+    write_menu(example_menu);
     for (int i = 0; i < 3; ++i) once();
     const auto before = server_resources(test_display(), XtWindow(own));
     for (int i = 0; i < 50; ++i) once();
@@ -156,22 +154,22 @@ TEST_F(Rebuilding, MainWindowsWithMenusLeaveNothingInTheServer) {
 }
 
 TEST_F(Rebuilding, AHundredTimesChangesNothing) {
-    const auto [before, after] = a_hundred_times(main_window(keys));
+    const auto [before, after] = a_hundred_times(main_window(menu_of_keys));
     EXPECT_EQ(before, after);
     EXPECT_EQ(chosen_by_key(11, XK_s, ControlMask), 1);
 }
 
 TEST_F(Rebuilding, SubmenusComeBackTheSame) {
-    const auto [before, after] = a_hundred_times(main_window(example));
-    EXPECT_EQ(shown_bar(), example_shown);
+    const auto [before, after] = a_hundred_times(main_window(example_menu));
+    EXPECT_EQ(shown_bar(), example_menu_shown);
     EXPECT_EQ(before, after);
     EXPECT_EQ(chosen_by_key(102, XK_s, ControlMask), 1);
 }
 
 // Every depth is built again in turn: a bar without submenus and one with them.
 TEST_F(Rebuilding, ModulesTakeTurns) {
-    write_menu(example, "MNU_MECA.DAT");
-    const INT window = main_window(keys);
+    write_menu(example_menu, "MNU_MECA.DAT");
+    const INT window = main_window(menu_of_keys);
     const auto take_turns = [&] {
         for (const INT module : {1, 0}) {
             istate[IST_MODULE_MENU] = module;
@@ -185,7 +183,7 @@ TEST_F(Rebuilding, ModulesTakeTurns) {
 }
 
 TEST_F(Rebuilding, ANewColourCostsItsArrowsOnce) {
-    const INT window = main_window(keys);
+    const INT window = main_window(menu_of_keys);
     rebuild(events);
     grx_affecte_couleur_application(11);
     rebuild(events);
@@ -196,7 +194,7 @@ TEST_F(Rebuilding, ANewColourCostsItsArrowsOnce) {
 }
 
 TEST_F(MenuTest, RebuildingWithoutFileEmptiesTheBar) {
-    main_window(example);
+    main_window(example_menu);
     const Widget bar = grx_get_Glob_menu_bar();
     grx_detruit_menu_bar();
     istate[IST_MODULE_MENU] = 1;
@@ -208,11 +206,11 @@ TEST_F(MenuTest, RebuildingWithoutFileEmptiesTheBar) {
     EXPECT_TRUE(children_of(bar).empty());
     istate[IST_MODULE_MENU] = 0;
     grx_recree_menu_bar();
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
 }
 
 TEST_F(MenuTest, MainWindowIsDestroyedAndMadeAgain) {
-    INT window = main_window(example);
+    INT window = main_window(example_menu);
     for (int i = 0; i < 5; ++i) {
         grx_detruit_fenetre(window);
         drain();
@@ -222,13 +220,13 @@ TEST_F(MenuTest, MainWindowIsDestroyedAndMadeAgain) {
         EXPECT_EQ(grx_recree_menu_bar(), 0);
         EXPECT_EQ(grx_get_Glob_menu_bar(), nullptr);
         window = main_window();
-        EXPECT_EQ(shown_bar(), example_shown);
+        EXPECT_EQ(shown_bar(), example_menu_shown);
         EXPECT_EQ(chosen_by_key(102, XK_s, ControlMask), 1);
     }
 }
 
 TEST_F(MenuTest, NothingOfADestroyedMainWindowStays) {
-    INT window = main_window(example);
+    INT window = main_window(example_menu);
     grx_detruit_fenetre(window);
     drain();
     const auto bytes = heap().bytes();
@@ -243,7 +241,7 @@ TEST_F(MenuTest, NothingOfADestroyedMainWindowStays) {
 // --- the steps by hand ----------------------------------------------------------------------------------------------
 
 TEST_F(MenuTest, StepsAreOpenToTheApplication) {
-    main_window(zone("POPUP||A|\n{\nITEM||a||1|\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\nITEM||a||1|\n}\n"));
     char title[] = "Extra", label[] = "More", key[] = "Ctrl+M", line[] = "-", none[] = "";
     const Widget bar = grx_get_Glob_menu_bar(), menu = grx_debut_sous_menu_bar(bar);
     ASSERT_NE(menu, nullptr);
@@ -260,7 +258,7 @@ TEST_F(MenuTest, StepsAreOpenToTheApplication) {
 
 // A menu that the application made may go before the bar does, with its entries and their keys.
 TEST_F(MenuTest, EntriesTheApplicationDestroysAreForgotten) {
-    main_window(example);
+    main_window(example_menu);
     char title[] = "Extra", label[] = "More", key[] = "Ctrl+M", none[] = "", line[] = "-";
     const Widget bar = grx_get_Glob_menu_bar(), menu = grx_debut_sous_menu_bar(bar);
     const Widget cascade = grx_fin_sous_menu_bar(title, menu, bar);
@@ -280,11 +278,11 @@ TEST_F(MenuTest, EntriesTheApplicationDestroysAreForgotten) {
     grx_detruit_menu_bar();
     drain();
     grx_recree_menu_bar();
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
 }
 
 TEST_F(MenuTest, NullIsSurvived) {
-    main_window(example);
+    main_window(example_menu);
     char text[] = "x", none[] = "";
     EXPECT_EQ(grx_debut_sous_menu_bar(nullptr), nullptr);
     EXPECT_EQ(grx_debut_menu_bar(nullptr), nullptr);
@@ -294,27 +292,27 @@ TEST_F(MenuTest, NullIsSurvived) {
     Widget const bar = grx_get_Glob_menu_bar();
     EXPECT_EQ(grx_cree_menu_bar(nullptr), 0);
     ASSERT_EQ(grx_get_Glob_menu_bar(), bar);
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
     EXPECT_EQ(chosen_by_key(102, XK_s, ControlMask), 1) << "its keys are still there";
 }
 
 // The toolkit would not survive it.
 TEST_F(MenuTest, NothingButAMenuCanBeEndedAsOne) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     Widget const bar = grx_get_Glob_menu_bar(), work = grx_recup_objet_fen(window);
     char text[] = "x", name[] = "other";
     for (Widget other : {bar, work, XtParent(work), XmCreatePopupMenu(work, name, nullptr, 0),
              XmCreateRowColumn(work, name, nullptr, 0), XmCreateRadioBox(work, name, nullptr, 0),
              XmCreatePushButton(work, name, nullptr, 0)})
         EXPECT_EQ(grx_fin_sous_menu_bar(text, other, bar), nullptr) << XtName(other);
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
     Widget const menu = grx_debut_sous_menu_bar(bar);
     EXPECT_NE(grx_fin_sous_menu_bar(text, menu, bar), nullptr);
-    EXPECT_EQ(shown_bar(), example_shown + " x{}");
+    EXPECT_EQ(shown_bar(), example_menu_shown + " x{}");
 }
 
 TEST_F(MenuTest, ShortageOfMemoryIsSurvived) {
-    const INT window = main_window(keys);
+    const INT window = main_window(menu_of_keys);
     const std::string whole = shown_bar();
     fail_each_allocation([] {
         grx_detruit_menu_bar();

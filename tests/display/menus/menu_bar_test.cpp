@@ -1,12 +1,11 @@
 // The menu bar: its size and names, many entries, choosing by pointer and keys, other visuals, under a window manager.
 #include "tests/display/menus/menu_kit.h"
-#include "tests/support/controls.h"
 #include "tests/support/fake_visual.h"
-#include "tests/support/stdout_capture.h"
-#include "tests/support/xlib_calls.h"
+#include "tests/support/layouts.h"
 
 #include "tools/verif/menu_check.h"
 
+#include <Xm/RowColumnP.h>
 #include <Xm/XmAll.h>
 
 #include <climits>
@@ -43,7 +42,7 @@ void for_each_label(Check check) {
 }
 
 TEST_F(MenuTest, SizeIsTheBars) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     Dimension width = 0, height = 0;
     XtVaGetValues(grx_get_Glob_menu_bar(), XmNwidth, &width, XmNheight, &height, nullptr);
     EXPECT_GT(height, 10);
@@ -58,7 +57,7 @@ TEST_F(MenuTest, SizeIsTheBars) {
 }
 
 TEST_F(MenuTest, NamesAreFixed) {
-    main_window(example);
+    main_window(example_menu);
     EXPECT_STREQ(XtName(grx_get_Glob_menu_bar()), "Menu_bar");
     for (Widget widget : all_of_bar()) {
         const std::string name = XtName(widget);
@@ -77,9 +76,9 @@ TEST_F(MenuTest, NamesAreFixed) {
 }
 
 TEST_F(MenuTest, ModuleChoosesTheFile) {
-    write_menu(zone("POPUP||Common|\n"), "MNU_COMM.DAT");
-    write_menu(zone("POPUP||Mechanics|\n"), "MNU_MECA.DAT");
-    write_menu(zone("POPUP||Architecture|\n"), "MNU_ARCH.DAT");
+    write_menu(menu_zone("POPUP||Common|\n"), "MNU_COMM.DAT");
+    write_menu(menu_zone("POPUP||Mechanics|\n"), "MNU_MECA.DAT");
+    write_menu(menu_zone("POPUP||Architecture|\n"), "MNU_ARCH.DAT");
     istate[IST_MODULE_MENU] = 1;
     main_window();
     EXPECT_EQ(shown_bar(), "Mechanics{}");
@@ -95,17 +94,17 @@ TEST_F(MenuTest, ModuleChoosesTheFile) {
 
 TEST_F(MenuTest, EveryPartTakesTheApplicationColour) {
     grx_affecte_couleur_application(11);
-    main_window(example);
+    main_window(example_menu);
     const auto expected = static_cast<Pixel>(grx_recup_couleur(11));
     EXPECT_EQ(resource<Pixel>(grx_get_Glob_menu_bar(), XmNbackground), expected);
     for (Widget widget : all_of_bar()) {
-        EXPECT_EQ(resource<Pixel>(widget, XmNbackground), expected) << shown(widget);
+        EXPECT_EQ(resource<Pixel>(widget, XmNbackground), expected) << shown_entry(widget);
         EXPECT_EQ(resource<Pixel>(XtParent(widget), XmNbackground), expected);
     }
 }
 
 TEST_F(MenuTest, ShellsHaveTheDisplaysVisual) {
-    main_window(example);
+    main_window(example_menu);
     for (Widget widget : all_of_bar()) {
         if (!XtIsSubclass(widget, xmCascadeButtonWidgetClass)) continue;
         const Widget shell = XtParent(submenu_of(widget));
@@ -115,17 +114,17 @@ TEST_F(MenuTest, ShellsHaveTheDisplaysVisual) {
 }
 
 TEST_F(MenuTest, LabelsHaveASize) {
-    main_window(example);
+    main_window(example_menu);
     for_each_label([](Widget widget, XmString label, XmFontList fonts) {
         Dimension width = 0, height = 0;
         XmStringExtent(fonts, label, &width, &height);
-        EXPECT_GT(width, 10) << shown(widget);
-        EXPECT_GT(height, 5) << shown(widget);
+        EXPECT_GT(width, 10) << shown_entry(widget);
+        EXPECT_GT(height, 5) << shown_entry(widget);
     });
 }
 
 TEST_F(MenuTest, MnemonicWithoutKeyIsLeftOut) {
-    main_window(zone("POPUP||&\311dition|\n{\n}\n"));
+    main_window(menu_zone("POPUP||&\311dition|\n{\n}\n"));
     EXPECT_EQ(shown_bar(), "\311dition{}");
 }
 
@@ -135,15 +134,15 @@ TEST_F(MenuTest, LabelsAreInTheLibrarysFonts) {
     XrmPutLineResource(&resources, "*fontList: cursor");
     XrmPutLineResource(&resources, "*buttonFontList: cursor");
     XrmPutLineResource(&resources, "*labelFontList: cursor");
-    main_window(example);
+    main_window(example_menu);
     for_each_label([](Widget widget, XmString label, XmFontList fonts) {
-        EXPECT_EQ(XmStringWidth(fonts, label), XmStringWidth(fontlist, label)) << shown(widget);
-        EXPECT_EQ(entry_font(fonts), entry_font(fontlist)) << shown(widget);
+        EXPECT_EQ(XmStringWidth(fonts, label), XmStringWidth(fontlist, label)) << shown_entry(widget);
+        EXPECT_EQ(entry_font(fonts), entry_font(fontlist)) << shown_entry(widget);
     });
 }
 
 TEST_F(MenuTest, BarIsTheMainWindowsAndStandsAboveItsWork) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     const Widget bar = grx_get_Glob_menu_bar(), holder = XtParent(bar);
     EXPECT_STREQ(XtName(holder), "main");
     EXPECT_EQ(resource<Widget>(holder, XmNmenuBar), bar);
@@ -156,7 +155,7 @@ TEST_F(MenuTest, BarIsTheMainWindowsAndStandsAboveItsWork) {
 }
 
 TEST_F(MenuTest, BarIsMadeUnmanaged) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     const Widget bar = grx_debut_menu_bar(widget_of(window));
     ASSERT_NE(bar, nullptr);
     EXPECT_STREQ(XtName(bar), "Menu_bar");
@@ -166,7 +165,7 @@ TEST_F(MenuTest, BarIsMadeUnmanaged) {
 }
 
 TEST_F(MenuTest, SeparatorsHaveNoKeyAndPostNothing) {
-    main_window(zone("POPUP||A|\n{\nITEM||-|Ctrl+Q|7|\nITEM||-x&y|Ctrl+R|8|\nITEM||x-|Ctrl+T|9|\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\nITEM||-|Ctrl+Q|7|\nITEM||-x&y|Ctrl+R|8|\nITEM||x-|Ctrl+T|9|\n}\n"));
     EXPECT_EQ(shown_bar(), "A{-, -, x- <Ctrl+T>}");
     EXPECT_EQ(chosen_by_key(7, XK_q, ControlMask), 0);
     EXPECT_EQ(chosen_by_key(8, XK_r, ControlMask), 0);
@@ -180,7 +179,7 @@ class ManyEntries : public MenuTest {
     static std::string menu_of(int count) {
         std::string lines = "POPUP||A|\n{\n";
         for (int i = 0; i < count; ++i) lines += "ITEM||e" + std::to_string(i) + "||" + std::to_string(i) + "|\n";
-        return zone(lines + "}\n");
+        return menu_zone(lines + "}\n");
     }
     // Bytes that taking the menus down gives back.
     std::size_t table_bytes(int count) {
@@ -214,7 +213,7 @@ TEST_F(ManyEntries, EndingReleasesTheTableAndLeavesTheMenus) {
 }
 
 TEST_F(ManyEntries, EndingDoesNothingWithoutEntries) {
-    main_window(zone("POPUP||A|\n{\n}\nPOPUP||B|\n{\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\n}\nPOPUP||B|\n{\n}\n"));
     const auto before = heap().bytes();
     EXPECT_EQ(grx_fin_menu_bar(), 0);
     EXPECT_EQ(heap().bytes(), before);
@@ -229,32 +228,11 @@ TEST_F(ManyEntries, AllOfThemAreThereAndPost) {
     ASSERT_EQ(widgets.size(), 251U);
     for (int i = 0; i < 250; ++i) {
         const Widget entry = widgets[static_cast<std::size_t>(i) + 1];
-        ASSERT_EQ(shown(entry), "e" + std::to_string(i));
+        ASSERT_EQ(shown_entry(entry), "e" + std::to_string(i));
         XtCallCallbacks(entry, const_cast<char*>(XmNactivateCallback), nullptr);
         ASSERT_EQ(evt_global.bouton_appui.no_fo, i);
     }
 }
-
-// How often the toolkit lays a row or a column out while it lives.
-class ColumnLayouts {
-  public:
-    ColumnLayouts() : toolkit_(xmRowColumnClassRec.composite_class.change_managed) {
-        current = this;
-        xmRowColumnClassRec.composite_class.change_managed = [](Widget column) {
-            ++current->count;
-            current->toolkit_(column);
-        };
-    }
-    ~ColumnLayouts() { xmRowColumnClassRec.composite_class.change_managed = toolkit_; }
-    ColumnLayouts(const ColumnLayouts&) = delete;
-    ColumnLayouts& operator=(const ColumnLayouts&) = delete;
-
-    int count = 0;
-
-  private:
-    static inline ColumnLayouts* current = nullptr;
-    XtWidgetProc toolkit_;
-};
 
 TEST_F(ManyEntries, AMenuIsLaidOutAsAWhole) {
     main_window(menu_of(1));
@@ -262,7 +240,7 @@ TEST_F(ManyEntries, AMenuIsLaidOutAsAWhole) {
         write_menu(menu_of(count));
         grx_detruit_menu_bar();
         drain();
-        const ColumnLayouts seen;
+        const Layouts seen(xmRowColumnClassRec.composite_class.change_managed);
         grx_recree_menu_bar();
         grx_detruit_menu_bar();
         drain();
@@ -296,12 +274,12 @@ TEST_F(MenuTest, HundredMenusAndNoMore) {
         lines += "POPUP||m" + n + "|\n{\nITEM||e" + n + "||" + n + "|\n}\n";
         if (i < 100) expected.push_back("m" + n + "{e" + n + "}");
     }
-    main_window(zone(lines));
-    EXPECT_EQ(shown_bar(), joined(expected, " "));
+    main_window(menu_zone(lines));
+    EXPECT_EQ(shown_bar(), joined_texts(expected, " "));
     grx_detruit_menu_bar();
     EXPECT_TRUE(children_of(grx_get_Glob_menu_bar()).empty());
     grx_recree_menu_bar();
-    EXPECT_EQ(shown_bar(), joined(expected, " "));
+    EXPECT_EQ(shown_bar(), joined_texts(expected, " "));
 }
 
 TEST_F(MenuTest, SubmenusCountAmongTheHundred) {
@@ -312,14 +290,14 @@ TEST_F(MenuTest, SubmenusCountAmongTheHundred) {
         lines += "POPUP||s" + n + "|\n{\nITEM||e" + n + "||" + n + "|\n}\n";
         if (i < 99) expected.push_back("s" + n + "{e" + n + "}");
     }
-    main_window(zone(lines + "ITEM||last||7|\n}\nPOPUP||B|\n{\nITEM||b||8|\n}\n"));
-    EXPECT_EQ(shown_bar(), "A{" + joined(expected, ", ") + ", last}");
+    main_window(menu_zone(lines + "ITEM||last||7|\n}\nPOPUP||B|\n{\nITEM||b||8|\n}\n"));
+    EXPECT_EQ(shown_bar(), "A{" + joined_texts(expected, ", ") + ", last}");
 }
 
 // --- choosing -------------------------------------------------------------------------------------------------------
 
 TEST_F(MenuTest, ChoosingWritesFourFieldsOnly) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     GRX_EVENEMENT expected = patterned_event();
     evt_global = expected;
     expected.bouton_appui.type_evenement = GRX_EVT_BOUTON_APPUI;
@@ -337,7 +315,7 @@ TEST_F(MenuTest, ChoosingWritesFourFieldsOnly) {
 }
 
 TEST_F(MenuTest, PressHookDoesNothing) {
-    main_window(example);
+    main_window(example_menu);
     evt_global = patterned_event();
     const GRX_EVENEMENT before = evt_global;
     XEvent event{};
@@ -348,7 +326,7 @@ TEST_F(MenuTest, PressHookDoesNothing) {
 }
 
 TEST_F(MenuTest, PointerOpensAMenuAndChooses) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     const Widget cascade = children_of(grx_get_Glob_menu_bar()).at(0), entry = entry_named("Save");
     pointer().click_in(cascade);
     ASSERT_TRUE(wait_visible(entry));
@@ -369,7 +347,7 @@ TEST_F(MenuTest, PointerOpensAMenuAndChooses) {
 }
 
 TEST_F(MenuTest, PointerChoosesFromASubmenu) {
-    main_window(example);
+    main_window(example_menu);
     const Widget entry = open_submenu();
     events.clear();
     pointer().click_in(entry);
@@ -377,7 +355,7 @@ TEST_F(MenuTest, PointerChoosesFromASubmenu) {
 }
 
 TEST_F(MenuTest, KeysWalkThroughTheMenus) {
-    main_window(example);
+    main_window(example_menu);
     keyboard().key(XK_F10);
     ASSERT_TRUE(wait_for([&] {
         XEvent event;
@@ -394,7 +372,7 @@ TEST_F(MenuTest, KeysWalkThroughTheMenus) {
 }
 
 TEST_F(MenuTest, MnemonicsOpenAndChoose) {
-    main_window(example);
+    main_window(example_menu);
     keyboard().key(XK_f, Mod1Mask);
     ASSERT_TRUE(wait_visible(entry_named("Save")));
     drain();
@@ -423,8 +401,8 @@ class OtherVisualMenus : public MenuTest {
     }
     // Menus and submenus come up on it, and every way of choosing chooses.
     void expect_working_menus() {
-        main_window(example);
-        EXPECT_EQ(shown_bar(), example_shown);
+        main_window(example_menu);
+        EXPECT_EQ(shown_bar(), example_menu_shown);
         expect_visual(grx_get_Glob_menu_bar());
         const Widget sub = entry_named("Export"), entry = open_submenu();
         for (Widget shown_part : {sub, entry, XtParent(XtParent(sub)), XtParent(XtParent(entry))})
@@ -493,7 +471,7 @@ class MenusWmTest : public MenuTest {
 };
 
 TEST_F(MenusWmTest, PointerChooses) {
-    const INT window = main_window(example);
+    const INT window = main_window(example_menu);
     click_into(window);
     for (int i = 0; i < 2; ++i) {
         const Widget entry = open_submenu();
@@ -508,7 +486,7 @@ TEST_F(MenusWmTest, PointerChooses) {
 }
 
 TEST_F(MenusWmTest, KeysChooseOncePerPress) {
-    click_into(main_window(keys));
+    click_into(main_window(menu_of_keys));
     for (int locks = 0; locks < 4; ++locks) {
         if (locks & 1) lock_numbers();
         if (locks & 2) lock_capitals();
@@ -523,7 +501,7 @@ TEST_F(MenusWmTest, KeysChooseOncePerPress) {
 }
 
 TEST_F(MenusWmTest, MnemonicsOpenAndChoose) {
-    click_into(main_window(example));
+    click_into(main_window(example_menu));
     keyboard().key(XK_f, Mod1Mask);
     ASSERT_TRUE(wait_visible(entry_named("Save")));
     drain();
@@ -533,7 +511,7 @@ TEST_F(MenusWmTest, MnemonicsOpenAndChoose) {
 }
 
 TEST_F(MenusWmTest, KeysOfAnotherWindowGoToTheMenusOnce) {
-    main_window(keys);
+    main_window(menu_of_keys);
     GRX_FENETRE other = described(GRX_FEN_GRAPHIQUE);
     other.x = 700;
     const INT window = make(other);

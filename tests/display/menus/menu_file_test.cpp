@@ -1,8 +1,6 @@
 // What the lines of a menu file build.
 #include "tests/display/menus/menu_kit.h"
-#include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
-#include "tests/support/xlib_calls.h"
 
 #include "tools/verif/menu_check.h"
 
@@ -16,16 +14,16 @@ namespace {
 using namespace grxtest;
 
 TEST_F(MenuTest, ExampleIsBuiltInOrder) {
-    main_window(example);
-    EXPECT_EQ(shown_bar(), example_shown);
+    main_window(example_menu);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
     EXPECT_TRUE(XtIsManaged(grx_get_Glob_menu_bar()));
 }
 
 TEST_F(MenuTest, LineEndsDoNotMatter) {
     std::string dos;
-    for (char c : example) dos += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    for (char c : example_menu) dos += c == '\n' ? std::string("\r\n") : std::string(1, c);
     main_window(dos);
-    EXPECT_EQ(shown_bar(), example_shown);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
 }
 
 TEST_F(MenuTest, LastLineNeedsNoEnd) {
@@ -42,8 +40,8 @@ TEST_F(MenuTest, UselessLinesAreSkipped) {
 }
 
 TEST_F(MenuTest, HugeLinesAreSurvived) {
-    main_window(zone("POPUP||A|\n{\nITEM||" + std::string(100000, 'x') + "||1|\nITEM||b||2|\n"
-                     + std::string(100000, '|') + "\n" + std::string(100000, '#') + "\nITEM||c||3|\n}\n"));
+    main_window(menu_zone("POPUP||A|\n{\nITEM||" + std::string(100000, 'x') + "||1|\nITEM||b||2|\n"
+                          + std::string(100000, '|') + "\n" + std::string(100000, '#') + "\nITEM||c||3|\n}\n"));
     const std::string bar = shown_bar();
     EXPECT_NE(bar.find("b, "), std::string::npos) << bar.substr(0, 500);
     EXPECT_TRUE(bar.ends_with("c}")) << bar.substr(0, 500);
@@ -55,7 +53,7 @@ TEST_F(MenuTest, HugeLinesAreSurvived) {
 }
 
 TEST_F(MenuTest, EntryWithoutMenuIsSkipped) {
-    main_window(zone("ITEM||lost||1|\nPOPUP||A|\nITEM||at depth 1||2|\n{\nITEM||a||3|\n}\n"));
+    main_window(menu_zone("ITEM||lost||1|\nPOPUP||A|\nITEM||at depth 1||2|\n{\nITEM||a||3|\n}\n"));
     EXPECT_EQ(shown_bar(), "A{at depth 1, a}");
 }
 
@@ -67,15 +65,16 @@ TEST_F(MenuTest, LinesOutsideTheBracesBuildNothing) {
 }
 
 TEST_F(MenuTest, DeeperLevelsBuildNothing) {
-    main_window(zone(
+    main_window(menu_zone(
         "POPUP||A|\n{\nPOPUP||B|\n{\nITEM||b||1|\nPOPUP||C|\n{\nITEM||c||2|\n}\nITEM||d||3|\n}\nITEM||e||4|\n}\n"));
     EXPECT_EQ(shown_bar(), "A{B{b, d}, e}");
 }
 
 // A submenu's button comes when the submenu ends.
 TEST_F(MenuTest, SubmenusKeepTheirPlace) {
-    main_window(zone("POPUP||A|\n{\nITEM||1||1|\nPOPUP||B|\n{\nITEM||b||2|\n}\nPOPUP||C|\n{\nITEM||c||3|\n}\n"
-                     "ITEM||2||4|\nPOPUP||D|\n{\nITEM||d||5|\n}\n}\nPOPUP||E|\n{\nPOPUP||F|\n{\nITEM||f||6|\n}\n}\n"));
+    main_window(
+        menu_zone("POPUP||A|\n{\nITEM||1||1|\nPOPUP||B|\n{\nITEM||b||2|\n}\nPOPUP||C|\n{\nITEM||c||3|\n}\n"
+                  "ITEM||2||4|\nPOPUP||D|\n{\nITEM||d||5|\n}\n}\nPOPUP||E|\n{\nPOPUP||F|\n{\nITEM||f||6|\n}\n}\n"));
     EXPECT_EQ(shown_bar(), "A{1, B{b}, C{c}, 2, D{d}} E{F{f}}");
 }
 
@@ -85,7 +84,7 @@ TEST_F(MenuTest, OpenMenusEndWithTheFile) {
 }
 
 TEST_F(MenuTest, MenusWithoutEntries) {
-    main_window(zone("POPUP||A|\nPOPUP||B|\n{\n}\nPOPUP||C|\n{\nPOPUP||D|\nPOPUP||E|\n}\n"));
+    main_window(menu_zone("POPUP||A|\nPOPUP||B|\n{\n}\nPOPUP||C|\n{\nPOPUP||D|\nPOPUP||E|\n}\n"));
     EXPECT_EQ(shown_bar(), "A{} B{} C{D{}, E{}}");
     grx_detruit_menu_bar();
     EXPECT_TRUE(children_of(grx_get_Glob_menu_bar()).empty());
@@ -118,7 +117,7 @@ TEST_F(MenuTest, MissingFileIsError2AndNoBar) {
     EXPECT_EQ(grx_recup_tamenubar(), 0);
     EXPECT_EQ(grx_detruit_menu_bar(), 0);
     EXPECT_EQ(grx_fin_menu_bar(), 0);
-    write_menu(example);
+    write_menu(example_menu);
     EXPECT_EQ(grx_recree_menu_bar(), 0);
     EXPECT_EQ(grx_get_Glob_menu_bar(), nullptr);
 }

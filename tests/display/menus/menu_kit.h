@@ -2,10 +2,6 @@
 #pragma once
 
 #include "tests/display/window_kit.h"
-#include "tests/support/controls.h"
-#include "tests/support/fake_visual.h"
-#include "tests/support/stdout_capture.h"
-#include "tests/support/xlib_calls.h"
 
 #include "tools/verif/menu_check.h"
 
@@ -21,47 +17,47 @@
 
 namespace grxtest {
 
-inline std::string zone(const std::string& lines) {
+inline std::string menu_zone(const std::string& lines) {
     return "#:ZONE_MENU_BAR\n{\n" + lines + "}\n";
 }
 
-inline const std::string example = zone("POPUP|12||\n"
-                                        "{\n"
-                                        "ITEM|13||Ctrl+O|101|\n"
-                                        "ITEM||&Save|Ctrl+S|102|\n"
-                                        "ITEM||-|||\n"
-                                        "POPUP||&Export|\n"
-                                        "{\n"
-                                        "ITEM||DXF...||120|\n"
-                                        "}\n"
-                                        "ITEM||Quit||999|\n"
-                                        "}\n"
-                                        "POPUP||&Help|\n"
-                                        "{\n"
-                                        "ITEM||About||900|\n"
-                                        "}\n");
-inline const std::string example_shown =
+inline const std::string example_menu = menu_zone("POPUP|12||\n"
+                                                  "{\n"
+                                                  "ITEM|13||Ctrl+O|101|\n"
+                                                  "ITEM||&Save|Ctrl+S|102|\n"
+                                                  "ITEM||-|||\n"
+                                                  "POPUP||&Export|\n"
+                                                  "{\n"
+                                                  "ITEM||DXF...||120|\n"
+                                                  "}\n"
+                                                  "ITEM||Quit||999|\n"
+                                                  "}\n"
+                                                  "POPUP||&Help|\n"
+                                                  "{\n"
+                                                  "ITEM||About||900|\n"
+                                                  "}\n");
+inline const std::string example_menu_shown =
     "File_F{Open_O <Ctrl+O>, Save_S <Ctrl+S>, -, Export_E{DXF...}, Quit} Help_H{About}";
 
 inline Widget submenu_of(Widget cascade) {
     return resource<Widget>(cascade, XmNsubMenuId);
 }
 
-inline std::string joined(const std::vector<std::string>& texts, const char* between) {
+inline std::string joined_texts(const std::vector<std::string>& texts, const char* between) {
     std::string result;
     for (const auto& text : texts) result += (result.empty() ? "" : between) + text;
     return result;
 }
 
-inline std::string shown(Widget entry) {
+inline std::string shown_entry(Widget entry) {
     if (XtIsSubclass(entry, xmSeparatorWidgetClass)) return "-";
     std::string text = text_resource(entry, XmNlabelString);
     const KeySym mnemonic = resource<KeySym>(entry, XmNmnemonic);
     if (mnemonic != NoSymbol && mnemonic != XK_VoidSymbol) text += "_" + std::string(1, static_cast<char>(mnemonic));
     if (XtIsSubclass(entry, xmCascadeButtonWidgetClass)) {
         std::vector<std::string> inner;
-        for (Widget child : children_of(submenu_of(entry))) inner.push_back(shown(child));
-        return text + "{" + joined(inner, ", ") + "}";
+        for (Widget child : children_of(submenu_of(entry))) inner.push_back(shown_entry(child));
+        return text + "{" + joined_texts(inner, ", ") + "}";
     }
     const std::string key = text_resource(entry, XmNacceleratorText);
     return key == "(none)" || key.empty() ? text : text + " <" + key + ">";
@@ -70,21 +66,21 @@ inline std::string shown(Widget entry) {
 // The whole bar as text: menus with their mnemonics, entries with their keys.
 inline std::string shown_bar() {
     std::vector<std::string> menus;
-    for (Widget cascade : children_of(grx_get_Glob_menu_bar())) menus.push_back(shown(cascade));
-    return joined(menus, " ");
+    for (Widget cascade : children_of(grx_get_Glob_menu_bar())) menus.push_back(shown_entry(cascade));
+    return joined_texts(menus, " ");
 }
 
-inline void gather(Widget menu, std::vector<Widget>& into) {
+inline void gather_entries(Widget menu, std::vector<Widget>& into) {
     for (Widget child : children_of(menu)) {
         into.push_back(child);
-        if (XtIsSubclass(child, xmCascadeButtonWidgetClass)) gather(submenu_of(child), into);
+        if (XtIsSubclass(child, xmCascadeButtonWidgetClass)) gather_entries(submenu_of(child), into);
     }
 }
 
 // Every cascade, entry and separator, in order.
 inline std::vector<Widget> all_of_bar() {
     std::vector<Widget> result;
-    gather(grx_get_Glob_menu_bar(), result);
+    gather_entries(grx_get_Glob_menu_bar(), result);
     return result;
 }
 
@@ -96,10 +92,10 @@ inline Widget entry_named(const std::string& label) {
 }
 
 // How many of each kind are in the bar, or taken by the checker of menu files.
-using Counts = std::map<std::string, long>;
+using MenuCounts = std::map<std::string, long>;
 
-inline Counts built_counts() {
-    Counts counts{{"menu", 0}, {"entry", 0}, {"separator", 0}};
+inline MenuCounts built_counts() {
+    MenuCounts counts{{"menu", 0}, {"entry", 0}, {"separator", 0}};
     for (Widget w : all_of_bar()) {
         const bool menu = XtIsSubclass(w, xmCascadeButtonWidgetClass);
         ++counts[menu ? "menu" : XtIsSubclass(w, xmSeparatorWidgetClass) ? "separator" : "entry"];
@@ -107,9 +103,9 @@ inline Counts built_counts() {
     return counts;
 }
 
-inline Counts checked_counts(const std::string& menu_file) {
+inline MenuCounts checked_counts(const std::string& menu_file) {
     std::istringstream file(menu_file);
-    Counts counts{{"menu", 0}, {"entry", 0}, {"separator", 0}};
+    MenuCounts counts{{"menu", 0}, {"entry", 0}, {"separator", 0}};
     for (const auto& finding : verif::MenuCheck::check(file)) {
         if (finding.verdict != verif::Verdict::taken) continue;
         const auto kind = finding.text.substr(0, finding.text.find(' '));
@@ -186,8 +182,9 @@ class MenuTest : public DisplayTest {
     }
 };
 
-inline const std::string keys = zone("POPUP||A|\n{\nITEM||s|Ctrl+S|11|\nITEM||f5|F5|12|\nITEM||x|Alt+X|13|\n"
-                                     "ITEM||w|Ctrl+W,Ctrl+F4|14|\nITEM||t|Ctrl+Shift+T|15|\nITEM||a|Ctrl+A|16|\n"
-                                     "ITEM||delete|Shift+Delete|17|\nITEM||f5c|Ctrl+F5|18|\nITEM||aa|Alt+A|19|\n}\n");
+inline const std::string menu_of_keys =
+    menu_zone("POPUP||A|\n{\nITEM||s|Ctrl+S|11|\nITEM||f5|F5|12|\nITEM||x|Alt+X|13|\n"
+              "ITEM||w|Ctrl+W,Ctrl+F4|14|\nITEM||t|Ctrl+Shift+T|15|\nITEM||a|Ctrl+A|16|\n"
+              "ITEM||delete|Shift+Delete|17|\nITEM||f5c|Ctrl+F5|18|\nITEM||aa|Alt+A|19|\n}\n");
 
 } // namespace grxtest

@@ -1,7 +1,6 @@
 // Double clicks.
 #include "tests/display/session/digitizer_kit.h"
 #include "tests/display/bells.h"
-#include "tests/support/controls.h"
 
 #include <X11/keysym.h>
 

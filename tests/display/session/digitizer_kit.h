@@ -3,7 +3,6 @@
 
 #include "tests/display/window_kit.h"
 #include "tests/display/bells.h"
-#include "tests/support/controls.h"
 
 namespace grxtest {
 

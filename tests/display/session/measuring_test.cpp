@@ -1,9 +1,6 @@
 // The character cell and the scroll bar, measured at the start and again.
+#include "tests/display/controls/control_creation_kit.h"
 #include "tests/display/display/start_kit.h"
-#include "tests/support/cell_hog.h"
-#include "tests/support/controls.h"
-#include "tests/support/counters.h"
-#include "tests/support/stdout_capture.h"
 
 namespace {
 
@@ -126,6 +123,47 @@ TEST_F(StartUp, TheProbeIsNeverShown) {
         EXPECT_NE(event.type, MapNotify);
     }
     EXPECT_GT(created, 0) << "there was a probe";
+}
+
+TEST_F(ControlCreation, TheCharacterCellIsMeasuredWithThrowAwayControls) {
+    const auto measured = [&](INT type, INT columns, const char* title) {
+        GRX_BOUTON description = a(type, 0, title);
+        description.largeur = description.hauteur = -1;
+        description.tabi[GRX_BOU_TABI_COLONNES] = columns;
+        const INT n = placed(description);
+        const Extent size = extent_of(control(n));
+        grx_detruit_bouton(n);
+        return size;
+    };
+    const Extent one = measured(GRX_BOU_TEXTE, 1, "test"), two = measured(GRX_BOU_TEXTE, 2, "test");
+    const Extent label = measured(GRX_BOU_LABEL, 0, "A");
+    for (auto set : {grx_affecte_lar_carac_alpha, grx_affecte_hau_carac_alpha, grx_affecte_hau_exact_carac_alpha,
+             grx_affecte_lar_sup_alpha})
+        set(-99);
+    const std::size_t children = children_of(widget_of(window)).size();
+    const INT free_number = grx_recup_indice_objet_bout_libre();
+    asked.forget();
+    affecte_carac_font(widget_of(window));
+    ASSERT_EQ(asked.creations.size(), 3U);
+    const auto made = [&](std::size_t i, const char* title, WidgetClass kind, INT place) {
+        EXPECT_EQ(asked.creations[i].name, title) << i;
+        EXPECT_EQ(asked.creations[i].widget_class, kind) << i;
+        EXPECT_EQ(asked.creations[i].arguments.at(XmNx), place) << i;
+        EXPECT_EQ(asked.creations[i].arguments.at(XmNy), place) << i;
+    };
+    made(0, "test", xmTextFieldWidgetClass, 0);
+    made(1, "test", xmTextFieldWidgetClass, 10);
+    made(2, "A", xmLabelWidgetClass, 0);
+    EXPECT_EQ(asked.creations[0].arguments.at(XmNcolumns), 1);
+    EXPECT_EQ(asked.creations[1].arguments.at(XmNcolumns), 2);
+    EXPECT_EQ(grx_recup_hau_carac_alpha(), one.height);
+    EXPECT_EQ(grx_recup_lar_carac_alpha(), two.width - one.width);
+    EXPECT_EQ(grx_recup_lar_sup_alpha(), two.width - 2 * (two.width - one.width));
+    EXPECT_EQ(grx_recup_hau_exact_carac_alpha(), label.height);
+    EXPECT_GT(grx_recup_lar_carac_alpha(), 0);
+    drain();
+    EXPECT_EQ(children_of(widget_of(window)).size(), children);
+    EXPECT_EQ(grx_recup_indice_objet_bout_libre(), free_number);
 }
 
 } // namespace

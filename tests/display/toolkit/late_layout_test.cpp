@@ -1,6 +1,7 @@
 // Many controls at once: what a burst of them costs, and that it ends where one at a time does.
 #include "tests/display/panel_kit.h"
 #include "tests/support/counters.h"
+#include "tests/support/layouts.h"
 
 #include <Xm/FormP.h>
 
@@ -11,26 +12,9 @@ namespace {
 using namespace grxtest;
 
 // Layouts of a window's form by the toolkit, from the construction on.
-class LayoutCount {
+class LayoutCount : public Layouts {
   public:
-    explicit LayoutCount(INT window)
-        : form_(widget_of(window)), toolkit_(xmFormClassRec.composite_class.change_managed) {
-        current = this;
-        xmFormClassRec.composite_class.change_managed = [](Widget form) {
-            if (form == current->form_) ++current->count;
-            current->toolkit_(form);
-        };
-    }
-    ~LayoutCount() { xmFormClassRec.composite_class.change_managed = toolkit_; }
-    LayoutCount(const LayoutCount&) = delete;
-    LayoutCount& operator=(const LayoutCount&) = delete;
-
-    int count = 0;
-
-  private:
-    static inline LayoutCount* current = nullptr;
-    Widget form_;
-    XtWidgetProc toolkit_;
+    explicit LayoutCount(INT window) : Layouts(xmFormClassRec.composite_class.change_managed, widget_of(window)) {}
 };
 
 class Burst : public ControlsTest {

@@ -1,7 +1,6 @@
 // Shells: their kind, icon, title, decorations and visual.
 #include "tests/display/windows/window_creation_kit.h"
 #include "tests/support/fake_visual.h"
-#include "tests/support/stdout_capture.h"
 
 namespace {
 

@@ -76,7 +76,7 @@ class Stacked : public Base {
     void expect_the_order_kept(const std::vector<INT>& numbers) {
         let_the_manager_finish();
         for (const INT n : numbers)
-            for (std::size_t k = 0; k < operations.size(); ++k) expect_kept_by(k, n, numbers);
+            for (std::size_t k = 0; k < decoration_operations.size(); ++k) expect_kept_by(k, n, numbers);
     }
 
     std::vector<INT> three_windows() {

@@ -1,6 +1,5 @@
 // What each kind of window is made of, its colours, and what single kinds have.
 #include "tests/display/windows/window_creation_kit.h"
-#include "tests/support/stdout_capture.h"
 
 #include "xt_prive.h"
 

@@ -14,6 +14,8 @@ constexpr INT scroll_bit = GRX_FEN_ATT_SCROLL;
 constexpr INT main_bit = GRX_FEN_ATT_PRINCIPALE;
 constexpr std::array<INT, 9> no_windows{0, -1, -7, 50, 99, 100, 101, INT_MAX, INT_MIN};
 
+// --- under mwm ----------------------------------------------------------------------------------------------------------
+
 TEST_F(WindowsWmTest, IconifyAndBack) {
     const INT n = framed();
     EXPECT_EQ(grx_iconifie_fenetre(n), 0);

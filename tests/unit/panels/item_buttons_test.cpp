@@ -1,8 +1,7 @@
-// Panel items without a display: cutting their texts, the tables of their buttons.
+// The tables of the buttons of panel items, without a display.
 #include <gtest/gtest.h>
 
 #include "tests/support/heap.h"
-#include "tests/unit/c_text.h"
 
 #include "xt_bou_f.h"
 #include "xt_ini_t.h"
@@ -10,103 +9,10 @@
 
 #include <array>
 #include <climits>
-#include <cstring>
-#include <string>
 #include <vector>
 
 namespace grxtest {
 namespace {
-
-// --- texts ----------------------------------------------------------------------------------------------------------
-
-using Lines = std::vector<std::string>;
-
-// Every line of the table is a pattern first, so that lines that must not be written show.
-Lines decoded(const std::string& text, INT width, INT most) {
-    std::array<char[GRX_ITEM_LIGNE_MAX], 40> lines;
-    std::memset(lines.data(), '?', sizeof lines);
-    std::string copy = text;
-    INT count = most;
-    EXPECT_EQ(decode_message(copy.data(), width, &count, lines.data()), 0);
-    EXPECT_EQ(copy, text) << "the text itself was changed";
-    Lines result;
-    for (INT i = 0; i < count; ++i) {
-        EXPECT_NE(std::memchr(lines[static_cast<std::size_t>(i)], 0, GRX_ITEM_LIGNE_MAX), nullptr) << i;
-        result.emplace_back(lines[static_cast<std::size_t>(i)]);
-    }
-    for (std::size_t i = static_cast<std::size_t>(std::max(count, 0)); i < lines.size(); ++i)
-        EXPECT_EQ(std::string(lines[i], GRX_ITEM_LIGNE_MAX), std::string(GRX_ITEM_LIGNE_MAX, '?')) << "line " << i;
-    return result;
-}
-
-TEST(ItemText, IsCutAtEveryDashAndTrimmed) {
-    EXPECT_EQ(decoded("Units- mm - cm-m", 0, 10), (Lines{"Units", "mm", "cm", "m"}));
-    EXPECT_EQ(decoded("  One  word  ", 0, 10), (Lines{"One  word"}));
-    EXPECT_EQ(decoded("a", 0, 10), (Lines{"a"}));
-}
-
-TEST(ItemText, TheEarliestOfTheLongestLinesIsPadded) {
-    EXPECT_EQ(decoded("Units- mm - cm-m", 6, 10), (Lines{"Units", "mm    ", "cm", "m"}));
-    EXPECT_EQ(decoded("Units-m-cm-mm", 6, 10), (Lines{"Units", "m", "cm    ", "mm"}));
-    EXPECT_EQ(decoded("T-abc-de", 4, 10), (Lines{"T", "abc ", "de"}));
-}
-
-TEST(ItemText, TheTitleIsNeverChosenWhileAnyChoiceHasACharacter) {
-    EXPECT_EQ(decoded("A very long title-m", 4, 10), (Lines{"A very long title", "m   "}));
-    EXPECT_EQ(decoded("Title- -m-", 3, 10), (Lines{"Title", "", "m  ", ""}));
-}
-
-TEST(ItemText, TheTitleIsPaddedWhenNoChoiceHasACharacter) {
-    EXPECT_EQ(decoded("Title", 8, 10), (Lines{"Title   "}));
-    EXPECT_EQ(decoded("Title- - ", 8, 10), (Lines{"Title   ", "", ""}));
-    EXPECT_EQ(decoded("", 3, 10), (Lines{"   "}));
-}
-
-TEST(ItemText, NoLineIsShortened) {
-    EXPECT_EQ(decoded("T-abcdef", 6, 10), (Lines{"T", "abcdef"}));
-    EXPECT_EQ(decoded("T-abcdef", 5, 10), (Lines{"T", "abcdef"}));
-    EXPECT_EQ(decoded("Long title", 4, 10), (Lines{"Long title"}));
-    for (INT width : {0, -1, INT_MIN}) EXPECT_EQ(decoded("T-ab", width, 10), (Lines{"T", "ab"})) << width;
-    EXPECT_EQ(decoded("T-a", 1, 10), (Lines{"T", "a"}));
-    EXPECT_EQ(decoded("T-", 1, 10), (Lines{"T", ""}));
-}
-
-TEST(ItemText, EmptyPiecesAreLines) {
-    EXPECT_EQ(decoded("", 0, 10), (Lines{""}));
-    EXPECT_EQ(decoded("   ", 0, 10), (Lines{""}));
-    EXPECT_EQ(decoded("-", 0, 10), (Lines{"", ""}));
-    EXPECT_EQ(decoded("a-", 0, 10), (Lines{"a", ""}));
-    EXPECT_EQ(decoded("--b", 0, 10), (Lines{"", "", "b"}));
-}
-
-TEST(ItemText, CuttingStopsAtTheMostLinesWanted) {
-    EXPECT_EQ(decoded("a-b-c-d", 0, 3), (Lines{"a", "b", "c"}));
-    EXPECT_EQ(decoded("a-b-c-d", 0, 4), (Lines{"a", "b", "c", "d"}));
-    EXPECT_EQ(decoded("a-b-longer", 5, 2), (Lines{"a", "b    "})) << "lines that are not made are not measured";
-    EXPECT_EQ(decoded("a-b", 5, 1), (Lines{"a    "}));
-    for (INT most : {0, -1, INT_MIN}) EXPECT_EQ(decoded("a-b", 5, most), Lines()) << most;
-}
-
-TEST(ItemText, LinesHoldSeventyNineCharacters) {
-    const std::string longest(79, 'x');
-    EXPECT_EQ(decoded("T-" + longest, 0, 10), (Lines{"T", longest}));
-    EXPECT_EQ(decoded("T-" + longest + "yz-b", 0, 10), (Lines{"T", longest, "b"}));
-    EXPECT_EQ(decoded(std::string(5000, 'x'), 0, 10), (Lines{longest}));
-    EXPECT_EQ(decoded("T-m", 79, 10), (Lines{"T", "m" + std::string(78, ' ')}));
-    EXPECT_EQ(decoded("T-m", 80, 10), (Lines{"T", "m" + std::string(78, ' ')}));
-    EXPECT_EQ(decoded("T-m", INT_MAX, 10), (Lines{"T", "m" + std::string(78, ' ')}));
-}
-
-TEST(ItemText, MissingArgumentsAreRefused) {
-    char lines[2][GRX_ITEM_LIGNE_MAX];
-    INT count = 2;
-    EXPECT_EQ(decode_message(nullptr, 0, &count, lines), 0);
-    EXPECT_EQ(decode_message(in("a-b"), 0, nullptr, lines), 0);
-    count = 2;
-    EXPECT_EQ(decode_message(in("a-b"), 0, &count, nullptr), 0);
-}
-
-// --- tables -----------------------------------------------------------------------------------------------------------
 
 class ItemTables : public testing::Test {
   protected:
@@ -380,47 +286,6 @@ TEST(ItemSizes, APanelHasAMarginOfOnePixelOnEachSide) {
     grx_demande_taille_optimale_panel(nullptr, &height);
     EXPECT_EQ(width, 104);
     EXPECT_EQ(height, 44);
-}
-
-// --- lists ------------------------------------------------------------------------------------------------------------
-
-TEST(PanelListTable, IsAllocatedAndFreed) {
-    const NoLeak no_leak;
-    EXPECT_EQ(grx_alloue_base_liste_panels(), 0);
-    EXPECT_NE(Tab_liste, nullptr);
-    EXPECT_EQ(grx_alloue_base_liste_panels(), 0) << "a second time loses nothing";
-    EXPECT_EQ(test_liste_deja_affichee(1, 55007), -1);
-    EXPECT_EQ(test_liste_deja_affichee(-1, -1), -1) << "a free slot is no list";
-    EXPECT_EQ(grx_test_liste_ouverte(7), 0);
-    EXPECT_EQ(grx_test_liste_ouverte(-55001), 0) << "the key of a free slot";
-    EXPECT_EQ(grx_recup_objet_item_liste(1, 7), nullptr);
-    EXPECT_EQ(grx_recup_objet_item_liste(-1, -55001), nullptr);
-    EXPECT_EQ(grx_supprime_item_liste(1, 7), 0);
-    EXPECT_EQ(grx_supprime_item_liste(-1, -55001), 0);
-    EXPECT_EQ(grx_desalloue_base_liste_panels(), 0);
-    EXPECT_EQ(Tab_liste, nullptr);
-    EXPECT_EQ(grx_desalloue_base_liste_panels(), 0);
-}
-
-TEST(PanelListTable, AFailedAllocationGives1) {
-    const NoLeak no_leak;
-    heap().fail_at(1);
-    EXPECT_EQ(grx_alloue_base_liste_panels(), 1);
-    heap().fail_never();
-    EXPECT_EQ(test_liste_deja_affichee(1, 55007), -1);
-    EXPECT_EQ(grx_test_liste_ouverte(7), 0);
-    EXPECT_EQ(grx_recup_objet_item_liste(1, 7), nullptr);
-    EXPECT_EQ(grx_supprime_item_liste(1, 7), 0);
-    EXPECT_EQ(test_realloue_Tab_liste(), 0);
-    grx_desalloue_base_liste_panels();
-}
-
-TEST(PanelListTable, IsNotDoubledWhileItHasRoom) {
-    ASSERT_EQ(grx_alloue_base_liste_panels(), 0);
-    const std::size_t bytes = heap().bytes();
-    EXPECT_EQ(test_realloue_Tab_liste(), 0);
-    EXPECT_EQ(heap().bytes(), bytes);
-    grx_desalloue_base_liste_panels();
 }
 
 } // namespace

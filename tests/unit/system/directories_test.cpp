@@ -25,12 +25,6 @@ Path path_of(const std::string& text) {
     return path;
 }
 
-TEST(Stubs, AnswerWithoutDoingAnything) {
-    EXPECT_EQ(grx_charge_icones(), 1);
-    EXPECT_EQ(grx_selection_fonte_dialogue(), 0);
-    EXPECT_EQ(grx_selection_fonte_status(), 0);
-}
-
 class IconDirectory : public testing::Test {
   protected:
     void TearDown() override {

@@ -1,13 +1,16 @@
-// The entry points for data files of an older generation: they answer, and read nothing.
+// Entry points that do nothing here: readers of older files, help, cursors and fonts of other systems.
+#include <gtest/gtest.h>
+
 #include "tests/support/temp_dir.h"
 
 #include "xt_f.h"
-
-#include <gtest/gtest.h>
+#include "xt_ini_f.h"
+#include "xt_uti_f.h"
 
 #include <sys/stat.h>
 
 #include <array>
+#include <climits>
 #include <cstdio>
 #include <string>
 
@@ -58,6 +61,23 @@ TEST_P(OldReaders, LeavesAnOpenFileWhereItIs) {
 
 INSTANTIATE_TEST_SUITE_P(All, OldReaders, testing::ValuesIn(entries),
     [](const auto& parameter) { return std::string(parameter.param.name); });
+
+TEST(Stubs, HelpAndWaitingCursorDoNothing) {
+    testing::internal::CaptureStdout();
+    grx_selectionne_curseur_attente();
+    grx_deselectionne_curseur_attente();
+    grx_contenu_aide();
+    grx_aide_sur();
+    grx_utilisation_aide();
+    grx_aide_f1(INT_MAX);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(Stubs, AnswerWithoutDoingAnything) {
+    EXPECT_EQ(grx_charge_icones(), 1);
+    EXPECT_EQ(grx_selection_fonte_dialogue(), 0);
+    EXPECT_EQ(grx_selection_fonte_status(), 0);
+}
 
 } // namespace
 } // namespace grxtest
