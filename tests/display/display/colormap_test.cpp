@@ -15,7 +15,7 @@ namespace {
 using namespace grxtest;
 using Lines = std::vector<std::string>;
 
-constexpr INT icons = 16, reserved = 8;
+constexpr INT icons = 16;
 
 class CountsFromTheFile : public DisplayTest {
     void before_start() override {

@@ -1,8 +1,6 @@
 // The keys of menu entries.
 #include "tests/display/menus/menu_kit.h"
 
-#include "tools/verif/menu_check.h"
-
 #include <Xm/XmAll.h>
 
 #include <algorithm>

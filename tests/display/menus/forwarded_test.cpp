@@ -3,7 +3,6 @@
 #include "tests/support/controls.h"
 #include "tests/support/xlib_calls.h"
 
-#include "tools/verif/menu_check.h"
 #include "xt_prive.h"
 
 namespace {

@@ -3,8 +3,6 @@
 #include "tests/support/descriptors.h"
 #include "tests/support/stdout_capture.h"
 
-#include "tools/verif/menu_check.h"
-
 #include <X11/IntrinsicP.h>
 #include <Xm/XmAll.h>
 

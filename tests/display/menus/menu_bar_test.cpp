@@ -3,8 +3,6 @@
 #include "tests/support/fake_visual.h"
 #include "tests/support/layouts.h"
 
-#include "tools/verif/menu_check.h"
-
 #include <Xm/RowColumnP.h>
 #include <Xm/XmAll.h>
 

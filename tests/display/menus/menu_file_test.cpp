@@ -2,8 +2,6 @@
 #include "tests/display/menus/menu_kit.h"
 #include "tests/support/stdout_capture.h"
 
-#include "tools/verif/menu_check.h"
-
 #include <Xm/XmAll.h>
 
 #include <cstring>

@@ -1,6 +1,5 @@
 // Double clicks.
 #include "tests/display/session/digitizer_kit.h"
-#include "tests/display/bells.h"
 
 #include <X11/keysym.h>
 

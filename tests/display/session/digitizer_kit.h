@@ -2,7 +2,6 @@
 #pragma once
 
 #include "tests/display/window_kit.h"
-#include "tests/display/bells.h"
 
 namespace grxtest {
 
