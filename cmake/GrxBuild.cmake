@@ -7,15 +7,10 @@ function(grx_default_build_type type)
   endif()
 endfunction()
 
-# grx_sources(VARIABLE PATTERN...): the files that match, seen again at every build. A folder that is not there
-# yet gives one empty source, so that its target can always be made.
+# grx_sources(VARIABLE PATTERN...): the files that match, seen again at every build.
 function(grx_sources variable)
   list(TRANSFORM ARGN PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
   file(GLOB found CONFIGURE_DEPENDS ${ARGN})
-  if(NOT found)
-    set(found "${PROJECT_BINARY_DIR}/empty.cpp")
-    file(CONFIGURE OUTPUT "${found}" CONTENT "namespace { [[maybe_unused]] constexpr int nothing = 0; }\n")
-  endif()
   set(${variable} ${found} PARENT_SCOPE)
 endfunction()
 

@@ -32,6 +32,10 @@ inline constexpr std::array control_kinds{ControlKind{"drawn", GRX_BOU_DESSINE, 
     ControlKind{"separator", GRX_BOU_SEPARATEUR, 0}, ControlKind{"area", GRX_BOU_ZONE_DESSIN, 0},
     ControlKind{"colour", GRX_BOU_COULEUR, 0}};
 
+inline bool has_label(INT type) {
+    return type == 1 || type == 2 || type == 4 || type == 16 || type == 512 || type == 4096;
+}
+
 inline constexpr std::array<INT, 7> no_controls{-1, -2, 999, 1000, 1001, INT_MIN, INT_MAX};
 
 // A visible and sensitive control with a place and a size, function 700, value 31.
@@ -67,13 +71,6 @@ inline bool is_a(Widget widget, WidgetClass kind) {
 inline Widget outermost(Widget widget) {
     Widget parent = XtParent(widget);
     return is_a(parent, xmScrolledWindowWidgetClass) ? parent : widget;
-}
-
-inline std::vector<Widget> children_of(Widget parent) {
-    WidgetList list = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(parent, XmNchildren, &list, XmNnumChildren, &count, nullptr);
-    return {list, list + count};
 }
 
 // Text of a compound string resource under one font-list tag; "(other)" when it holds none under that tag.

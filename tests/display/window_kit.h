@@ -74,12 +74,23 @@ inline STRUCTURE_FENETRE& record_of(INT nofen) {
     return *record;
 }
 
+inline char* writable(const char* text) {
+    return const_cast<char*>(text);
+}
+
 // Value of a resource, of the width that the resource has.
 template <class T>
 T resource(Widget widget, const char* name) {
     T value{};
     XtVaGetValues(widget, name, &value, nullptr);
     return value;
+}
+
+inline std::vector<Widget> children_of(Widget parent) {
+    WidgetList list = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(parent, XmNchildren, &list, XmNnumChildren, &count, nullptr);
+    return {list, list + count};
 }
 
 inline std::string text_resource(Widget widget, const char* name) {

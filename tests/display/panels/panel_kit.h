@@ -15,10 +15,6 @@ inline constexpr INT panel_count = 12;
 inline constexpr INT items_of_a_panel = 45;
 inline constexpr INT panel_without_items = 3;
 
-inline char* writable(const char* text) {
-    return const_cast<char*>(text);
-}
-
 // The application's panels: all of them with items, but one.
 class Panels {
   public:

@@ -1,22 +1,11 @@
-// Panel lists: what is made for each record, what is selected at first, what they post, and reloading.
-#include "tests/display/panels/panel_list_kit.h"
-#include "tests/support/next_function.h"
+// Panel lists: creation, what they post, their selection, the table that grows, reloading, their end.
+#include "tests/display/panel_kit.h"
+
+#include "tests/support/toolkit_calls.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
-
-namespace {
-
-int single_selections = 0; // asked of the toolkit
-
-} // namespace
-
-void XmListSelectPos(Widget list, int position, Boolean notify) {
-    static const auto next = grxtest::next_function<void(Widget, int, Boolean)>("XmListSelectPos");
-    ++single_selections;
-    next(list, position, notify);
-}
 
 namespace {
 
@@ -244,10 +233,10 @@ TEST_F(PanelLists, ManySelectedAtFirstAreSelectedTogether) {
         std::vector<INT> all(300);
         std::iota(all.begin(), all.end(), 0);
         const HostList host(key, numbered_entries(300), all);
-        single_selections = 0;
+        ToolkitCalls asked;
         Widget list = made(type);
         grx_modif_un_item_liste(key, 5);
-        EXPECT_LE(single_selections, 2);
+        EXPECT_LE(asked.single_selections, 2);
         if (type == GRX_LISTE_SIMPLE) all = {299};
         EXPECT_EQ(selected_in(list), all);
         EXPECT_EQ(chosen_in_slot(0), all);

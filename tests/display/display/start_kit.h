@@ -1,0 +1,10 @@
+// The library started with nothing done yet.
+#pragma once
+
+#include "tests/display/window_kit.h"
+
+namespace grxtest {
+
+class StartUp : public DisplayTest {};
+
+} // namespace grxtest

@@ -1,0 +1,21 @@
+// What the process asks of Xlib, whose functions the test program stands in front of.
+#pragma once
+
+#include <X11/Xlib.h>
+
+namespace grxtest {
+
+// The last event that the process sent since the construction of the object. There is one at a time.
+class LastSent {
+  public:
+    LastSent();
+    ~LastSent();
+    LastSent(const LastSent&) = delete;
+    LastSent& operator=(const LastSent&) = delete;
+
+    Window to = None;
+    Bool propagate = False;
+    long mask = 0;
+};
+
+} // namespace grxtest
