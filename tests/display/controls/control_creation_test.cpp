@@ -5,6 +5,7 @@
 #include "tests/support/stdout_capture.h"
 
 #include "controls/control_creation.h"
+#include "display/colours.h"
 
 #include <climits>
 

@@ -1,6 +1,5 @@
-// Panel lists: creation, what they post, their selection, the table that grows, reloading, their end.
-#include "tests/display/panel_kit.h"
-
+// Panel lists: what is made for each record, what is selected at first, what they post, and reloading.
+#include "tests/display/panels/panel_list_kit.h"
 #include "tests/support/toolkit_calls.h"
 
 #include <algorithm>
