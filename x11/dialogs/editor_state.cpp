@@ -1,13 +1,14 @@
 // The state of the one editor, from its reservation to its end.
-#include "dialogs/editor_state.h"
+#include "x11/dialogs/editor_state.h"
 
 #include <Xm/Text.h>
 
 #include <utility>
 
 #include "pure/text.h"
-#include "system/kept.h"
+#include "system/never_destroyed.h"
 #include "session/nested_loop.h"
+#include "dialogs/editor_state.h"
 #include "xt_f.h"
 
 char memo_filename[GRX_MEMO_FILENAME_MAX] = "";
@@ -25,8 +26,8 @@ struct State {
     intptr_t generation = 0;
 };
 
-Kept<State> kept_state;
-State& state = kept_state.value;
+NeverDestroyed<State> lasting_state;
+State& state = lasting_state.value;
 
 void destroy(Widget w) {
     if (w != nullptr) XtDestroyWidget(w);

@@ -1,5 +1,5 @@
 // The pictures that controls show: read from files, kept with the control's number.
-#include "drawing/control_pictures.h"
+#include "x11/drawing/control_pictures.h"
 
 #include <X11/Intrinsic.h>
 #include <Xm/Label.h>
@@ -9,12 +9,13 @@
 #include <cstring>
 
 #include "system/block.h"
-#include "system/kept.h"
+#include "system/never_destroyed.h"
 #include "display/context.h"
 #include "display/images.h"
 #include "display/pixmaps.h"
 #include "display/screen.h"
 #include "toolkit/args.h"
+#include "drawing/control_pictures.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -39,8 +40,8 @@ struct Picture {
     Pixmap released;
     bool shared; // another control's label shows it too
 };
-grx::Kept<grx::Block<Picture>> kept_pictures;
-grx::Block<Picture>& Tab_image = kept_pictures.value;
+grx::NeverDestroyed<grx::Block<Picture>> lasting_pictures;
+grx::Block<Picture>& Tab_image = lasting_pictures.value;
 
 Picture* picture_of(INT nobou) {
     const bool has_place = nobou >= 0 && static_cast<std::size_t>(nobou) < Tab_image.size();

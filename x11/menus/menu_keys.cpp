@@ -4,7 +4,7 @@
 #include <Xm/Separator.h>
 #include <Xm/Xm.h>
 
-#include "system/kept.h"
+#include "system/never_destroyed.h"
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
@@ -27,8 +27,8 @@ XEvent evt_menu{};
 
 namespace {
 
-grx::Kept<grx::AcceleratorTable> kept_accelerators;
-grx::AcceleratorTable& accelerators = kept_accelerators.value;
+grx::NeverDestroyed<grx::AcceleratorTable> lasting_accelerators;
+grx::AcceleratorTable& accelerators = lasting_accelerators.value;
 grx::ForwardedKeys forwarded;
 
 bool opening_menu = false;    // open_menu() has a key on its way to the bar

@@ -1,13 +1,14 @@
 // The widgets of the menu bar: noted as they are built, looked through when a key comes.
-#include "menus/menu_widgets.h"
+#include "x11/menus/menu_widgets.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "system/block.h"
-#include "system/kept.h"
+#include "system/never_destroyed.h"
 #include "toolkit/widgets.h"
+#include "menus/menu_widgets.h"
 
 namespace grx {
 
@@ -17,8 +18,8 @@ constexpr std::size_t kFirstEntries = 100;
 constexpr int kMostMenus = 100;
 
 Widget Glob_menu_bar = nullptr;
-Kept<Block<Widget>> kept_entries;
-Block<Widget>& Tab_objet = kept_entries.value;
+NeverDestroyed<Block<Widget>> lasting_entries;
+Block<Widget>& Tab_objet = lasting_entries.value;
 std::size_t Nb_objet = 0;
 std::array<Widget, kMostMenus> Tab_cascade{};
 int Nb_cascade = 0;

@@ -8,7 +8,7 @@
 
 #include "pure/axis.h"
 #include "system/block.h"
-#include "system/kept.h"
+#include "system/never_destroyed.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/lists.h"
@@ -27,8 +27,8 @@ struct Slot {
     grx::EntryTable entries;
     Widget list = nullptr;
 };
-grx::Kept<std::array<Slot, GRX_NB_LISTES>> kept_slots;
-std::array<Slot, GRX_NB_LISTES>& slots = kept_slots.value;
+grx::NeverDestroyed<std::array<Slot, GRX_NB_LISTES>> lasting_slots;
+std::array<Slot, GRX_NB_LISTES>& slots = lasting_slots.value;
 std::array<INT, GRX_NB_LISTES> tab_ind_page{};
 
 Slot* slot_of(INT ind) {

@@ -5,9 +5,9 @@
 namespace grx {
 
 template <class T>
-union Kept {
-    constexpr Kept() : value{} {}
-    ~Kept() {}
+union NeverDestroyed {
+    constexpr NeverDestroyed() : value{} {}
+    ~NeverDestroyed() {}
     T value;
 };
 
