@@ -13,6 +13,11 @@ inline constexpr int32_t border = 2, handles = 4, title = 8, menu = 16, minimise
 inline constexpr int32_t fn_resize = 2, fn_minimise = 8, fn_maximise = 16;
 } // namespace mwm
 
+/// Attribute bits of a window: what it is to be without.
+namespace without {
+inline constexpr int32_t title = 1, border = 2, boxes = 4, resizing = 8, maximising = 32, minimising = 64;
+} // namespace without
+
 struct DecorationRule {
     int32_t attribute;
     int32_t decorations;
@@ -20,12 +25,12 @@ struct DecorationRule {
 };
 
 inline constexpr std::array<DecorationRule, 6> kDecorationRules{{
-    {1, mwm::title, 0},
-    {4, mwm::menu | mwm::minimise | mwm::maximise, 0},
-    {2, mwm::border | mwm::handles, 0},
-    {8, mwm::handles, mwm::fn_resize},
-    {32, mwm::maximise, mwm::fn_maximise},
-    {64, mwm::minimise, mwm::fn_minimise},
+    {without::title, mwm::title, 0},
+    {without::boxes, mwm::menu | mwm::minimise | mwm::maximise, 0},
+    {without::border, mwm::border | mwm::handles, 0},
+    {without::resizing, mwm::handles, mwm::fn_resize},
+    {without::maximising, mwm::maximise, mwm::fn_maximise},
+    {without::minimising, mwm::minimise, mwm::fn_minimise},
 }};
 
 struct Decorations {

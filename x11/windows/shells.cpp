@@ -21,6 +21,11 @@
 
 namespace {
 
+static_assert(grx::without::title == GRX_FEN_ATT_SANS_TITRE && grx::without::border == GRX_FEN_ATT_SANS_BORD
+              && grx::without::boxes == GRX_FEN_ATT_SANS_BOITES && grx::without::resizing == GRX_FEN_ATT_SANS_RESIZE
+              && grx::without::maximising == GRX_FEN_ATT_SANS_MAXI
+              && grx::without::minimising == GRX_FEN_ATT_SANS_MINI);
+
 Pixmap minimised_icon() {
     static Pixmap icon = None;
     if (icon == None) {
