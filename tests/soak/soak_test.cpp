@@ -1,8 +1,8 @@
 // Long runs: everything that opens is opened and closed with real clicks, for as long as GRX_SOAK_MINUTES says. From the
 // hundredth round on nothing may grow: blocks of the host, descriptors, windows, pixmaps and contexts on the server;
 // memory by no more than what the toolkit itself loses with the same widgets, which is measured beside it.
-#include "tests/display/dialog_kit.h"
-#include "tests/display/panel_kit.h"
+#include "tests/display/dialogs/dialog_kit.h"
+#include "tests/display/panels/panel_kit.h"
 #include "tests/support/descriptors.h"
 
 #include <cstdio>

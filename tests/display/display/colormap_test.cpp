@@ -1,6 +1,6 @@
 // The colormap of 24 and of 8 planes, and what happens when its cells run out.
 #include "tests/display/display/colours_kit.h"
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 #include "tests/support/cell_hog.h"
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"

@@ -1,7 +1,7 @@
 // The standard colours, told once more.
 #pragma once
 
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // Colours of both depths: indices, pixels, and the colours behind them.
 #include "tests/display/display/colours_kit.h"
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <array>
 #include <climits>
@@ -288,7 +288,7 @@ TEST_F(ColoursOn8, AServerOf8BitsRoundsWhatIsReadBack) {
 // KEEP: c + 1 divided by 255 in integers: a component at full intensity reads 257.
 TEST_F(ColoursOn8, FullIntensityReads257) {
     XColor cell{};
-    cell.pixel = pixel_of(12);
+    cell.pixel = drawn_pixel(12);
     cell.red = 65535;
     cell.green = 257 * 127; // one below 128 times 255
     cell.blue = 0;

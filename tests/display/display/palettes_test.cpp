@@ -1,6 +1,6 @@
 // The palettes, without a screen and sent to one.
 #include "tests/display/display/colours_kit.h"
-#include "tests/display/drawing.h"
+#include "tests/display/drawing/drawing_kit.h"
 
 #include <array>
 #include <climits>

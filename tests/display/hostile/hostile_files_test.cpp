@@ -1,6 +1,6 @@
 // Hostile arguments for the file dialogs and the editor while they are really on the screen: extreme records, over-long
 // texts, null pointers, and every callback called with nothing.
-#include "tests/display/dialog_kit.h"
+#include "tests/display/dialogs/dialog_kit.h"
 
 #include "tests/support/host_file_calls.h"
 

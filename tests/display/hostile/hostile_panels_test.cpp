@@ -1,6 +1,6 @@
 // Every function of panels and panel lists with hostile arguments, while panels, lists and a window are there: numbers and
 // keys far outside, records full of extremes, texts that do not end, tables that shrink meanwhile.
-#include "tests/display/panel_kit.h"
+#include "tests/display/panels/panel_kit.h"
 #include "tests/support/stdout_capture.h"
 
 #include <climits>

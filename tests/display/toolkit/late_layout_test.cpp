@@ -1,5 +1,5 @@
 // Many controls at once: what a burst of them costs, and that it ends where one at a time does.
-#include "tests/display/panel_kit.h"
+#include "tests/display/panels/panel_kit.h"
 #include "tests/support/counters.h"
 #include "tests/support/layouts.h"
 
