@@ -1,6 +1,6 @@
 // Sessions at an application that owns its loop: it waits in grx_digitaliseur and acts on the records, while a user works
 // with pointer and keyboard, and the window manager does what window managers do.
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include <X11/keysym.h>
 

@@ -113,10 +113,6 @@ class Soak : public Dialogs<DisplayTest> {
         grx_detruit_fenetre(nofen);
         settle();
     }
-    void settle() {
-        drain();
-        events.clear();
-    }
     INT shown(INT kind, INT attrib = GRX_FEN_ATT_VISIBLE, INT width = 300, INT height = 200) {
         const INT nofen = make(kind, attrib, width, height);
         EXPECT_GT(nofen, 0);

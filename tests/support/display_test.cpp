@@ -82,6 +82,11 @@ bool DisplayTest::wait_for(const std::function<bool()>& condition, Milliseconds 
         condition, [this] { events.step(); }, deadline);
 }
 
+void DisplayTest::settle() {
+    drain();
+    events.clear();
+}
+
 bool DisplayTest::visible(Window window) {
     XWindowAttributes attributes{};
     XSync(x11_disp, False); // what the library asked for has reached the server

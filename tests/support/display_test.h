@@ -81,6 +81,7 @@ class DisplayTest : public XTest {
     // Dispatches events through `events` until the condition holds.
     bool wait_for(const std::function<bool()>& condition, Milliseconds deadline = default_deadline);
     void drain() { events.drain(); }
+    void settle();                            // drains, and forgets what was posted
     bool visible(Window window);              // it and all its ancestors are mapped
     bool wait_visible(Widget widget);         // dispatches until it is
     Point root_position(Widget widget) const; // of its top left corner, as the server says

@@ -1,7 +1,7 @@
 // Controls just made, and what the toolkit was asked for them.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 #include "tests/support/toolkit_calls.h"
 
 #include <set>

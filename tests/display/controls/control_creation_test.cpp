@@ -1,6 +1,6 @@
 // The creation of controls: the description, labels and fields, icons, refusals, the probe of the first one.
 #include "tests/display/controls/control_creation_kit.h"
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
 

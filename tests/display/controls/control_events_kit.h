@@ -1,7 +1,7 @@
 // Records of controls, compared whole.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 #include <cstddef>
 

@@ -1,7 +1,7 @@
 // One control of each kind, to operate on.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 namespace grxtest {
 

@@ -1,7 +1,7 @@
 // Dialogs that run a loop of their own, and a user who works in them meanwhile.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "host_f.h"
 
 #include <X11/IntrinsicP.h>

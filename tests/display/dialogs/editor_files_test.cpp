@@ -1,5 +1,5 @@
 // Files of the editor: every byte is saved as it was, and a save that fails is told and damages nothing.
-#include "tests/display/bells.h"
+#include "tests/support/bells.h"
 #include "tests/display/dialogs/editor_kit.h"
 #include "tests/support/descriptors.h"
 

@@ -1,7 +1,7 @@
 // The library started with nothing done yet.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 namespace grxtest {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/display/drawing/drawing_kit.h"
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include <climits>
 #include <vector>

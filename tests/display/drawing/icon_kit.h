@@ -1,7 +1,7 @@
 // Icons in files, and labels that show them.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/controls.h"
 
 #include <string>

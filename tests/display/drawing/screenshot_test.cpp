@@ -1,6 +1,6 @@
 // A picture of the drawing, kept in a file, and pictures on a screen that other windows come and go on.
 #include "tests/display/drawing/drawing_kit.h"
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/temp_dir.h"
 
 #include <cstdio>

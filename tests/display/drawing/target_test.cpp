@@ -1,6 +1,6 @@
 // Where primitives draw: on the screen, into a backing picture, or nowhere while the library is not started.
 #include "tests/display/drawing/drawing_kit.h"
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include "display/context.h"
 

@@ -1,7 +1,7 @@
 // A window that has the keyboard, and the codes of its keys.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 namespace grxtest {
 

@@ -1,5 +1,5 @@
 // The pending record.
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Arguments that nobody should give: extreme and negative numbers, null pointers, over-long and unterminated texts.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include <algorithm>
 #include <array>

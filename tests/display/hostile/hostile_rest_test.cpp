@@ -1,6 +1,6 @@
 // Hostile arguments where something is there to be broken: the palette window open, a strip made, windows with scroll
 // bars and decorations, a plotter that answers. Afterwards all of it must still work.
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 #include "tests/support/stdout_capture.h"
 
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
 // Every kind of key, under every lock and layout, pressed in every kind of place: one effect, in one place.
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/controls.h"
 
 #include <X11/XKBlib.h>

@@ -1,7 +1,7 @@
 // Menu bars as the tests of their files, their keys and themselves need them.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include "tools/verif/menu_check.h"
 

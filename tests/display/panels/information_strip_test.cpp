@@ -1,5 +1,5 @@
 // The message and information strip, seen by its pixels and felt by clicks.
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 #include <climits>
 #include <memory>

@@ -1,7 +1,7 @@
 // The palette window, opened on one colour, and its sliders.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 namespace grxtest {
 

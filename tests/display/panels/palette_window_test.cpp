@@ -1,5 +1,5 @@
 // The palette window: opened, and its sliders moved by the program and dragged by a real pointer.
-#include "tests/display/cursor_kit.h"
+#include "tests/support/cursor_kit.h"
 #include "tests/display/panels/palette_kit.h"
 
 #include <climits>

@@ -1,7 +1,7 @@
 // Panels as the tests of their items, their lists and the selection panel need them.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 #include <array>
 #include <deque>

@@ -1,7 +1,7 @@
 // What the server holds for a control or a dialog: its visual, and how much there is of each thing.
 #pragma once
 
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 #include <map>
 #include <string>

@@ -1,5 +1,5 @@
 // The button base: what a number stands for, without a display.
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
 

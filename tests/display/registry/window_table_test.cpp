@@ -1,5 +1,5 @@
 // The window base: what a number stands for, without a display and with real windows.
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/stdout_capture.h"
 
 #include "registry/window_table.h"

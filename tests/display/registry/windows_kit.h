@@ -1,7 +1,7 @@
 // Shown windows, what they post, where they are.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include <algorithm>
 
@@ -28,11 +28,6 @@ class WindowsTest : public DisplayTest {
         EXPECT_TRUE(wait_visible(widget_of(n)));
         settle();
         return n;
-    }
-
-    void settle() {
-        drain();
-        events.clear();
     }
 
     std::optional<GRX_EVENEMENT> next(INT type, INT window) {

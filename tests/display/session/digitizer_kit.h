@@ -1,7 +1,7 @@
 // A window whose events the digitizing loop takes.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 namespace grxtest {
 
@@ -20,11 +20,6 @@ class Digitizer : public DisplayTest {
         pointer().move_in(widget_of(n), 100, 100);
         settle();
         return n;
-    }
-
-    void settle() {
-        drain();
-        events.clear();
     }
 
     // The server has sent all that was injected.

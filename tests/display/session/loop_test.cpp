@@ -1,8 +1,8 @@
 // The digitizing loop: timers, close requests, the first redraw, keys sent again.
 #include "tests/display/display/start_kit.h"
 #include "tests/display/session/digitizer_kit.h"
-#include "tests/display/window_kit.h"
-#include "tests/display/bells.h"
+#include "tests/support/window_kit.h"
+#include "tests/support/bells.h"
 #include "tests/support/controls.h"
 
 #include "session/loop.h"

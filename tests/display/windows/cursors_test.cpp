@@ -1,5 +1,5 @@
 // The cursors of windows, as the server shows them under the pointer.
-#include "tests/display/cursor_kit.h"
+#include "tests/support/cursor_kit.h"
 
 #include "pure/cursor_bits.h"
 

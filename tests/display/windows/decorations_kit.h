@@ -1,7 +1,7 @@
 // The operations on the decorations of a window.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 namespace grxtest {
 

@@ -1,6 +1,6 @@
 // Windows that the application, or another client, resizes, moves and hides: their controls answer all the same, and
 // menus open under their titles.
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 
 #include <cstdlib>
 #include <utility>

@@ -1,5 +1,5 @@
 // Place and size of a window when it is made, without a window manager and under one.
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 #include "tests/display/windows/window_creation_kit.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Windows just made, of every kind.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 namespace grxtest {
 

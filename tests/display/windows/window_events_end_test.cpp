@@ -1,5 +1,5 @@
 // The end of windows: closed, destroyed by the application or by another client, and what they leave.
-#include "tests/display/control_kit.h"
+#include "tests/support/control_kit.h"
 #include "tests/display/registry/windows_kit.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The picture of the cursor that the server shows.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 
 #include <X11/extensions/Xfixes.h>
 

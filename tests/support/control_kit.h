@@ -1,7 +1,7 @@
 // Controls as the tests of their creation, their events and the operations on them need them.
 #pragma once
 
-#include "tests/display/window_kit.h"
+#include "tests/support/window_kit.h"
 #include "tests/support/controls.h"
 
 #include <Xm/XmAll.h>
@@ -133,11 +133,6 @@ class ControlsTest : public DisplayTest {
         EXPECT_TRUE(wait_visible(widget_of(n)));
         settle();
         return n;
-    }
-
-    void settle() {
-        drain();
-        events.clear();
     }
 
     // A control that must come about, on the screen when it is visible.
