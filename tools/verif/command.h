@@ -27,7 +27,7 @@ struct FileKind {
 };
 
 inline constexpr std::array<FileKind, 2> file_kinds{
-    {{grx::ini_file_name, IniCheck::check}, {"MNU_*.DAT", MenuCheck::check}}};
+    {{grx::kIniFileName, IniCheck::check}, {"MNU_*.DAT", MenuCheck::check}}};
 
 inline std::string known_names() {
     std::string list;

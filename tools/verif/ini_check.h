@@ -41,19 +41,19 @@ class IniCheck {
     }
 
     bool take_font(const std::string& line) {
-        const auto value = grx::ini_value(line, grx::ini_font_key);
+        const auto value = grx::ini_value(line, grx::kIniFontKey);
         if (!value) return false;
         const auto font = trimmed(*value);
-        auto text = std::string(grx::ini_font_key) + " \"" + font.substr(0, longest_font) + '"';
+        auto text = std::string(grx::kIniFontKey) + " \"" + font.substr(0, longest_font) + '"';
         if (font.empty()) text += ", no font name";
-        say(Verdict::taken, text + replaced(grx::ini_font_key));
+        say(Verdict::taken, text + replaced(grx::kIniFontKey));
         if (font.size() > longest_font) say(Verdict::refused, what_is_cut_of(font));
         return true;
     }
 
     // What is left of a name is hardly a font's: the toolkit would take another one.
     static std::string what_is_cut_of(std::string_view font) {
-        return std::string(grx::ini_font_key) + ": the name has " + std::to_string(font.size()) + " characters, only "
+        return std::string(grx::kIniFontKey) + ": the name has " + std::to_string(font.size()) + " characters, only "
                + std::to_string(longest_font) + " are kept: shorten it with *";
     }
 
@@ -61,7 +61,7 @@ class IniCheck {
     bool take_numbers(const std::string& line) {
         const auto before = findings_.size();
         const char* refused_value = nullptr; // a key inside a refused longer one has the same value: told once
-        for (const auto& key : grx::ini_number_keys) {
+        for (const auto& key : grx::kIniNumberKeys) {
             const auto value = grx::ini_value(line, key.name);
             if (!value) continue;
             const auto text = trimmed(*value);
@@ -102,7 +102,7 @@ class IniCheck {
 
     static std::string drawing_counts() {
         std::string list;
-        for (const auto count : grx::ini_drawing_counts) list += (list.empty() ? " " : ", ") + std::to_string(count);
+        for (const auto count : grx::kIniDrawingCounts) list += (list.empty() ? " " : ", ") + std::to_string(count);
         return list;
     }
 

@@ -1,4 +1,4 @@
-// A small text editor in a window of its own: the window, its menu, and the functions of the application.
+// A small text editor in a window of its own: the window, its menu, and the functions that the application calls.
 #include <X11/Shell.h>
 #include <Xm/CascadeB.h>
 #include <Xm/MainW.h>
@@ -234,7 +234,7 @@ INT grx_file_editeur_bloquant(char* adr, char* name) {
     grx::Block<char> opened(HOST_CHEMIN_MAX);
     if (opened && text_file().name) grx::copy_text(opened.data(), opened.size(), text_file().name.data());
     grx::run_until([] { return !is_reserved() || !is_on_show() || grx::is_dying(widget_of(kShell)); });
-    take_off_screen();
+    hide_editor();
     give_name_back(opened ? opened.data() : "", adr, name);
     return exit_status();
 }

@@ -3,25 +3,23 @@
 
 #include <Xm/Text.h>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <string_view>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
-#include "host_f.h"
 #include "pure/text.h"
 #include "system/block.h"
 #include "system/shell_command.h"
 #include "toolkit/locale_text.h"
-#include "events/record.h"
 #include "dialogs/editor_state.h"
+#include "host_f.h"
 #include "xt_f.h"
 
 namespace grx::editor {

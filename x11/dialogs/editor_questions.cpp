@@ -14,7 +14,6 @@
 #include <string_view>
 #include <utility>
 
-#include "host_t.h"
 #include "pure/text.h"
 #include "pure/warning_bits.h"
 #include "system/block.h"
@@ -25,6 +24,7 @@
 #include "toolkit/look.h"
 #include "toolkit/option_menu.h"
 #include "dialogs/editor_files.h"
+#include "host_t.h"
 #include "xt_f.h"
 #include "xt_ini_f.h"
 #include "xt_ini_t.h"

@@ -1,5 +1,5 @@
 // The state of the one editor, from its reservation to its end.
-#include "x11/dialogs/editor_state.h"
+#include "dialogs/editor_state.h"
 
 #include <Xm/Text.h>
 
@@ -8,7 +8,6 @@
 #include "pure/text.h"
 #include "system/never_destroyed.h"
 #include "session/nested_loop.h"
-#include "dialogs/editor_state.h"
 #include "xt_f.h"
 
 char memo_filename[GRX_MEMO_FILENAME_MAX] = "";
@@ -104,7 +103,7 @@ void show_text(char* text) {
     state.file.saved = true; // last: the text widget reports the new text as a change
 }
 
-void take_off_screen() {
+void hide_editor() {
     take_shells_off_screen(state.widgets);
 }
 

@@ -77,7 +77,7 @@ void allow_typing();
 void show_text(char* text);
 
 /// Takes the window and its dialogs off the screen.
-void take_off_screen();
+void hide_editor();
 
 /// Frees the state; the widgets are not destroyed. The editor can be reserved again.
 void forget_editor();

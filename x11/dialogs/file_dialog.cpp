@@ -22,7 +22,6 @@
 #include "toolkit/look.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
-#include "events/record.h"
 #include "windows/window_events.h"
 #include "dialogs/file_parts.h"
 #include "dialogs/question.h"

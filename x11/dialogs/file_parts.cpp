@@ -5,6 +5,7 @@
 #include <Xm/TextF.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 

@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 
-#include "host_t.h"
 #include "pure/question_text.h"
 #include "pure/text.h"
 #include "system/block.h"
@@ -16,6 +15,7 @@
 #include "toolkit/widgets.h"
 #include "session/nested_loop.h"
 #include "dialogs/file_parts.h"
+#include "host_t.h"
 #include "xt_f.h"
 
 using namespace grx::file_parts;

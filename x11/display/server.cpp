@@ -18,7 +18,7 @@ INT grx_blanc_systeme(void) {
 
 namespace {
 
-constexpr int bell_volume = 20;
+constexpr int kBellVolume = 20;
 
 } // namespace
 
@@ -26,18 +26,18 @@ extern "C" {
 
 // The server's own pitch and length of the bell serve for all.
 void grx_bipbip(INT, INT) {
-    if (x11_disp) XBell(x11_disp, bell_volume);
+    if (x11_disp != nullptr) XBell(x11_disp, kBellVolume);
 }
 
 void grx_flush_server(void) {
-    if (x11_disp) XFlush(x11_disp);
+    if (x11_disp != nullptr) XFlush(x11_disp);
 }
 
 void grx_sync_server(void) {
-    if (x11_disp) XSync(x11_disp, False);
+    if (x11_disp != nullptr) XSync(x11_disp, False);
 }
 
 void grx_synchronise(INT etat) {
-    if (x11_disp) XSynchronize(x11_disp, etat != 0 ? True : False);
+    if (x11_disp != nullptr) XSynchronize(x11_disp, etat != 0 ? True : False);
 }
 }

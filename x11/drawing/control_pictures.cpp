@@ -1,5 +1,5 @@
 // The pictures that controls show: read from files, kept with the control's number.
-#include "x11/drawing/control_pictures.h"
+#include "drawing/control_pictures.h"
 
 #include <X11/Intrinsic.h>
 #include <Xm/Label.h>
@@ -15,7 +15,6 @@
 #include "display/pixmaps.h"
 #include "display/screen.h"
 #include "toolkit/args.h"
-#include "drawing/control_pictures.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"

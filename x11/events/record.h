@@ -2,9 +2,6 @@
 // value that grx_init_evenement or an earlier event left.
 #pragma once
 
-#include <algorithm>
-#include <string_view>
-
 #include "xt_ent_t.h"
 
 namespace grx {
@@ -14,14 +11,6 @@ Member& post(Member& member, INT type, INT nofen) {
     member.type_evenement = type;
     member.nofen = nofen;
     return member;
-}
-
-/// Copies a text into a fixed field, cut to fit, always terminated.
-template <std::size_t N>
-void copy_text(char (&field)[N], std::string_view text) {
-    const auto length = std::min(text.size(), N - 1);
-    std::copy_n(text.data(), length, field); // an empty view may have no data
-    field[length] = '\0';
 }
 
 /// The modifier bits of pointer events.

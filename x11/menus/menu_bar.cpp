@@ -146,18 +146,18 @@ Widget make_atom(const char* texte, const char* acce, char mneu, INT nofo, Widge
 
 // -- building
 
-struct OpenMenu {
+struct MenuBeingBuilt {
     Widget pulldown = nullptr; // null: none is open
     LI_MENU line{};            // that opened it
 };
 
 struct Builder {
-    OpenMenu top;            // of the bar
-    OpenMenu sub;            // of that menu
+    MenuBeingBuilt top;      // of the bar
+    MenuBeingBuilt sub;      // of that menu
     std::size_t managed = 0; // entries managed so far: those of a menu when it is complete, so that it is laid out once
 };
 
-OpenMenu open_menu(Widget parent, const LI_MENU& line) {
+MenuBeingBuilt begin_menu(Widget parent, const LI_MENU& line) {
     Widget pulldown = grx::room_for_pulldown() ? make_menu(parent) : nullptr;
     if (pulldown != nullptr) grx::note_pulldown(pulldown);
     return {pulldown, line};
@@ -170,7 +170,7 @@ void manage_entries(Builder& b) {
 }
 
 // The cascade button comes when its menu is complete, behind everything read before it.
-void close_menu(Builder& b, OpenMenu& menu, Widget support) {
+void end_menu(Builder& b, MenuBeingBuilt& menu, Widget support) {
     Widget const pulldown = std::exchange(menu.pulldown, nullptr);
     if (pulldown == nullptr) return;
     manage_entries(b);
@@ -181,13 +181,13 @@ void close_menu(Builder& b, OpenMenu& menu, Widget support) {
     if (args.count() > 0) XtSetValues(cascade, args.list(), args.count());
 }
 
-void close_sub(Builder& b) {
-    close_menu(b, b.sub, b.top.pulldown);
+void end_sub(Builder& b) {
+    end_menu(b, b.sub, b.top.pulldown);
 }
 
-void close_top(Builder& b) {
-    close_sub(b);
-    close_menu(b, b.top, grx::menu_bar());
+void end_top(Builder& b) {
+    end_sub(b);
+    end_menu(b, b.top, grx::menu_bar());
 }
 
 void add_entry(const LI_MENU& line, Widget pulldown) {
@@ -197,15 +197,15 @@ void add_entry(const LI_MENU& line, Widget pulldown) {
 
 void build_in_bar(Builder& b, const LI_MENU& line) {
     if (line.itype == GRX_MENU_POPUP) {
-        close_top(b);
-        b.top = open_menu(grx::menu_bar(), line);
+        end_top(b);
+        b.top = begin_menu(grx::menu_bar(), line);
     }
     add_entry(line, b.top.pulldown);
 }
 
 void build_in_menu(Builder& b, const LI_MENU& line) {
-    close_sub(b); // the closing brace of a submenu comes here as well
-    if (line.itype == GRX_MENU_POPUP && b.top.pulldown != nullptr) b.sub = open_menu(b.top.pulldown, line);
+    end_sub(b); // the closing brace of a submenu comes here as well
+    if (line.itype == GRX_MENU_POPUP && b.top.pulldown != nullptr) b.sub = begin_menu(b.top.pulldown, line);
     add_entry(line, b.top.pulldown);
 }
 
@@ -225,8 +225,8 @@ Widget make_bar(Widget parent) {
     return XmCreateMenuBar(parent, const_cast<char*>("Menu_bar"), args.list(), args.count());
 }
 
-// Makes the bar on show, in the place of one that the library made before.
-Widget make_bar_on_show(Widget parent) {
+// Makes the bar that keys and grx_detruit_menu_bar are for; one made before stays where it is, and is forgotten.
+Widget make_main_bar(Widget parent) {
     grx::start_entries();
     grx::forget_menus();
     grx::clear_menu_keys(nullptr);
@@ -241,7 +241,7 @@ Widget make_bar_on_show(Widget parent) {
 void fill_bar(grx::MenuFile& file) {
     Builder builder;
     while (file.next()) build_line(builder, file.line(), file.depth());
-    close_top(builder);
+    end_top(builder);
     XtManageChild(grx::menu_bar());
 }
 
@@ -257,7 +257,7 @@ extern "C" {
 
 INT grx_cree_menu_bar(Widget parent) {
     grx::MenuFile file;
-    if (is_open(file) && grx::can_hold_children(parent) && make_bar_on_show(parent) != nullptr) fill_bar(file);
+    if (is_open(file) && grx::can_hold_children(parent) && make_main_bar(parent) != nullptr) fill_bar(file);
     return 0;
 }
 
@@ -274,7 +274,7 @@ INT grx_detruit_menu_bar(void) {
 INT grx_recree_menu_bar(void) {
     if (grx::menu_bar() == nullptr) return 0;
     grx::MenuFile file;
-    if (!is_open(file)) return 0;
+    if (!is_open(file) || grx::menu_bar() == nullptr) return 0; // the host may take it down as it opens the file
     grx::start_entries();
     fill_bar(file);
     return 0;

@@ -6,7 +6,6 @@
 #include "pure/menu_line.h"
 #include "pure/number.h"
 #include "pure/text.h"
-#include "events/record.h"
 #include "host_f.h"
 #include "host_g.h"
 #include "xt_fen_f.h"
@@ -94,19 +93,17 @@ FILE* open_menu_file() {
 
 namespace grx {
 
-MenuFile::MenuFile() : file_(open_menu_file()), line_(empty_line()) {
-    if (file_ != nullptr) Debut_Menu = false;
-}
+MenuFile::MenuFile() : file_(open_menu_file()), line_(empty_line()) {}
 
 MenuFile::~MenuFile() {
     if (file_ != nullptr) ftext_close(file_);
 }
 
 bool MenuFile::next() {
-    char text[HOST_LIGNE_MAX] = "";
-    while (ftext_lec(file_, text) != 0) {
-        if (decode_line(view(text), kMenuZone, line_, in_zone_, depth_) == kTaken) return true;
+    while (ftext_lec(file_, text_) != 0) {
+        if (decode_line(view(text_), kMenuZone, line_, in_zone_, depth_) == kTaken) return true;
     }
+    Debut_Menu = false; // the next file of the application starts outside its zone
     return false;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "host_t.h"
 #include "xt_fen_t.h"
 
 namespace grx {
@@ -23,6 +24,7 @@ class MenuFile {
 
   private:
     FILE* file_;
+    char text_[HOST_LIGNE_MAX] = "";
     LI_MENU line_;
     bool in_zone_ = false;
     INT depth_ = 0;

@@ -1,5 +1,5 @@
 // The keys of the menu bar: those typed in the main window, and those that other windows forward to it.
-#include "x11/menus/menu_keys.h"
+#include "menus/menu_keys.h"
 
 #include <Xm/Separator.h>
 #include <Xm/Xm.h>
@@ -12,7 +12,6 @@
 #include "events/keyboard.h"
 #include "menus/accelerators.h"
 #include "menus/forwarded_keys.h"
-#include "menus/menu_keys.h"
 #include "menus/menu_keys_state.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"

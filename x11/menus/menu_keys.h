@@ -13,7 +13,8 @@ void watch_keys_of_bar(Widget top);
 /// The key of an entry, from the text that is shown of it; nothing without a bar.
 void add_menu_key(Widget entry, const char* accelerator);
 void forget_menu_key(Widget entry); // of an entry that is destroyed
-void clear_menu_keys(Widget top);   // all of them; null when the window that they are grabbed for goes as well
+void clear_menu_keys(
+    Widget top); // all of them; null leaves the grabs: their window goes, or another bar stands in its place
 
 /// True when it chose an entry or opened a menu.
 bool forward_to_menu(const XEvent& event);

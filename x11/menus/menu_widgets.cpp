@@ -1,5 +1,5 @@
 // The widgets of the menu bar: noted as they are built, looked through when a key comes.
-#include "x11/menus/menu_widgets.h"
+#include "menus/menu_widgets.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,6 @@
 #include "system/block.h"
 #include "system/never_destroyed.h"
 #include "toolkit/widgets.h"
-#include "menus/menu_widgets.h"
 
 namespace grx {
 

@@ -11,7 +11,6 @@
 #include "toolkit/look.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
-#include "events/record.h"
 #include "windows/window_events.h"
 #include "panels/item_buttons.h"
 #include "panels/item_controls.h"

@@ -6,7 +6,6 @@
 
 #include "pure/axis.h"
 #include "pure/text.h"
-#include "events/record.h"
 #include "panels/item_buttons.h"
 #include "host_f.h"
 #include "xt_bou_f.h"
@@ -51,7 +50,8 @@ INT numbered(INT key, INT base) {
 // -- controls
 
 INT attributes_of(const Item& item) {
-    return item.message.couleur != 0 ? GRX_BOU_ATT_ACTIF : GRX_BOU_ATT_VISIBLE;
+    constexpr INT insensitive = GRX_BOU_ATT_VISIBLE; // shown, and no more
+    return item.message.couleur != 0 ? GRX_BOU_ATT_ACTIF : insensitive;
 }
 
 GRX_BOUTON control(const Item& item, INT type, INT attributes) {

@@ -8,7 +8,6 @@
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/widgets.h"
-#include "events/record.h"
 #include "panels/item_buttons.h"
 #include "panels/item_controls.h"
 #include "panels/panel_lists.h"

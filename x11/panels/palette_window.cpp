@@ -6,7 +6,6 @@
 #include "pure/colour_model.h"
 #include "pure/text.h"
 #include "toolkit/widgets.h"
-#include "events/record.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"

@@ -9,7 +9,6 @@
 #include "pure/text.h"
 #include "toolkit/field_text.h"
 #include "toolkit/widgets.h"
-#include "events/record.h"
 #include "windows/frame.h"
 #include "panels/item_buttons.h"
 #include "panels/panel_lists.h"

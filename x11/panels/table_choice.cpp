@@ -8,9 +8,9 @@
 #include "pure/axis.h"
 #include "pure/text.h"
 #include "system/block.h"
+#include "system/table.h"
 #include "toolkit/args.h"
 #include "toolkit/option_menu.h"
-#include "events/record.h"
 #include "windows/window_events.h"
 #include "host_g.h"
 #include "xt_bou_f.h"
@@ -42,17 +42,13 @@ bool known_table(INT ind) {
     return ind >= 0 && ind < GRX_NB_TABLES;
 }
 
-std::size_t index(INT ind) {
-    return static_cast<std::size_t>(ind);
-}
-
 // -- the numbers of the choices, in the table's record
 
 bool allocate_numbers(INT ind, INT count) {
     TBL_TABLEUR_AFF& table = Taffiche[ind];
     table.nb_choix = std::max<INT>(count, 0);
     grx::Block<INT> numbers(grx::room_for(count));
-    allocated[index(ind)] = numbers.size();
+    allocated[grx::as_index(ind)] = numbers.size();
     table.tbou_choix = numbers.release();
     if (table.tbou_choix == nullptr) table.nb_choix = 0;
     return table.tbou_choix != nullptr;
@@ -60,8 +56,9 @@ bool allocate_numbers(INT ind, INT count) {
 
 void release_numbers(INT ind, INT (*release)(INT nobou)) {
     TBL_TABLEUR_AFF& table = Taffiche[ind];
-    auto numbers = grx::Block<INT>::adopt(table.tbou_choix, allocated[index(ind)]);
-    for (const INT nobou : numbers.span().first(std::min(numbers.size(), index(std::max<INT>(table.nb_choix, 0)))))
+    auto numbers = grx::Block<INT>::adopt(table.tbou_choix, allocated[grx::as_index(ind)]);
+    for (const INT nobou :
+        numbers.span().first(std::min(numbers.size(), grx::as_index(std::max<INT>(table.nb_choix, 0)))))
         release(nobou);
     table.tbou_choix = nullptr;
     table.nb_choix = 0;
@@ -105,8 +102,8 @@ Widget add_choices(INT* numbers, GRX_BOUTON choice, const Choices& choices) {
 // The control went with its window.
 void on_death(Widget box, XtPointer, XtPointer) {
     for (INT ind = 0; ind < GRX_NB_TABLES; ++ind) {
-        if (Tab_option[index(ind)] != box) continue;
-        Tab_option[index(ind)] = nullptr;
+        if (Tab_option[grx::as_index(ind)] != box) continue;
+        Tab_option[grx::as_index(ind)] = nullptr;
         release_numbers(ind, grx_libere_indice_objet_bout);
     }
 }
@@ -130,7 +127,7 @@ INT grx_tbl_init_boutons_choix(void) {
 }
 
 INT grx_tbl_init_bouton_choix(INT ind) {
-    if (known_table(ind)) Tab_option[index(ind)] = nullptr;
+    if (known_table(ind)) Tab_option[grx::as_index(ind)] = nullptr;
     return 0;
 }
 
@@ -146,16 +143,16 @@ INT grx_tbl_cree_boutons_choix(INT nofen, INT pox, INT poy, INT nofo, INT nb, ch
     }
     const GRX_BOUTON choice = choice_in(menu, nofen, pox, poy);
     Widget shown = add_choices(Taffiche[Itbl].tbou_choix, choice, {nofo, nb, tab, idef});
-    Tab_option[index(Itbl)] = make_box(parent, menu, shown, pox, poy);
+    Tab_option[grx::as_index(Itbl)] = make_box(parent, menu, shown, pox, poy);
     return 0;
 }
 
 INT grx_tbl_detruit_boutons_choix(void) {
-    Widget box = known_table(Itbl) ? Tab_option[index(Itbl)] : nullptr;
+    Widget box = known_table(Itbl) ? Tab_option[grx::as_index(Itbl)] : nullptr;
     if (box == nullptr) return 0;
     Widget menu = grx::resource<Widget>(box, XmNsubMenuId);
     release_numbers(Itbl, grx_detruit_bouton);
-    Tab_option[index(Itbl)] = nullptr;
+    Tab_option[grx::as_index(Itbl)] = nullptr;
     XtDestroyWidget(box);
     if (menu != nullptr) XtDestroyWidget(menu);
     return 0;

@@ -16,30 +16,30 @@ struct Calendar {
     int second = 0;
 };
 
-inline constexpr int first_year_of_tm = 1900;
-inline constexpr int microseconds_per_hundredth = 10000;
-inline constexpr double hundredths_per_second = 100.0;
-inline constexpr double microseconds_per_second = 1000000.0;
+inline constexpr int kFirstYearOfTm = 1900;
+inline constexpr int kMicrosecondsPerHundredth = 10000;
+inline constexpr double kHundredthsPerSecond = 100.0;
+inline constexpr double kMicrosecondsPerSecond = 1000000.0;
 
 // Local time; all zero when the system cannot break it down.
 inline Calendar local_calendar(std::time_t moment) {
     std::tm fields{};
     if (!localtime_r(&moment, &fields)) return {};
-    return {fields.tm_year + first_year_of_tm, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min,
+    return {fields.tm_year + kFirstYearOfTm, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min,
         fields.tm_sec};
 }
 
 inline int hundredths_of(const timeval& now) {
-    return static_cast<int>(now.tv_usec / microseconds_per_hundredth);
+    return static_cast<int>(now.tv_usec / kMicrosecondsPerHundredth);
 }
 
 inline double in_hundredths(const timeval& now) {
-    const long whole = now.tv_usec / microseconds_per_hundredth; // counted in whole hundredths
-    return static_cast<double>(now.tv_sec) * hundredths_per_second + static_cast<double>(whole);
+    const long whole = now.tv_usec / kMicrosecondsPerHundredth; // counted in whole hundredths
+    return static_cast<double>(now.tv_sec) * kHundredthsPerSecond + static_cast<double>(whole);
 }
 
 inline double in_seconds(const timeval& now) {
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_usec) / microseconds_per_second;
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_usec) / kMicrosecondsPerSecond;
 }
 
 } // namespace grx

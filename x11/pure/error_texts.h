@@ -10,11 +10,11 @@ struct ErrorText {
     const char* text;
 };
 
-inline constexpr const char* error_heading = "GFX ERROR";
-inline constexpr const char* error_unknown_format = "Code value:%d\n";
+inline constexpr const char* kErrorHeading = "GFX ERROR";
+inline constexpr const char* kErrorUnknownFormat = "Code value:%d\n";
 
 // KEEP: the blank at the end of 2, "XXSYS" in 6 and "informations" in 103 are part of the texts.
-inline constexpr std::array<ErrorText, 24> error_texts{{
+inline constexpr std::array<ErrorText, 24> kErrorTexts{{
     {1, "Code 1: Opening problem on file 'PAN*.DAT'"},
     {2, "Code 2: Opening problem on file 'MNU*.DAT' "},
     {3, "Code 3: Reading problem on config file"},
@@ -43,7 +43,7 @@ inline constexpr std::array<ErrorText, 24> error_texts{{
 
 // The text of a code, without its last newline; null for a number that has none.
 constexpr const char* error_text(int code) {
-    for (const auto& entry : error_texts)
+    for (const auto& entry : kErrorTexts)
         if (entry.code == code) return entry.text;
     return nullptr;
 }

@@ -8,14 +8,14 @@ namespace grx {
 
 namespace {
 
-constexpr char comment_sign = '#';
-constexpr char size_separator = 'x';
-constexpr std::string_view size_classes = "SML";
+constexpr char kCommentSign = '#';
+constexpr char kSizeSeparator = 'x';
+constexpr std::string_view kSizeClasses = "SML";
 
 } // namespace
 
 std::string_view ini_without_comment(std::string_view line) {
-    return line.substr(0, std::min(line.find(comment_sign), line.size()));
+    return line.substr(0, std::min(line.find(kCommentSign), line.size()));
 }
 
 std::optional<std::string_view> ini_value(std::string_view line, std::string_view key) {
@@ -29,8 +29,8 @@ bool ini_accepts(IniRule rule, int value) {
     switch (rule) {
     case IniRule::positive: return value > 0;
     case IniRule::drawing_count:
-        return std::find(ini_drawing_counts.begin(), ini_drawing_counts.end(), value) != ini_drawing_counts.end();
-    case IniRule::rendering_count: return value >= ini_rendering_minimum;
+        return std::find(kIniDrawingCounts.begin(), kIniDrawingCounts.end(), value) != kIniDrawingCounts.end();
+    case IniRule::rendering_count: return value >= kIniRenderingMinimum;
     case IniRule::application_colour: return value >= 0;
     }
     return false;
@@ -38,12 +38,12 @@ bool ini_accepts(IniRule rule, int value) {
 
 IconSize ini_icon_size(std::string_view value) {
     IconSize size;
-    const auto class_index = value.empty() ? std::string_view::npos : size_classes.find(value.front());
+    const auto class_index = value.empty() ? std::string_view::npos : kSizeClasses.find(value.front());
     if (class_index != std::string_view::npos) {
         size.size_class = static_cast<int>(class_index) + 1;
         value.remove_prefix(1);
     }
-    const auto cross = value.find(size_separator);
+    const auto cross = value.find(kSizeSeparator);
     if (cross == std::string_view::npos) return size;
     size.has_size = true;
     size.width = number_of(value.substr(0, cross));

@@ -11,8 +11,8 @@ namespace grx {
 // What a key asks of its value.
 enum class IniRule {
     positive,           // greater than 0
-    drawing_count,      // one of ini_drawing_counts
-    rendering_count,    // at least ini_rendering_minimum
+    drawing_count,      // one of kIniDrawingCounts
+    rendering_count,    // at least kIniRenderingMinimum
     application_colour, // 0 or more; the first one that is not 0 stays
 };
 
@@ -21,11 +21,11 @@ struct IniKey {
     IniRule rule;
 };
 
-inline constexpr char ini_file_name[] = "INI_SYST.DAT";
-inline constexpr char ini_font_key[] = "FONT_CARACTERE";
+inline constexpr char kIniFileName[] = "INI_SYST.DAT";
+inline constexpr char kIniFontKey[] = "FONT_CARACTERE";
 
 // In the order in which a line is tried: a key comes before every shorter key that it contains.
-inline constexpr std::array<IniKey, 12> ini_number_keys{{
+inline constexpr std::array<IniKey, 12> kIniNumberKeys{{
     {"LARG_CARACTERE", IniRule::positive},
     {"HAUT_CARACTERE", IniRule::positive},
     {"ESPA_CARACTERE", IniRule::positive},
@@ -40,8 +40,8 @@ inline constexpr std::array<IniKey, 12> ini_number_keys{{
     {"COULEUR_APPLICATION", IniRule::application_colour},
 }};
 
-inline constexpr std::array<int, 5> ini_drawing_counts{8, 16, 32, 64, 128};
-inline constexpr int ini_rendering_minimum = 17;
+inline constexpr std::array<int, 5> kIniDrawingCounts{8, 16, 32, 64, 128};
+inline constexpr int kIniRenderingMinimum = 17;
 
 // The part of a line before its first '#'.
 std::string_view ini_without_comment(std::string_view line);

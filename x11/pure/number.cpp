@@ -11,7 +11,7 @@ namespace grx {
 namespace {
 
 // As long as a line of a text file.
-constexpr std::size_t longest_number = HOST_LIGNE_MAX - 1;
+constexpr std::size_t kLongestNumber = HOST_LIGNE_MAX - 1;
 
 bool is_digit(char c) {
     return c >= '0' && c <= '9';
@@ -22,8 +22,8 @@ bool is_digit(char c) {
 int number_of(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\n\v\f\r");
     if (first == std::string_view::npos) return 0;
-    std::array<char, longest_number + 1> copy{};
-    text.substr(first, longest_number).copy(copy.data(), longest_number);
+    std::array<char, kLongestNumber + 1> copy{};
+    text.substr(first, kLongestNumber).copy(copy.data(), kLongestNumber);
     return std::atoi(copy.data());
 }
 

@@ -10,7 +10,7 @@ namespace grx {
 
 // A null string reads as the empty one.
 inline std::string_view view(const char* text) {
-    return text ? std::string_view(text) : std::string_view();
+    return text != nullptr ? std::string_view(text) : std::string_view();
 }
 
 constexpr bool is_blank(char c) {
@@ -30,11 +30,17 @@ constexpr std::string_view trimmed(std::string_view text) {
 
 // Copies what fits in size bytes, terminator included, and ends it; true when nothing was cut. The two may overlap.
 inline bool copy_text(char* destination, std::size_t size, std::string_view source) {
-    if (!destination || size == 0) return false;
+    if (destination == nullptr || size == 0) return false;
     const auto length = std::min(source.size(), size - 1);
     if (length > 0) std::memmove(destination, source.data(), length);
     destination[length] = '\0';
     return length == source.size();
+}
+
+// The same for a fixed field.
+template <std::size_t N>
+bool copy_text(char (&field)[N], std::string_view text) {
+    return copy_text(field, N, text);
 }
 
 // True when the text after the last '.' of name is exactly extension. A name without '.' has none.

@@ -1,5 +1,5 @@
 // The table of windows: widget, record and sizes of each number, and which are the main and the active one.
-#include "x11/registry/window_table.h"
+#include "registry/window_table.h"
 
 #include <X11/Intrinsic.h>
 #include <Xm/Form.h>
@@ -15,7 +15,6 @@
 #include "display/context.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"
-#include "registry/window_table.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"

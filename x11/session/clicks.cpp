@@ -1,4 +1,5 @@
 // Double clicks, told by time and distance.
+#include <cstdint>
 #include <sys/time.h>
 
 #include "pure/double_click.h"

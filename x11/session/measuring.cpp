@@ -3,7 +3,6 @@
 
 #include "pure/size.h"
 #include "pure/text.h"
-#include "events/record.h"
 #include "xt_bou_f.h"
 #include "xt_ent_t.h"
 #include "xt_fen_f.h"

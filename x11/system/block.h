@@ -24,7 +24,7 @@ class Block {
 
     // Elements with every byte zero: the host's memory holds anything.
     explicit Block(std::size_t count) : Block(raw(count)) {
-        if (data_) clear();
+        if (data_ != nullptr) clear();
     }
 
     // Elements left as the host gave them, for memory that is written whole at once.
@@ -37,7 +37,7 @@ class Block {
     static Block adopt(T* data, std::size_t count) noexcept {
         Block block;
         block.data_ = data;
-        block.count_ = data ? count : 0;
+        block.count_ = data != nullptr ? count : 0;
         return block;
     }
 
@@ -67,15 +67,15 @@ class Block {
     std::span<const T> span() const noexcept { return {data_, count_}; }
 
     void clear() noexcept {
-        if (data_) std::memset(static_cast<void*>(data_), 0, count_ * sizeof(T));
+        if (data_ != nullptr) std::memset(static_cast<void*>(data_), 0, count_ * sizeof(T));
     }
 
     // Changes the number of elements; new ones are zero. False, and nothing changed, when memory is short.
     bool resize(std::size_t count) {
-        if (!data_) return static_cast<bool>(*this = Block(count));
+        if (data_ == nullptr) return static_cast<bool>(*this = Block(count));
         if (!fits(count)) return false;
         auto* moved = grx_realloc(reinterpret_cast<char*>(data_), bytes(count_), bytes(count));
-        if (!moved) return false;
+        if (moved == nullptr) return false;
         data_ = reinterpret_cast<T*>(moved);
         if (count > count_) std::memset(static_cast<void*>(data_ + count_), 0, (count - count_) * sizeof(T));
         count_ = count;
@@ -83,7 +83,7 @@ class Block {
     }
 
     void reset() noexcept {
-        if (data_) grx_free(reinterpret_cast<char*>(data_), bytes(count_));
+        if (data_ != nullptr) grx_free(reinterpret_cast<char*>(data_), bytes(count_));
         data_ = nullptr;
         count_ = 0;
     }

@@ -48,7 +48,7 @@ void temporisation(DOUBLE tempo) {
 }
 
 int chrono_top(DOUBLE* top) {
-    if (top) *top = grx::in_seconds(now());
+    if (top != nullptr) *top = grx::in_seconds(now());
     return 0;
 }
 
@@ -67,7 +67,8 @@ std::atomic<AlarmFunction> alarm_function{nullptr};
 static_assert(std::atomic<AlarmFunction>::is_always_lock_free, "read inside a signal handler");
 
 void call_alarm_function(int) {
-    if (const auto function = alarm_function.load()) function();
+    const auto function = alarm_function.load();
+    if (function != nullptr) function();
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The directories of icons and message files, from settings and environment.
+// The directories of icons and of message files, and the working one that the environment names.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -35,10 +35,10 @@ struct IconDirectory {
     char name[2];
 };
 
-constexpr std::array<IconDirectory, 3> icon_directories{{{2, "S"}, {3, "M"}, {4, "L"}}};
+constexpr std::array<IconDirectory, 3> kIconDirectories{{{2, "S"}, {3, "M"}, {4, "L"}}};
 
-constexpr INT first_message_format = 1; // the one whose messages lie in the directory itself
-constexpr std::size_t digits_of_int = 12;
+constexpr INT kFirstMessageFormat = 1; // the one whose messages lie in the directory itself
+constexpr std::size_t kDigitsOfInt = 12;
 
 } // namespace
 
@@ -47,7 +47,7 @@ extern "C" {
 INT grx_recup_repertoire_icones(char* adr) {
     grx::copy_text(adr, sizeof(adr_icones), adr_icones);
     const auto format = grx_recup_format_icone();
-    for (auto entry : icon_directories)
+    for (auto entry : kIconDirectories)
         if (adr && entry.format == format) compose_adresse_fichier(adr_icones, entry.name, adr);
     return 0;
 }
@@ -56,14 +56,14 @@ INT grx_decompose_adresse_fichier_message(char* adr, INT* format) {
     if (!adr || !format) return 0;
     const auto path = grx::view(adr);
     const auto kept = path.size() - grx::trailing_digits(path);
-    *format = kept < path.size() ? grx::number_of(path.substr(kept)) : first_message_format;
+    *format = kept < path.size() ? grx::number_of(path.substr(kept)) : kFirstMessageFormat;
     adr[kept] = '\0';
     return 0;
 }
 
 INT grx_recup_repertoire_message(char* adr, INT* format) {
-    if (!adr || !format || *format == first_message_format) return 0;
-    std::array<char, digits_of_int> number{};
+    if (!adr || !format || *format == kFirstMessageFormat) return 0;
+    std::array<char, kDigitsOfInt> number{};
     std::snprintf(number.data(), number.size(), "%d", *format);
     compose_adresse_fichier(adr, number.data(), adr);
     return 0;
@@ -73,13 +73,13 @@ INT grx_recup_repertoire_message(char* adr, INT* format) {
 namespace {
 
 constexpr char path_variable[] = "ZZCUR";
-constexpr std::size_t path_too_long = 60;
+constexpr std::size_t kPathTooLong = 60;
 constexpr char fallback_path[] = "tmp";
 
 // What init_path answers.
-constexpr INT path_usable = 0;
-constexpr INT path_refused = 1;
-constexpr INT path_unusable = 2;
+constexpr INT kPathUsable = 0;
+constexpr INT kPathRefused = 1;
+constexpr INT kPathUnusable = 2;
 
 // getvarsystem knows no limit, so the room is measured first.
 grx::Block<char> variable(const char* wanted) {
@@ -100,16 +100,16 @@ void end_with_slash(char* path) {
 
 INT path_of_variable(char* path) {
     auto value = variable(path_variable);
-    if (!value) return path_refused;
-    if (grx::view(value.data()).size() >= path_too_long) {
+    if (!value) return kPathRefused;
+    if (grx::view(value.data()).size() >= kPathTooLong) {
         grx_erreur(GRX_ERR_VAR_ENV_LONGUE);
-        return path_refused;
+        return kPathRefused;
     }
     str_trim(path, value.data());
-    if (path[0] == '\0') return path_refused;
+    if (path[0] == '\0') return kPathRefused;
     str_lwr(path, path);
     end_with_slash(path);
-    return test_directorie(path) == 0 ? path_usable : path_unusable;
+    return test_directorie(path) == 0 ? kPathUsable : kPathUnusable;
 }
 
 } // namespace
@@ -118,9 +118,9 @@ extern "C" {
 
 // KEEP: the result stays what it was although path then is "tmp" or empty.
 INT init_path(char* path) {
-    if (!path) return path_refused;
+    if (path == nullptr) return kPathRefused;
     const auto result = path_of_variable(path);
-    if (result == path_usable) return result;
+    if (result == kPathUsable) return result;
     grx::copy_text(path, sizeof(fallback_path), fallback_path);
     if (test_directorie(path) != 0) path[0] = '\0';
     return result;

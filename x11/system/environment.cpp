@@ -1,6 +1,7 @@
 // What the operating system tells of itself.
 #include <array>
 #include <cstdlib>
+#include <string_view>
 #include <unistd.h>
 
 #include "pure/text.h"
@@ -9,7 +10,7 @@
 extern "C" {
 
 INT getcurrentdir(char* s) {
-    if (!s) return 1;
+    if (s == nullptr) return 1;
     std::array<char, GRX_REPERTOIRE_MAX> directory{};
     const bool known = getcwd(directory.data(), directory.size()) != nullptr;
     grx::copy_text(s, directory.size(), known ? grx::view(directory.data()) : std::string_view());
@@ -22,9 +23,9 @@ INT osname(void) {
 
 // contenu has room for the whole value: the caller measures it.
 INT getvarsystem(char* nom_var, char* contenu) {
-    const char* const value = nom_var ? std::getenv(nom_var) : nullptr;
+    const char* const value = nom_var != nullptr ? std::getenv(nom_var) : nullptr;
     const auto text = grx::view(value);
     grx::copy_text(contenu, text.size() + 1, text);
-    return value ? 0 : 1;
+    return value != nullptr ? 0 : 1;
 }
 }

@@ -7,17 +7,18 @@
 extern "C" {
 
 INT grx_erreur(INT code) {
-    std::printf("%s\n", grx::error_heading);
-    if (const char* const text = grx::error_text(code)) {
+    std::printf("%s\n", grx::kErrorHeading);
+    const char* const text = grx::error_text(code);
+    if (text != nullptr) {
         std::printf("%s\n", text);
     } else {
-        std::printf(grx::error_unknown_format, code);
+        std::printf(grx::kErrorUnknownFormat, code);
     }
     return 0;
 }
 
 INT grx_affiche_chaine(char* ch) {
-    std::printf("%s", ch ? ch : "");
+    std::printf("%s", ch != nullptr ? ch : "");
     return 0;
 }
 

@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <dirent.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <sys/vfs.h>
 #include <unistd.h>
@@ -16,7 +17,7 @@
 namespace {
 
 const char* or_empty(const char* text) {
-    return text ? text : "";
+    return text != nullptr ? text : "";
 }
 
 bool examine(const char* path, struct stat& status) {
@@ -84,17 +85,17 @@ int test_fichier_w(char* adr) {
 INT suppfic(char* fic) {
     return unlink(or_empty(fic));
 }
-
-// -- the names in a directory
 }
 
 namespace {
 
-constexpr std::size_t name_size = sizeof(dirent::d_name);
+// -- the names in a directory
+
+constexpr std::size_t kNameSize = sizeof(dirent::d_name);
 
 // One iteration at a time. The filter may be longer than any name, and then matches none.
 DIR* directory = nullptr;
-std::array<char, name_size + 1> filter{};
+std::array<char, kNameSize + 1> filter{};
 
 bool passes(const char* name) {
     const auto extension = grx::view(filter.data());
@@ -102,12 +103,12 @@ bool passes(const char* name) {
 }
 
 INT next_name(char* file) {
-    if (!file) return 1;
+    if (file == nullptr) return 1;
     file[0] = '\0';
-    if (!directory) return 1;
+    if (directory == nullptr) return 1;
     while (const auto* const entry = readdir(directory)) {
         if (!passes(entry->d_name)) continue;
-        grx::copy_text(file, name_size, grx::view(entry->d_name));
+        grx::copy_text(file, kNameSize, grx::view(entry->d_name));
         return 0;
     }
     return 1;
@@ -135,7 +136,7 @@ INT lect_dir_suivant(char* file) {
 }
 
 INT ferme_sysdir(void) {
-    if (directory) closedir(directory);
+    if (directory != nullptr) closedir(directory);
     directory = nullptr;
     return 0;
 }
@@ -158,7 +159,7 @@ INT verif_drive(char*) {
 
 namespace {
 
-constexpr mode_t mask_of_execution = 0111;
+constexpr mode_t kMaskOfExecution = 0111;
 
 mode_t remembered_mask = 0;
 bool has_remembered_mask = false;
@@ -168,7 +169,7 @@ bool has_remembered_mask = false;
 extern "C" {
 
 INT set_umask_rw(void) {
-    remembered_mask = umask(mask_of_execution);
+    remembered_mask = umask(kMaskOfExecution);
     has_remembered_mask = true;
     return 0;
 }

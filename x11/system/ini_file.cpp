@@ -38,7 +38,7 @@ INT traite_entier_chaine(char* ligne, char* clef) {
 
 INT traite_chaine_chaine(char* ligne, char* clef, char* chaine) {
     Line value;
-    if (!chaine || !value_of(ligne, clef, value)) return 0;
+    if (chaine == nullptr || !value_of(ligne, clef, value)) return 0;
     grx::copy_text(chaine, value.size(), value.data());
     return 1;
 }
@@ -66,7 +66,7 @@ struct Setter {
     INT (*set)(INT);
 };
 
-constexpr std::array<Setter, grx::ini_number_keys.size()> number_setters{{
+constexpr std::array<Setter, grx::kIniNumberKeys.size()> kNumberSetters{{
     {"LARG_CARACTERE", grx_affecte_lar_carac_alpha},
     {"HAUT_CARACTERE", grx_affecte_hau_carac_alpha},
     {"ESPA_CARACTERE", grx_affecte_lar_sup_alpha},
@@ -81,13 +81,13 @@ constexpr std::array<Setter, grx::ini_number_keys.size()> number_setters{{
     {"COULEUR_APPLICATION", keep_first_application_colour},
 }};
 
-static_assert(std::equal(number_setters.begin(), number_setters.end(), grx::ini_number_keys.begin(),
+static_assert(std::equal(kNumberSetters.begin(), kNumberSetters.end(), grx::kIniNumberKeys.begin(),
                   [](const Setter& setter, const grx::IniKey& key) { return setter.key == key.name; }),
     "both tables name the keys in the order in which a line is tried");
 
 bool take_font(const char* line) {
     Line font;
-    if (!value_of(line, grx::ini_font_key, font)) return false;
+    if (!value_of(line, grx::kIniFontKey, font)) return false;
     grx_affecte_font(font.data());
     return true;
 }
@@ -95,11 +95,11 @@ bool take_font(const char* line) {
 // A refused value counts as no match, so that the line goes on to the keys that follow.
 void take_line(const char* line) {
     if (take_font(line)) return;
-    for (std::size_t i = 0; i < number_setters.size(); ++i) {
-        const auto& key = grx::ini_number_keys[i];
+    for (std::size_t i = 0; i < kNumberSetters.size(); ++i) {
+        const auto& key = grx::kIniNumberKeys[i];
         const auto value = integer_of(line, key.name);
         if (!grx::ini_accepts(key.rule, value)) continue;
-        number_setters[i].set(value);
+        kNumberSetters[i].set(value);
         return;
     }
 }
@@ -110,10 +110,10 @@ extern "C" {
 
 INT grx_initialise_globales(void) {
     char here[] = "";
-    char name[sizeof(grx::ini_file_name)];
-    grx::copy_text(name, sizeof(name), grx::ini_file_name);
+    char name[sizeof(grx::kIniFileName)];
+    grx::copy_text(name, sizeof(name), grx::kIniFileName);
     char* const directory = sstate[SST_REP_SYSTEME];
-    if (text_open(directory ? directory : here, name, HOST_MODE_LECTURE) != 0) return -1;
+    if (text_open(directory != nullptr ? directory : here, name, HOST_MODE_LECTURE) != 0) return -1;
     grx_initialise_globales_systeme();
     Line line;
     while (text_lec(line.data())) take_line(line.data());

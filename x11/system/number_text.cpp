@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr INT most_decimals = 700; // str_ftoa's buffer holds them after the longest double
+constexpr INT kMostDecimals = 700; // str_ftoa's buffer holds them after the longest double
 
-constexpr char too_wide = '*';
-constexpr char not_written = '?';
+constexpr char kTooWide = '*';
+constexpr char kNotWritten = '?';
 
 void fill(char* s, INT count, char c) {
     std::fill_n(s, count, c);
@@ -24,14 +24,14 @@ extern "C" {
 
 // s has room for total characters and the final zero.
 INT encode_double_en_caractere(DOUBLE r, INT total, INT nbdec, char* s) {
-    if (!s) return 0;
+    if (s == nullptr) return 0;
     const auto width = std::max(total, 0);
     std::array<char, HOST_NOMBRE_MAX> text{};
     const auto field = std::min(width, static_cast<INT>(text.size()) - 1);
-    if (nbdec > most_decimals || str_ftoa(text.data(), r, field, nbdec) != 1) {
-        fill(s, width, not_written);
+    if (nbdec > kMostDecimals || str_ftoa(text.data(), r, field, nbdec) != 1) {
+        fill(s, width, kNotWritten);
     } else if (const auto number = grx::view(text.data()); number.size() > static_cast<std::size_t>(width)) {
-        fill(s, width, too_wide);
+        fill(s, width, kTooWide);
     } else {
         grx::copy_text(s, static_cast<std::size_t>(width) + 1, number);
     }

@@ -8,6 +8,8 @@
 
 extern "C" {
 
+// Data files of an older generation of the application are recognised, and not read.
+
 INT reconnait_fichier_domoplanix(GRX_ARGS_LIBRES) {
     return 1;
 }
@@ -35,8 +37,6 @@ INT ReadOldNivDomoplanix(GRX_ARGS_LIBRES) {
 INT ReadOldB3DDomoplanix(GRX_ARGS_LIBRES) {
     return 0;
 }
-
-// Entry points that other platforms need and this one does not.
 
 INT grx_reactive_topmost(void) {
     return 0;

@@ -1,4 +1,4 @@
-// Drawing on the printer, which there is none of.
+// The printer, which there is none of: it answers as one with a page of one unit by one, and drawing on it does nothing.
 #include "pure/out.h"
 #include "host_g.h"
 #include "grx_api.h"

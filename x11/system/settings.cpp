@@ -7,10 +7,10 @@
 namespace {
 
 // What the setters without argument write.
-constexpr INT colour_of_crosshair = 1;
-constexpr INT colour_of_second_crosshair = 6;
-constexpr INT colour_of_neutral = 4;
-constexpr INT colour_of_contrasting = 2;
+constexpr INT kColourOfCrosshair = 1;
+constexpr INT kColourOfSecondCrosshair = 6;
+constexpr INT kColourOfNeutral = 4;
+constexpr INT kColourOfContrasting = 2;
 
 struct Settings {
     std::array<char, GRX_FONTE_MAX> font{};
@@ -39,8 +39,8 @@ struct Settings {
     signed char icon_format = 0;
     INT fixed_menu = 0;
     // KEEP: neutral and contrasting start at 5, their setters write 4 and 2.
-    INT crosshair = colour_of_crosshair;
-    INT second_crosshair = colour_of_second_crosshair;
+    INT crosshair = kColourOfCrosshair;
+    INT second_crosshair = kColourOfSecondCrosshair;
     INT neutral = 5;
     INT contrasting = 5;
 };
@@ -193,19 +193,19 @@ INT grx_affecte_couleur_fond(INT couleur) {
 }
 
 INT affecte_couleur_mires(void) {
-    return set(settings.crosshair, colour_of_crosshair);
+    return set(settings.crosshair, kColourOfCrosshair);
 }
 
 INT affecte_couleur_mire2(void) {
-    return set(settings.second_crosshair, colour_of_second_crosshair);
+    return set(settings.second_crosshair, kColourOfSecondCrosshair);
 }
 
 INT affecte_couleur_neutre(void) {
-    return set(settings.neutral, colour_of_neutral);
+    return set(settings.neutral, kColourOfNeutral);
 }
 
 INT affecte_couleur_contrastee(void) {
-    return set(settings.contrasting, colour_of_contrasting);
+    return set(settings.contrasting, kColourOfContrasting);
 }
 
 INT recup_couleur_mire(void) {

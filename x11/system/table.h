@@ -1,4 +1,4 @@
-// The fixed tables of the bases: allocated once, never moved, their entries cleared.
+// The fixed tables of the bases: allocated once, never moved, their entries cleared; and numbers as indices into them.
 #pragma once
 
 #include <algorithm>

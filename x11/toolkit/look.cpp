@@ -21,13 +21,10 @@ std::optional<Pixel> application_pixel() {
     return static_cast<Pixel>(is_index ? grx_recup_couleur(colour) : colour);
 }
 
-std::optional<Pixel> background_pixel(INT colour_index) {
-    if (colour_index < 0) return application_pixel();
-    return static_cast<Pixel>(grx_recup_couleur(colour_index));
-}
-
 void set_background(Args& args, INT colour_index) {
-    if (const auto pixel = background_pixel(colour_index)) args.set(XmNbackground, *pixel);
+    const std::optional<Pixel> own =
+        colour_index >= 0 ? std::optional(static_cast<Pixel>(grx_recup_couleur(colour_index))) : std::nullopt;
+    if (const auto pixel = own ? own : application_pixel()) args.set(XmNbackground, *pixel);
 }
 
 void set_foreground(Args& args, INT colour_index) {

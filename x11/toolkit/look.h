@@ -17,8 +17,6 @@ void set_screen(Args& args);
 std::optional<Pixel> application_pixel();
 
 /// Background of a window or control: its own colour index, else the application's colour, else the toolkit's.
-std::optional<Pixel> background_pixel(INT colour_index);
-
 void set_background(Args& args, INT colour_index);
 
 void set_foreground(Args& args, INT colour_index);

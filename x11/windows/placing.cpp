@@ -14,7 +14,6 @@
 #include "registry/window_table.h"
 #include "windows/frame_thickness.h"
 #include "windows/window_build.h"
-#include "x11/windows/placing.h"
 #include "xt_fen_t.h"
 #include "xt_ini_f.h"
 

@@ -1,5 +1,5 @@
 // The work widget of each kind of window.
-#include "x11/windows/window_kinds.h"
+#include "windows/window_kinds.h"
 
 #include <X11/Intrinsic.h>
 #include <X11/StringDefs.h>
@@ -19,7 +19,6 @@
 #include "toolkit/look.h"
 #include "windows/placing.h"
 #include "windows/window_build.h"
-#include "windows/window_kinds.h"
 #include "xt_fen_t.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"

@@ -176,7 +176,7 @@ TEST_F(IconSizeLine, MissingKeyChangesNothing) {
 }
 
 TEST(IniKeys, EveryLongerKeyStandsBeforeTheOneItContains) {
-    const auto& keys = grx::ini_number_keys;
+    const auto& keys = grx::kIniNumberKeys;
     for (std::size_t i = 0; i < keys.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
             EXPECT_EQ(std::string(keys[i].name).find(keys[j].name), std::string::npos)
