@@ -94,7 +94,7 @@ class IniCheck {
         switch (rule) {
         case grx::IniRule::positive: return "must be greater than 0";
         case grx::IniRule::drawing_count: return "must be one of" + drawing_counts();
-        case grx::IniRule::rendering_count: return "must be at least " + std::to_string(grx::ini_rendering_minimum);
+        case grx::IniRule::rendering_count: return "must be at least " + std::to_string(grx::kIniRenderingMinimum);
         case grx::IniRule::application_colour: return "must be 0 or more";
         }
         return "";
