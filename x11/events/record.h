@@ -1,5 +1,5 @@
-// Filling the one pending event record. A member is written field by field: what a type does not name keeps the
-// value that grx_init_evenement or an earlier event left.
+// Fills the one pending event record, for all handlers of events. A member is filled field by field: a field that the
+// type of event does not use keeps the value that grx_init_evenement or an earlier event left.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ Member& post(Member& member, INT type, INT nofen) {
     return member;
 }
 
-/// Copies a text into a fixed field, cut to fit, always terminated.
+/// Copies as much of a text as fits and always terminates it.
 template <std::size_t N>
 void copy_text(char (&field)[N], std::string_view text) {
     const auto length = std::min(text.size(), N - 1);
@@ -24,7 +24,7 @@ void copy_text(char (&field)[N], std::string_view text) {
     field[length] = '\0';
 }
 
-/// The modifier bits of pointer events.
+/// The modifier bits of the application for an event's state.
 constexpr INT modifier_bits(unsigned int state) {
     constexpr unsigned int shift = 1, control = 4;
     return ((state & shift) != 0 ? GRX_ETAT_SHIFT : 0) + ((state & control) != 0 ? GRX_ETAT_CONTROL : 0);

@@ -1,4 +1,4 @@
-// Drawing on the printer, which there is none of.
+// The printing functions that applications call. This platform has no printer to draw on, so that they draw nothing.
 #include "pure/out.h"
 #include "host_g.h"
 #include "grx_api.h"
