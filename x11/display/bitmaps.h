@@ -1,4 +1,5 @@
-// Bitmaps compiled into the library, one bit a pixel, lowest bit leftmost, rows padded to bytes.
+// Makes pixmaps of the bitmaps that are compiled into the library, for cursors, icons and warnings. The bitmaps have
+// one bit a pixel, lowest bit leftmost, rows padded to bytes.
 #pragma once
 
 #include <X11/Xutil.h>
@@ -11,6 +12,7 @@
 namespace grx {
 
 template <std::size_t N>
+/// A square pixmap one plane deep, `side` pixels wide, which the caller frees.
 Pixmap make_bitmap(const std::array<uchar, N>& bits, unsigned int side) {
     const Pixmap bitmap = new_bitmap(side, side);
     XImage image{};

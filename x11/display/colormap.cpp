@@ -1,4 +1,4 @@
-// The colormap of the screen, allocated at start-up for the colours of the palettes.
+// Allocates the colours of the palettes in the colormap of the screen, for the start of the library.
 #include <X11/Xlib.h>
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr INT kLeastDrawingColours = 8;
 
-// System positions of the four kinds of colour.
+// The system positions where the kinds of colour begin.
 INT first_reserved() {
     return grx_recup_max_couleur_icone();
 }
@@ -39,7 +39,7 @@ void compute_rendering_bounds() {
     grx::set_rendering_bounds(first, first + grx::rendering_colours());
 }
 
-// The application's indices begin at the reserved colours; rendering colours keep their system positions.
+// The application counts from the reserved colours on. Rendering colours keep their system positions.
 void copy_to_drawing_table() {
     const INT icons = grx_recup_max_couleur_icone();
     const INT first = std::min<INT>(grx_premier_index_rendu(), GRX_NB_COULEURS);
@@ -61,7 +61,7 @@ INT too_few_cells() {
     return 0;
 }
 
-// No cell was had for system position k: 0 when the interface cannot do without it.
+// The server had no cell for system position k. Returns 0 when the interface cannot do without that colour.
 INT accept_shortage(INT k) {
     if (k < first_drawing()) return too_few_cells();
     if (k < grx_premier_index_rendu()) {
@@ -104,7 +104,7 @@ INT grx_init_colormap_8_plans(void) {
     std::fill(std::begin(grx::pal_pix), std::end(grx::pal_pix), grx::kNoColour);
     compute_rendering_bounds();
     const INT wanted =
-        grx_dernier_index_rendu(); // KEEP: a shortage lowers the bounds, not the number of cells asked for
+        grx_dernier_index_rendu(); // KEEP: a shortage lowers the bounds, not the number of cells that are asked for
     ColourTable colours{};
     unsigned long pixel = 0;
     for (INT k = 0; k < wanted; ++k) {

@@ -1,4 +1,4 @@
-// From a colour index to a pixel and back; the application changes and reads colours here.
+// Turns colour indices into pixels and back for all drawing, and lets the application change and read colours.
 #include "display/colours.h"
 
 #include <X11/Xlib.h>
@@ -63,7 +63,7 @@ Shifts component_shifts() {
 
 namespace {
 
-// What is read as 257 goes back whole.
+// A full component reads 257; it must become a full one again when the application sets it.
 constexpr INT kMostStored = 0xFFFF / grx::kMaxComponent;
 
 unsigned short x_component(INT component) {
@@ -117,7 +117,7 @@ void compute_pixel(INT index, const INT* rgb) {
     grx::colours_changed();
 }
 
-// KEEP: integer division of c + 1 by 255, so that a full component reads 257.
+// KEEP: c + 1 is divided by 255 in integers, so that a full component reads 257.
 INT component_read_back(unsigned short c) {
     return (static_cast<INT>(c) + 1) / grx::kMaxComponent;
 }
@@ -188,7 +188,7 @@ INT grx_recup_couleur_icone(INT index) {
 INT grx_recup_index_image(INT* rgb, INT* index) {
     if (rgb == nullptr || index == nullptr) return 0;
     const INT pixel =
-        grx::compose_pixel(grx::component_shifts(), rgb); // KEEP: the deep-screen pixel, on 8 planes as well
+        grx::compose_pixel(grx::component_shifts(), rgb); // KEEP: the pixel of a deep screen, on 8 planes too
     const INT count = std::min<INT>(grx_recup_max_couleur_reserve() + grx::drawing_colours(), GRX_NB_COULEURS);
     const INT* const end = trace_pix + count;
     const INT* const found = std::find<const INT*>(trace_pix, end, pixel);

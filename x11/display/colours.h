@@ -1,4 +1,5 @@
-// From a colour index to a pixel and back; the application changes and reads colours here.
+// Turns colour indices into pixels and back, for all drawing. A system position counts all colours of the library:
+// icon, reserved, drawing, rendering.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -8,7 +9,7 @@
 
 namespace grx {
 
-extern INT system_pix[GRX_NB_COULEURS]; // pixel of each system position: icon, reserved, drawing, rendering colours
+extern INT system_pix[GRX_NB_COULEURS]; // pixel of each system position
 extern INT icone_pix[GRX_NB_COULEURS];  // pixel of each icon colour
 extern INT pal_pix[GRX_NB_COULEURS];    // system position of each pixel, 8 planes only
 
@@ -16,7 +17,7 @@ inline constexpr INT kNoColour = -1;
 
 bool in_colour_table(INT index);
 
-/// Where the rendering colours begin and end among the system positions.
+/// Sets the first and the last system position of the rendering colours.
 void set_rendering_bounds(INT first, INT last);
 
 Shifts component_shifts();

@@ -1,4 +1,5 @@
-// The connection to the X server: the globals that describe it, and what becomes of its errors.
+// Opens the connection to the X server and handles its errors, for the start of the library. The globals here describe
+// the connection to all other rooms.
 #include "display/connection.h"
 
 #include <X11/Intrinsic.h>
@@ -39,11 +40,11 @@ constexpr int kMaxErrorText = 80;
 char last_error_text[kMaxErrorText] = "";
 INT error_count = 0;
 
-// What the application had installed before; null when that was Xlib's own.
+// The handlers that the application had installed before; null when it had none.
 XErrorHandler application_errors = nullptr;
 XIOErrorHandler application_end = nullptr;
 
-// Arguments of the application as the toolkit sees them; it keeps the address.
+// The arguments of the application that the toolkit is given. It keeps their address.
 constexpr std::size_t kNameBuffer = 20;
 char* arguments[2] = {nullptr, nullptr};
 
@@ -67,7 +68,7 @@ int erreur_systeme(Display* disp, XErrorEvent* evt);
 int erreur_io_systeme(Display* disp);
 
 int erreur_systeme(Display* disp, XErrorEvent* evt) {
-    static bool telling = false; // the application's may call the one that it found, which is this one
+    static bool telling = false; // the application's handler may call the one it found, which is this one
     if (telling) return 0;
     XGetErrorText(disp, evt->error_code, last_error_text, kMaxErrorText);
     ++error_count;
@@ -86,7 +87,8 @@ int erreur_io_systeme(Display* disp) {
 
 namespace {
 
-// Installs ours, and remembers the one before unless it is ours or Xlib's own, which nothing but null brings back.
+// Installs our handler and remembers the application's. It remembers neither our own nor Xlib's: Xlib's is brought back
+// by null only.
 template <class Handler>
 void install(Handler (*set)(Handler), Handler ours, Handler& application) {
     Handler before = set(nullptr);

@@ -1,4 +1,4 @@
-// The connection to the X server: the globals that describe it, and what becomes of its errors.
+// Opens the connection to the X server and handles its errors, for the start of the library and its teardown.
 #pragma once
 
 #include "host_t.h"
@@ -8,10 +8,12 @@ namespace grx {
 /// Connects to the display of the environment; false when there is none.
 bool open_display();
 
-/// The library's handlers of protocol errors and of the end of the connection; they call the application's.
+/// Installs the library's handlers of protocol errors and of the end of the connection. They call the application's.
 void install_error_handlers();
 
-const char* last_x_error_text(); // text of the last protocol error, "" = none yet
+/// The text of the last protocol error, empty when there was none. The library keeps it.
+const char* last_x_error_text();
+/// The number of protocol errors since the process began.
 INT x_error_count();
 
 } // namespace grx

@@ -1,4 +1,5 @@
-// The drawing context, and what drawing remembers of it and of where it draws.
+// Makes and releases the drawing contexts of windows, for their creation and for drawing. What drawing remembers of the
+// context and of its target is here too.
 #include "display/context.h"
 
 #include <X11/Intrinsic.h>
@@ -55,17 +56,17 @@ void grx_init_memo_attrib(void) {
 
 namespace {
 
-// The drawing context before the present one, which an application may still hold.
+// The drawing context before the present one. An application may still use it.
 GC former_g_c = nullptr;
 
-// Contexts of windows that are gone, in use still.
+// Contexts whose windows are gone but that are still in use.
 std::array<GC, 2> contexts_left{};
 
 GC new_drawing_context(Window window) {
     XGCValues values{};
     values.function = GXcopy;
     values.line_width = 0;
-    values.graphics_exposures = False; // a copy would queue an event that a polling application sees
+    values.graphics_exposures = False; // copies would queue events that a polling application sees
     unsigned long mask = GCFunction | GCLineWidth | GCGraphicsExposures;
     if (fontstruct != nullptr) {
         values.font = fontstruct->fid;

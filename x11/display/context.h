@@ -1,4 +1,4 @@
-// The drawing context, and what drawing remembers of it and of where it draws.
+// The drawing context, and what drawing remembers of it and of its target.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -14,12 +14,16 @@ extern Drawable win_bidon, win_bidon_bouton;
 
 inline constexpr INT kForgotten = -1;
 
-/// What memo_attrib cannot say: the context no longer has the width, style or function that it remembers.
+/// True when the context no longer has the width, style or function that memo_attrib remembers.
 extern bool context_stale;
-void context_changed(); // g_c was changed outside grx_affecte_gc: send everything with the next drawing
-void colours_changed(); // pixels of colour indices changed: send the colours again
+/// To be called when g_c was changed outside grx_affecte_gc: the next drawing sends all attributes.
+void context_changed();
+/// To be called when the pixel of a colour index changed: the next drawing sends the colours again.
+void colours_changed();
+/// Ends drawing in memory when this picture is its target, because the picture goes.
 void forget_drawing_target(const Pixmap* image);
 
-void give_context(Widget shell); // grx_init_gc for a window of the library's: its drawing context goes with it
+/// Makes the drawing context as grx_init_gc does, and frees it when the shell is destroyed.
+void give_context(Widget shell);
 
 } // namespace grx

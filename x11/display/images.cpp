@@ -1,4 +1,4 @@
-// Pictures as the server takes them.
+// Makes images in the form that the server takes, for pictures of windows and controls.
 #include "display/images.h"
 
 #include <X11/Xlib.h>

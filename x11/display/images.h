@@ -1,4 +1,4 @@
-// Pictures as the server takes them.
+// Makes images in the form that the server takes, for pictures of windows and controls.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -14,15 +14,16 @@ struct ImageSize {
     int width, height;
 };
 
-/// Bytes a pixel of the deep screen's images takes: 4, or 3 where the server packs them.
+/// Bytes that one pixel takes in images of a deep screen: 4, or 3 where the server packs them.
 int bytes_per_pixel();
 
-/// An image on pixels that somebody else owns; before it is destroyed its data must be taken away.
+/// An image of pixels that the caller owns; drop_image frees it. Null when memory is short.
 XImage* make_image(char* data, ImageSize size, int depth, int pad, int row_bytes);
 
+/// Frees an image but not its pixels.
 void drop_image(XImage* image);
 
-/// This machine's byte order, in which pixels are stored as plain integers.
+/// The byte order of this machine, as X names it.
 int native_byte_order();
 
 void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes);

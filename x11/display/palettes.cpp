@@ -1,4 +1,4 @@
-// The palettes: which colours there are before the server is asked for any.
+// The palettes: the colours that the library asks the server for at start-up. The application may change them before.
 #include "display/palettes.h"
 
 #include <algorithm>
@@ -17,8 +17,8 @@
         TEINTE(s, 8), TEINTE(s, 9), TEINTE(s, 10), TEINTE(s, 11), TEINTE(s, 12), TEINTE(s, 13), TEINTE(s, 14),         \
         TEINTE(s, 15)
 
-// Filled from the start, so that an application that computes no palette has colours, and one that sets its own
-// before start-up keeps them.
+// The palettes are full from the start. So an application that computes no palette has colours, and one that sets its
+// own before start-up keeps them.
 INT palette_icone[GRX_NB_COULEURS][3] = {SEIZE(ICONE)};
 INT palette_trace[GRX_NB_COULEURS][3] = {NUANCE(0), NUANCE(1), NUANCE(2), NUANCE(3), NUANCE(4), NUANCE(5), NUANCE(6),
     NUANCE(7), NUANCE(8), NUANCE(9), NUANCE(10), NUANCE(11), NUANCE(12), NUANCE(13), NUANCE(14), NUANCE(15)};

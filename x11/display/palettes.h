@@ -1,11 +1,11 @@
-// The palettes: which colours there are before the server is asked for any.
+// How many colours the palettes have, for the colormap and the colours.
 #pragma once
 
 #include "host_t.h"
 
 namespace grx {
 
-/// Counts as set by the application, inside what any screen could give.
+/// The numbers of colours that the application set, limited to what a screen could give.
 INT drawing_colours();
 
 INT rendering_colours();

@@ -1,4 +1,4 @@
-// Pixmaps as the library makes and releases them.
+// Makes, copies and frees pixmaps, for backing pictures and the pictures of controls.
 #include "display/pixmaps.h"
 
 #include <X11/IntrinsicP.h>

@@ -1,4 +1,4 @@
-// Pixmaps as the library makes and releases them.
+// Makes, copies and frees pixmaps, for backing pictures and the pictures of controls.
 #pragma once
 
 #include <X11/IntrinsicP.h>
@@ -7,19 +7,20 @@
 
 namespace grx {
 
-/// The X window of a widget that has one by now, else None. Read from the widget: drawing asks for every primitive.
+/// The X window of a widget, None when it has none yet. It is read from the widget itself because drawing asks for
+/// every primitive.
 inline Window window_of(Widget w) {
     return w != nullptr ? w->core.window : None;
 }
 
 Pixmap make_pixmap(Drawable on, Size size);
 
-/// Asks the server; nothing for a pixmap that is gone.
+/// The size that the server tells; 0 x 0 for a pixmap that is gone.
 Size pixmap_size(Pixmap pixmap);
 
 void free_pixmap(Pixmap pixmap);
 
-/// Whether the server keeps what a window shows; nothing for None.
+/// Tells the server whether to keep what a window shows: `mode` is one of X. Does nothing for None.
 void set_backing_store(Window window, int mode);
 
 void fill_drawable(Drawable target, GC context, Size size);

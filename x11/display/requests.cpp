@@ -1,5 +1,5 @@
-// Requests put straight into the display connection's output buffer. The connection belongs to the application's one
-// thread.
+// Writes requests for bitmaps and cursors straight into the output buffer of the connection. Only the one thread of the
+// application uses the connection.
 #include "display/requests.h"
 
 #include <X11/Xlib.h>

@@ -1,4 +1,4 @@
-// Size and depth of the screen.
+// Tells the application and the library the size and the depth of the screen.
 #include "display/screen.h"
 
 #include "pure/palette.h"

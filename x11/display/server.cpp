@@ -1,4 +1,4 @@
-// What is said to the server as a whole: its bell, its queue, its two fixed colours.
+// Functions of the application for the server as a whole: its bell, its queue, its two fixed colours.
 #include <X11/Xlib.h>
 
 #include "xt_gfx_f.h"
@@ -24,7 +24,7 @@ constexpr int kBellVolume = 20;
 
 extern "C" {
 
-// The server's own pitch and length of the bell serve for all.
+// Pitch and length are ignored: the server's own serve for every bell.
 void grx_bipbip(INT, INT) {
     if (x11_disp != nullptr) XBell(x11_disp, kBellVolume);
 }

@@ -1,4 +1,5 @@
-// Colour, style and width of what is drawn: sent to the context when they change.
+// Colour, style and width of what is drawn, for all primitives. They are sent to the drawing context only when they
+// change.
 #include "drawing/attributes.h"
 
 #include <X11/Xlib.h>
@@ -56,7 +57,7 @@ GRX_ATTRIBUTS_TRACER background_attributes() {
     return grx::plain_attributes(grx_recup_couleur_fond(), grx_recup_couleur_fond());
 }
 
-// One set of changes to the context, sent with one request.
+// Changes of the context, collected so that one request sends them all.
 struct Changes {
     XGCValues values{};
     unsigned long mask = 0;
@@ -80,7 +81,7 @@ void change_style(Changes& c, const GRX_ATTRIBUTS_TRACER& att) {
         const DashList& list = kDashLists[static_cast<std::size_t>(att.type_trait)];
         XSetDashes(x11_disp, g_c, 0, list.lengths, list.count);
     }
-    c.values.line_style = dashed ? LineDoubleDash : LineSolid; // KEEP: gaps in the background colour
+    c.values.line_style = dashed ? LineDoubleDash : LineSolid; // KEEP: gaps are drawn in the background colour
     c.mask |= GCLineStyle;
     grx::memo_attrib.type_trait = att.type_trait;
 }
@@ -99,8 +100,8 @@ unsigned long foreground_for(const GRX_ATTRIBUTS_TRACER& att) {
     return grx::drawing_pixel(att.coul_trace);
 }
 
-// KEEP: a change of background alone does not send the exclusive-or foreground again; erasing leaves the memorised
-// drawing colour as it was.
+// KEEP: when only the background changes, the exclusive-or foreground is not sent again. Erasing does not change the
+// drawing colour that is remembered.
 void change_foreground(Changes& c, const GRX_ATTRIBUTS_TRACER& att) {
     if (att.coul_trace == grx::memo_attrib.coul_trace && att.mode == grx::memo_attrib.mode && !grx::context_stale)
         return;

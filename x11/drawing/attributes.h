@@ -1,4 +1,5 @@
-// Colour, style and width of what is drawn: sent to the context when they change.
+// Colour, style and width of what is drawn, for all primitives. They are sent to the drawing context only when they
+// change.
 #pragma once
 
 #include "pure/clip.h"
@@ -15,7 +16,7 @@ void forget_background();
 
 void set_copy_function();
 
-/// True when the context is as the attributes want it.
+/// True when the context has these attributes already.
 inline bool applied(const GRX_ATTRIBUTS_TRACER& att) {
     return !context_stale && att.coul_fond == memo_attrib.coul_fond && att.coul_trace == memo_attrib.coul_trace
            && att.mode == memo_attrib.mode && att.type_trait == memo_attrib.type_trait

@@ -1,4 +1,4 @@
-// Backing pictures of windows and buttons, drawn in memory and copied to the screen.
+// Backing pictures of windows and buttons: the application draws into them in memory and has them copied to the screen.
 #include "drawing/backing.h"
 
 #include <X11/Intrinsic.h>
@@ -67,7 +67,7 @@ ButtonBacking button_backing(INT nobou) {
 
 namespace {
 
-// Forces the background to be sent with the fill of a whole picture.
+// The background colour may have changed since, so it is sent again before the fill.
 void clear_picture(Pixmap picture, grx::Size size) {
     grx::forget_background();
     grx::apply_background();
@@ -94,12 +94,12 @@ INT grx_cree_bitmap_backingstore(INT nofen) {
 void grx_supprime_bitmap_backingstore(INT nofen) {
     const grx::Backing backing = grx::backing_of(nofen);
     if (!backing || grx::holds_dead_pixmap(nofen)) return;
-    grx::free_pixmap(*backing.holder); // KEEP: the stored value is left as it is
+    grx::free_pixmap(*backing.holder); // KEEP: the stored id stays as it is
     grx::mark_dead_pixmap(nofen, true);
 }
 
 void grx_recree_bitmap_backingstore(INT nofen) {
-    grx_cree_bitmap_backingstore(nofen); // which frees the one before
+    grx_cree_bitmap_backingstore(nofen); // it frees the picture before
 }
 
 INT grx_affiche_bitmap_backingstore(INT nofen) {
@@ -144,7 +144,7 @@ INT grx_redess_necessaire(void) {
 }
 
 INT grx_alloue_image(INT) {
-    const INT active = grx_recup_nofen_active(); // KEEP: the active window, whatever the argument
+    const INT active = grx_recup_nofen_active(); // KEEP: the argument is ignored, the active window is meant
     const grx::Backing backing = grx::backing_of(active);
     if (!backing) return 0;
     grx::image_redess = backing.holder;
@@ -159,7 +159,7 @@ INT grx_desalloue_image(void) {
 }
 
 INT grx_alloue_image_bouton(INT, INT efface_pas) {
-    const grx::ButtonBacking backing = grx::button_backing(grx_recup_nobou_actif()); // KEEP: the active button
+    const grx::ButtonBacking backing = grx::button_backing(grx_recup_nobou_actif()); // KEEP: the active button is meant
     if (!backing) return 0;
     grx::image_redess_bouton = &backing.record->image;
     grx::grx_trace_memoire_bouton = 1;
@@ -193,7 +193,7 @@ INT grx_affiche_bitmap_backingstore_bouton(INT nobou) {
     grx::apply_background();
     grx::copy_drawable(backing.record->image, backing.window, g_c, backing.size);
     XSync(x11_disp, False);
-    return 1; // KEEP: 1 is shown here, 0 is shown for windows
+    return 1; // KEEP: 1 says shown here, while 0 says shown for windows
 }
 
 void grx_memorise_bitmap_backingstore_bouton(INT nobou) {
@@ -226,7 +226,7 @@ INT grx_restore_fenetre(INT nofen) {
     grx::set_copy_function();
     const grx::Size size = grx::window_size(nofen);
     if (size != grx::Size{slot->lar, slot->hau}) {
-        grx::free_pixmap(slot->image); // a picture of another size is discarded, never stretched
+        grx::free_pixmap(slot->image); // a picture of another size is not stretched
         *slot = GRX_SAUVE_ZONE{};
         return 0;
     }
@@ -238,7 +238,7 @@ INT grx_restore_fenetre(INT nofen) {
 
 namespace {
 
-// What memory drawing left is shown, and the picture made ready for the next.
+// Shows what was drawn in memory. The picture is cleared afterwards when the caller wants that.
 void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT efface_pas) {
     grx::forget_background();
     grx::apply_background();

@@ -1,4 +1,4 @@
-// Backing pictures of windows and buttons, drawn in memory and copied to the screen.
+// Backing pictures of windows and buttons, for the functions that draw in memory and that show pictures.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -9,7 +9,7 @@
 
 namespace grx {
 
-/// A window that can have a backing picture; null holder: it has none.
+/// A window and its backing picture. `holder` is null when the window can have none.
 struct Backing {
     Window window = None;
     Pixmap* holder = nullptr;

@@ -1,6 +1,6 @@
-// Runs of small primitives. Xlib joins consecutive points, segments, rectangles and filled shapes of one context and
-// drawable into one request, but takes a lock and a function call for each. Here one that can join the request still
-// in the buffer is put there directly; any other goes through Xlib, which begins the next request.
+// Draws runs of small primitives quickly. Xlib joins consecutive points, segments, rectangles and filled shapes of one
+// context and drawable into one request, but needs a lock and a function call for each. Here a primitive that can join
+// the request still in the buffer is written there directly. Any other goes through Xlib, which begins a new request.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -17,7 +17,7 @@
 
 namespace grx {
 
-/// What the five requests begin with.
+/// The first fields of a request, the same in all five requests that are joined.
 struct BatchHead {
     CARD8 type;
     BYTE mode;
@@ -28,9 +28,9 @@ struct BatchHead {
 static_assert(sizeof(BatchHead) == sz_xPolyPointReq);
 
 inline constexpr std::size_t kLengthUnit = 4;
-inline constexpr std::size_t kLongestRequest = UINT16_MAX; // in units; the buffer can be made to hold more
+inline constexpr std::size_t kLongestRequest = UINT16_MAX; // in such units; the buffer itself may be longer
 
-/// Whether `bytes` more can join the last request.
+/// True when `bytes` more can join the last request in the buffer.
 inline bool can_join(const Display* dpy, CARD8 type, Drawable target, GC context, std::size_t bytes) {
     const auto* const head = reinterpret_cast<const BatchHead*>(dpy->last_req);
     return head->type == type && head->drawable == target && head->context == context->gid && context->dirty == 0
@@ -43,7 +43,7 @@ bool join(CARD8 type, Drawable target, const Item& item) {
     Display* const dpy = x11_disp;
     if (!can_join(dpy, type, target, g_c, sizeof item)) return false;
     auto* const head = reinterpret_cast<BatchHead*>(dpy->last_req);
-    if (type == X_PolyPoint && head->mode != CoordModeOrigin) return false; // a filler byte in the other requests
+    if (type == X_PolyPoint && head->mode != CoordModeOrigin) return false; // other requests have a filler byte there
     std::memcpy(dpy->bufptr, &item, sizeof item);
     dpy->bufptr += sizeof item;
     head->length = static_cast<CARD16>(head->length + sizeof item / kLengthUnit);

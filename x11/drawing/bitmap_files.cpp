@@ -1,4 +1,4 @@
-// Bitmap files, read into and written from the application's arrays.
+// Reads bitmap files into arrays of the application and writes them from there.
 #include <algorithm>
 #include <cstring>
 #include <optional>
@@ -28,13 +28,14 @@ FILE* open_file(char* adr, char* nom_fic, int mode) {
     return file;
 }
 
-// A file may claim any size: no more is allocated than it could fill, and a little for one cut short.
+// A file may claim any size. Memory is allocated only for what the file could fill, and a little more for a file that
+// was cut short.
 bool within_means(FILE* file, const grx::BmpSizes& sizes) {
     constexpr int64_t cut_short = 1 << 20;
     return std::max(sizes.data, sizes.picture) <= 2 * grx::file_size(file) + cut_short;
 }
 
-// KEEP: where a header's buffer is not to be had, the file stays open.
+// KEEP: when memory for a header is short, the file stays open.
 std::optional<Headers> read_headers(FILE* file) {
     const auto first = grx::read_block(file, grx::kFileHeader);
     if (!first) return std::nullopt;
@@ -76,7 +77,7 @@ bool unpack(Reading& r) {
     return true;
 }
 
-// KEEP: a 256-colour file whose buffer is not to be had reads as done, with nothing filled in.
+// KEEP: when memory is short, a file of 256 colours counts as read although nothing was filled in.
 INT result_without_buffer(int bits) {
     return bits == 8 ? kDone : kFailed;
 }
@@ -92,7 +93,7 @@ void palette_16(uchar* out) {
     std::memcpy(out, grx::palette_win.data(), sizeof grx::palette_win);
 }
 
-// KEEP: red stands where the format has blue; the library's reader takes no palette.
+// KEEP: red stands where the format has blue. The library itself does not notice, because it reads no palette.
 void palette_256(uchar* out) {
     const INT count = std::min<INT>(grx_recup_max_couleur_trace(), GRX_NB_COULEURS);
     for (INT i = 0; i < count; ++i) {

@@ -1,4 +1,4 @@
-// Bitmap files through the application's files and byte order.
+// Reads and writes the headers of bitmap files with the file and byte-order functions of the host.
 #include "drawing/bmp_fields.h"
 
 #include <cstdio>

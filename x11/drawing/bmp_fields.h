@@ -1,4 +1,4 @@
-// Bitmap files through the application's files and byte order.
+// The headers of bitmap files, for the functions that read and write such files.
 #pragma once
 
 #include <cstdio>
@@ -10,7 +10,7 @@
 
 namespace grx {
 
-/// Little-endian fields one after the other in a block of bytes.
+/// Reads little-endian fields one after the other. A field beyond the end of the bytes must not be asked for.
 class FieldReader {
   public:
     explicit FieldReader(std::span<const uchar> bytes) : bytes_(bytes) {}
@@ -41,7 +41,7 @@ XTBITMAPINFO read_info_header(std::span<const uchar> bytes);
 
 void write_headers(std::span<uchar> bytes, const XTBITMAPINFOHEADER& f, const XTBITMAPINFO& h);
 
-/// Bytes from the file, zero where it is too short.
+/// Reads bytes from the file; they are zero where the file is too short. Empty when memory is short.
 Block<uchar> read_block(FILE* file, std::size_t count);
 
 int64_t file_size(FILE* file);

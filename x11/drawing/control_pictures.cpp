@@ -1,4 +1,4 @@
-// The pictures that controls show: read from files, kept with the control's number.
+// The pictures that controls show: reads them from files, gives them to controls and frees them with the number.
 #include "drawing/control_pictures.h"
 
 #include <X11/Intrinsic.h>
@@ -30,14 +30,14 @@ Pixmap Mypixmap = None;
 
 namespace {
 
-// One place per control: the image made from its file with the pixels it owns, and the pixmap last released, whose id
-// the control's record may still hold.
+// The place of one control: the image made from its file, and the pixels that the image shows. `released` is the pixmap
+// that was freed last, because the control's record may still hold its id.
 struct Picture {
     P_XIMAGE image;
     uchar* pixels;
     std::size_t bytes;
     Pixmap released;
-    bool shared; // another control's label shows it too
+    bool shared; // the label of another control shows it too
 };
 grx::NeverDestroyed<grx::Block<Picture>> lasting_pictures;
 grx::Block<Picture>& Tab_image = lasting_pictures.value;
@@ -56,14 +56,14 @@ void drop_picture(Picture& picture) {
     picture.bytes = 0;
 }
 
-// The record of a control whose number is taken, even when its widget died with its window.
+// The record of a number that is taken, even when its widget died with its window.
 STRUCTURE_BOUTON* taken_record(INT nobou) {
     STRUCTURE_BOUTON* record = nullptr;
     grx_recup_structure_bouton(nobou, &record);
     return record != nullptr && record->nobou == nobou ? record : nullptr;
 }
 
-// Indices read from a file.
+// The colour indices that were read from a file.
 struct Indices {
     uchar* data = nullptr;
     UNSIGNED_INT4 width = 0, height = 0, bytes = 0;
@@ -77,7 +77,7 @@ bool read_indices(char* nom_fic, Indices& indices) {
     char nowhere[] = "";
     const INT result = lit_fichier_bitmap(
         nowhere, nom_fic, &indices.data, &indices.width, &indices.height, &indices.bytes, &indices.colours);
-    return result == 0 && indices.data != nullptr; // a file may read as done and bring nothing
+    return result == 0 && indices.data != nullptr; // a file may count as read and give nothing
 }
 
 constexpr INT kIconColours = 16;
@@ -87,7 +87,7 @@ UNSIGNED_INT4 deep_pixel(INT index, INT colours) {
     return static_cast<UNSIGNED_INT4>(pixel);
 }
 
-// A picture of 4 (or 3) bytes a pixel, in this machine's byte order.
+// The pixels of a picture with 4 (or 3) bytes each, in the byte order of this machine.
 grx::Block<uchar> deep_pixels(const Indices& indices, std::size_t pixel_bytes) {
     auto block = grx::Block<uchar>::raw(indices.count() * pixel_bytes);
     if (!block) return block;
@@ -112,7 +112,7 @@ grx::Block<uchar> shallow_pixels(const Indices& indices) {
     return block;
 }
 
-// The image of a file, owning its pixels; empty when memory is short.
+// Makes an image that owns its pixels; it is empty when memory is short.
 Picture make_picture(const Indices& indices) {
     const bool deep = grx::deep_screen();
     const int pixel_bytes = deep ? grx::bytes_per_pixel() : 1;
@@ -136,7 +136,7 @@ Drawable place_for_pixmap(INT nobou) {
     return window != None ? window : DefaultRootWindow(x11_disp);
 }
 
-// The shared context, or one of its own before there is any window.
+// Uses the shared context. Before the first window there is none, so that one is made for this picture.
 void put_picture(Pixmap pixmap, const Picture& picture) {
     if (picture.image == nullptr) return;
     const auto width = static_cast<unsigned int>(picture.image->width);
@@ -149,13 +149,13 @@ void put_picture(Pixmap pixmap, const Picture& picture) {
     grx_reinit_gc();
 }
 
-// The pixmap of a control that is not yet released, else None.
+// The pixmap of a control, None when it was freed already.
 Pixmap living_pixmap(const STRUCTURE_BOUTON& record, const Picture& picture) {
     const bool held = record.image != XmUNSPECIFIED_PIXMAP && record.image != picture.released;
     return held ? record.image : None;
 }
 
-// A label redraws what it shows: a released pixmap it must not.
+// A label redraws its pixmap at any time, so it must not keep one that is freed.
 void show_instead(INT nobou, Pixmap old, Pixmap pixmap) {
     Widget w = grx_recup_objet_bout(nobou);
     if (w == nullptr || !XmIsLabel(w) || grx::resource<Pixmap>(w, XmNlabelPixmap) != old) return;
@@ -175,7 +175,7 @@ INT no_picture(INT nobou) {
     return 0;
 }
 
-// Whose the pixmap is: the control's record, or the shared one of labels without a number.
+// Gives the pixmap to the control's record, or keeps it for a label without a number.
 bool keep_pixmap(INT nobou, Pixmap pixmap) {
     if (nobou < 0) {
         grx::Mypixmap = pixmap;
@@ -214,7 +214,7 @@ Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like) {
     Indices indices;
     if (x11_disp == nullptr || !read_indices(nom_fic, indices)) return None;
     Picture picture = make_picture(indices);
-    Pixmap pixmap = XmUNSPECIFIED_PIXMAP; // no memory, no picture
+    Pixmap pixmap = XmUNSPECIFIED_PIXMAP; // when memory is short there is no picture
     if (picture.image != nullptr)
         pixmap = make_pixmap(like, {static_cast<int32_t>(indices.width), static_cast<int32_t>(indices.height)});
     if (pixmap != XmUNSPECIFIED_PIXMAP) put_picture(pixmap, picture);
@@ -248,12 +248,12 @@ extern "C" {
 
 INT grx_alloue_tab_image_boutons(INT maxbouton) {
     if (maxbouton <= 0) return GRX_ERR_BASE_BOUTONS;
-    grx_desalloue_tab_image_boutons(maxbouton); // what the table before holds
+    grx_desalloue_tab_image_boutons(maxbouton); // frees what the former table holds
     Tab_image = grx::Block<Picture>(static_cast<std::size_t>(maxbouton));
     return Tab_image ? 0 : GRX_ERR_BASE_BOUTONS;
 }
 
-// KEEP: the pictures' data goes with the table: nothing else would find it.
+// KEEP: the data of the pictures is freed with the table, because nothing else would find it.
 void grx_desalloue_tab_image_boutons(INT) {
     for (Picture& picture : Tab_image) drop_picture(picture);
     Tab_image.reset();
@@ -273,7 +273,7 @@ void grx_desinstalle_bitmap(INT nobou) {
     Picture* const picture = picture_of(nobou);
     if (record == nullptr || picture == nullptr) return;
     release_pixmap(nobou, *picture, living_pixmap(*record, *picture), XmUNSPECIFIED_PIXMAP);
-    picture->released = record->image; // the record keeps the id
+    picture->released = record->image; // the record still has the id
     picture->shared = false;
     drop_picture(*picture);
 }

@@ -1,4 +1,4 @@
-// Triangles and polygons filled row by row, for the shaded views of the application.
+// Fills triangles and polygons row by row, for the shaded views of the application.
 #include <algorithm>
 #include <array>
 
@@ -24,7 +24,7 @@ std::array<grx::GridPoint, 3> triangle_of(GRX_POINT_POLY p0, GRX_POINT_POLY p1, 
     return {{{p0.x, p0.y}, {p1.x, p1.y}, {p2.x, p2.y}}};
 }
 
-// A picture held by the application: one byte a pixel, top row first.
+// A picture that the application owns: one byte a pixel, top row first.
 struct PixelArray {
     uchar* pixels;
     int width, height;

@@ -1,4 +1,4 @@
-// Icons that the application keeps in memory under a name.
+// A list of icons that the application keeps in memory and finds by name.
 #include "pure/axis.h"
 #include "xt_gfx_f.h"
 #include "xt_loc_f.h"
@@ -6,7 +6,7 @@
 namespace {
 
 SICON* tab_icon_mem = nullptr;
-SICON** tab_icon_end = &tab_icon_mem; // at or near the end: where the next one is hung
+SICON** tab_icon_end = &tab_icon_mem; // at the end of the list, or shortly before it
 ENRICON icon_courante{};
 
 bool named(const ENRICON& icon, const char* name) {

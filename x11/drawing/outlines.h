@@ -1,7 +1,7 @@
-// Outlines, arcs and polylines in the requests that cost the server least. While it saves what is drawn in a window, it
-// notes a place for every request, for an outline one for each of its four sides, and the more places there are the
-// longer the next takes. So they are sent joined, as segments and filled rectangles where the pixels are the same for
-// certain; any other goes as what it is.
+// Draws outlines, arcs and polylines with the requests that cost the server least. A server that saves what windows
+// show notes a place for every request, and for an outline one for each of its four sides. The more places it has
+// noted, the longer the next request takes. So outlines and polylines are sent as joined segments and filled rectangles
+// where these certainly give the same pixels. All others are sent as what they are.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace grx {
 
-// What the context really holds: the application may change it as well.
+/// The values that the context really has. They need not be ours, because the application may change the context.
 inline const XGCValues& context_values() {
     return g_c->values;
 }
@@ -25,14 +25,14 @@ inline bool thin_lines() {
     return context_values().line_width == 0;
 }
 
-/// Whether lines of several sides may be drawn as segments, their corners twice.
+/// True when the sides of a line may be drawn as segments, although each corner is then drawn twice.
 inline bool segments_will_do() {
     return solid_lines() && thin_lines() && context_values().cap_style != CapNotLast
            && context_values().function == GXcopy;
 }
 
 struct Outline {
-    int left, top, right, bottom; // on the lines' middle, all within 16 bits
+    int left, top, right, bottom; // the middle of the lines; each fits 16 bits
 
     unsigned int width() const { return static_cast<unsigned int>(right - left); }
     unsigned int height() const { return static_cast<unsigned int>(bottom - top); }
@@ -46,7 +46,8 @@ inline void draw_sides(Drawable target, const Outline& o) {
     for (const xSegment& side : sides) draw_line(target, side.x1, side.y1, side.x2, side.y2);
 }
 
-/// The sides of a wide outline are filled rectangles that do not overlap either, as long as there is a hole.
+/// Draws a wide outline as four filled rectangles that do not overlap. False when that would give other pixels, for
+/// instance when the outline has no hole.
 inline bool fill_sides(Drawable target, const Outline& o) {
     const auto wide = context_values().line_width;
     const int before = wide / 2, after = wide - before;
@@ -61,7 +62,7 @@ inline bool fill_sides(Drawable target, const Outline& o) {
     return true;
 }
 
-/// A thin or dashed outline is a line through five points: one place instead of four.
+/// Draws a thin or dashed outline as a line through five points, for which the server notes one place instead of four.
 inline void draw_closed_line(Drawable target, const Outline& o) {
     XPoint points[] = {{p16(o.left), p16(o.top)}, {p16(o.right), p16(o.top)}, {p16(o.right), p16(o.bottom)},
         {p16(o.left), p16(o.bottom)}, {p16(o.left), p16(o.top)}};
@@ -78,21 +79,23 @@ inline void draw_outline_on_screen(Drawable target, const Outline& o) {
     }
 }
 
-/// In a picture nothing is noted: the shortest request is the best.
+/// Draws an outline into a picture. The server notes no places there, so that the shortest request is the best.
 inline void draw_outline_in_memory(Drawable target, const Outline& o) {
     draw_rectangle(target, o.left, o.top, o.width(), o.height());
 }
 
-/// Thin arcs do not join each other: one request of them draws what as many requests do.
+/// Draws an arc. Solid thin arcs in one request give the same pixels as one request each. Others would be joined where
+/// they touch.
 inline void draw_arc(Drawable target, const ArcBox& a) {
     if (!solid_lines() || !thin_lines() || !join_arc(X_PolyArc, target, a))
         XDrawArc(x11_disp, target, g_c, a.x, a.y, a.width, a.height, a.start, a.extent);
 }
 
-/// A long polyline is worth a request of its own, half as long as its segments.
+/// The most points of a polyline that is drawn as segments. For a longer one a request of its own is better, because it
+/// is half as long.
 inline constexpr std::size_t kShortPolyline = 256;
 
-/// Servers do not agree with themselves on what a polyline without any length shows.
+/// True when a polyline has two different points. Servers show one without any length now this way and now another.
 inline bool has_length(std::span<const XPoint> points) {
     return std::ranges::any_of(points, [&](const XPoint& p) { return p.x != points[0].x || p.y != points[0].y; });
 }

@@ -1,4 +1,4 @@
-// Whole pictures of the application put into a window, as they are or stretched.
+// Shows whole pictures of the application in a window or a control, as they are or stretched.
 #include "drawing/pictures.h"
 
 #include <X11/Xlib.h>
@@ -23,8 +23,8 @@ namespace {
 Window win_reel = None;
 Pixmap* pix_back = nullptr;
 
-// Where a picture goes: both the screen and the backing picture of a window or a control. A control's may have another
-// size than the control: it is not made anew when the control is given another.
+// Where a picture goes: to the screen and to the backing picture of a window or a control. The backing picture of a
+// control may have another size than the control, because it stays when the control is resized.
 struct PictureTarget {
     Window window = None;
     Pixmap* backing = nullptr;
@@ -41,7 +41,7 @@ PictureTarget target_of(INT type, INT bou_fen) {
     if (backing.window == None || backing.record->image == None) return {backing.window, nullptr, backing.size};
     const grx::Size held = grx::pixmap_size(backing.record->image);
     Pixmap* const image =
-        held == grx::Size{} ? nullptr : &backing.record->image; // the id of a freed one may stay there
+        held == grx::Size{} ? nullptr : &backing.record->image; // the record may hold the id of a freed one
     return {backing.window, image,
         {std::max(held.width, backing.size.width), std::max(held.height, backing.size.height)}, held == backing.size};
 }
@@ -56,7 +56,7 @@ bool select_picture_target(INT type, INT bou_fen, PictureTarget& target) {
     return true;
 }
 
-// The part of a picture at (x, y) that lies on its target.
+// The part of a picture that lies on its target.
 struct VisiblePart {
     int from_x, from_y; // in the picture
     int x, y;           // on the target
@@ -78,8 +78,8 @@ std::size_t source_bytes() {
     return grx::deep_screen() ? 3 : 1;
 }
 
-// A strip of rows, once into the backing picture and from there to the window: the same pixels in both. What only one of
-// them has room for does not take that way.
+// Puts a strip of rows into the backing picture and copies it from there to the window. When the two have different
+// sizes, one may have room for rows that the other lacks, so that the strip is put into both.
 void show_strip(grx::Transfer& t, const PictureTarget& target, const VisiblePart& part, int first, int rows) {
     const int y = part.y + first;
     grx::put_rows(t, *target.backing, g_c, part.x, part.y, first, rows);
@@ -89,7 +89,7 @@ void show_strip(grx::Transfer& t, const PictureTarget& target, const VisiblePart
     } else {
         grx::put_rows(t, target.window, g_c, part.x, part.y, first, rows);
     }
-    if (t.shared()) XFlush(x11_disp); // pixels that are sent flush by themselves
+    if (t.shared()) XFlush(x11_disp); // without shared memory the pixels themselves fill the buffer, which is then sent
 }
 
 // Makes and shows a picture; `make_row(image, row, y)` fills a row of the image with row y of the picture.
@@ -106,7 +106,7 @@ void show_picture(const PictureTarget& target, const VisiblePart& part, MakeRow 
     grx::end_transfer(t);
 }
 
-// One row of the application's picture in the screen's form.
+// Turns rows of the application's picture into the pixels of the screen.
 class RowPacker {
   public:
     RowPacker() : deep_({dec_red, dec_green, dec_blue}) {}
@@ -121,7 +121,7 @@ class RowPacker {
         }
     }
 
-    // The pixel values themselves, whatever the image holds them in.
+    // Writes each pixel as a 32-bit value, whatever form the image has.
     void pack_values(uint32_t* out, const uchar* source, std::size_t count) const {
         if (grx::deep_screen()) {
             deep_.row(out, source, count);
@@ -166,12 +166,12 @@ void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, c
     });
 }
 
-// A picture of the application and the sizes it is to be shown in.
+// Stretches a picture of the application to the size it is shown in.
 class Stretch {
   public:
     Stretch(const uchar* pixels, INT width, INT height) : pixels_(pixels), width_(width), height_(height) {}
 
-    // Of the whole, however large, only the part on the target is worked out.
+    // Only the part on the target is worked out, because the whole may be very large.
     bool prepare(INT final_width, INT final_height, const VisiblePart& part) {
         columns_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(part.size.width));
         rows_ = grx::Block<int32_t>::raw(static_cast<std::size_t>(part.size.height));
@@ -183,7 +183,7 @@ class Stretch {
         return true;
     }
 
-    // A destination row that takes the same source row as the one before is copied from it.
+    // A row that comes from the same source row as the one before is copied from that one.
     void fill_row(const XImage* image, int row, int destination) {
         const int32_t source = rows_[static_cast<std::size_t>(destination)];
         if (row > 0 && source == made_from_) {
@@ -200,7 +200,7 @@ class Stretch {
     const uchar* row_of(int32_t source) const {
         return pixels_ + static_cast<std::size_t>(source) * static_cast<std::size_t>(width_) * source_bytes();
     }
-    // Without steps (memory is short, or the picture is reduced) the columns are taken one by one.
+    // There are no steps when memory is short or the picture is reduced. Then the columns are taken one by one.
     void prepare_steps() {
         constexpr std::size_t group = 4;
         if (columns_.size() < group) return;
@@ -223,7 +223,7 @@ class Stretch {
     const uchar* pixels_;
     INT width_, height_;
     RowPacker packer_;
-    grx::Block<int32_t> columns_, rows_; // of the part that is on the target
+    grx::Block<int32_t> columns_, rows_; // of the part on the target
     grx::Block<grx::SpreadStep> steps_;
     grx::Block<uint32_t> source_row_; // the pixel values of one source row
     int32_t made_from_ = -1;

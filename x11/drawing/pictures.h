@@ -1,4 +1,4 @@
-// Whole pictures of the application put into a window, as they are or stretched.
+// What the functions that show pictures and those that read the screen have in common.
 #pragma once
 
 #include <X11/Xlib.h>

@@ -1,4 +1,4 @@
-// Points, segments, rectangles, arcs, polygons of the application.
+// Draws the points, segments, rectangles, arcs and polygons of the application.
 #include <X11/Xlib.h>
 
 #include <algorithm>
@@ -39,7 +39,8 @@ unsigned int span(INT from, INT to) {
     return static_cast<unsigned int>(to - from);
 }
 
-// Both ends included; the widest that the protocol has reaches one pixel less far than its coordinates do.
+// The width from one pixel to another, both included. The widest that the protocol can say is one pixel less than its
+// coordinates reach.
 unsigned int covering(INT from, INT to) {
     return std::min<unsigned int>(span(from, to) + 1, UINT16_MAX);
 }
@@ -56,7 +57,7 @@ void fill_rectangle(Drawable target, const GRX_RECTANGLE& r) {
     grx::fill_rectangle(target, c.left, c.top, covering(c.left, c.right), covering(c.top, c.bottom));
 }
 
-// Arcs whose box does not fit the protocol are drawn as chords, cut like segments.
+// An arc whose box does not fit the protocol is drawn as chords, which are cut like segments.
 bool box_fits(const GRX_ARC& arc) {
     constexpr UNSIGNED_INT widest = UINT16_MAX;
     return grx::fits16({arc.x, arc.y}) && arc.lar <= widest && arc.hau <= widest;
@@ -64,7 +65,7 @@ bool box_fits(const GRX_ARC& arc) {
 
 constexpr INT kFullTurn = 360;
 
-// X stops at a full turn whatever the extent.
+// A larger extent is cut to the full turn that X draws.
 INT extent_of(const GRX_ARC& arc) {
     return static_cast<INT>(std::clamp<int64_t>(int64_t{arc.angle_arr} - arc.angle_dep, -kFullTurn, kFullTurn));
 }
@@ -99,7 +100,7 @@ grx::ArcBox box_of(const GRX_ARC& arc) {
 }
 
 XPoint* points_of(const GRX_POLY& poly) {
-    return reinterpret_cast<XPoint*>(poly.points); // laid out alike
+    return reinterpret_cast<XPoint*>(poly.points); // both types are laid out alike
 }
 
 bool has_points(const GRX_POLY& poly) {
@@ -182,7 +183,7 @@ void grx_efface_zone_graphique(INT nofen) {
     const Window window = grx::window_of(grx_recup_objet_fen(nofen));
     if (window == None) return;
     test_trace_memoire(window);
-    XClearWindow(x11_disp, window); // KEEP: the screen, whatever the drawing target
+    XClearWindow(x11_disp, window); // KEEP: clears the screen, whatever the drawing target is
 }
 
 void grx_efface_zone_graphique_bouton(INT nobou) {

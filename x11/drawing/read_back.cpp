@@ -1,4 +1,4 @@
-// What a window shows, read back as colour indices.
+// Reads back what a window shows, as colour indices for the application.
 #include <X11/Intrinsic.h>
 
 #include <algorithm>
@@ -24,13 +24,13 @@ uint32_t colour_mask() {
     return component << dec_red | component << dec_green | component << dec_blue;
 }
 
-// Rows of what the screen shows, as colour indices.
+// Turns rows of pixels from the screen into colour indices.
 class RowReader {
   public:
     RowReader() : finder_(trace_pix, known_colours(), colour_mask()) {}
     void read(uchar* out, const XImage* image, int y) const {
         const auto count = static_cast<std::size_t>(image->width);
-        if (!grx::deep_screen()) { // KEEP: 8 planes give the pixel values as they are.
+        if (!grx::deep_screen()) { // KEEP: on 8 planes the application gets the pixel values as they are.
             std::memcpy(out, grx::image_row<uchar>(image, y), count);
         } else if (image->bits_per_pixel == 32 && image->byte_order == grx::native_byte_order()) {
             finder_.row(out, grx::image_row<uint32_t>(image, y), count);
@@ -51,7 +51,7 @@ class RowReader {
     grx::IndexFinder finder_;
 };
 
-// The part of a window that is on the screen, in the window's coordinates: the server gives no more.
+// The part of a window that is on the screen, in the window's coordinates. The server lets nobody read more.
 struct Readable {
     int64_t left, top, right, bottom;
 };

@@ -1,4 +1,4 @@
-// Where a primitive goes: to the window, or to the picture drawn in memory.
+// Chooses where primitives are drawn: on the screen, or in memory into a backing picture.
 #include "drawing/target.h"
 
 #include <X11/Xlib.h>

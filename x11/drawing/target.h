@@ -1,4 +1,4 @@
-// Where a primitive goes: to the window, or to the picture drawn in memory.
+// Chooses where primitives are drawn: on the screen, or in memory into a backing picture.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -16,7 +16,7 @@ inline void select_target(Window window) {
     win_bidon = grx_trace_memoire != 0 && image_redess != nullptr ? *image_redess : window;
 }
 
-/// Ready to draw into a window: the target selected and the attributes applied. None: there is nothing to draw into.
+/// Selects the target of a window and applies the attributes. Returns the target, None when the window has none.
 inline Drawable window_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     const Window window = g_c != nullptr ? window_of(window_widget(nofen)) : None;
     if (window == None) return None;
@@ -25,9 +25,10 @@ inline Drawable window_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     return win_bidon;
 }
 
+/// The same for a control.
 Drawable button_target(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib);
 
-/// True for a picture that is drawn in memory.
+/// True when the target is a backing picture.
 inline bool in_memory(Drawable target) {
     return (image_redess != nullptr && target == *image_redess)
            || (image_redess_bouton != nullptr && target == *image_redess_bouton);

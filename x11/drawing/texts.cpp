@@ -1,4 +1,4 @@
-// Texts drawn into windows and buttons, and their size.
+// Draws texts of the application into windows and buttons and measures them.
 #include <X11/Xlib.h>
 
 #include <cstring>
@@ -34,11 +34,11 @@ void grx_trace_texte_bouton(GRX_TEXTE texte) {
 }
 
 void grx_trace_texte(GRX_TEXTE) {
-    // KEEP: texts of windows are written by grx_ecrit_fenetre
+    // KEEP: this draws nothing; grx_ecrit_fenetre writes the texts of windows
 }
 
 void grx_ecrit_fenetre(GRX_TEXTE texte) {
-    constexpr unsigned long low_byte = 0xFF; // KEEP: a pixel of a deep screen loses all but its low eight bits
+    constexpr unsigned long low_byte = 0xFF; // KEEP: only the low eight bits of a pixel of a deep screen are used
     const Window window = g_c != nullptr ? grx::window_of(grx_recup_objet_fen(texte.nofen)) : None;
     if (window == None) return;
     XGCValues values{};
@@ -73,7 +73,7 @@ void grx_efface_chaine(GRX_TEXTE texte) {
     box.x1 = texte.x;
     box.x2 = add(texte.x, width);
     box.y1 = add(texte.y, below);
-    box.y2 = add(texte.y, -(above + below)); // KEEP: one descent higher than the letters
+    box.y2 = add(texte.y, -(above + below)); // KEEP: the box is one descent higher than the letters
     box.coul_trace = box.coul_fond = texte.coul_fond;
     box.attrib = grx::plain_attributes(texte.coul_fond, texte.coul_fond);
     grx_remplit_rectangle(box);

@@ -1,5 +1,5 @@
-// Whole pictures to and from the server: through shared memory when the server offers it and the picture is large
-// enough to gain, by plain requests otherwise.
+// Sends pictures to the server and reads them from it. Shared memory is used when the server offers it and the picture
+// is large enough to gain by it, plain requests otherwise.
 #include "drawing/transfer.h"
 
 #include <X11/Xlib.h>
@@ -20,13 +20,12 @@ namespace {
 
 constexpr std::size_t kWorthSharing = 64 * 1024;
 
-constexpr int kSharedStripRows = 100; // the server works on one while the next is made
+constexpr int kSharedStripRows = 100; // the server reads one strip while the next is made
 
 } // namespace
 
 namespace grx {
 
-/// Room for that many bytes; false when the server cannot share memory with this process.
 bool SharedSegment::ensure(std::size_t bytes) {
     if (unavailable_) return false;
     if (bytes <= size_) return true;
@@ -34,7 +33,6 @@ bool SharedSegment::ensure(std::size_t bytes) {
     return obtain(bytes);
 }
 
-/// Waits until the server has read what was put; then the memory may be written again.
 void SharedSegment::settle() {
     if (busy_until_ > LastKnownRequestProcessed(x11_disp)) XSync(x11_disp, False);
     busy_until_ = 0;
@@ -60,12 +58,12 @@ bool SharedSegment::create(std::size_t bytes) {
     return true;
 }
 
-// A server elsewhere refuses, with an error that the library's handler counts.
+// A server on another machine refuses with an error, which the library's handler counts.
 bool SharedSegment::attach() {
     const INT errors = x_error_count();
     const bool asked = XShmAttach(x11_disp, &info_) != 0;
     XSync(x11_disp, False);
-    shmctl(info_.shmid, IPC_RMID, nullptr); // goes when both sides have let go
+    shmctl(info_.shmid, IPC_RMID, nullptr); // the system frees it when both sides have detached it
     return asked && x_error_count() == errors;
 }
 
@@ -82,7 +80,7 @@ void SharedSegment::release() {
 
 namespace {
 
-// Two in turn: while the server reads one picture, the next is made in the other segment.
+// Two segments take turns, so that one picture is made while the server reads the other.
 grx::SharedSegment& next_segment() {
     static grx::SharedSegment segments[2];
     static bool second = false;
@@ -153,7 +151,7 @@ void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first,
 }
 
 void end_transfer(Transfer& t) {
-    drop_image(t.image); // its pixels are the block's, or shared
+    drop_image(t.image); // the pixels belong to the block or the segment
     t.image = nullptr;
 }
 

@@ -1,5 +1,5 @@
-// Whole pictures to and from the server: through shared memory when the server offers it and the picture is large
-// enough to gain, by plain requests otherwise.
+// Sends pictures to the server and reads them from it, for the functions that show pictures and read the screen. Shared
+// memory is used when the server offers it and the picture is large enough to gain by it, plain requests otherwise.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -17,22 +17,21 @@
 
 namespace grx {
 
-/// A segment that both sides see, kept and enlarged from picture to picture.
+/// Memory that the library and the server share. It is kept from picture to picture and grows when one needs more.
 class SharedSegment {
   public:
-    /// Room for that many bytes; false when the server cannot share memory with this process.
+    /// Makes room for that many bytes. False when the server cannot share memory with this process.
     bool ensure(std::size_t bytes);
     char* data() const { return info_.shmaddr; }
     XShmSegmentInfo* info() { return &info_; }
 
-    /// Waits until the server has read what was put; then the memory may be written again.
+    /// Waits until the server has read what was put, so that the memory may be written again.
     void settle();
     void mark_busy() { busy_until_ = NextRequest(x11_disp) - 1; }
 
   private:
     bool obtain(std::size_t bytes);
     bool create(std::size_t bytes);
-    // A server elsewhere refuses, with an error that the library's handler counts.
     bool attach();
     void release();
 
@@ -42,33 +41,34 @@ class SharedSegment {
     bool unavailable_ = false;
 };
 
-/// An image to be filled and put strip by strip. A shared one holds all rows, for the server reads it later; any other
-/// holds one strip, which stays in the processor's cache.
+/// An image that is filled and put strip by strip. In shared memory it has all rows, because the server reads them
+/// later. Otherwise it has one strip, which stays in the cache of the processor.
 struct Transfer {
     XImage* image = nullptr;
-    Block<uchar> own;                 // its pixels when they are not shared
-    SharedSegment* segment = nullptr; // where its pixels are shared
+    Block<uchar> own;                 // the pixels when they are not shared
+    SharedSegment* segment = nullptr; // the pixels when they are shared
     int strip_rows = 0;
     bool shared() const { return segment != nullptr; }
-    /// Row of the image at which the strip from row `first` of the picture on stands.
+    /// The row of the image where the strip begins that starts at row `first` of the picture.
     int row_of(int first) const { return shared() ? first : 0; }
 };
 
 Transfer begin_shared(ImageSize size);
 
-/// Rows of a strip: few enough for the processor's cache and for what a local connection takes at once.
+/// The number of rows of a strip: few enough for the cache of the processor and for what a local connection takes at
+/// once.
 int rows_of_strip(std::size_t bytes_per_row, int height);
 
-/// Room for a picture of the screen's depth; no image when memory is short.
+/// Makes room for a picture of the screen's depth. There is no image when memory is short. end_transfer frees it.
 Transfer begin_transfer(ImageSize size);
 
-/// Puts `rows` rows of the picture from row `first` on, whose row 0 stands at (x, y).
+/// Puts `rows` rows of the picture, from row `first` on. Row 0 of the picture belongs at (x, y).
 void put_rows(Transfer& t, Drawable target, GC context, int x, int y, int first, int rows);
 
 void end_transfer(Transfer& t);
 
-/// Reads a rectangle that lies inside the drawable: `use(image, first)` for each strip, from row `first` on. Ends early
-/// when the server cannot give it.
+/// Reads a rectangle that lies inside the drawable and calls `use(image, first)` for each strip, which begins at row
+/// `first`. Ends early when the server cannot give a strip.
 template <class Use>
 void read_rectangle(Drawable from, int x, int y, ImageSize size, Use use) {
     Transfer t = begin_shared(size);

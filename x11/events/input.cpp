@@ -1,4 +1,4 @@
-// Where the pointer and the keys are, and the codes that the application knows keys by.
+// Tells the application where the pointer is and which keys are held, and turns key presses into its key codes.
 #include "events/input.h"
 
 #include <X11/Xlib.h>
@@ -23,7 +23,8 @@ INT no_code(INT* touche) {
     return 0;
 }
 
-// A character of Latin-1 is more than one byte in some locales: the lookup then gives none in the one there is.
+// In some locales a character of Latin-1 takes more than one byte. The lookup has room for one only and then gives
+// none, so that the keysym is used.
 INT translate_text(XKeyEvent key, INT* touche) {
     char byte = 0;
     KeySym symbol = NoSymbol;
@@ -32,8 +33,8 @@ INT translate_text(XKeyEvent key, INT* touche) {
                                                                : no_code(touche);
 }
 
-// KEEP: the modifier state is used as the index of the keysym. A modified key that has none there is left to the
-// menus and translates to nothing.
+// KEEP: the modifier state is used as the index of the keysym. A modified key without a keysym at that index has no key
+// code, because it is left to the menus.
 bool left_to_menus(const XKeyEvent& event, unsigned int state) {
     XKeyEvent key = event;
     return (state & grx::kMenuModifiers) != 0 && XLookupKeysym(&key, static_cast<int>(state)) == NoSymbol;

@@ -1,4 +1,4 @@
-// Where the pointer and the keys are, and the codes that the application knows keys by.
+// Turns key presses into the key codes of the application, for the handlers of windows and controls.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -7,6 +7,7 @@
 
 namespace grx {
 
-INT code_of_key(const XKeyEvent& key); // whatever locks and layout group are on; 0: none
+/// The key code of a press, 0 when it has none. Locks and layout group make no difference.
+INT code_of_key(const XKeyEvent& key);
 
 } // namespace grx

@@ -1,4 +1,4 @@
-// What a key means under the locks and the layout group that are in force.
+// Tells which key an event means when locks are on or another keyboard layout is in force, for the keys of menus.
 #include "events/keyboard.h"
 
 #include <X11/Intrinsic.h>
@@ -58,7 +58,7 @@ KeyPlace place_in_group(KeySym symbol, unsigned int group) {
             if (found == lower || found == symbol) return {static_cast<KeyCode>(code), level > 0};
             empty = empty && found == NoSymbol;
         }
-        if (empty) break; // no key has so many
+        if (empty) break; // no key has as many symbols
     }
     return {};
 }

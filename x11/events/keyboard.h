@@ -1,4 +1,5 @@
-// What a key means under the locks and the layout group that are in force.
+// Tells which key an event means when locks are on or another keyboard layout is in force, for the keys of menus. X
+// calls the layouts groups.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -8,13 +9,13 @@
 
 namespace grx {
 
-/// Where a symbol is on the keyboard.
+/// The key that has a symbol.
 struct KeyPlace {
-    KeyCode code = 0;     // 0: nowhere
-    bool shifted = false; // not alone on its key: Shift may be held
+    KeyCode code = 0;     // 0 when no key has the symbol
+    bool shifted = false; // the key has other symbols too: Shift may be held
 };
 
-/// One for each layout group; the first that has the symbol stands in for those that lack it.
+/// One place for each layout group. A group without the symbol has the place of the first group that has it.
 using KeyPlaces = std::array<KeyPlace, XkbNumKbdGroups>;
 
 constexpr unsigned int kMenuModifiers = ShiftMask | ControlMask | Mod1Mask;
@@ -22,7 +23,7 @@ constexpr unsigned int kMenuModifiers = ShiftMask | ControlMask | Mod1Mask;
 /// The modifier that carries Num_Lock, 0 when none does.
 unsigned int num_lock_mask();
 
-/// The modifiers that are held: locks, layout group and pointer buttons are none of them.
+/// The modifiers of an event's state, without locks, layout group and pointer buttons.
 unsigned int held_modifiers(unsigned int state);
 
 unsigned int group_of(const XKeyEvent& event);
@@ -30,17 +31,17 @@ unsigned int group_of(const XKeyEvent& event);
 /// True when the keyboard has more than one layout group.
 bool has_groups();
 
-/// While a client has grabbed the key, or the keyboard, events come without the layout group: puts it in.
+/// Puts the layout group into the event. The server leaves it out while a client has grabbed the key or the keyboard.
 void note_group(XKeyEvent& event);
 
-/// The symbol of a key alone, in the layout group in force.
+/// The symbol of the key without modifiers, in the layout group in force.
 KeySym symbol_in_force(const XKeyEvent& event);
 
 KeyPlace place_in_group(KeySym symbol, unsigned int group);
 
 KeyPlaces places_of(KeySym symbol);
 
-/// A key with its modifiers, as menus know it.
+/// A key of a menu with its modifiers.
 struct MenuKey {
     KeySym symbol = NoSymbol;
     unsigned int modifiers = 0;
@@ -49,10 +50,10 @@ struct MenuKey {
 
 bool held_for(const MenuKey& key, const KeyPlace& place, const XKeyEvent& event);
 
-/// True for the key where the layout group in force has it.
+/// True when the event is this key in the layout group in force.
 bool matches(const MenuKey& key, const XKeyEvent& event);
 
-/// True for the key where any group has it.
+/// True when the event is this key in any layout group.
 bool matches_somewhere(const MenuKey& key, const XKeyEvent& event);
 
 } // namespace grx

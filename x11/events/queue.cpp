@@ -1,4 +1,5 @@
-// The event queue of the display connection.
+// Waits for events of the display connection and handles those that are queued, for the application and for loops of
+// the library that poll.
 #include "events/queue.h"
 
 #include <X11/Intrinsic.h>

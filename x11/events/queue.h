@@ -1,21 +1,22 @@
-// The event queue of the display connection.
+// Waits for events of the display connection, for loops of the library that poll.
 #pragma once
 
 #include <X11/Intrinsic.h>
 
 namespace grx {
 
-constexpr int kPollRest = 1; // milliseconds, for a loop that polls
+constexpr int kPollRest = 1; // milliseconds that a polling loop rests
 
-/// Gives the processor away until something arrives on the connection, for a loop that must not block: at most `ms`.
+/// Sleeps until something arrives on the connection, at most `ms` milliseconds.
 void rest_until_input(int ms);
 
 bool queue_empty();
 
-/// Runs the toolkit timers that are due, which cannot block: cursors blink and scroll bars repeat while one polls.
+/// Runs the timers of the toolkit that are due, without waiting, so that cursors blink and scroll bars repeat in a loop
+/// that polls.
 void run_due_timers();
 
-/// The window manager's close request. It sends other client messages too.
+/// True for the window manager's request to close a window. The window manager sends other client messages too.
 bool is_close_request(const XEvent& event);
 
 } // namespace grx

@@ -1,8 +1,8 @@
-// The one pending event record.
+// The one pending event record: handlers fill it, the loops give it to the application.
 #include "xt_ent_f.h"
 #include "xt_ini_t.h"
 
-// Zero but for the button number: what grx_init_evenement gives.
+// The record starts as grx_init_evenement makes it, except that its button number is 0.
 GRX_EVENEMENT evt_global = {};
 
 extern "C" {

@@ -1,4 +1,4 @@
-// Looks through the queue for the event that the application waits for.
+// Looks in the queue for the type of event that the application asks for.
 #include <X11/Intrinsic.h>
 
 #include "toolkit/late_layout.h"
@@ -8,7 +8,7 @@
 namespace {
 
 constexpr INT kHandled = 1;
-constexpr INT kKeyInstead = 2; // asked for a mouse press, found a key
+constexpr INT kKeyInstead = 2; // the application asked for a mouse press and a key came
 
 long mask_for(INT type) {
     if (type == GRX_EVT_CARAC_APPUI) return KeyPressMask;
@@ -17,7 +17,7 @@ long mask_for(INT type) {
 }
 
 INT handle(XEvent& event, GRX_EVENEMENT* evt, INT result) {
-    evt_global.type_evenement = GRX_EVT_AUCUN; // an event that posts nothing must not bring back the last record
+    evt_global.type_evenement = GRX_EVT_AUCUN; // an event that posts nothing must not give the last record again
     XtDispatchEvent(&event);
     *evt = evt_global;
     return result;

@@ -1,3 +1,4 @@
+// Packs and unpacks the rows of bitmap files of 1, 4 and 8 bits a pixel, for the functions that read and write them.
 #include "pure/bmp.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ uchar pair_of(std::span<const uchar> row, std::size_t pair) {
     return static_cast<uchar>(high * 16 + low);
 }
 
-// White where the low four bits are 0, leftmost pixel in the highest bit.
+// A pixel is white when its low four bits are 0. The leftmost pixel is the highest bit.
 uchar eight_of(std::span<const uchar> row, std::size_t byte) {
     unsigned int bits = 0;
     for (std::size_t i = 0; i < 8; ++i) {

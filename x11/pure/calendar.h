@@ -1,4 +1,4 @@
-// Broken-down time as the application counts it.
+// Dates and durations as applications count them, worked out from the times of the system.
 #pragma once
 
 #include <ctime>
@@ -21,7 +21,7 @@ inline constexpr int kMicrosecondsPerHundredth = 10000;
 inline constexpr double kHundredthsPerSecond = 100.0;
 inline constexpr double kMicrosecondsPerSecond = 1000000.0;
 
-// Local time; all zero when the system cannot break it down.
+/// The moment in local time. All members are zero when the system cannot work it out.
 inline Calendar local_calendar(std::time_t moment) {
     std::tm fields{};
     if (!localtime_r(&moment, &fields)) return {};
@@ -34,7 +34,7 @@ inline int hundredths_of(const timeval& now) {
 }
 
 inline double in_hundredths(const timeval& now) {
-    const long whole = now.tv_usec / kMicrosecondsPerHundredth; // counted in whole hundredths
+    const long whole = now.tv_usec / kMicrosecondsPerHundredth; // the application counts whole hundredths
     return static_cast<double>(now.tv_sec) * kHundredthsPerSecond + static_cast<double>(whole);
 }
 

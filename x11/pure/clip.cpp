@@ -1,3 +1,4 @@
+// Cuts segments to the box that the X protocol can say, and divides large arcs into chords, for the drawing functions.
 #include "pure/clip.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@ namespace grx {
 
 namespace {
 
-/// One side of the box: narrows the span [t0, t1] of a segment; false when nothing is left.
+/// Takes from the span [t0, t1] of a segment what lies outside one side of the box. False when nothing is left.
 bool narrow(double direction, double distance, double& t0, double& t1) {
     if (direction == 0.0) return distance >= 0.0;
     const double t = distance / direction;
@@ -24,14 +25,14 @@ int32_t rounded(double v) {
     return static_cast<int32_t>(std::llround(v));
 }
 
-/// How far a point of the segment is from one of whole pixels.
+/// How far the point at a fraction of the segment is from the nearest whole pixel.
 double off_pixel(Vertex a, double dx, double dy, double fraction) {
     const double x = a.x + fraction * dx, y = a.y + fraction * dy;
     return std::fabs(x - std::round(x)) + std::fabs(y - std::round(y));
 }
 
-/// The fraction of the segment where a period of dashes begins, at or shortly before `t0`. Of the last few the one
-/// nearest to a whole pixel: cutting there shifts the dashes least.
+/// The fraction of the segment where a period of dashes begins, at or shortly before `t0`. Several periods are tried.
+/// The one that begins nearest to a whole pixel is taken, because a cut there shifts the dashes least.
 double period_before(Vertex a, double dx, double dy, double t0, const Dashes& dashes) {
     if (dashes.period <= 0 || t0 <= 0.0) return t0;
     constexpr double room = 1000.0; // before the box, in pixels

@@ -1,5 +1,5 @@
-// Coordinates beyond the 16 bits of the X protocol. What fits is never touched; what does not is cut to a box
-// that lies well outside any window, so that a deep zoom shows no stray lines.
+// Fits coordinates into the 16 bits of the X protocol, so that a deep zoom shows no stray lines. Coordinates that fit
+// are never changed. A line that does not fit is cut to a box that lies well outside any window.
 #pragma once
 
 #include <array>
@@ -10,9 +10,10 @@
 
 namespace grx {
 
-inline constexpr int32_t kBox = 30000; // half side of the box; leaves room for wide lines inside 16 bits
+inline constexpr int32_t kBox = 30000; // half the side, in pixels: wide lines stay inside 16 bits
 
-// The same of dashed lines: servers lose the dashes of wide ones whose length is above 46340, the root of 2^31.
+/// Half the side of the box for dashed lines. It is smaller because servers lose the dashes of a wide line that is
+/// longer than 46340 pixels, the root of 2^31.
 inline constexpr int32_t kDashedBox = 16000;
 
 constexpr bool fits16(int32_t v) {
@@ -38,15 +39,16 @@ struct Line {
     int32_t x1, y1, x2, y2;
 };
 
-/// How the dashes of a line repeat. Those of a thin line are counted in steps of its longer axis, as it is drawn, those
-/// of a wide one along the line.
+/// How the dashes of a line repeat. The server counts the dashes of a thin line in steps of its longer axis, and those
+/// of a wide line along the line.
 struct Dashes {
     int32_t period = 0; // pixels; 0 = a solid line
     bool wide = false;
 };
 
-/// The part of a segment inside the box, nothing when it passes outside. That of a dashed one may begin a little before,
-/// at a multiple of its period from the true start: its dashes lie where those of the whole segment would.
+/// The part of a segment inside the box, nothing when the segment passes outside. The part of a dashed segment may
+/// begin a little before the box, at a multiple of the period from the true start: so its dashes lie where those of the
+/// whole segment would.
 std::optional<Line> clip_segment(const Line& line, const Dashes& dashes = {});
 std::optional<Line> clip_segment(Vertex a, Vertex b, const Dashes& dashes = {});
 
@@ -56,7 +58,7 @@ struct Ellipse {
     double cx, cy, rx, ry;
 };
 
-/// Points on an arc, angles in degrees, counter-clockwise, y downwards.
+/// The point on an ellipse at an angle: degrees, counter-clockwise, where y counts downwards.
 Vertex point_on(const Ellipse& e, double degrees);
 
 /// Number of chords that keep an arc of `degrees` within a quarter of a pixel of the true curve.

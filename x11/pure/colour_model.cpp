@@ -1,3 +1,4 @@
+// Converts colours between red, green, blue and hue, luminance, saturation, for applications that let users mix them.
 #include "pure/colour_model.h"
 
 #include <algorithm>
@@ -29,14 +30,14 @@ double hue_of(const Colour& c, double max, double d) {
     return h < 0 ? h + kCircle : h;
 }
 
-// KEEP: cut, not rounded, so that going there and back may lose one.
+// KEEP: fractions are cut, not rounded, so that a conversion there and back may lose one.
 int cut(double value) {
     return static_cast<int>(std::clamp<double>(value, INT_MIN, INT_MAX));
 }
 
-// Hues outside the circle are those inside it.
+// Turns any hue into the same one inside the circle.
 double inside_circle(double h) {
-    h = std::fmod(h, kCircle); // the full circle is the hue 0
+    h = std::fmod(h, kCircle); // 360 is the hue 0
     return h < 0 ? h + kCircle : h;
 }
 

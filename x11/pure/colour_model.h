@@ -1,5 +1,5 @@
-// Two models of a colour: red, green, blue 0..255, and hue 0..360, luminance and saturation 0..100, where the luminance
-// is the largest component. Fractions are cut off, not rounded.
+// Two models of a colour, and how one becomes the other. The first has red, green and blue in 0..255. The second has
+// the hue in 0..360, luminance and saturation in 0..100; its luminance is the largest component. Fractions are cut off.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@ using Triple = std::array<int, 3>;
 
 Triple hls_of(const Triple& rgb);
 
-/// Nothing for a colour without saturation that has a hue.
+/// Nothing when a colour has a hue but no saturation.
 std::optional<Triple> rgb_of(const Triple& hls);
 
 } // namespace grx

@@ -1,4 +1,5 @@
-// Pointer shapes, one bit a pixel, lowest bit leftmost, rows padded to bytes.
+// The pointer shapes of drafting, for the cursors of windows: the crosshair and the snap modes. One bit a pixel, lowest
+// bit leftmost, rows padded to bytes.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// Which window-manager decorations and functions the attribute bits of a window take away.
+// Which decorations and functions of the window manager a window goes without, worked out from its attribute bits.
 #pragma once
 
 #include <array>
@@ -6,7 +6,7 @@
 
 namespace grx {
 
-/// Bits of the Motif decoration and function masks. `all` set means: everything but the other bits.
+/// Bits of the Motif decoration and function masks. When `all` is set, each other bit takes something away.
 namespace mwm {
 inline constexpr int32_t all = 1;
 inline constexpr int32_t border = 2, handles = 4, title = 8, menu = 16, minimise = 32, maximise = 64;

@@ -1,4 +1,4 @@
-// The decisions of the double-click detector: one event and the time since the first click give an outcome.
+// Decides for the double-click detector what one event means, given the first click and the time since then.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ enum class ClickOutcome : int32_t {
 
 struct FirstClick {
     int32_t mode, x, y, button;
-    int32_t reach_x, reach_y; // how far the pointer may move
+    int32_t reach_x, reach_y; // pixels that the pointer may move
     uint64_t limit;           // microseconds
 };
 
@@ -41,7 +41,7 @@ constexpr std::optional<ClickOutcome> judge_press(const FirstClick& first, const
     return now.elapsed <= first.limit ? ClickOutcome::DoubleClick : ClickOutcome::TooLate;
 }
 
-/// No value: go on polling.
+/// The outcome of one event; no value when the detector goes on polling.
 constexpr std::optional<ClickOutcome> judge_click(const FirstClick& first, const SecondClick& now) {
     const bool in_time = now.elapsed <= first.limit;
     if (now.input == ClickInput::Press) return judge_press(first, now);

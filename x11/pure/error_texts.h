@@ -1,4 +1,4 @@
-// The texts behind the error numbers.
+// The texts of the error numbers, for the function that reports errors to the user.
 #pragma once
 
 #include <array>
@@ -41,7 +41,7 @@ inline constexpr std::array<ErrorText, 24> kErrorTexts{{
     {105, "Code 105: Error on panels allocation"},
 }};
 
-// The text of a code, without its last newline; null for a number that has none.
+/// The text of a code, without a newline at its end. Null when the code has none.
 constexpr const char* error_text(int code) {
     for (const auto& entry : kErrorTexts)
         if (entry.code == code) return entry.text;

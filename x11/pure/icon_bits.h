@@ -1,4 +1,4 @@
-// The icon of a minimised window: 64 x 64, one bit a pixel, lowest bit leftmost.
+// The icon of a minimised window, for the shells of windows: 64 x 64, one bit a pixel, lowest bit leftmost.
 #pragma once
 
 #include <array>

@@ -1,3 +1,4 @@
+// Reads one line of INI_SYST.DAT and judges values, for the function that sets what the file says.
 #include "pure/ini_line.h"
 
 #include "pure/number.h"

@@ -1,4 +1,4 @@
-// INI_SYST.DAT without the settings behind it: how one line is read, and which values each key accepts.
+// The lines of INI_SYST.DAT: how one is read, and which values each key accepts. The settings themselves are elsewhere.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace grx {
 
-// What a key asks of its value.
+/// Which values a key accepts.
 enum class IniRule {
     positive,           // greater than 0
     drawing_count,      // one of kIniDrawingCounts
@@ -24,7 +24,7 @@ struct IniKey {
 inline constexpr char kIniFileName[] = "INI_SYST.DAT";
 inline constexpr char kIniFontKey[] = "FONT_CARACTERE";
 
-// In the order in which a line is tried: a key comes before every shorter key that it contains.
+// A line is tried with the keys in this order. A key must stand before every shorter key that it contains.
 inline constexpr std::array<IniKey, 12> kIniNumberKeys{{
     {"LARG_CARACTERE", IniRule::positive},
     {"HAUT_CARACTERE", IniRule::positive},
@@ -43,15 +43,15 @@ inline constexpr std::array<IniKey, 12> kIniNumberKeys{{
 inline constexpr std::array<int, 5> kIniDrawingCounts{8, 16, 32, 64, 128};
 inline constexpr int kIniRenderingMinimum = 17;
 
-// The part of a line before its first '#'.
+/// The part of a line before its first '#', where a comment begins.
 std::string_view ini_without_comment(std::string_view line);
 
-// What follows the first occurrence of key before the comment, blanks included; nothing when the line does not hold it.
+/// What follows the first `key` of a line, up to the comment, blanks included. Nothing when the line has no such key.
 std::optional<std::string_view> ini_value(std::string_view line, std::string_view key);
 
 bool ini_accepts(IniRule rule, int value);
 
-// An icon size as written: size class, then width x height.
+/// An icon size as the file has it: a size class, then width x height in pixels.
 struct IconSize {
     int size_class = 0; // 1, 2, 3 for S, M, L; 0 when none is written
     bool has_size = false;

@@ -1,3 +1,4 @@
+// Cuts the texts of panel items into title and choices, for the drop-down choices and radio boxes of panels.
 #include "pure/item_text.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The text of a panel item: title and choices in one string, separated by '-'.
+// The text of a panel item, for panels: one string with the title and the choices, separated by '-'.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,14 @@ namespace grx {
 inline constexpr std::size_t kItemLineSize = 80;
 using ItemLine = char[kItemLineSize];
 
-/// Cuts a text into at most `most` lines without blanks at their ends; gives how many were made.
+/// Cuts a text into at most `most` lines and takes the blanks off their ends. Returns the number of lines.
 int cut_item_text(std::string_view text, int most, ItemLine* lines);
 
-/// The longest line behind the title, the earliest of equals; 0, the title, when no other has a character.
+/// The index of the longest choice, of the first one when several are as long. 0, the title, when all choices are
+/// empty.
 int longest_choice(const ItemLine* lines, int count);
 
-/// Fills a line with blanks up to `width` characters; a longer one stays as it is.
+/// Adds blanks up to `width` characters. A longer line stays as it is.
 void pad_item_line(ItemLine& line, int width);
 
 } // namespace grx

@@ -1,4 +1,4 @@
-// What a keysym means to the application.
+// Which key code of the application a keysym becomes, for the translation of key presses.
 #pragma once
 
 #include <cstdint>
@@ -6,11 +6,11 @@
 namespace grx {
 
 enum class KeyClass {
-    Itself,  // the keysym is the key code
-    Untaken, // no key code
-    Tab,     // Tab or back-tab, by the Shift key
+    Itself,  // the key code is the keysym
+    Untaken, // the key has no code
+    Tab,     // Tab, or back-tab when Shift is held
     BackTab,
-    Character // whatever character the keyboard map gives
+    Character // the character that the keyboard map gives
 };
 
 constexpr KeyClass classify_key(uint32_t keysym) {
@@ -27,7 +27,7 @@ constexpr KeyClass classify_key(uint32_t keysym) {
     return KeyClass::Character;
 }
 
-/// The signs and letters of Latin-1 beyond ASCII: their keysym is their character.
+/// True for the signs and letters of Latin-1 beyond ASCII. Such a keysym is the character itself.
 constexpr bool is_accented(uint32_t keysym) {
     return keysym >= 0xA0 && keysym <= 0xFF;
 }

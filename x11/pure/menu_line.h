@@ -1,4 +1,4 @@
-// What the lines of a menu file are, their fields, and what a label and an accelerator text say.
+// Reads the lines of menu files, their labels and their accelerator texts, for the menu bar and its keys.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace grx {
 
 inline constexpr std::size_t kMostMenuFields = 4;
 
-/// The first `count` fields behind the keyword, each ended by a bar; nothing when one of them is not closed.
+/// The first `count` fields after the keyword. A bar ends each; nothing when one of them has no bar.
 constexpr std::optional<std::array<std::string_view, kMostMenuFields>> menu_fields(
     std::string_view after_keyword, std::size_t count) {
     std::array<std::string_view, kMostMenuFields> fields{};
@@ -37,7 +37,7 @@ struct MenuKeyword {
 // KEEP: POPUP is looked for first, anywhere in the line.
 inline constexpr std::array<MenuKeyword, 2> kMenuKeywords{{{"POPUP", 2}, {"ITEM", kMostMenuFields}}};
 
-/// What a menu line says; no keyword when it has none, no fields when one of them is not closed.
+/// What a menu line says. `keyword` is null when the line has none; there are no fields when one of them has no bar.
 struct MenuContent {
     const MenuKeyword* keyword = nullptr;
     std::optional<std::array<std::string_view, kMostMenuFields>> fields;
@@ -56,11 +56,12 @@ inline constexpr std::string_view kMenuZone = "#:ZONE_MENU_BAR";
 
 enum class MenuLine { comment, skip_word, zone, before_zone, opening, closing, unbalanced, content };
 
-/// What a line is where the reader stands: behind the line with the zone's marker or not, in so many braces.
+/// What a line is to a reader that has passed the line with the marker of the zone (`in_zone`) or not, and that stands
+/// inside `depth` open braces.
 constexpr MenuLine menu_line(std::string_view line, std::string_view zone, bool in_zone, int depth) {
     const auto has = [line](std::string_view word) { return line.find(word) != std::string_view::npos; };
     if (in_zone && line.substr(0, 1) == "#") return MenuLine::comment;
-    // KEEP: DEBUT and FIN anywhere skip the line.
+    // KEEP: a line with DEBUT or FIN anywhere is skipped.
     if (has("DEBUT") || has("FIN")) return MenuLine::skip_word;
     if (zone.data() != nullptr && has(zone)) return MenuLine::zone;
     if (!in_zone) return MenuLine::before_zone;
@@ -70,9 +71,9 @@ constexpr MenuLine menu_line(std::string_view line, std::string_view zone, bool 
     return MenuLine::content;
 }
 
-/// Label and mnemonic of a menu text: the mark '&' goes, the letter behind it is the mnemonic.
+/// Label and mnemonic of a menu text. The mark '&' is taken out; the letter after it is the mnemonic.
 struct MenuLabel {
-    std::string_view before; // the mark
+    std::string_view before; // the text before the mark
     std::string_view behind;
     std::optional<char> mnemonic;
 };
@@ -84,12 +85,12 @@ constexpr MenuLabel menu_label(std::string_view text) {
     return {text.substr(0, mark), behind, behind.empty() ? std::nullopt : std::optional(behind.front())};
 }
 
-/// An accelerator as far as its first comma.
+/// The first of several accelerators: commas separate them.
 constexpr std::string_view first_accelerator(std::string_view text) {
     return trimmed(text.substr(0, text.find(',')));
 }
 
-/// Modifiers and key of an accelerator text: "Ctrl+S" gives "Ctrl" and "S", "F5" nothing and "F5". The key may be '+'.
+/// Modifiers and key of an accelerator text: "Ctrl+S" gives "Ctrl" and "S", "F5" gives "" and "F5". The key may be '+'.
 struct KeyText {
     std::string_view modifiers;
     std::string_view key;
@@ -105,7 +106,7 @@ struct KeyModifiers {
     bool control = false, shift = false, alt = false;
 };
 
-/// Adds the modifier of a name in letters of either case; false when there is none.
+/// Adds the modifier of a name, in capitals or small letters. False when no modifier has that name.
 constexpr bool add_modifier(KeyModifiers& held, std::string_view name) {
     struct Named {
         std::string_view name;
@@ -125,8 +126,8 @@ constexpr bool add_modifier(KeyModifiers& held, std::string_view name) {
     return false;
 }
 
-/// The modifiers before the key, with '+' or blanks between; nothing when one of the names is unknown: without it the
-/// key would be another one.
+/// The modifiers of a list of names with '+' or blanks between them. Nothing when a name is unknown, for without that
+/// modifier the accelerator would be another key.
 constexpr std::optional<KeyModifiers> key_modifiers(std::string_view names) {
     KeyModifiers held;
     while (!names.empty()) {

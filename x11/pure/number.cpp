@@ -1,3 +1,4 @@
+// Reads numbers from text that need not be terminated, for the readers of settings, menus and panels.
 #include "pure/number.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace grx {
 
 namespace {
 
-// As long as a line of a text file.
+// A number is at most as long as a line of a text file.
 constexpr std::size_t kLongestNumber = HOST_LIGNE_MAX - 1;
 
 bool is_digit(char c) {

@@ -1,4 +1,4 @@
-// Numbers out of text, as atoi reads them.
+// Reads numbers from text as atoi does, for the readers of files and records.
 #pragma once
 
 #include <cstddef>
@@ -6,10 +6,11 @@
 
 namespace grx {
 
-// Leading blanks, a sign, digits; 0 when there is no digit. What 32 bits cannot hold is cut as atoi cuts it.
+/// The number at the start of a text, after blanks and a sign; 0 when there is no digit. A number that does not fit 32
+/// bits is cut as atoi cuts it.
 int number_of(std::string_view text);
 
-// How many characters at the end of text are decimal digits.
+/// The number of decimal digits at the end of a text.
 std::size_t trailing_digits(std::string_view text);
 
 } // namespace grx

@@ -1,4 +1,4 @@
-// Answers through pointers, any of which the caller may leave null.
+// Writes results through pointers of the caller, for functions that let the caller pass null for what it does not want.
 #pragma once
 
 namespace grx {

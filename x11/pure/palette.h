@@ -1,4 +1,4 @@
-// Colour arithmetic without a display.
+// Colour arithmetic that needs no display, for the palettes and for the pixels of deep screens.
 #pragma once
 
 #include <algorithm>
@@ -46,7 +46,7 @@ constexpr int32_t shade_component(int32_t shade, int32_t hue, std::size_t compon
     return tint(hue, shade_factor(shade), component);
 }
 
-/// Lowest set bit of a colour mask; 32 when there is none.
+/// The number of the lowest set bit of a colour mask, 32 when no bit is set.
 constexpr int32_t lowest_bit(unsigned long mask) {
     for (int32_t bit = 0; bit < 32; ++bit) {
         if ((mask >> bit) & 1UL) return bit;

@@ -1,3 +1,5 @@
+// Packs, scales and looks up rows of pixels, for the functions that show pictures and read the screen. Four pixels go
+// at a time where the processor can.
 #include "pure/pixels.h"
 
 #if defined(__x86_64__)
@@ -14,7 +16,7 @@ uint32_t pixel_at(const uchar* in) {
 
 #if defined(__x86_64__)
 
-// Four pixels a step. A step reads 16 bytes and uses 12: the last few pixels are left to the caller.
+// Packs four pixels a step. A step reads 16 bytes and uses 12, so that the last few pixels are left to the caller.
 __attribute__((target("ssse3"))) std::size_t pack_shuffled(uint32_t* out, const uchar* in, std::size_t count) {
     const __m128i spread = _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
     std::size_t i = 0;
@@ -85,7 +87,7 @@ void DeepPacker::row(uint32_t* out, const uchar* in, std::size_t count) const {
     for (std::size_t i = 0; i < count; ++i, in += 3) out[i] = blue_[in[0]] | green_[in[1]] | red_[in[2]];
 }
 
-// Stepped instead of divided: quotient and remainder grow together.
+// Counts quotient and remainder up instead of dividing for each column.
 void scale_map(std::span<int32_t> map, const Scaling& scaling) {
     const int64_t size = scaling.destination;
     const int64_t whole = scaling.source / size;

@@ -1,4 +1,5 @@
-// Pixels in bulk: no function call, no division and no search for each.
+// Converts pixels in rows, for pictures that are shown or read back. The time a pixel takes decides here: none costs a
+// function call, a division or a search of its own.
 #pragma once
 
 #include <array>
@@ -11,41 +12,45 @@
 
 namespace grx {
 
-/// Rows of three bytes a pixel (blue, green, red) into rows of one 32-bit value a pixel.
+/// Turns rows of three bytes a pixel (blue, green, red) into rows of one 32-bit value a pixel.
 class DeepPacker {
   public:
     explicit DeepPacker(const Shifts& shifts);
     void row(uint32_t* out, const uchar* in, std::size_t count) const;
 
   private:
-    bool plain_; // blue lowest, red highest: a pixel is its three bytes
+    bool plain_; // blue is the lowest byte, red the highest: no table is needed
     std::array<uint32_t, 256> red_, green_, blue_;
 };
 
-/// How many columns (or rows) become how many, and the first of those that are wanted.
+/// `source` columns (or rows) become `destination` ones. Of these, the ones from `first` on are wanted.
 struct Scaling {
     int64_t source, destination, first;
 };
 
-/// For each destination column (or row) i from the first on the source one: source x i / destination, truncated.
+/// Fills the map with the source column (or row) of each destination one i, from `first` on: source x i / destination,
+/// truncated.
 void scale_map(std::span<int32_t> map, const Scaling& scaling);
 
-/// Four neighbouring pixels of an enlarged row: where their sources begin, and how those four are shuffled.
+/// Makes four neighbouring pixels of an enlarged row: `base` is the column of their first source pixel, `shuffle` picks
+/// each of them from the four source pixels there.
 struct SpreadStep {
     std::array<uchar, 16> shuffle;
     int32_t base;
 };
 
-/// Readable pixels that a source row must have behind its end.
+/// Pixels that must be readable after the end of a source row.
 inline constexpr std::size_t kSpreadSlack = 4;
 
-/// Steps for a map of columns that never skips more than three; false when it does (a reduction).
+/// Makes the steps for a map of columns. False when the four sources of a step do not lie close together, as in a
+/// reduction.
 bool make_spread_steps(std::span<SpreadStep> steps, std::span<const int32_t> columns);
 
-/// A row enlarged or reduced: each pixel from the column that the map names. Steps may be empty.
+/// Enlarges or reduces a row: each pixel comes from the column that the map names. Without steps this goes pixel by
+/// pixel.
 void spread_row(uint32_t* out, const uint32_t* in, std::span<const int32_t> columns, std::span<const SpreadStep> steps);
 
-/// Colour indices of pixels: the index of the first equal entry of a table, 0 for a pixel that it does not hold.
+/// Finds the colour index of a pixel: that of the first equal entry of a table, 0 when the table has none.
 class IndexFinder {
   public:
     IndexFinder(const INT* pixels, std::size_t count, uint32_t mask);

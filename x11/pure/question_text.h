@@ -1,4 +1,4 @@
-// A question and the labels of its buttons in one text: "Replace File? -Yes -No".
+// Cuts a text like "Replace File? -Yes -No" into a question and the labels of its buttons, for question dialogs.
 #pragma once
 
 #include <array>
@@ -13,8 +13,8 @@ inline constexpr std::size_t kQuestionParts = 3; // question, yes, no
 
 using QuestionParts = std::array<std::string_view, kQuestionParts>;
 
-/// Cut at " -" where that occurs, else at '-'; blanks around a part do not count. A part that is missing is empty, what
-/// follows the last is left out.
+/// Cuts at " -" when the text has that, else at '-', and takes the blanks off the parts. A missing part is empty. What
+/// follows the third is dropped.
 constexpr QuestionParts question_parts(std::string_view text) {
     constexpr std::string_view spaced = " -", bare = "-";
     const std::string_view separator = text.find(spaced) != std::string_view::npos ? spaced : bare;

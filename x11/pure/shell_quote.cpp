@@ -1,3 +1,4 @@
+// Quotes words of shell commands, for the commands that the library builds from names the user chose.
 #include "pure/shell_quote.h"
 
 #include <algorithm>
@@ -7,7 +8,7 @@ namespace grx {
 namespace {
 
 constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_./+,:=@%-";
-constexpr std::string_view kQuotedQuote = "'\\''"; // ends the quotes, a quote, begins them again
+constexpr std::string_view kQuotedQuote = "'\\''"; // closes the quotes, writes one, opens them again
 
 char* write(char* out, std::string_view text) {
     return std::copy(text.begin(), text.end(), out);

@@ -1,4 +1,4 @@
-// Words of a shell command: plain ones as they are, others quoted so that the shell takes them as one word.
+// Writes words of a shell command. A word that the shell would change or divide is quoted.
 #pragma once
 
 #include <cstddef>
@@ -6,13 +6,13 @@
 
 namespace grx {
 
-/// True for a word that means itself to the shell.
+/// True when the shell takes the word as it is.
 bool is_plain_word(std::string_view word);
 
-/// Characters that write_word writes.
+/// The number of characters that write_word writes.
 std::size_t word_length(std::string_view word);
 
-/// Writes a word, quoted when it is not plain; gives the end of what was written. No terminator.
+/// Writes a word, in quotes when it is not plain, without a terminator. Returns the end of what was written.
 char* write_word(char* out, std::string_view word);
 
 } // namespace grx

@@ -1,4 +1,4 @@
-// Small safe handling of C strings and file names.
+// Reads and copies C strings safely, for all of the library: null pointers and long texts do no harm.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace grx {
 
-// A null string reads as the empty one.
+/// The text as a view. A null pointer gives an empty one.
 inline std::string_view view(const char* text) {
     return text != nullptr ? std::string_view(text) : std::string_view();
 }
@@ -28,7 +28,8 @@ constexpr std::string_view trimmed(std::string_view text) {
     return text;
 }
 
-// Copies what fits in size bytes, terminator included, and ends it; true when nothing was cut. The two may overlap.
+/// Copies as much as fits in `size` bytes and always terminates it. True when nothing was cut. Source and destination
+/// may overlap.
 inline bool copy_text(char* destination, std::size_t size, std::string_view source) {
     if (destination == nullptr || size == 0) return false;
     const auto length = std::min(source.size(), size - 1);
@@ -37,13 +38,13 @@ inline bool copy_text(char* destination, std::size_t size, std::string_view sour
     return length == source.size();
 }
 
-// The same for a fixed field.
+/// The same for a fixed field.
 template <std::size_t N>
 bool copy_text(char (&field)[N], std::string_view text) {
     return copy_text(field, N, text);
 }
 
-// True when the text after the last '.' of name is exactly extension. A name without '.' has none.
+/// True when the text after the last '.' of a name is exactly `extension`. A name without '.' has no extension.
 inline bool has_extension(std::string_view name, std::string_view extension) {
     const auto dot = name.rfind('.');
     return dot != std::string_view::npos && name.substr(dot + 1) == extension;

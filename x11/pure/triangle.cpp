@@ -1,3 +1,4 @@
+// Steps along the edges of triangles, for the shaded views that the application fills row by row.
 #include "pure/triangle.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@ namespace grx {
 namespace {
 
 void store(EdgeTable& table, int height, GridPoint p) {
-    // KEEP: row 0 is never stored; a triangle that reaches it shows what the tables hold.
+    // KEEP: row 0 is never stored, so that a triangle that reaches it shows what the tables held before.
     if (p.y > 0 && p.y < height && p.y < kTriangleRows) table[static_cast<std::size_t>(p.y)] = p.x;
 }
 

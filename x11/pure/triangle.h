@@ -1,4 +1,4 @@
-// Integer stepping of a triangle into two tables of one x per row, and of a line into an array of pixels.
+// Steps along triangles and lines in whole pixels, for fills and lines in pictures that the application holds.
 #pragma once
 
 #include <array>
@@ -13,18 +13,19 @@ struct GridPoint {
     int x, y;
 };
 
-/// One x per row. Rows not stepped keep what the previous triangle left.
+/// One x for each row. A row that no edge passes keeps what the previous triangle left.
 using EdgeTable = std::array<int, kTriangleRows>;
 
-/// Steps an edge into the table; an x is stored only for rows y with 0 < y < height.
+/// Stores one x for each row of an edge. Only rows y with 0 < y < height are stored.
 void step_edge(EdgeTable& table, int height, GridPoint from, GridPoint to);
 
 struct TriangleSpans {
-    int first_row; // first_row > last_row: nothing to draw
+    int first_row; // nothing is to be drawn when it is above last_row
     int last_row;
 };
 
-/// Steps the three edges (long edge into `long_edge`, short ones into `short_edges`) and gives the rows to fill.
+/// Steps along the three edges and returns the rows to fill. The edge that passes all these rows goes into `long_edge`,
+/// the two others go into `short_edges`.
 TriangleSpans step_triangle(EdgeTable& short_edges, EdgeTable& long_edge, int height, std::array<GridPoint, 3> points);
 
 /// Calls `plot(x, y)` for every pixel of the line, both ends included.

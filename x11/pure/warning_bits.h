@@ -1,4 +1,4 @@
-// The picture of warnings, 32 by 32: a triangle with an exclamation mark.
+// The picture of warnings, for message dialogs: a triangle with an exclamation mark, 32 x 32.
 #pragma once
 
 #include <array>

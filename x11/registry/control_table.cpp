@@ -1,4 +1,4 @@
-// The table of controls: widget and record of each number.
+// The table of controls: widget and record of each number, for the application and for all rooms that work on controls.
 #include "registry/control_table.h"
 
 #include <X11/Intrinsic.h>
@@ -19,12 +19,12 @@ Widget* Tableau_objet_bouton = nullptr;
 STRUCTURE_BOUTON* structure_bouton = nullptr;
 INT No_bou_actif = GRX_AUCUN;
 
-constexpr INT kFreeWindow = 1; // KEEP: a free entry names window 1
+constexpr INT kFreeWindow = 1; // KEEP: a free entry says that its window is 1
 
-// The widget of a number died with its window: the number stays taken until somebody frees it.
+// True for a number whose widget died with its window. The number stays taken until the application frees it.
 std::array<bool, GRX_NB_BOUTONS> widget_dead{};
 
-// Numbers that only the library knows go with their widgets.
+// True for a number that only the library knows. It is freed when its widget dies.
 std::array<bool, GRX_NB_BOUTONS> goes_with_widget{};
 
 bool in_base(INT nobou) {
@@ -32,7 +32,7 @@ bool in_base(INT nobou) {
 }
 
 void make_free(STRUCTURE_BOUTON& record) {
-    record.nobou = GRX_AUCUN; // image and type keep what they held
+    record.nobou = GRX_AUCUN; // image and type are left as they were
     record.nofen = kFreeWindow;
     record.no_fo = GRX_AUCUN;
     record.valeur = 0;

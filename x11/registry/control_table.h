@@ -1,4 +1,4 @@
-// The table of controls: widget and record of each number.
+// The table of controls: widget and record of each number, for all rooms that work on controls.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -7,19 +7,25 @@
 
 namespace grx {
 
-/// The two tables, every number free. False when memory is short.
+/// Allocates the two tables with every number free. False when memory is short.
 bool allocate_control_table();
 void free_control_table();
 bool has_control_table();
-INT control_table_size(); // numbers in the table, GRX_NB_BOUTONS once it was allocated, 0 before
+/// The number of entries: GRX_NB_BOUTONS once the table was allocated, 0 before.
+INT control_table_size();
 
-STRUCTURE_BOUTON* control_record(INT nobou); // null when the table has no such entry
-void clear_control_entry(INT nobou);         // its number is free again
+/// The entry of a number, null when the table has none. The table owns it.
+STRUCTURE_BOUTON* control_record(INT nobou);
+/// Clears an entry of the table and frees its number. The table must exist and have the number.
+void clear_control_entry(INT nobou);
 
-/// The widget of a number died. True when the number goes with it, else it stays taken until somebody frees it.
+/// Notes that the widget of a number died. True when the number must be freed with it; else it stays taken until the
+/// application frees it.
 bool control_widget_died(INT nobou, Widget w);
 
-void free_with_widget(INT nobou);                   // a number that the application does not know
-STRUCTURE_BOUTON* button_record_at(XtPointer data); // the entry that callback data points at; null when it is none
+/// Marks a number that the application does not know: it is freed when its widget dies.
+void free_with_widget(INT nobou);
+/// The entry that the data of a callback points at, null when it points at none.
+STRUCTURE_BOUTON* button_record_at(XtPointer data);
 
 } // namespace grx

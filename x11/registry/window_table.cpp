@@ -1,4 +1,5 @@
-// The table of windows: widget, record and sizes of each number, and which are the main and the active one.
+// The table of windows: widget, record and sizes of each number, for the application and for all rooms that work on
+// windows. It also knows the main and the active window.
 #include "registry/window_table.h"
 
 #include <X11/Intrinsic.h>
@@ -40,7 +41,7 @@ INT p_objet = 0;
 
 constexpr std::size_t kGeometryText = 32;
 
-// What the library must know of a window beside the tables that the application knows.
+// What the library knows of a window that is not in the tables of the application.
 struct WindowExtras {
     Widget outer;
     bool dead_pixmap;
@@ -71,7 +72,7 @@ void release(T*& table) {
     grx::free_table<T, GRX_NB_FENETRES>(table);
 }
 
-// The holder comes from malloc; its pixmap id is read before it is released.
+// The holder comes from malloc and not from the host. The id of its pixmap is read before the holder is freed.
 void release_picture(INT nofen, STRUCTURE_FENETRE& record) {
     Pixmap* const holder = record.image;
     if (record.type != GRX_FEN_GRAPHIQUE || holder == nullptr) return;
@@ -82,7 +83,7 @@ void release_picture(INT nofen, STRUCTURE_FENETRE& record) {
     record.image = nullptr;
 }
 
-// A picture put aside must not come back in the next window of the number.
+// A saved picture must not appear in the next window that has the number.
 void release_saved_picture(INT nofen) {
     GRX_SAUVE_ZONE& slot = sauve_zone[nofen];
     grx::free_pixmap(slot.image);
@@ -146,7 +147,8 @@ Widget outer_widget(INT nofen) {
     return extras_of(nofen).outer;
 }
 
-// A window that stands in another, or was opened over it, has that one's scroll bars further up: they are not its own.
+// The search ends at the window's own outermost widget. Scroll bars further up belong to the window that this one
+// stands in or was opened over.
 Widget own_scrolled_window(INT nofen) {
     Widget w = grx_recup_objet_fen(nofen);
     Widget outermost = outer_widget(nofen) != nullptr ? outer_widget(nofen) : nearest_shell(w);
@@ -174,7 +176,7 @@ INT grx_alloue_base_fenetres(void) {
                           && allocate(old_lar) && allocate(old_hau) && allocate(largeur_fen);
     if (!complete) return GRX_ERR_BASE_FENETRES;
     allocate(hauteur_fen);
-    // KEEP: the last test is made on the width table again; a missing height table is not reported.
+    // KEEP: the last test looks at the width table again, so that a missing height table is not reported.
     if (largeur_fen == nullptr) return GRX_ERR_BASE_FENETRES;
     grx_init_objet_fen();
     return 0;

@@ -1,4 +1,4 @@
-// The table of windows: widget, record and sizes of each number, and which are the main and the active one.
+// The table of windows: widget, record and sizes of each number, for all rooms that work on windows.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -13,32 +13,41 @@ namespace grx {
 
 extern Widget* Tableau_objet_fen; // widget of each window number
 
-/// The widget of a window number, null when it names none. Drawing asks for every primitive.
+/// The widget of a window number, null when it has none. It is inline because drawing asks for every primitive.
 inline Widget window_widget(INT nofen) {
     return nofen >= 1 && nofen < MAXOBJETFEN && Tableau_objet_fen != nullptr ? Tableau_objet_fen[nofen] : nullptr;
 }
 
-/// Gives a number to a window that was made. `outer` is the outermost widget of a nested one, else null.
+/// Enters a new window under its number. `outer` is the outermost widget of a nested window, null for any other.
 void occupy(INT nofen, INT kind, Widget work, Widget outer);
 
-STRUCTURE_FENETRE* window_record(INT nofen);         // null when the base has no such entry
-STRUCTURE_FENETRE* window_record_at(XtPointer data); // the entry that callback data points at; null when it is none
-GRX_SAUVE_ZONE* save_slot(INT nofen);                // null when the base has no such entry
-Size known_size(INT nofen);                          // last size seen of a window (old_lar, old_hau)
+/// The entry of a number, null when the table has none. The table owns it.
+STRUCTURE_FENETRE* window_record(INT nofen);
+/// The entry that the data of a callback points at, null when it points at none.
+STRUCTURE_FENETRE* window_record_at(XtPointer data);
+/// The saved picture of a number, null when the table has no such entry.
+GRX_SAUVE_ZONE* save_slot(INT nofen);
+/// The size that the window had at its last event (old_lar, old_hau).
+Size known_size(INT nofen);
 void set_known_size(INT nofen, Size size);
-bool holds_dead_pixmap(INT nofen); // the backing picture was released, its id is still stored
+/// True when the backing picture was freed while its id is still stored.
+bool holds_dead_pixmap(INT nofen);
 void mark_dead_pixmap(INT nofen, bool dead);
-Widget outer_widget(INT nofen);        // outermost widget made for a nested window, else null
-Widget own_scrolled_window(INT nofen); // that the window was made in, null when there is none
-INT* stored_width(INT nofen);          // largeur_fen, hauteur_fen: null out of range
+/// The outermost widget of a nested window, null for any other.
+Widget outer_widget(INT nofen);
+/// The scrolled window that was made for the window, null when it has none.
+Widget own_scrolled_window(INT nofen);
+/// The entries of largeur_fen and hauteur_fen, null for a number out of range.
+INT* stored_width(INT nofen);
 INT* stored_height(INT nofen);
 
-/// Room for the place of a window's shell as text: the toolkit keeps its address.
+/// Room for the place of a window's shell as text. It lives as long as the library, because the toolkit keeps its
+/// address.
 std::span<char> geometry_text(INT nofen);
 
 Widget shell_of(INT nofen);
 
-/// A nested window with its scroll bars; the work widget of any other.
+/// The outermost widget of a nested window, with its scroll bars; the work widget of any other window.
 Widget whole_of(INT nofen);
 
 INT height_of(Widget w);

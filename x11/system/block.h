@@ -1,4 +1,5 @@
-// One heap block of the library: n elements from grx_malloc, given back with the exact size they were asked with.
+// A heap block that frees itself, for all memory of the library. The elements come from grx_malloc and are freed with
+// the exact size they were asked with, because the host's allocator wants it.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +13,8 @@
 
 namespace grx {
 
-// Move-only. An empty block holds no memory; asking for nothing, for more than 32 bits of bytes, or of a host that
-// is short of memory gives an empty block: test it like a pointer.
+/// Owns its elements and can only be moved. Test it like a pointer: a block is empty when no elements were asked for,
+/// when their bytes do not fit 32 bits, or when the host is short of memory.
 template <class T>
 class Block {
     static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>,
@@ -22,18 +23,18 @@ class Block {
   public:
     constexpr Block() noexcept = default;
 
-    // Elements with every byte zero: the host's memory holds anything.
+    /// Makes elements with every byte zero. The host's memory is not cleared.
     explicit Block(std::size_t count) : Block(raw(count)) {
         if (data_ != nullptr) clear();
     }
 
-    // Elements left as the host gave them, for memory that is written whole at once.
+    /// Makes elements that hold what the host's memory held, for callers that write all of them at once.
     static Block raw(std::size_t count) {
         if (!fits(count)) return {};
         return adopt(reinterpret_cast<T*>(grx_malloc(bytes(count))), count);
     }
 
-    // Takes over memory of exactly count elements that came from grx_malloc.
+    /// Takes over memory of exactly `count` elements that came from grx_malloc.
     static Block adopt(T* data, std::size_t count) noexcept {
         Block block;
         block.data_ = data;
@@ -70,7 +71,7 @@ class Block {
         if (data_ != nullptr) std::memset(static_cast<void*>(data_), 0, count_ * sizeof(T));
     }
 
-    // Changes the number of elements; new ones are zero. False, and nothing changed, when memory is short.
+    /// Changes the number of elements; new ones are zero. When memory is short it changes nothing and returns false.
     bool resize(std::size_t count) {
         if (data_ == nullptr) return static_cast<bool>(*this = Block(count));
         if (!fits(count)) return false;
@@ -88,7 +89,7 @@ class Block {
         count_ = 0;
     }
 
-    // Hands the memory over: whoever takes it frees size() elements, read before this call.
+    /// Hands the memory over to the caller, who frees size() elements. Read size() before this call.
     [[nodiscard]] T* release() noexcept {
         count_ = 0;
         return std::exchange(data_, nullptr);
@@ -106,7 +107,7 @@ class Block {
     std::size_t count_ = 0;
 };
 
-/// Elements to ask for where there may be none: a host need not give memory of no size.
+/// The number of elements to ask for: at least one, because a host need not give memory of no size.
 constexpr std::size_t room_for(INT count) {
     return count > 1 ? static_cast<std::size_t>(count) : 1;
 }

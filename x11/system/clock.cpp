@@ -1,4 +1,4 @@
-// Dates, durations, the alarm.
+// The time of day, durations and the alarm of the application.
 #include <algorithm>
 #include <atomic>
 #include <cmath>
@@ -40,7 +40,7 @@ void gettime(INT* heure, INT* minute, INT* seconde, INT* centiemes) {
     gettimedate(nullptr, nullptr, nullptr, heure, minute, seconde, centiemes);
 }
 
-// Polls without sleeping. A clock that was set back before the start ends the wait: it would hang.
+// Polls without sleeping. When the clock was set back before the start the wait ends, for it would take too long.
 void temporisation(DOUBLE tempo) {
     if (!std::isfinite(tempo)) return;
     const auto start = grx::in_hundredths(now());
@@ -75,7 +75,7 @@ void call_alarm_function(int) {
 
 extern "C" {
 
-// System calls go on after the signal, so that waiting for events does not fail.
+// System calls are restarted after the signal, so that waiting for events does not fail.
 void grx_demarre_alarme(INT intervalle, void (*fct)()) {
     alarm_function = fct;
     struct sigaction action {};

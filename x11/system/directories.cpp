@@ -1,4 +1,5 @@
-// The directories of icons and of message files, and the working one that the environment names.
+// Tells the application which directories hold its icons and messages and which one it works in. Settings and
+// environment say so.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -17,7 +18,7 @@ char adr_icones[GRX_ADR_ICONES_MAX] = "";
 
 extern "C" {
 
-// Icons are read when a button asks for them.
+// There is nothing to load: an icon is read when a button needs it.
 INT grx_charge_icones(void) {
     return 1;
 }
@@ -37,7 +38,7 @@ struct IconDirectory {
 
 constexpr std::array<IconDirectory, 3> kIconDirectories{{{2, "S"}, {3, "M"}, {4, "L"}}};
 
-constexpr INT kFirstMessageFormat = 1; // the one whose messages lie in the directory itself
+constexpr INT kFirstMessageFormat = 1; // its messages lie in the directory itself
 constexpr std::size_t kDigitsOfInt = 12;
 
 } // namespace
@@ -81,7 +82,7 @@ constexpr INT kPathUsable = 0;
 constexpr INT kPathRefused = 1;
 constexpr INT kPathUnusable = 2;
 
-// getvarsystem knows no limit, so the room is measured first.
+// getvarsystem writes values of any length, so the room is measured first.
 grx::Block<char> variable(const char* wanted) {
     const auto size = grx::view(std::getenv(wanted)).size() + 1;
     grx::Block<char> value(size);
@@ -91,7 +92,7 @@ grx::Block<char> variable(const char* wanted) {
     return value;
 }
 
-// Forward slashes, one at the end. path has room for one character more.
+// Makes all slashes forward ones and ends the path with one. `path` has room for one character more.
 void end_with_slash(char* path) {
     const auto length = grx::view(path).size();
     std::replace(path, path + length, '\\', '/');
@@ -116,7 +117,7 @@ INT path_of_variable(char* path) {
 
 extern "C" {
 
-// KEEP: the result stays what it was although path then is "tmp" or empty.
+// KEEP: the result is that of the first check, although path then is "tmp" or empty.
 INT init_path(char* path) {
     if (path == nullptr) return kPathRefused;
     const auto result = path_of_variable(path);

@@ -1,4 +1,4 @@
-// What the operating system tells of itself.
+// Tells the application about the machine it runs on and reads environment variables for it.
 #include <array>
 #include <cstdlib>
 #include <string_view>
@@ -21,7 +21,7 @@ INT osname(void) {
     return GRX_OS_UNIX;
 }
 
-// contenu has room for the whole value: the caller measures it.
+// The caller has measured the value: `contenu` has room for all of it.
 INT getvarsystem(char* nom_var, char* contenu) {
     const char* const value = nom_var != nullptr ? std::getenv(nom_var) : nullptr;
     const auto text = grx::view(value);

@@ -1,4 +1,4 @@
-// Error reporting: fixed texts on standard output, never more than that.
+// Reports errors to the user of the application: prints fixed texts on standard output and does nothing else.
 #include <cstdio>
 
 #include "pure/error_texts.h"

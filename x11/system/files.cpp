@@ -1,4 +1,4 @@
-// Files and directories, as the application's portable layer names them. Null names read as the empty one.
+// Files, directories and drives for the application's portable layer. A null name counts as an empty one.
 #include <array>
 #include <cstdint>
 #include <dirent.h>
@@ -59,7 +59,7 @@ INT verif_si_fic(char* filename) {
     return examine(filename, status) && S_ISREG(status.st_mode) ? 1 : 0;
 }
 
-// An empty directory name is accepted: it stands for the current one.
+// An empty name stands for the current directory, so it is accepted.
 INT verif_repertoire(char* adr, INT mode) {
     if (grx::view(adr).empty()) return 0;
     if (!verif_si_dir(adr)) return -1;
@@ -93,7 +93,7 @@ namespace {
 
 constexpr std::size_t kNameSize = sizeof(dirent::d_name);
 
-// One iteration at a time. The filter may be longer than any name, and then matches none.
+// Only one iteration runs at a time. The filter may be longer than any name; then it matches none.
 DIR* directory = nullptr;
 std::array<char, kNameSize + 1> filter{};
 
@@ -126,7 +126,7 @@ INT ouvre_sysdir(char* dir, char* extension) {
     return directory ? 0 : 1;
 }
 
-// KEEP: the first name is the next one; the iteration is never wound back.
+// KEEP: the first name is the next one, because the iteration is never wound back.
 INT lect_dir_premier(char* file) {
     return next_name(file);
 }
@@ -143,7 +143,7 @@ INT ferme_sysdir(void) {
 
 // -- drives, masks
 
-// Files need no announcement on this platform, and there are no drives that could be missing.
+// On this platform nobody announces files, and no drive can be missing.
 INT ouvre_sysfic(char*) {
     return 0;
 }
@@ -179,7 +179,7 @@ INT set_old_umask(void) {
     return 0;
 }
 
-// KEEP: the bytes wrap at 32 bits, so that -1 and a full 4 GB less one byte are alike.
+// KEEP: the bytes wrap at 32 bits, so that -1 and 4 GB less one byte look the same.
 LONG disk_free_spc(char* d) {
     const auto path = grx::view(d);
     grx::Block<char> trimmed(path.size() + 1);

@@ -1,4 +1,4 @@
-// INI_SYST.DAT: the lines from which settings come.
+// Reads INI_SYST.DAT at start-up and gives what it says to the settings.
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -14,7 +14,8 @@ namespace {
 
 using Line = std::array<char, HOST_LIGNE_MAX>;
 
-// The value of key in a line, trimmed, in out. Blanks of a line end are stripped here whatever the host's reader keeps.
+// Writes the value of a key without blanks around it to `out`. Blanks at the end of a line are taken off here, because
+// the host's reader may keep them.
 bool value_of(const char* line, const char* key, Line& out) {
     const auto value = grx::ini_value(grx::view(line), grx::view(key));
     if (!value) return false;
@@ -56,7 +57,7 @@ INT traite_taille_icone(char* ligne, char* clef) {
 
 namespace {
 
-// Only the first colour that is not 0 stays.
+// The first colour that is not 0 is kept; later lines do not change it.
 INT keep_first_application_colour(INT colour) {
     return grx_recup_couleur_application() == 0 ? grx_affecte_couleur_application(colour) : 0;
 }
@@ -92,7 +93,7 @@ bool take_font(const char* line) {
     return true;
 }
 
-// A refused value counts as no match, so that the line goes on to the keys that follow.
+// When a key refuses its value the line goes on to the keys that follow.
 void take_line(const char* line) {
     if (take_font(line)) return;
     for (std::size_t i = 0; i < kNumberSetters.size(); ++i) {

@@ -1,4 +1,5 @@
-// Memory: every heap block of the library passes here on its way to the host's allocator, with its exact size.
+// The one way from the library to the host's allocator: every heap block is asked for and freed here, with its exact
+// size.
 #include "host_f.h"
 #include "xt_loc_f.h"
 

@@ -1,5 +1,5 @@
-// State that lives until the process ends and is not taken down then: the application's allocator may be gone by that
-// time, and the server cleans up after itself.
+// Holds state that lives until the process ends and is never destroyed. When the process ends the application's
+// allocator may be gone, and the server frees what it holds by itself.
 #pragma once
 
 namespace grx {

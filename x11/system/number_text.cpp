@@ -1,4 +1,4 @@
-// Numbers written as text of a given width.
+// Writes numbers as text of a given width, for applications that show them in columns.
 #include <algorithm>
 #include <array>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr INT kMostDecimals = 700; // str_ftoa's buffer holds them after the longest double
+constexpr INT kMostDecimals = 700; // the buffer of str_ftoa holds that many after the longest double
 
 constexpr char kTooWide = '*';
 constexpr char kNotWritten = '?';
@@ -22,7 +22,7 @@ void fill(char* s, INT count, char c) {
 
 extern "C" {
 
-// s has room for total characters and the final zero.
+// `s` has room for `total` characters and the final zero.
 INT encode_double_en_caractere(DOUBLE r, INT total, INT nbdec, char* s) {
     if (s == nullptr) return 0;
     const auto width = std::max(total, 0);

@@ -1,4 +1,4 @@
-// Entry points that other platforms need: on this one they do nothing.
+// Functions that applications call and that only other platforms need. On this one they do nothing.
 #include "grx_api.h"
 #include "xt_f.h"
 #include "xt_fen_f.h"
@@ -37,6 +37,8 @@ INT ReadOldNivDomoplanix(GRX_ARGS_LIBRES) {
 INT ReadOldB3DDomoplanix(GRX_ARGS_LIBRES) {
     return 0;
 }
+
+// -- windows, fonts, keypad
 
 INT grx_reactive_topmost(void) {
     return 0;
@@ -84,7 +86,7 @@ INT grx_verifie_truetype(char*) {
     return 0;
 }
 
-// This platform leaves the keypad as the user has it.
+// The keypad stays as the user has set it.
 INT grx_configure_clavier_munerique(void) {
     return 0;
 }
@@ -93,7 +95,7 @@ INT grx_restitue_clavier_munerique(void) {
     return 0;
 }
 
-// One font serves everything: there is no choice of fonts here.
+// The library uses one font for everything, so that there is none to choose.
 INT grx_selection_fonte_dialogue(void) {
     return 0;
 }

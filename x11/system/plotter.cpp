@@ -1,4 +1,4 @@
-// Plotting: a plot file is handed to the spooling command.
+// Plots for the application: hands a plot file to the spooling command.
 #include <algorithm>
 #include <cstdio>
 #include <cstring>

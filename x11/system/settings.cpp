@@ -1,4 +1,4 @@
-// The settings that an application reads and changes.
+// The settings of the library: the application and INI_SYST.DAT change them, all of the library reads them.
 #include <array>
 
 #include "pure/text.h"
@@ -6,7 +6,7 @@
 
 namespace {
 
-// What the setters without argument write.
+// The colours that the setters without an argument set.
 constexpr INT kColourOfCrosshair = 1;
 constexpr INT kColourOfSecondCrosshair = 6;
 constexpr INT kColourOfNeutral = 4;
@@ -38,7 +38,7 @@ struct Settings {
     INT icon_height = 30;
     signed char icon_format = 0;
     INT fixed_menu = 0;
-    // KEEP: neutral and contrasting start at 5, their setters write 4 and 2.
+    // KEEP: the neutral and the contrasting colour start at 5, but their setters write 4 and 2.
     INT crosshair = kColourOfCrosshair;
     INT second_crosshair = kColourOfSecondCrosshair;
     INT neutral = 5;

@@ -1,4 +1,5 @@
-// A command for the shell, built word by word; nothing of it is ever cut.
+// Builds commands for the shell word by word, for plotting and for copies of files. A command is never cut: when memory
+// is short it does not run.
 #pragma once
 
 #include <cstdlib>
@@ -12,9 +13,10 @@ class ShellCommand {
   public:
     explicit ShellCommand(std::string_view program) { append(program); }
 
+    /// Appends a word, in quotes when the shell would change or divide it.
     ShellCommand& add(std::string_view word);
 
-    /// Runs it and gives the status as system() does; -1 when memory was short.
+    /// Runs the command and returns its status as system() does; -1 when memory was short.
     int run() const { return complete_ ? std::system(text_.data()) : -1; }
 
   private:

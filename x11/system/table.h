@@ -1,4 +1,5 @@
-// The fixed tables of the bases: allocated once, never moved, their entries cleared; and numbers as indices into them.
+// Allocates and frees the fixed tables of the window and control bases. They never move, because callbacks point at
+// their entries.
 #pragma once
 
 #include <algorithm>
@@ -8,12 +9,13 @@
 
 namespace grx {
 
-/// A number as the index of its entry.
+/// The index of the entry of a number that is not negative.
 constexpr std::size_t as_index(INT number) {
     return static_cast<std::size_t>(number);
 }
 
 template <class T, INT Count>
+/// Allocates the table with cleared entries. False, with a null table, when memory is short.
 bool allocate_table(T*& table) {
     table = reinterpret_cast<T*>(grx_malloc(static_cast<UNSIGNED_INT>(sizeof(T) * Count)));
     if (table == nullptr) return false;
