@@ -14,19 +14,6 @@
 
 INT trace_pix[GRX_NB_COULEURS] = {};
 
-#undef TEINTE
-#undef ICONE
-#undef SEIZE
-#undef NUANCE
-
-namespace grx {
-
-INT system_pix[GRX_NB_COULEURS] = {};
-INT icone_pix[GRX_NB_COULEURS] = {};
-INT pal_pix[GRX_NB_COULEURS] = {};
-
-} // namespace grx
-
 namespace {
 
 constexpr INT kBackgroundIcon = 8; // the icon colour that stands for the control's background
@@ -35,33 +22,9 @@ INT premier_index_rendu = 0;
 INT dernier_index_rendu = 0;
 INT memo_couleur_8 = 0;
 
-} // namespace
-
-namespace grx {
-
-bool in_colour_table(INT index) {
-    return index >= 0 && index < GRX_NB_COULEURS;
-}
-
-} // namespace grx
-
-namespace {
-
 INT table_value(const INT (&table)[GRX_NB_COULEURS], INT index) {
     return grx::in_colour_table(index) ? table[index] : 0;
 }
-
-} // namespace
-
-namespace grx {
-
-Shifts component_shifts() {
-    return {dec_red, dec_green, dec_blue};
-}
-
-} // namespace grx
-
-namespace {
 
 // A full component reads 257; it must become a full one again when the application sets it.
 constexpr INT kMostStored = 0xFFFF / grx::kMaxComponent;
@@ -69,29 +32,6 @@ constexpr INT kMostStored = 0xFFFF / grx::kMaxComponent;
 unsigned short x_component(INT component) {
     return static_cast<unsigned short>(std::clamp<INT>(component, 0, kMostStored) * grx::kMaxComponent);
 }
-
-} // namespace
-
-namespace grx {
-
-void set_rendering_bounds(INT first, INT last) {
-    premier_index_rendu = first;
-    dernier_index_rendu = last;
-}
-
-XColor x_colour(INT pixel, const INT* rgb) {
-    XColor colour{};
-    colour.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(pixel));
-    colour.red = x_component(rgb[GRX_ROUGE]);
-    colour.green = x_component(rgb[GRX_VERT]);
-    colour.blue = x_component(rgb[GRX_BLEU]);
-    colour.flags = DoRed | DoGreen | DoBlue;
-    return colour;
-}
-
-} // namespace grx
-
-namespace {
 
 using Conversion = INT (*)(uchar);
 
@@ -143,6 +83,37 @@ void read_triple(INT pixel, INT* rgb) {
 }
 
 } // namespace
+
+namespace grx {
+
+INT system_pix[GRX_NB_COULEURS] = {};
+INT icone_pix[GRX_NB_COULEURS] = {};
+INT pal_pix[GRX_NB_COULEURS] = {};
+
+bool in_colour_table(INT index) {
+    return index >= 0 && index < GRX_NB_COULEURS;
+}
+
+Shifts component_shifts() {
+    return {dec_red, dec_green, dec_blue};
+}
+
+void set_rendering_bounds(INT first, INT last) {
+    premier_index_rendu = first;
+    dernier_index_rendu = last;
+}
+
+XColor x_colour(INT pixel, const INT* rgb) {
+    XColor colour{};
+    colour.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(pixel));
+    colour.red = x_component(rgb[GRX_ROUGE]);
+    colour.green = x_component(rgb[GRX_VERT]);
+    colour.blue = x_component(rgb[GRX_BLEU]);
+    colour.flags = DoRed | DoGreen | DoBlue;
+    return colour;
+}
+
+} // namespace grx
 
 extern "C" {
 

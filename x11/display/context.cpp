@@ -12,48 +12,6 @@
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
 
-namespace grx {
-
-GRX_ATTRIBUTS_TRACER memo_attrib{};
-INT grx_trace_memoire = 0;
-INT grx_trace_memoire_bouton = 0;
-Pixmap* image_redess = nullptr;
-Pixmap* image_redess_bouton = nullptr;
-Drawable win_bidon = None;
-Drawable win_bidon_bouton = None;
-
-bool context_stale = true;
-
-void context_changed() {
-    context_stale = true;
-}
-
-void colours_changed() {
-    memo_attrib.coul_fond = memo_attrib.coul_trace = kForgotten;
-}
-
-void forget_drawing_target(const Pixmap* image) {
-    if (image == nullptr) return;
-    if (image == image_redess) {
-        image_redess = nullptr;
-        grx_trace_memoire = 0;
-    }
-    if (image == image_redess_bouton) {
-        image_redess_bouton = nullptr;
-        grx_trace_memoire_bouton = 0;
-    }
-}
-
-} // namespace grx
-
-extern "C" {
-
-void grx_init_memo_attrib(void) {
-    grx::memo_attrib = {grx::kForgotten, grx::kForgotten, GRX_MODE_NORMAL, 0, grx::kForgotten, 0};
-    grx::context_stale = true;
-}
-}
-
 namespace {
 
 // The drawing context before the present one. An application may still use it.
@@ -119,6 +77,36 @@ void release_context(Widget, XtPointer client, XtPointer) {
 
 namespace grx {
 
+GRX_ATTRIBUTS_TRACER memo_attrib{};
+INT grx_trace_memoire = 0;
+INT grx_trace_memoire_bouton = 0;
+Pixmap* image_redess = nullptr;
+Pixmap* image_redess_bouton = nullptr;
+Drawable win_bidon = None;
+Drawable win_bidon_bouton = None;
+
+bool context_stale = true;
+
+void context_changed() {
+    context_stale = true;
+}
+
+void colours_changed() {
+    memo_attrib.coul_fond = memo_attrib.coul_trace = kForgotten;
+}
+
+void forget_drawing_target(const Pixmap* image) {
+    if (image == nullptr) return;
+    if (image == image_redess) {
+        image_redess = nullptr;
+        grx_trace_memoire = 0;
+    }
+    if (image == image_redess_bouton) {
+        image_redess_bouton = nullptr;
+        grx_trace_memoire_bouton = 0;
+    }
+}
+
 void give_context(Widget shell) {
     GC const before = g_c;
     grx_init_gc(shell);
@@ -128,6 +116,11 @@ void give_context(Widget shell) {
 } // namespace grx
 
 extern "C" {
+
+void grx_init_memo_attrib(void) {
+    grx::memo_attrib = {grx::kForgotten, grx::kForgotten, GRX_MODE_NORMAL, 0, grx::kForgotten, 0};
+    grx::context_stale = true;
+}
 
 INT grx_init_gc(Widget shell) {
     const Window window = grx::window_of(shell);

@@ -34,23 +34,4 @@ void drop_image(XImage* image) {
     XDestroyImage(image);
 }
 
-int native_byte_order() {
-    const UNSIGNED_INT4 one = 1;
-    uchar first = 0;
-    std::memcpy(&first, &one, 1);
-    return first == 1 ? LSBFirst : MSBFirst;
-}
-
-void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes) {
-    if (bytes == sizeof pixel) {
-        std::memcpy(out, &pixel, sizeof pixel);
-        return;
-    }
-    const bool low_first = native_byte_order() == LSBFirst;
-    for (std::size_t i = 0; i < bytes; ++i) {
-        const std::size_t at = low_first ? i : bytes - 1 - i;
-        out[i] = static_cast<uchar>(pixel >> (8 * at));
-    }
-}
-
 } // namespace grx

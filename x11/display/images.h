@@ -5,6 +5,7 @@
 #include <X11/Xutil.h>
 
 #include <cstddef>
+#include <cstring>
 
 #include "host_t.h"
 
@@ -24,8 +25,28 @@ XImage* make_image(char* data, ImageSize size, int depth, int pad, int row_bytes
 void drop_image(XImage* image);
 
 /// The byte order of this machine, as X names it.
-int native_byte_order();
+inline int native_byte_order() {
+    const UNSIGNED_INT4 one = 1;
+    uchar first = 0;
+    std::memcpy(&first, &one, 1);
+    return first == 1 ? LSBFirst : MSBFirst;
+}
 
-void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes);
+inline void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes) {
+    if (bytes == sizeof pixel) {
+        std::memcpy(out, &pixel, sizeof pixel);
+        return;
+    }
+    const bool low_first = native_byte_order() == LSBFirst;
+    for (std::size_t i = 0; i < bytes; ++i) {
+        const std::size_t at = low_first ? i : bytes - 1 - i;
+        out[i] = static_cast<uchar>(pixel >> (8 * at));
+    }
+}
+
+template <class T>
+T* image_row(const XImage* image, int y) {
+    return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);
+}
 
 } // namespace grx

@@ -37,22 +37,6 @@ constexpr std::array<DashList, 8> kDashLists{DashList{nullptr, 0}, dashes(format
     dashes(format_pointille_court), dashes(format_pointille_long), dashes(format_mixte_1_point),
     dashes(format_mixte_2_points), dashes(format_mixte_2_tirets)};
 
-} // namespace
-
-namespace grx {
-
-unsigned long drawing_pixel(INT colour) {
-    return static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(colour)));
-}
-
-GRX_ATTRIBUTS_TRACER plain_attributes(INT background, INT foreground) {
-    return {background, foreground, GRX_MODE_NORMAL, 0, GRX_TRAIT_CONTINU, 0};
-}
-
-} // namespace grx
-
-namespace {
-
 GRX_ATTRIBUTS_TRACER background_attributes() {
     return grx::plain_attributes(grx_recup_couleur_fond(), grx_recup_couleur_fond());
 }
@@ -112,9 +96,19 @@ void change_foreground(Changes& c, const GRX_ATTRIBUTS_TRACER& att) {
     grx::memo_attrib.mode = att.mode;
 }
 
+constexpr std::array<INT, GRX_NB_EPAISSEURS> Tab_epaisseur{0, 2, 3, 4, 5, 6, 7, 8};
+
 } // namespace
 
 namespace grx {
+
+unsigned long drawing_pixel(INT colour) {
+    return static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(colour)));
+}
+
+GRX_ATTRIBUTS_TRACER plain_attributes(INT background, INT foreground) {
+    return {background, foreground, GRX_MODE_NORMAL, 0, GRX_TRAIT_CONTINU, 0};
+}
 
 void forget_background() {
     memo_attrib.coul_fond = kForgotten;
@@ -141,6 +135,12 @@ void apply_background() {
     apply_attributes(background_attributes());
 }
 
+Dashes dashes_of(const GRX_ATTRIBUTS_TRACER& att) {
+    if (!is_dashed(att)) return {};
+    const DashList& list = kDashLists[static_cast<std::size_t>(att.type_trait)];
+    return {std::accumulate(list.lengths, list.lengths + list.count, 0), grx_recup_epaisseur(att.epaisseur) > 0};
+}
+
 } // namespace grx
 
 extern "C" {
@@ -152,25 +152,6 @@ void grx_affecte_gc(GRX_ATTRIBUTS_TRACER att) {
 void grx_reinit_gc(void) {
     if (g_c != nullptr) grx::apply_background();
 }
-}
-
-namespace grx {
-
-Dashes dashes_of(const GRX_ATTRIBUTS_TRACER& att) {
-    if (!is_dashed(att)) return {};
-    const DashList& list = kDashLists[static_cast<std::size_t>(att.type_trait)];
-    return {std::accumulate(list.lengths, list.lengths + list.count, 0), grx_recup_epaisseur(att.epaisseur) > 0};
-}
-
-} // namespace grx
-
-namespace {
-
-constexpr std::array<INT, GRX_NB_EPAISSEURS> Tab_epaisseur{0, 2, 3, 4, 5, 6, 7, 8};
-
-} // namespace
-
-extern "C" {
 
 INT grx_recup_epaisseur(INT i) {
     const INT remainder = i % GRX_NB_EPAISSEURS;

@@ -23,20 +23,23 @@ void set_backing_store(INT nofen, int mode) {
     grx::set_backing_store(grx::window_of(grx_recup_objet_fen(nofen)), mode);
 }
 
+// The background colour may have changed since, so it is sent again before the fill.
+void clear_picture(Pixmap picture, grx::Size size) {
+    grx::forget_background();
+    grx::apply_background();
+    grx::fill_drawable(picture, g_c, size);
+}
+
+// Shows what was drawn in memory. The picture is cleared afterwards when the caller wants that.
+void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT efface_pas) {
+    grx::forget_background();
+    grx::apply_background();
+    grx::copy_drawable(picture, window, g_c, size);
+    XSync(x11_disp, False);
+    if (efface_pas == 0) grx::fill_drawable(picture, g_c, size);
+}
+
 } // namespace
-
-extern "C" {
-
-INT grx_autorise_sauvegarde_auto(INT nofen) {
-    set_backing_store(nofen, WhenMapped);
-    return 0;
-}
-
-INT grx_supprime_sauvegarde_auto(INT nofen) {
-    set_backing_store(nofen, NotUseful);
-    return 0;
-}
-}
 
 namespace grx {
 
@@ -65,18 +68,17 @@ ButtonBacking button_backing(INT nobou) {
 
 } // namespace grx
 
-namespace {
+extern "C" {
 
-// The background colour may have changed since, so it is sent again before the fill.
-void clear_picture(Pixmap picture, grx::Size size) {
-    grx::forget_background();
-    grx::apply_background();
-    grx::fill_drawable(picture, g_c, size);
+INT grx_autorise_sauvegarde_auto(INT nofen) {
+    set_backing_store(nofen, WhenMapped);
+    return 0;
 }
 
-} // namespace
-
-extern "C" {
+INT grx_supprime_sauvegarde_auto(INT nofen) {
+    set_backing_store(nofen, NotUseful);
+    return 0;
+}
 
 INT grx_cree_bitmap_backingstore(INT nofen) {
     const grx::Backing backing = grx::backing_of(nofen);
@@ -234,22 +236,6 @@ INT grx_restore_fenetre(INT nofen) {
     grx::copy_drawable(slot->image, window, g_c, size);
     return 1;
 }
-}
-
-namespace {
-
-// Shows what was drawn in memory. The picture is cleared afterwards when the caller wants that.
-void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT efface_pas) {
-    grx::forget_background();
-    grx::apply_background();
-    grx::copy_drawable(picture, window, g_c, size);
-    XSync(x11_disp, False);
-    if (efface_pas == 0) grx::fill_drawable(picture, g_c, size);
-}
-
-} // namespace
-
-extern "C" {
 
 void grx_trace_image(INT efface_pas) {
     if (grx::grx_trace_memoire == 0) return;

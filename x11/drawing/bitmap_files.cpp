@@ -39,9 +39,11 @@ bool within_means(FILE* file, const grx::BmpSizes& sizes) {
 std::optional<Headers> read_headers(FILE* file) {
     const auto first = grx::read_block(file, grx::kFileHeader);
     if (!first) return std::nullopt;
+    Headers headers{grx::read_file_header(first.span()), {}};
     const auto second = grx::read_block(file, grx::kInfoHeader);
     if (!second) return std::nullopt;
-    return Headers{grx::read_file_header(first.span()), grx::read_info_header(second.span())};
+    headers.info = grx::read_info_header(second.span());
+    return headers;
 }
 
 struct Reading {
@@ -165,8 +167,8 @@ INT lit_fichier_bitmap(char* adr, char* nom_fic, uchar** tab_pix, UNSIGNED_INT4*
     if (!known) return kFailed;
     if (!read) return result_without_buffer(r.bits());
     if (!unpacked) return kFailed;
-    if (lar != nullptr) *lar = headers->info.biwidth;
-    if (hau != nullptr) *hau = headers->info.biheight;
+    if (lar != nullptr) *lar = r.headers.info.biwidth;
+    if (hau != nullptr) *hau = r.headers.info.biheight;
     if (taille_tab_pix != nullptr) *taille_tab_pix = static_cast<UNSIGNED_INT4>(r.sizes.picture);
     if (nb_coul != nullptr) *nb_coul = r.bits() == 4 ? 16 : 256;
     if (tab_pix != nullptr) *tab_pix = r.picture.release();

@@ -22,12 +22,6 @@
 #include "xt_loc_f.h"
 #include "xt_mot_t.h"
 
-namespace grx {
-
-Pixmap Mypixmap = None;
-
-} // namespace grx
-
 namespace {
 
 // The place of one control: the image made from its file, and the pixels that the image shows. `released` is the pixmap
@@ -77,7 +71,8 @@ bool read_indices(char* nom_fic, Indices& indices) {
     char nowhere[] = "";
     const INT result = lit_fichier_bitmap(
         nowhere, nom_fic, &indices.data, &indices.width, &indices.height, &indices.bytes, &indices.colours);
-    return result == 0 && indices.data != nullptr; // a file may count as read and give nothing
+    constexpr INT done = 0;
+    return result == done && indices.data != nullptr; // a file may count as read and give nothing
 }
 
 constexpr INT kIconColours = 16;
@@ -209,6 +204,8 @@ bool usable_number(INT nobou) {
 } // namespace
 
 namespace grx {
+
+Pixmap Mypixmap = None;
 
 Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like) {
     Indices indices;

@@ -1,19 +1,9 @@
-// What the functions that show pictures and those that read the screen have in common.
+// What showing and reading back pictures share.
 #pragma once
-
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
-
-#include <cstddef>
 
 #include "host_t.h"
 
 namespace grx {
-
-template <class T>
-T* image_row(const XImage* image, int y) {
-    return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);
-}
 
 bool usable_picture(const uchar* pixels, INT width, INT height);
 

@@ -8,8 +8,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <sys/ipc.h>
-#include <sys/shm.h>
 
 #include "system/block.h"
 #include "display/images.h"

@@ -6,21 +6,9 @@
 
 #include "xt_ini_t.h"
 
-namespace grx {
+namespace {
 
-unsigned int num_lock_mask() {
-    return XkbKeysymToModifiers(x11_disp, XK_Num_Lock);
-}
-
-unsigned int held_modifiers(unsigned int state) {
-    constexpr unsigned int modifiers = ShiftMask | ControlMask | Mod1Mask | Mod2Mask | Mod3Mask | Mod4Mask | Mod5Mask;
-    return state & modifiers & ~num_lock_mask();
-}
-
-unsigned int group_of(const XKeyEvent& event) {
-    return XkbGroupForCoreState(event.state);
-}
-
+// True when the keyboard has more than one layout group.
 bool has_groups() {
     int first = 0, last = 0;
     XDisplayKeycodes(x11_disp, &first, &last);
@@ -30,22 +18,7 @@ bool has_groups() {
     return false;
 }
 
-void note_group(XKeyEvent& event) {
-    XkbStateRec state{};
-    if (group_of(event) != 0 || !has_groups()) return;
-    if (XkbGetState(x11_disp, XkbUseCoreKbd, &state) == Success)
-        event.state = XkbBuildCoreState(event.state, state.group);
-}
-
-KeySym symbol_in_force(const XKeyEvent& event) {
-    constexpr unsigned int group_bits = 0x6000;
-    unsigned int used = 0;
-    KeySym symbol = NoSymbol;
-    XkbLookupKeySym(x11_disp, static_cast<KeyCode>(event.keycode), event.state & group_bits, &used, &symbol);
-    return symbol;
-}
-
-KeyPlace place_in_group(KeySym symbol, unsigned int group) {
+grx::KeyPlace place_in_group(KeySym symbol, unsigned int group) {
     constexpr unsigned int levels = 4;
     int first = 0, last = 0;
     XDisplayKeycodes(x11_disp, &first, &last);
@@ -63,6 +36,45 @@ KeyPlace place_in_group(KeySym symbol, unsigned int group) {
     return {};
 }
 
+bool held_for(const grx::MenuKey& key, const grx::KeyPlace& place, const XKeyEvent& event) {
+    const unsigned int held = event.state & grx::kMenuModifiers;
+    const bool as_named = held == key.modifiers;
+    const bool with_shift = place.shifted && held == (key.modifiers | ShiftMask);
+    return place.code != 0 && event.keycode == place.code && (as_named || with_shift);
+}
+
+} // namespace
+
+namespace grx {
+
+unsigned int num_lock_mask() {
+    return XkbKeysymToModifiers(x11_disp, XK_Num_Lock);
+}
+
+unsigned int held_modifiers(unsigned int state) {
+    constexpr unsigned int modifiers = ShiftMask | ControlMask | Mod1Mask | Mod2Mask | Mod3Mask | Mod4Mask | Mod5Mask;
+    return state & modifiers & ~num_lock_mask();
+}
+
+unsigned int group_of(const XKeyEvent& event) {
+    return XkbGroupForCoreState(event.state);
+}
+
+void note_group(XKeyEvent& event) {
+    XkbStateRec state{};
+    if (group_of(event) != 0 || !has_groups()) return;
+    if (XkbGetState(x11_disp, XkbUseCoreKbd, &state) == Success)
+        event.state = XkbBuildCoreState(event.state, state.group);
+}
+
+KeySym symbol_in_force(const XKeyEvent& event) {
+    constexpr unsigned int group_bits = 0x6000;
+    unsigned int used = 0;
+    KeySym symbol = NoSymbol;
+    XkbLookupKeySym(x11_disp, static_cast<KeyCode>(event.keycode), event.state & group_bits, &used, &symbol);
+    return symbol;
+}
+
 KeyPlaces places_of(KeySym symbol) {
     KeyPlaces places{};
     KeyPlace first{};
@@ -74,13 +86,6 @@ KeyPlaces places_of(KeySym symbol) {
         if (place.code == 0) place = first;
     }
     return places;
-}
-
-bool held_for(const MenuKey& key, const KeyPlace& place, const XKeyEvent& event) {
-    const unsigned int held = event.state & kMenuModifiers;
-    const bool as_named = held == key.modifiers;
-    const bool with_shift = place.shifted && held == (key.modifiers | ShiftMask);
-    return place.code != 0 && event.keycode == place.code && (as_named || with_shift);
 }
 
 bool matches(const MenuKey& key, const XKeyEvent& event) {

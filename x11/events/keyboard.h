@@ -28,16 +28,11 @@ unsigned int held_modifiers(unsigned int state);
 
 unsigned int group_of(const XKeyEvent& event);
 
-/// True when the keyboard has more than one layout group.
-bool has_groups();
-
 /// Puts the layout group into the event. The server leaves it out while a client has grabbed the key or the keyboard.
 void note_group(XKeyEvent& event);
 
 /// The symbol of the key without modifiers, in the layout group in force.
 KeySym symbol_in_force(const XKeyEvent& event);
-
-KeyPlace place_in_group(KeySym symbol, unsigned int group);
 
 KeyPlaces places_of(KeySym symbol);
 
@@ -47,8 +42,6 @@ struct MenuKey {
     unsigned int modifiers = 0;
     KeyPlaces places{};
 };
-
-bool held_for(const MenuKey& key, const KeyPlace& place, const XKeyEvent& event);
 
 /// True when the event is this key in the layout group in force.
 bool matches(const MenuKey& key, const XKeyEvent& event);

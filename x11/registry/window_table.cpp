@@ -23,12 +23,6 @@
 
 INT MAXOBJETFEN = 0;
 
-namespace grx {
-
-Widget* Tableau_objet_fen = nullptr;
-
-} // namespace grx
-
 namespace {
 
 STRUCTURE_FENETRE* structure_fenetre = nullptr;
@@ -90,9 +84,21 @@ void release_saved_picture(INT nofen) {
     slot = GRX_SAUVE_ZONE{};
 }
 
+INT no_fen_principale = GRX_AUCUN;
+INT nofen_active = GRX_AUCUN;
+
+void give_size(Widget w, INT* largeur, INT* hauteur) {
+    if (w == nullptr) return;
+    const grx::Size size = grx::size_of(w);
+    grx::give(largeur, size.width);
+    grx::give(hauteur, size.height);
+}
+
 } // namespace
 
 namespace grx {
+
+Widget* Tableau_objet_fen = nullptr;
 
 STRUCTURE_FENETRE* window_record(INT nofen) {
     return in_base(nofen) ? &structure_fenetre[nofen] : nullptr;
@@ -162,6 +168,19 @@ INT* stored_width(INT nofen) {
 
 INT* stored_height(INT nofen) {
     return in_base(nofen) && hauteur_fen != nullptr ? &hauteur_fen[nofen] : nullptr;
+}
+
+Widget shell_of(INT nofen) {
+    return grx_recherche_shell(grx_recup_objet_fen(nofen));
+}
+
+Widget whole_of(INT nofen) {
+    Widget outer = outer_widget(nofen);
+    return outer != nullptr ? outer : grx_recup_objet_fen(nofen);
+}
+
+INT height_of(Widget w) {
+    return size_of(w).height;
 }
 
 } // namespace grx
@@ -258,44 +277,6 @@ INT grx_libere_indice_objet_fen(INT nofen) {
 INT grx_recup_max_objet(void) {
     return p_objet;
 }
-}
-
-namespace {
-
-INT no_fen_principale = GRX_AUCUN;
-INT nofen_active = GRX_AUCUN;
-
-} // namespace
-
-namespace grx {
-
-Widget shell_of(INT nofen) {
-    return grx_recherche_shell(grx_recup_objet_fen(nofen));
-}
-
-Widget whole_of(INT nofen) {
-    Widget outer = outer_widget(nofen);
-    return outer != nullptr ? outer : grx_recup_objet_fen(nofen);
-}
-
-INT height_of(Widget w) {
-    return size_of(w).height;
-}
-
-} // namespace grx
-
-namespace {
-
-void give_size(Widget w, INT* largeur, INT* hauteur) {
-    if (w == nullptr) return;
-    const grx::Size size = grx::size_of(w);
-    grx::give(largeur, size.width);
-    grx::give(hauteur, size.height);
-}
-
-} // namespace
-
-extern "C" {
 
 INT grx_affecte_nofen_principale(INT nofen) {
     no_fen_principale = nofen;
