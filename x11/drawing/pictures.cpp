@@ -143,18 +143,6 @@ class RowPacker {
     grx::DeepPacker deep_;
 };
 
-} // namespace
-
-namespace grx {
-
-bool usable_picture(const uchar* pixels, INT width, INT height) {
-    return pixels != nullptr && width > 0 && height > 0;
-}
-
-} // namespace grx
-
-namespace {
-
 void draw_picture(const PictureTarget& target, const uchar* pixels, INT width, const VisiblePart& part) {
     const RowPacker packer;
     const std::size_t row_bytes = static_cast<std::size_t>(width) * source_bytes();
@@ -230,6 +218,14 @@ class Stretch {
 };
 
 } // namespace
+
+namespace grx {
+
+bool usable_picture(const uchar* pixels, INT width, INT height) {
+    return pixels != nullptr && width > 0 && height > 0;
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -22,6 +22,14 @@ constexpr std::size_t kWorthSharing = 64 * 1024;
 
 constexpr int kSharedStripRows = 100; // the server reads one strip while the next is made
 
+// Two segments take turns, so that one picture is made while the server reads the other.
+grx::SharedSegment& next_segment() {
+    static grx::SharedSegment segments[2];
+    static bool second = false;
+    second = !second;
+    return segments[second ? 1 : 0];
+}
+
 } // namespace
 
 namespace grx {
@@ -75,22 +83,6 @@ void SharedSegment::release() {
     size_ = 0;
     busy_until_ = 0;
 }
-
-} // namespace grx
-
-namespace {
-
-// Two segments take turns, so that one picture is made while the server reads the other.
-grx::SharedSegment& next_segment() {
-    static grx::SharedSegment segments[2];
-    static bool second = false;
-    second = !second;
-    return segments[second ? 1 : 0];
-}
-
-} // namespace
-
-namespace grx {
 
 Transfer begin_shared(ImageSize size) {
     Transfer t;

@@ -18,6 +18,18 @@ timeval now() {
     return moment;
 }
 
+// -- alarm
+
+using AlarmFunction = void (*)();
+
+std::atomic<AlarmFunction> alarm_function{nullptr};
+static_assert(std::atomic<AlarmFunction>::is_always_lock_free, "read inside a signal handler");
+
+void call_alarm_function(int) {
+    const auto function = alarm_function.load();
+    if (function != nullptr) function();
+}
+
 } // namespace
 
 extern "C" {
@@ -55,25 +67,6 @@ int chrono_top(DOUBLE* top) {
 int chrono_delai(DOUBLE top, DOUBLE tempo) {
     return grx::in_seconds(now()) - top >= tempo ? 1 : 0;
 }
-}
-
-namespace {
-
-// -- alarm
-
-using AlarmFunction = void (*)();
-
-std::atomic<AlarmFunction> alarm_function{nullptr};
-static_assert(std::atomic<AlarmFunction>::is_always_lock_free, "read inside a signal handler");
-
-void call_alarm_function(int) {
-    const auto function = alarm_function.load();
-    if (function != nullptr) function();
-}
-
-} // namespace
-
-extern "C" {
 
 // System calls are restarted after the signal, so that waiting for events does not fail.
 void grx_demarre_alarme(INT intervalle, void (*fct)()) {

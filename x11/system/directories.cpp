@@ -16,19 +16,6 @@
 
 char adr_icones[GRX_ADR_ICONES_MAX] = "";
 
-extern "C" {
-
-// There is nothing to load: an icon is read when a button needs it.
-INT grx_charge_icones(void) {
-    return 1;
-}
-
-INT grx_init_repertoire_icones(char* adr) {
-    grx::copy_text(adr_icones, sizeof(adr_icones), grx::view(adr));
-    return 0;
-}
-}
-
 namespace {
 
 struct IconDirectory {
@@ -40,38 +27,6 @@ constexpr std::array<IconDirectory, 3> kIconDirectories{{{2, "S"}, {3, "M"}, {4,
 
 constexpr INT kFirstMessageFormat = 1; // its messages lie in the directory itself
 constexpr std::size_t kDigitsOfInt = 12;
-
-} // namespace
-
-extern "C" {
-
-INT grx_recup_repertoire_icones(char* adr) {
-    grx::copy_text(adr, sizeof(adr_icones), adr_icones);
-    const auto format = grx_recup_format_icone();
-    for (auto entry : kIconDirectories)
-        if (adr && entry.format == format) compose_adresse_fichier(adr_icones, entry.name, adr);
-    return 0;
-}
-
-INT grx_decompose_adresse_fichier_message(char* adr, INT* format) {
-    if (!adr || !format) return 0;
-    const auto path = grx::view(adr);
-    const auto kept = path.size() - grx::trailing_digits(path);
-    *format = kept < path.size() ? grx::number_of(path.substr(kept)) : kFirstMessageFormat;
-    adr[kept] = '\0';
-    return 0;
-}
-
-INT grx_recup_repertoire_message(char* adr, INT* format) {
-    if (!adr || !format || *format == kFirstMessageFormat) return 0;
-    std::array<char, kDigitsOfInt> number{};
-    std::snprintf(number.data(), number.size(), "%d", *format);
-    compose_adresse_fichier(adr, number.data(), adr);
-    return 0;
-}
-}
-
-namespace {
 
 constexpr char path_variable[] = "ZZCUR";
 constexpr std::size_t kPathTooLong = 60;
@@ -116,6 +71,41 @@ INT path_of_variable(char* path) {
 } // namespace
 
 extern "C" {
+
+// There is nothing to load: an icon is read when a button needs it.
+INT grx_charge_icones(void) {
+    return 1;
+}
+
+INT grx_init_repertoire_icones(char* adr) {
+    grx::copy_text(adr_icones, sizeof(adr_icones), grx::view(adr));
+    return 0;
+}
+
+INT grx_recup_repertoire_icones(char* adr) {
+    grx::copy_text(adr, sizeof(adr_icones), adr_icones);
+    const auto format = grx_recup_format_icone();
+    for (auto entry : kIconDirectories)
+        if (adr && entry.format == format) compose_adresse_fichier(adr_icones, entry.name, adr);
+    return 0;
+}
+
+INT grx_decompose_adresse_fichier_message(char* adr, INT* format) {
+    if (!adr || !format) return 0;
+    const auto path = grx::view(adr);
+    const auto kept = path.size() - grx::trailing_digits(path);
+    *format = kept < path.size() ? grx::number_of(path.substr(kept)) : kFirstMessageFormat;
+    adr[kept] = '\0';
+    return 0;
+}
+
+INT grx_recup_repertoire_message(char* adr, INT* format) {
+    if (!adr || !format || *format == kFirstMessageFormat) return 0;
+    std::array<char, kDigitsOfInt> number{};
+    std::snprintf(number.data(), number.size(), "%d", *format);
+    compose_adresse_fichier(adr, number.data(), adr);
+    return 0;
+}
 
 // KEEP: the result is that of the first check, although path then is "tmp" or empty.
 INT init_path(char* path) {

@@ -24,6 +24,36 @@ bool examine(const char* path, struct stat& status) {
     return stat(or_empty(path), &status) == 0;
 }
 
+// -- the names in a directory
+
+constexpr std::size_t kNameSize = sizeof(dirent::d_name);
+
+// Only one iteration runs at a time. The filter may be longer than any name; then it matches none.
+DIR* directory = nullptr;
+std::array<char, kNameSize + 1> filter{};
+
+bool passes(const char* name) {
+    const auto extension = grx::view(filter.data());
+    return extension.empty() || grx::has_extension(grx::view(name), extension);
+}
+
+INT next_name(char* file) {
+    if (file == nullptr) return 1;
+    file[0] = '\0';
+    if (directory == nullptr) return 1;
+    while (const auto* const entry = readdir(directory)) {
+        if (!passes(entry->d_name)) continue;
+        grx::copy_text(file, kNameSize, grx::view(entry->d_name));
+        return 0;
+    }
+    return 1;
+}
+
+constexpr mode_t kMaskOfExecution = 0111;
+
+mode_t remembered_mask = 0;
+bool has_remembered_mask = false;
+
 } // namespace
 
 extern "C" {
@@ -85,38 +115,6 @@ int test_fichier_w(char* adr) {
 INT suppfic(char* fic) {
     return unlink(or_empty(fic));
 }
-}
-
-namespace {
-
-// -- the names in a directory
-
-constexpr std::size_t kNameSize = sizeof(dirent::d_name);
-
-// Only one iteration runs at a time. The filter may be longer than any name; then it matches none.
-DIR* directory = nullptr;
-std::array<char, kNameSize + 1> filter{};
-
-bool passes(const char* name) {
-    const auto extension = grx::view(filter.data());
-    return extension.empty() || grx::has_extension(grx::view(name), extension);
-}
-
-INT next_name(char* file) {
-    if (file == nullptr) return 1;
-    file[0] = '\0';
-    if (directory == nullptr) return 1;
-    while (const auto* const entry = readdir(directory)) {
-        if (!passes(entry->d_name)) continue;
-        grx::copy_text(file, kNameSize, grx::view(entry->d_name));
-        return 0;
-    }
-    return 1;
-}
-
-} // namespace
-
-extern "C" {
 
 INT ouvre_sysdir(char* dir, char* extension) {
     ferme_sysdir();
@@ -155,18 +153,6 @@ INT ferme_sysfic(void) {
 INT verif_drive(char*) {
     return 1;
 }
-}
-
-namespace {
-
-constexpr mode_t kMaskOfExecution = 0111;
-
-mode_t remembered_mask = 0;
-bool has_remembered_mask = false;
-
-} // namespace
-
-extern "C" {
 
 INT set_umask_rw(void) {
     remembered_mask = umask(kMaskOfExecution);

@@ -29,34 +29,6 @@ INT integer_of(const char* line, const char* key) {
     return value_of(line, key, value) ? grx::number_of(value.data()) : 0;
 }
 
-} // namespace
-
-extern "C" {
-
-INT traite_entier_chaine(char* ligne, char* clef) {
-    return integer_of(ligne, clef);
-}
-
-INT traite_chaine_chaine(char* ligne, char* clef, char* chaine) {
-    Line value;
-    if (chaine == nullptr || !value_of(ligne, clef, value)) return 0;
-    grx::copy_text(chaine, value.size(), value.data());
-    return 1;
-}
-
-// KEEP: class S, M, L is 1, 2, 3 here and 2, 3, 4 in grx_recup_repertoire_icones.
-INT traite_taille_icone(char* ligne, char* clef) {
-    Line value;
-    if (!value_of(ligne, clef, value)) return 0;
-    const auto size = grx::ini_icon_size(value.data());
-    if (size.size_class > 0) grx_affecte_format_icone(size.size_class);
-    if (size.has_size) grx_affecte_taille_icone(size.width, size.height);
-    return 1;
-}
-}
-
-namespace {
-
 // The first colour that is not 0 is kept; later lines do not change it.
 INT keep_first_application_colour(INT colour) {
     return grx_recup_couleur_application() == 0 ? grx_affecte_couleur_application(colour) : 0;
@@ -108,6 +80,27 @@ void take_line(const char* line) {
 } // namespace
 
 extern "C" {
+
+INT traite_entier_chaine(char* ligne, char* clef) {
+    return integer_of(ligne, clef);
+}
+
+INT traite_chaine_chaine(char* ligne, char* clef, char* chaine) {
+    Line value;
+    if (chaine == nullptr || !value_of(ligne, clef, value)) return 0;
+    grx::copy_text(chaine, value.size(), value.data());
+    return 1;
+}
+
+// KEEP: class S, M, L is 1, 2, 3 here and 2, 3, 4 in grx_recup_repertoire_icones.
+INT traite_taille_icone(char* ligne, char* clef) {
+    Line value;
+    if (!value_of(ligne, clef, value)) return 0;
+    const auto size = grx::ini_icon_size(value.data());
+    if (size.size_class > 0) grx_affecte_format_icone(size.size_class);
+    if (size.has_size) grx_affecte_taille_icone(size.width, size.height);
+    return 1;
+}
 
 INT grx_initialise_globales(void) {
     char here[] = "";
