@@ -1,4 +1,5 @@
-// Each kind of control: which widget it is, with which resources, and what tells the application of a press.
+// The table of the kinds of controls: for each, the function that makes its widget with its resources, and the callback
+// that tells the application of a press.
 #include "controls/control_kinds.h"
 
 #include <X11/Intrinsic.h>
@@ -77,7 +78,8 @@ void set_colours(grx::Args& args, const GRX_BOUTON& bou) {
 namespace grx {
 
 void set_size(Args& args, const GRX_BOUTON& bou) {
-    if (bou.type == GRX_BOU_ECHELLE && (bou.attrib & GRX_BOU_ATT_ECHELLE_VALEUR) != 0) return; // its scale has them
+    // When a scale shows its value, the given size is that of its bar alone. It is set where the scale is made.
+    if (bou.type == GRX_BOU_ECHELLE && (bou.attrib & GRX_BOU_ATT_ECHELLE_VALEUR) != 0) return;
     if (bou.hauteur != GRX_AUCUN) args.set(XmNheight, as_size(bou.hauteur));
     if (bou.largeur != GRX_AUCUN) args.set(XmNwidth, as_size(bou.largeur));
 }
@@ -169,7 +171,7 @@ Widget make_label(const grx::Control& c, grx::Args& args, char* name) {
     return XmCreateLabel(c.parent, name, args.list(), args.count());
 }
 
-// Zero columns is the toolkit's default, which it takes with a warning when it is asked for.
+// Zero is not set: it is the toolkit's default, but the toolkit warns when it is asked for.
 void set_columns(grx::Args& args, const GRX_BOUTON& bou) {
     const INT given = bou.tabi[GRX_BOU_TABI_COLONNES];
     const INT columns = given >= 0 ? given : bou.largeur / std::max<INT>(grx_recup_lar_carac_alpha(), 1);
@@ -194,7 +196,7 @@ void set_scale_range(grx::Args& args, const GRX_BOUTON& bou) {
     const INT high = bou.tabi[GRX_BOU_TABI_MAXI];
     const INT value = bou.tabi[GRX_BOU_TABI_INITIAL];
     if (low < high) args.set(XmNminimum, low).set(XmNmaximum, high);
-    if (low < value && value < high) args.set(XmNvalue, value); // KEEP: the bounds themselves are not taken
+    if (low < value && value < high) args.set(XmNvalue, value); // KEEP: a value at one of the bounds is not set
 }
 
 Widget make_scale(const grx::Control& c, grx::Args& args, char* name) {
@@ -225,7 +227,7 @@ Widget make_list(const grx::Control& c, grx::Args& args, char* name) {
     return XmCreateScrolledList(c.parent, name, args.list(), args.count());
 }
 
-// A button of a dialog's bottom row stands in the dialog's form, three levels above the parent given.
+// A button of a dialog's bottom row is made in the form of the dialog, which is three levels above the parent given.
 Widget make_dialog_push(const grx::Control& c, grx::Args& args, char* name) {
     struct Column {
         INT number;

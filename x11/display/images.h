@@ -26,6 +26,7 @@ void drop_image(XImage* image);
 /// The byte order of this machine, as X names it.
 int native_byte_order();
 
+/// Writes a pixel as 4 or 3 bytes in the byte order of this machine.
 void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes);
 
 } // namespace grx

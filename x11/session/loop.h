@@ -1,10 +1,10 @@
-// The digitizing loop: one event of the toolkit handled, one record given to the application.
+// What the digitizing loop remembers of the keyboard.
 #pragma once
 
 #include <X11/Xlib.h>
 
 namespace grx {
 
-extern XEvent Memo_event; // last key press
+extern XEvent Memo_event; // the last key press
 
 } // namespace grx

@@ -1,4 +1,4 @@
-// Measures scroll bars and the character cell on probe widgets, at start-up and for a font.
+// Measures scroll bars and the size of a character on probe widgets, at start-up and when the font changes.
 #include <X11/Intrinsic.h>
 
 #include "pure/size.h"
@@ -85,7 +85,7 @@ void measure_scroll_bar(INT window) {
 bool measure_fields(INT window) {
     GRX_BOUTON one = probe_button(GRX_BOU_TEXTE, window, "test", 0);
     GRX_BOUTON two = probe_button(GRX_BOU_TEXTE, window, "test", 1);
-    // Read-only ones are as large, and the toolkit opens no input method for them.
+    // Read-only fields have the same size, and the toolkit opens no input method for them.
     one.attrib |= GRX_BOU_ATT_TEXTE_LECTURE;
     two.attrib |= GRX_BOU_ATT_TEXTE_LECTURE;
     one.tabi[GRX_BOU_TABI_COLONNES] = 1;
@@ -126,7 +126,7 @@ INT create_probe_window() {
 extern "C" {
 
 INT grx_affecte_carac_fenetre_systeme(void) {
-    const GRX_EVENEMENT pending = evt_global; // the probes' destruction is nobody's event
+    const GRX_EVENEMENT pending = evt_global; // the destruction of the probes is not the application's event
     const INT window = create_probe_window();
     if (window < 0) return 0;
     measure_scroll_bar(window);

@@ -1,4 +1,5 @@
-// Where a window stands on the screen: the place of the window manager's frame.
+// Finds and moves windows on the screen. The place that counts is that of the frame that the window manager puts around
+// a window.
 #include "windows/frame.h"
 
 #include <X11/Intrinsic.h>
@@ -31,7 +32,8 @@ void request_geometry(Widget shell, XtGeometryMask what, Position x, Position y)
     wanted.x = x;
     wanted.y = y;
     wanted.stack_mode = Above;
-    XtMakeGeometryRequest(shell, &wanted, nullptr); // a window manager's late answer reads as a refusal: no matter
+    // The answer is ignored: it is a refusal when the window manager is late, which moves the shell all the same.
+    XtMakeGeometryRequest(shell, &wanted, nullptr);
 }
 
 void move_for_certain(Widget shell, Position x, Position y, XtGeometryMask besides) {

@@ -1,4 +1,4 @@
-// Place and size of a window that is being made.
+// Works out place and size of a window that is being made.
 #include "windows/placing.h"
 
 #include <X11/Intrinsic.h>
@@ -20,7 +20,7 @@
 
 namespace {
 
-// Without a height the lower edge cannot be placed: the window goes to the top.
+// Without a height nobody knows where the lower edge is, so that the window goes to the top.
 int32_t toolkit_y(int32_t container_height, const GRX_FENETRE& fen, int64_t decorations) {
     if (fen.haut < 0) return 0;
     const int64_t top = int64_t{grx::top_of_box(container_height, fen.y, fen.haut)} - decorations;

@@ -1,4 +1,4 @@
-// Scrolled windows around the work widget of a window that is being made.
+// Makes the scrolled window around the work widget of a window that is being made.
 #include "windows/scrolling.h"
 
 #include <X11/Intrinsic.h>
@@ -46,7 +46,7 @@ void make_scrolled_alpha(grx::WindowBuild& b, Widget container) {
     XtManageChild(b.outer);
     grx::Args args;
     args.set(XmNscrollingPolicy, XmAUTOMATIC).set(XmNautoDragModel, XmAUTO_DRAG_DISABLED);
-    grx::set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
+    grx::set_given_size(args, b.fen); // at another size first, it would keep bars that it does not need
     attach_all_sides(args);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(b.outer, const_cast<char*>("Support_travail"), args.list(), args.count());
@@ -56,8 +56,8 @@ void make_scrolled_window(grx::WindowBuild& b, Widget container) {
     const bool graphic = b.fen.type == GRX_FEN_GRAPHIQUE;
     grx::Args args;
     args.set(XmNscrollingPolicy, graphic ? XmAPPLICATION_DEFINED : XmAUTOMATIC);
-    args.set(XmNautoDragModel, XmAUTO_DRAG_DISABLED); // drag and drop is off
-    grx::set_given_size(args, b.fen);                 // laid out at another size first, it would leave its bars behind
+    args.set(XmNautoDragModel, XmAUTO_DRAG_DISABLED); // drag and drop is turned off
+    grx::set_given_size(args, b.fen);                 // at another size first, it would keep bars that it does not need
     if (b.nested) grx::set_place_in_parent(args, b);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(container, const_cast<char*>("fenetre"), args.list(), args.count());

@@ -1,4 +1,4 @@
-// The shell and the main window of a window that is being made.
+// Makes the shell and the main window of a window that is being made.
 #include "windows/shells.h"
 
 #include <X11/Intrinsic.h>

@@ -1,4 +1,4 @@
-// The work widget of each kind of window.
+// Makes the work widget of a window, for the steps of its creation.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -7,6 +7,7 @@
 
 namespace grx {
 
+/// Makes the widget that the kind of the window wants. False when it could not be made.
 bool make_work_widget(WindowBuild& b, Widget container);
 
 } // namespace grx
