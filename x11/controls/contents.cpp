@@ -1,4 +1,4 @@
-// Texts, list entries and scale values of controls, written and read by the application.
+// Lets the application write and read the texts, list entries and scale values of controls.
 #include "controls/contents.h"
 
 #include <X11/Intrinsic.h>
@@ -23,7 +23,8 @@
 
 namespace {
 
-// Of the text that each field was given last: its content goes back the same way.
+// The encoding of the text that each field was given last. The application gets the content of the field in the same
+// one.
 std::array<grx::TextEncoding, GRX_NB_BOUTONS> given_encoding{};
 
 Widget text_of(INT nobou) {
@@ -47,7 +48,7 @@ void set_text(Widget w, INT nobou, const char* texte) {
     grx::note_encoding(nobou, texte);
 }
 
-// A text without accents says nothing about what it is inserted into.
+// A text without accents has no encoding of its own, so the one of the field stays.
 void insert(Widget w, INT nobou, const char* texte) {
     grx::insert_text(w, texte);
     if (grx::encoding_of(texte) != grx::TextEncoding::Unknown) grx::note_encoding(nobou, texte);
@@ -93,7 +94,7 @@ INT grx_change_texte(INT nobou, char* texte) {
 INT grx_affecte_champ_bouton(INT ind, char* s) {
     Widget w = grx_recup_objet_bout(ind);
     if (w == nullptr) return 0;
-    const grx::CompoundString label(s, XmFONTLIST_DEFAULT_TAG); // KEEP: without the application font's tag
+    const grx::CompoundString label(s, XmFONTLIST_DEFAULT_TAG); // KEEP: the tag of the application font is not used
     set_label(w, label.get());
     return 0;
 }
@@ -112,7 +113,7 @@ INT grx_recup_texte_bouton(INT nobou, char* texte) {
     Widget w = text_of(nobou);
     if (w == nullptr || texte == nullptr) return 0;
     const grx::FieldContent content(w, nobou);
-    std::memcpy(texte, content.c_str(), std::strlen(content.c_str()) + 1); // the caller has room for it
+    std::memcpy(texte, content.c_str(), std::strlen(content.c_str()) + 1); // the caller has enough room
     return 0;
 }
 
@@ -127,7 +128,7 @@ INT grx_selectionne_champ_focus(INT nobou) {
 }
 
 INT grx_calc_larg_saisie(INT nbcar) {
-    const int64_t width = int64_t{grx_recup_lar_carac_alpha()} * (int64_t{nbcar} + 1); // one more, as margin
+    const int64_t width = int64_t{grx_recup_lar_carac_alpha()} * (int64_t{nbcar} + 1); // one character more as margin
     return grx::saturated(width);
 }
 
@@ -135,7 +136,7 @@ INT grx_ajoute_element_dans_liste(INT nobou, char* texte) {
     Widget w = list_of(nobou);
     if (w == nullptr || texte == nullptr || texte[0] == '\0') return 0;
     const grx::CompoundString item(texte);
-    XmListAddItemUnselected(w, item.get(), 1); // KEEP: the newest stands first
+    XmListAddItemUnselected(w, item.get(), 1); // KEEP: the newest entry stands first
     return 0;
 }
 

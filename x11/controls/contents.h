@@ -1,4 +1,4 @@
-// Texts, list entries and scale values of controls, written and read by the application.
+// The texts of fields in the encoding of the application, for the functions that make controls and report their events.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -9,7 +9,7 @@
 
 namespace grx {
 
-/// The text of a field in the application's encoding; freed with the object.
+/// The text of a field in the encoding of the application. The object owns it.
 class FieldContent {
   public:
     FieldContent(Widget w, INT nobou);
@@ -22,6 +22,8 @@ class FieldContent {
     char* text_;
     ApplicationText encoded_;
 };
-void note_encoding(INT nobou, const char* text); // the text that a field was given last
+
+/// Remembers the encoding of the text that a field was given.
+void note_encoding(INT nobou, const char* text);
 
 } // namespace grx

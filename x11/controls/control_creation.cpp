@@ -1,4 +1,4 @@
-// Makes controls for the application: widget, number, record and callbacks.
+// Makes controls for the application, with their widget, number, record and callbacks.
 #include "controls/control_creation.h"
 
 #include <X11/Intrinsic.h>
@@ -18,6 +18,7 @@
 #include "toolkit/widgets.h"
 #include "registry/control_table.h"
 #include "controls/contents.h"
+#include "controls/control_creation_state.h"
 #include "controls/control_kinds.h"
 #include "controls/looks.h"
 #include "xt_bou_f.h"
@@ -39,7 +40,8 @@ constexpr INT kBaseFull = -3;
 INT Couleur_init_fond_bouton = 0;
 INT Couleur_init_trace_bouton = 0;
 
-// The toolkit's colours for a control, learned once from a throw-away one.
+// Learns the toolkit's colours for controls from one that is destroyed at once. This is done for the first control
+// only.
 void learn_default_colours(Widget parent) {
     Widget probe = XmCreateDrawnButton(parent, const_cast<char*>("Premier_bouton"), nullptr, 0);
     if (probe == nullptr) return;
@@ -96,7 +98,7 @@ void install_callbacks(
     add_press_callback(w, control_class.press, record);
     XtAddEventHandler(w, control_class.events, False, grx_gere_evenements_bouton, record);
     if (c.bou.type != GRX_BOU_ECHELLE) return;
-    for (Widget part : grx::children_of(w)) { // its slider grx::has the focus
+    for (Widget part : grx::children_of(w)) { // its slider has the focus
         if (XtIsWidget(part)) XtAddEventHandler(part, KeyPressMask, False, grx_gere_evenements_bouton, record);
     }
 }
@@ -108,11 +110,11 @@ void show_icon(Widget w, const grx::Control& c, STRUCTURE_BOUTON* record) {
 }
 
 void give_off_screen_copy(Widget w, const grx::Control& c, INT nobou) {
-    constexpr INT black = 1; // a reserved colour
+    constexpr INT black = 1; // one of the reserved colours
     const grx::Size size = grx::drawing_area_size(w, c.bou);
     const Window window = grx::window_of(w);
     grx::set_backing_store(window, WhenMapped);
-    grx_desinstalle_bitmap(nobou); // an icon, which the copy replaces
+    grx_desinstalle_bitmap(nobou); // the copy replaces an icon
     grx::control_record(nobou)->image = None;
     grx_cree_bitmap_backingstore_bouton(nobou, size.width, size.height, black, black);
 }

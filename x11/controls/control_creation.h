@@ -1,12 +1,10 @@
-// Makes controls for the application: widget, number, record and callbacks.
+// What the two files that make controls, with and without numbers, have in common.
 #pragma once
 
 #include "host_t.h"
 
 namespace grx {
 
-extern INT Premier_bouton;
-
-inline constexpr INT kNoParent = -1;
+inline constexpr INT kNoParent = -1; // the answer when no control can be made where the application wants it
 
 } // namespace grx

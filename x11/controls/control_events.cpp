@@ -1,4 +1,4 @@
-// What happens to controls becomes event records.
+// Turns what happens to controls into event records for the application.
 #include <X11/Intrinsic.h>
 #include <Xm/DrawnB.h>
 #include <Xm/List.h>
@@ -22,13 +22,13 @@
 
 namespace {
 
-// The record of a live control; null when the base, the number or the widget is gone.
+// The record of a live control, null when the table, the number or the widget is gone.
 STRUCTURE_BOUTON* live_control(XtPointer client) {
-    STRUCTURE_BOUTON* const record = grx::button_record_at(client);
+    STRUCTURE_BOUTON* const record = grx::control_record_at(client);
     return record != nullptr && grx_recup_objet_bout(record->nobou) != nullptr ? record : nullptr;
 }
 
-// Every control event names window, control and function.
+// Fills what all records of controls have: window, control and function.
 template <class Member>
 Member& post_control(Member& member, INT type, const STRUCTURE_BOUTON& button) {
     Member& record = grx::post(member, type, button.nofen);
@@ -52,7 +52,7 @@ void post_button(const STRUCTURE_BOUTON& button, const XButtonEvent& event, INT 
     record.x = event.x;
     record.y = event.y;
     record.bouton = static_cast<INT>(event.button);
-    record.carac = button.valeur; // KEEP: the application's value, no character
+    record.carac = button.valeur; // KEEP: this is the value that the application gave, not a character
     record.etat = grx::modifier_bits(event.state);
 }
 
@@ -88,7 +88,7 @@ void on_key(Widget w, const STRUCTURE_BOUTON& button, const XEvent& event, Boole
     record.carac = key;
 }
 
-// A field that Tab has just reached is ready to be overwritten.
+// When Tab has just reached a field its text is selected, so that typing replaces it.
 void on_key_release(Widget w, const STRUCTURE_BOUTON& button, const XEvent& event) {
     if (is_tab(grx::code_of_key(event.xkey)) && XmIsTextField(w)) grx_selectionne_champ_focus(button.nobou);
 }
@@ -117,7 +117,7 @@ void grx_bouton_est_enfonce(Widget, XtPointer client, XtPointer call) {
     const STRUCTURE_BOUTON* const button = live_control(client);
     if (button == nullptr) return;
     Widget w = grx_recup_objet_bout(button->nobou);
-    if (XmIsDrawnButton(w) && pressed_by_key(call)) return; // drawn ones follow the pointer only
+    if (XmIsDrawnButton(w) && pressed_by_key(call)) return; // drawn buttons obey the pointer only
     if (grx::holds_text(w)) {
         post_text(GRX_EVT_EXEC_FONCTION, *button, w);
         return;
@@ -145,11 +145,11 @@ void grx_element_liste_clique(Widget, XtPointer client, XtPointer call) {
             choice->reason == XmCR_DEFAULT_ACTION ? 1 : 0;
         grx::copy_text(record.chaine, text.c_str());
     }
-    record.no_fo = GRX_AUCUN; // KEEP: a list is known by its number, and so for every reason
+    record.no_fo = GRX_AUCUN; // KEEP: only its number tells a list, for every reason of the callback
 }
 
 void grx_focus_quitte_bouton(Widget, XtPointer, XtPointer) {
-    // KEEP: leaving a field posts no event
+    // KEEP: a field that is left posts no event
 }
 
 void grx_bouton_est_affiche(Widget, XtPointer client, XtPointer) {

@@ -1,4 +1,5 @@
-// Each kind of control: which widget it is, with which resources, and what tells the application of a press.
+// The table of the kinds of controls: for each, the function that makes its widget with its resources, and the callback
+// that tells the application of a press.
 #include "controls/control_kinds.h"
 
 #include <X11/Intrinsic.h>
@@ -40,24 +41,6 @@ bool in_window(const GRX_BOUTON& bou) {
     return bou.ref_fen_mere == nullptr;
 }
 
-} // namespace
-
-namespace grx {
-
-Control control_for(const GRX_BOUTON& bou) {
-    if (!in_window(bou)) return {bou, bou.ref_fen_mere, GRX_AUCUN};
-    return {bou, grx_recup_objet_fen(bou.fen_mere), bou.fen_mere};
-}
-
-void set_position(Args& args, const GRX_BOUTON& bou) {
-    if (bou.x != GRX_AUCUN) args.set(XmNx, as_position(bou.x));
-    if (bou.y != GRX_AUCUN) args.set(XmNy, as_position(bou.y));
-}
-
-} // namespace grx
-
-namespace {
-
 void set_label(grx::Args& args, XmString label) {
     args.set(XmNlabelString, label).set(XmNfillOnArm, 1).set(XmNfontList, fontlist).set(XmNrecomputeSize, False);
 }
@@ -71,20 +54,6 @@ void set_colours(grx::Args& args, const GRX_BOUTON& bou) {
     const auto pixel = static_cast<Pixel>(grx_recup_couleur(bou.coul_fond));
     args.set(XmNarmColor, pixel).set(XmNbackground, pixel);
 }
-
-} // namespace
-
-namespace grx {
-
-void set_size(Args& args, const GRX_BOUTON& bou) {
-    if (bou.type == GRX_BOU_ECHELLE && (bou.attrib & GRX_BOU_ATT_ECHELLE_VALEUR) != 0) return; // its scale has them
-    if (bou.hauteur != GRX_AUCUN) args.set(XmNheight, as_size(bou.hauteur));
-    if (bou.largeur != GRX_AUCUN) args.set(XmNwidth, as_size(bou.largeur));
-}
-
-} // namespace grx
-
-namespace {
 
 void set_attachments(grx::Args& args, const GRX_BOUTON& bou) {
     struct Side {
@@ -108,10 +77,6 @@ void set_attachments(grx::Args& args, const GRX_BOUTON& bou) {
 void set_margins(grx::Args& args, int margin) {
     args.set(XmNmarginWidth, margin).set(XmNmarginHeight, margin).set(XmNhighlightThickness, 0);
 }
-
-} // namespace
-
-namespace {
 
 void set_push_shadow(grx::Args& args) {
     args.set(XmNpushButtonEnabled, True).set(XmNshadowType, XmSHADOW_OUT);
@@ -169,7 +134,7 @@ Widget make_label(const grx::Control& c, grx::Args& args, char* name) {
     return XmCreateLabel(c.parent, name, args.list(), args.count());
 }
 
-// Zero columns is the toolkit's default, which it takes with a warning when it is asked for.
+// Zero is not set: it is the toolkit's default, but the toolkit warns when it is asked for.
 void set_columns(grx::Args& args, const GRX_BOUTON& bou) {
     const INT given = bou.tabi[GRX_BOU_TABI_COLONNES];
     const INT columns = given >= 0 ? given : bou.largeur / std::max<INT>(grx_recup_lar_carac_alpha(), 1);
@@ -194,7 +159,7 @@ void set_scale_range(grx::Args& args, const GRX_BOUTON& bou) {
     const INT high = bou.tabi[GRX_BOU_TABI_MAXI];
     const INT value = bou.tabi[GRX_BOU_TABI_INITIAL];
     if (low < high) args.set(XmNminimum, low).set(XmNmaximum, high);
-    if (low < value && value < high) args.set(XmNvalue, value); // KEEP: the bounds themselves are not taken
+    if (low < value && value < high) args.set(XmNvalue, value); // KEEP: a value at one of the bounds is not set
 }
 
 Widget make_scale(const grx::Control& c, grx::Args& args, char* name) {
@@ -225,7 +190,7 @@ Widget make_list(const grx::Control& c, grx::Args& args, char* name) {
     return XmCreateScrolledList(c.parent, name, args.list(), args.count());
 }
 
-// A button of a dialog's bottom row stands in the dialog's form, three levels above the parent given.
+// A button of a dialog's bottom row is made in the form of the dialog, which is three levels above the parent given.
 Widget make_dialog_push(const grx::Control& c, grx::Args& args, char* name) {
     struct Column {
         INT number;
@@ -286,6 +251,23 @@ constexpr std::array<grx::ControlClass, 13> kControlClasses{{
 
 namespace grx {
 
+Control control_for(const GRX_BOUTON& bou) {
+    if (!in_window(bou)) return {bou, bou.ref_fen_mere, GRX_AUCUN};
+    return {bou, grx_recup_objet_fen(bou.fen_mere), bou.fen_mere};
+}
+
+void set_control_position(Args& args, const GRX_BOUTON& bou) {
+    if (bou.x != GRX_AUCUN) args.set(XmNx, as_position(bou.x));
+    if (bou.y != GRX_AUCUN) args.set(XmNy, as_position(bou.y));
+}
+
+void set_control_size(Args& args, const GRX_BOUTON& bou) {
+    // When a scale shows its value, the given size is that of its bar alone. It is set where the scale is made.
+    if (bou.type == GRX_BOU_ECHELLE && (bou.attrib & GRX_BOU_ATT_ECHELLE_VALEUR) != 0) return;
+    if (bou.hauteur != GRX_AUCUN) args.set(XmNheight, as_size(bou.hauteur));
+    if (bou.largeur != GRX_AUCUN) args.set(XmNwidth, as_size(bou.largeur));
+}
+
 const ControlClass* class_of_control(INT type) {
     const auto* const row = std::find_if(
         kControlClasses.begin(), kControlClasses.end(), [type](const ControlClass& c) { return c.type == type; });
@@ -296,11 +278,11 @@ Widget make_control_widget(const Control& c, const ControlClass& control_class) 
     FieldText title(c.bou.titre);
     const CompoundString label(title.c_str());
     Args args;
-    set_position(args, c.bou);
+    set_control_position(args, c.bou);
     if (control_class.labelled) set_label(args, label.get());
     set_screen(args);
     set_colours(args, c.bou);
-    set_size(args, c.bou);
+    set_control_size(args, c.bou);
     set_attachments(args, c.bou);
     return control_class.make(c, args, title.data());
 }

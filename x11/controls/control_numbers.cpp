@@ -1,4 +1,4 @@
-// The numbers of controls given out and freed, together with the pictures that go with them.
+// Gives out and frees the numbers of controls, for the application. The picture of a control is freed with its number.
 #include "display/context.h"
 #include "registry/control_table.h"
 #include "xt_bou_f.h"

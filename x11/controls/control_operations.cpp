@@ -1,4 +1,4 @@
-// Showing, hiding, destroying, sizing and placing controls by their numbers.
+// Shows, hides, destroys, resizes and places controls for the application, by their numbers.
 #include <X11/Intrinsic.h>
 #include <Xm/Form.h>
 #include <Xm/Xm.h>
@@ -18,18 +18,18 @@ namespace {
 void set_mapped(INT nobou, bool mapped) {
     Widget w = grx::with_scroll_bars(grx_recup_objet_bout(nobou));
     if (w == nullptr) return;
-    XtSetMappedWhenManaged(w, mapped ? True : False); // the toolkit knows, so that Tab does not walk into a hidden one
+    XtSetMappedWhenManaged(w, mapped ? True : False); // the toolkit must know it, or Tab would stop at a hidden control
 }
 
-// Managed with what it stands in; that is what its parent is asked to manage.
+// A control in a scrolled window is managed here. The caller manages what is returned, the scrolled window.
 Widget with_scrolled_window(Widget w) {
     Widget outer = grx::with_scroll_bars(w);
     if (outer != w) XtManageChild(w);
     return outer;
 }
 
-// A form puts its children back where their attachments want them: the place of one that hangs on the form's left (or
-// upper) edge alone is its offset.
+// True for a child of a form that is attached to the form's left (or upper) edge only. The form puts its children where
+// their attachments want them, so that such a child is moved by its offset.
 bool hangs_on(Widget w, const char* edge, const char* opposite) {
     return XmIsForm(XtParent(w)) && grx::resource<unsigned char>(w, edge) == XmATTACH_FORM
            && grx::resource<unsigned char>(w, opposite) == XmATTACH_NONE;
@@ -78,7 +78,7 @@ INT grx_desactive_bouton(INT nobou, INT bloquer) {
 }
 
 INT grx_force_focus_sur_bouton(INT nobou) {
-    grx::lay_out_pending(); // the toolkit learns of new controls when they are laid out
+    grx::lay_out_pending(); // the toolkit knows new controls only when they are laid out
     if (Widget w = grx_recup_objet_bout(nobou)) XmProcessTraversal(w, XmTRAVERSE_CURRENT);
     return 0;
 }

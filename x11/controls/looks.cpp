@@ -1,4 +1,4 @@
-// Colours, icons and the pressed look of controls.
+// Lets the application change the colours, the icons and the pressed look of controls.
 #include "controls/looks.h"
 
 #include <X11/Intrinsic.h>
@@ -20,7 +20,7 @@
 
 namespace {
 
-// The toolkit's push buttons have no shadow type: what they show is kept here.
+// True for a push button that is shown pressed. The toolkit's push buttons have no shadow type that says so.
 std::array<bool, GRX_NB_BOUTONS> shown_pressed{};
 
 void set_pixel(INT nobou, const char* resource, INT pixel) {
@@ -33,7 +33,7 @@ INT read_pixel(INT nobou, const char* resource) {
     return w != nullptr ? static_cast<INT>(grx::resource<Pixel>(w, resource)) : 0;
 }
 
-// A real push button cannot be drawn pressed: its two shadow colours change places.
+// The toolkit cannot draw a push button pressed, so its two shadow colours change places.
 void swap_shadows(Widget w) {
     const auto top = grx::resource<Pixel>(w, XmNtopShadowColor);
     const auto bottom = grx::resource<Pixel>(w, XmNbottomShadowColor);
@@ -53,13 +53,13 @@ void set_look(INT nobou, unsigned char shadow) {
     XtSetValues(w, args.list(), args.count());
 }
 
-// Takes the old icon away and puts the named one in; true when there is a picture to show.
+// Replaces the icon by the named one. True when there is a picture to show.
 bool reinstall_icon(Widget w, INT nobou, char* nom_icone) {
     STRUCTURE_BOUTON* record = nullptr;
     grx_recup_structure_bouton(nobou, &record);
     if (w == nullptr || record == nullptr || nom_icone == nullptr) return false;
     grx_desinstalle_bitmap(nobou);
-    record->image = None; // a failed installation must not show a released picture
+    record->image = None; // if the installation fails, a freed picture must not be shown
     grx_installe_bitmap(nom_icone, nobou);
     return record->image != None;
 }
@@ -132,7 +132,7 @@ INT grx_souligne_bouton(INT nobou) {
 }
 
 INT grx_relache_bouton_ras(INT nobou) {
-    set_look(nobou, XmSHADOW_ETCHED_IN); // KEEP: the look of grx_souligne_bouton
+    set_look(nobou, XmSHADOW_ETCHED_IN); // KEEP: grx_souligne_bouton gives the same look
     return 0;
 }
 

@@ -1,10 +1,11 @@
-// Colours, icons and the pressed look of controls.
+// What the making of controls needs of their looks.
 #pragma once
 
 #include "host_t.h"
 
 namespace grx {
 
-void forget_look(INT nobou); // a number given out again is not shown pressed
+/// Forgets that a control is shown pressed, because its number may be given out again.
+void forget_look(INT nobou);
 
 } // namespace grx

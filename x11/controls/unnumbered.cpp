@@ -1,4 +1,4 @@
-// Labels and separators that the application makes and then leaves alone: they have no number.
+// Makes labels and separators that have no number, because the application never changes them.
 #include <X11/Intrinsic.h>
 #include <Xm/Label.h>
 #include <Xm/Separator.h>
@@ -21,14 +21,14 @@ namespace {
 
 void set_bare(grx::Args& args, const GRX_BOUTON& bou) {
     args.set(XmNfontList, fontlist);
-    grx::set_position(args, bou);
-    grx::set_size(args, bou);
+    grx::set_control_position(args, bou);
+    grx::set_control_size(args, bou);
     grx::set_foreground(args, bou.coul_trace);
     if (bou.coul_fond == GRX_AUCUN) {
         if (const auto pixel = grx::application_pixel()) args.set(XmNbackground, *pixel);
         return;
     }
-    args.set(XmNarmColor, bou.coul_fond); // KEEP: the index itself
+    args.set(XmNarmColor, bou.coul_fond); // KEEP: the index itself is used as a pixel
     args.set(XmNbackground, static_cast<Pixel>(grx_recup_couleur(bou.coul_fond)));
 }
 
@@ -40,7 +40,7 @@ Widget make_bare_separator(Widget parent, const GRX_BOUTON& bou) {
     return XmCreateSeparator(parent, const_cast<char*>("Gadget_Separateur"), args.list(), args.count());
 }
 
-// The picture of a label without a number goes with the label.
+// The picture of a label without a number is freed with the label.
 void release_icon(Widget, XtPointer client, XtPointer) {
     grx::free_pixmap(reinterpret_cast<Pixmap>(client));
 }
@@ -65,7 +65,7 @@ Widget make_bare_label(Widget parent, const GRX_BOUTON& bou) {
 extern "C" {
 
 INT grx_cree_gadget(GRX_BOUTON* gadget) {
-    grx::Mypixmap = XmUNSPECIFIED_PIXMAP;
+    grx::forget_label_icon();
     Widget parent = gadget != nullptr ? grx_recup_objet_fen(gadget->fen_mere) : nullptr;
     if (parent == nullptr) return grx::kNoParent;
     if (!XtIsComposite(parent)) return 0;

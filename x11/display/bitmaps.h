@@ -12,6 +12,7 @@
 namespace grx {
 
 template <std::size_t N>
+
 /// A square pixmap one plane deep, `side` pixels wide, which the caller frees.
 Pixmap make_bitmap(const std::array<uchar, N>& bits, unsigned int side) {
     const Pixmap bitmap = new_bitmap(side, side);

@@ -7,6 +7,7 @@
 #include <cstddef>
 
 #include "pure/palette.h"
+#include "display/colours_state.h"
 #include "display/context.h"
 #include "display/palettes.h"
 #include "display/screen.h"

@@ -13,6 +13,7 @@ void install_error_handlers();
 
 /// The text of the last protocol error, empty when there was none. The library keeps it.
 const char* last_x_error_text();
+
 /// The number of protocol errors since the process began.
 INT x_error_count();
 

@@ -16,10 +16,13 @@ inline constexpr INT kForgotten = -1;
 
 /// True when the context no longer has the width, style or function that memo_attrib remembers.
 extern bool context_stale;
+
 /// To be called when g_c was changed outside grx_affecte_gc: the next drawing sends all attributes.
 void context_changed();
+
 /// To be called when the pixel of a colour index changed: the next drawing sends the colours again.
 void colours_changed();
+
 /// Ends drawing in memory when this picture is its target, because the picture goes.
 void forget_drawing_target(const Pixmap* image);
 

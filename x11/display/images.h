@@ -32,6 +32,7 @@ inline int native_byte_order() {
     return first == 1 ? LSBFirst : MSBFirst;
 }
 
+/// Writes a pixel as 4 or 3 bytes in the byte order of this machine.
 inline void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes) {
     if (bytes == sizeof pixel) {
         std::memcpy(out, &pixel, sizeof pixel);
@@ -44,6 +45,7 @@ inline void store_pixel(uchar* out, UNSIGNED_INT4 pixel, std::size_t bytes) {
     }
 }
 
+/// Row `y` of an image, as pixels of type T.
 template <class T>
 T* image_row(const XImage* image, int y) {
     return reinterpret_cast<T*>(image->data + static_cast<std::ptrdiff_t>(y) * image->bytes_per_line);

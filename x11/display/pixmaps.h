@@ -13,11 +13,13 @@ inline Window window_of(Widget w) {
     return w != nullptr ? w->core.window : None;
 }
 
+/// A pixmap of the screen's depth, which the caller frees.
 Pixmap make_pixmap(Drawable on, Size size);
 
 /// The size that the server tells; 0 x 0 for a pixmap that is gone.
 Size pixmap_size(Pixmap pixmap);
 
+/// Frees a pixmap; does nothing for None.
 void free_pixmap(Pixmap pixmap);
 
 /// Tells the server whether to keep what a window shows: `mode` is one of X. Does nothing for None.

@@ -8,12 +8,16 @@
 
 namespace grx {
 
+/// The pixel of a colour index.
 unsigned long drawing_pixel(INT colour);
 
+/// Attributes of thin solid lines that replace what is under them. The arguments are colour indices.
 GRX_ATTRIBUTS_TRACER plain_attributes(INT background, INT foreground);
 
+/// Makes the next drawing send the background colour again.
 void forget_background();
 
+/// Sets the copy function, for whole pictures that are put or copied.
 void set_copy_function();
 
 /// True when the context has these attributes already.
@@ -29,8 +33,10 @@ inline void apply_attributes(const GRX_ATTRIBUTS_TRACER& att) {
     if (!applied(att)) send_changes(att);
 }
 
+/// Applies attributes whose foreground and background are both the background colour, for erasing.
 void apply_background();
 
+/// How the dashes of such a line repeat; the period is 0 for a solid one.
 Dashes dashes_of(const GRX_ATTRIBUTS_TRACER& att);
 
 } // namespace grx

@@ -19,8 +19,10 @@ struct Backing {
 
 Backing backing_of(INT nofen);
 
+/// The size of a window in pixels, 0 x 0 when the number has no window.
 Size window_size(INT nofen);
 
+/// A control and its backing picture, which its record holds.
 struct ButtonBacking {
     Window window = None;
     STRUCTURE_BOUTON* record = nullptr;

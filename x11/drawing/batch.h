@@ -28,7 +28,7 @@ struct BatchHead {
 static_assert(sizeof(BatchHead) == sz_xPolyPointReq);
 
 inline constexpr std::size_t kLengthUnit = 4;
-inline constexpr std::size_t kLongestRequest = UINT16_MAX; // in such units; the buffer itself may be longer
+inline constexpr std::size_t kLongestRequest = UINT16_MAX; // in the same units; the buffer itself may be longer
 
 /// True when `bytes` more can join the last request in the buffer.
 inline bool can_join(const Display* dpy, CARD8 type, Drawable target, GC context, std::size_t bytes) {

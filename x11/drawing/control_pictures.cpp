@@ -15,6 +15,7 @@
 #include "display/pixmaps.h"
 #include "display/screen.h"
 #include "toolkit/args.h"
+#include "drawing/control_pictures_state.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -165,7 +166,7 @@ void release_pixmap(INT nobou, const Picture& picture, Pixmap old, Pixmap instea
 }
 
 INT no_picture(INT nobou) {
-    grx::Mypixmap = XmUNSPECIFIED_PIXMAP;
+    grx::forget_label_icon();
     if (Picture* const old = picture_of(nobou)) drop_picture(*old);
     return 0;
 }
@@ -223,6 +224,10 @@ Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like) {
 Pixmap install_label_icon(char* nom_fic) {
     const bool named = nom_fic[0] != '\0';
     return named && grx_installe_bitmap(nom_fic, GRX_AUCUN) == 1 ? Mypixmap : Pixmap{XmUNSPECIFIED_PIXMAP};
+}
+
+void forget_label_icon() {
+    Mypixmap = XmUNSPECIFIED_PIXMAP;
 }
 
 void share_picture(INT nobou) {

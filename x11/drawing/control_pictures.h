@@ -1,4 +1,4 @@
-// The pictures that controls show, for the functions that make controls, change their looks and free their numbers.
+// The pictures that controls and previews show, for the functions that make, change and free them.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -7,19 +7,22 @@
 
 namespace grx {
 
-extern Pixmap Mypixmap; // the last picture for a label without a number, or XmUNSPECIFIED_PIXMAP
-
 /// The picture of a bitmap file for a label without a number, which the caller frees. XmUNSPECIFIED_PIXMAP when the
 /// file cannot be read.
 Pixmap install_label_icon(char* nom_fic);
 
+/// There is no such picture from now on.
+void forget_label_icon();
+
 /// The picture of a bitmap file, which the caller frees. None when the file cannot be read. It can be shown on
 /// drawables of the depth of `like`.
 Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like);
+
 /// Notes that labels of other controls show this control's picture: they lose it when it is freed.
 void share_picture(INT nobou);
+
 /// Gives a pixmap to the control's record, which owns it from now on. The former one is freed, and labels that showed
-/// it show the new one.
+/// it show the new one. None takes the picture away.
 void give_pixmap(INT nobou, Pixmap pixmap);
 
 } // namespace grx

@@ -31,6 +31,7 @@ inline bool segments_will_do() {
            && context_values().function == GXcopy;
 }
 
+/// The four sides of a rectangle.
 struct Outline {
     int left, top, right, bottom; // the middle of the lines; each fits 16 bits
 
@@ -84,8 +85,7 @@ inline void draw_outline_in_memory(Drawable target, const Outline& o) {
     draw_rectangle(target, o.left, o.top, o.width(), o.height());
 }
 
-/// Draws an arc. Solid thin arcs in one request give the same pixels as one request each. Others would be joined where
-/// they touch.
+/// Draws an arc. Only thin solid arcs may share a request: the server would join wide or dashed ones where they touch.
 inline void draw_arc(Drawable target, const ArcBox& a) {
     if (!solid_lines() || !thin_lines() || !join_arc(X_PolyArc, target, a))
         XDrawArc(x11_disp, target, g_c, a.x, a.y, a.width, a.height, a.start, a.extent);

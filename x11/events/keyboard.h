@@ -18,6 +18,7 @@ struct KeyPlace {
 /// One place for each layout group. A group without the symbol has the place of the first group that has it.
 using KeyPlaces = std::array<KeyPlace, XkbNumKbdGroups>;
 
+/// The modifiers that keys of menus may have.
 constexpr unsigned int kMenuModifiers = ShiftMask | ControlMask | Mod1Mask;
 
 /// The modifier that carries Num_Lock, 0 when none does.
@@ -26,6 +27,7 @@ unsigned int num_lock_mask();
 /// The modifiers of an event's state, without locks, layout group and pointer buttons.
 unsigned int held_modifiers(unsigned int state);
 
+/// The layout group of an event, from 0 on.
 unsigned int group_of(const XKeyEvent& event);
 
 /// Puts the layout group into the event. The server leaves it out while a client has grabbed the key or the keyboard.
@@ -34,6 +36,7 @@ void note_group(XKeyEvent& event);
 /// The symbol of the key without modifiers, in the layout group in force.
 KeySym symbol_in_force(const XKeyEvent& event);
 
+/// Where a symbol, or its other case, is on the keyboard.
 KeyPlaces places_of(KeySym symbol);
 
 /// A key of a menu with its modifiers.

@@ -94,7 +94,7 @@ void free_with_widget(INT nobou) {
     if (in_base(nobou)) goes_with_widget[as_index(nobou)] = true;
 }
 
-STRUCTURE_BOUTON* button_record_at(XtPointer data) {
+STRUCTURE_BOUTON* control_record_at(XtPointer data) {
     const auto* const record = static_cast<STRUCTURE_BOUTON*>(data);
     for (INT nobou = 0; in_base(nobou); ++nobou) {
         if (record == &structure_bouton[nobou]) return &structure_bouton[nobou];

@@ -11,11 +11,13 @@ namespace grx {
 bool allocate_control_table();
 void free_control_table();
 bool has_control_table();
+
 /// The number of entries: GRX_NB_BOUTONS once the table was allocated, 0 before.
 INT control_table_size();
 
 /// The entry of a number, null when the table has none. The table owns it.
 STRUCTURE_BOUTON* control_record(INT nobou);
+
 /// Clears an entry of the table and frees its number. The table must exist and have the number.
 void clear_control_entry(INT nobou);
 
@@ -25,7 +27,8 @@ bool control_widget_died(INT nobou, Widget w);
 
 /// Marks a number that the application does not know: it is freed when its widget dies.
 void free_with_widget(INT nobou);
+
 /// The entry that the data of a callback points at, null when it points at none.
-STRUCTURE_BOUTON* button_record_at(XtPointer data);
+STRUCTURE_BOUTON* control_record_at(XtPointer data);
 
 } // namespace grx

@@ -94,6 +94,14 @@ void give_size(Widget w, INT* largeur, INT* hauteur) {
     grx::give(hauteur, size.height);
 }
 
+INT* stored_width(INT nofen) {
+    return in_base(nofen) && largeur_fen != nullptr ? &largeur_fen[nofen] : nullptr;
+}
+
+INT* stored_height(INT nofen) {
+    return in_base(nofen) && hauteur_fen != nullptr ? &hauteur_fen[nofen] : nullptr;
+}
+
 } // namespace
 
 namespace grx {
@@ -160,14 +168,6 @@ Widget own_scrolled_window(INT nofen) {
     Widget outermost = outer_widget(nofen) != nullptr ? outer_widget(nofen) : nearest_shell(w);
     while (w != nullptr && w != outermost && !XmIsScrolledWindow(w)) w = XtParent(w);
     return w != nullptr && XmIsScrolledWindow(w) ? w : nullptr;
-}
-
-INT* stored_width(INT nofen) {
-    return in_base(nofen) && largeur_fen != nullptr ? &largeur_fen[nofen] : nullptr;
-}
-
-INT* stored_height(INT nofen) {
-    return in_base(nofen) && hauteur_fen != nullptr ? &hauteur_fen[nofen] : nullptr;
 }
 
 Widget shell_of(INT nofen) {
@@ -315,22 +315,22 @@ INT grx_recup_taille_fenetre_fille(INT nofen, INT* largeur, INT* hauteur) {
 }
 
 INT grx_affecte_largeur_fenetre(INT nofen, INT valeur) {
-    grx::give(grx::stored_width(nofen), valeur);
+    grx::give(stored_width(nofen), valeur);
     return 0;
 }
 
 INT grx_affecte_hauteur_fenetre(INT nofen, INT valeur) {
-    grx::give(grx::stored_height(nofen), valeur);
+    grx::give(stored_height(nofen), valeur);
     return 0;
 }
 
 INT grx_recup_largeur_fenetre(INT nofen) {
-    const INT* const place = grx::stored_width(nofen);
+    const INT* const place = stored_width(nofen);
     return place != nullptr ? *place : 0;
 }
 
 INT grx_recup_hauteur_fenetre(INT nofen) {
-    const INT* const place = grx::stored_height(nofen);
+    const INT* const place = stored_height(nofen);
     return place != nullptr ? *place : 0;
 }
 

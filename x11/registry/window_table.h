@@ -23,28 +23,32 @@ void occupy(INT nofen, INT kind, Widget work, Widget outer);
 
 /// The entry of a number, null when the table has none. The table owns it.
 STRUCTURE_FENETRE* window_record(INT nofen);
+
 /// The entry that the data of a callback points at, null when it points at none.
 STRUCTURE_FENETRE* window_record_at(XtPointer data);
+
 /// The saved picture of a number, null when the table has no such entry.
 GRX_SAUVE_ZONE* save_slot(INT nofen);
+
 /// The size that the window had at its last event (old_lar, old_hau).
 Size known_size(INT nofen);
 void set_known_size(INT nofen, Size size);
+
 /// True when the backing picture was freed while its id is still stored.
 bool holds_dead_pixmap(INT nofen);
 void mark_dead_pixmap(INT nofen, bool dead);
+
 /// The outermost widget of a nested window, null for any other.
 Widget outer_widget(INT nofen);
+
 /// The scrolled window that was made for the window, null when it has none.
 Widget own_scrolled_window(INT nofen);
-/// The entries of largeur_fen and hauteur_fen, null for a number out of range.
-INT* stored_width(INT nofen);
-INT* stored_height(INT nofen);
 
 /// Room for the place of a window's shell as text. It lives as long as the library, because the toolkit keeps its
 /// address.
 std::span<char> geometry_text(INT nofen);
 
+/// The shell of a window, null when the number has none.
 Widget shell_of(INT nofen);
 
 /// The outermost widget of a nested window, with its scroll bars; the work widget of any other window.

@@ -1,4 +1,4 @@
-// Double clicks, told by time and distance.
+// Tells the application whether a click becomes a double click, by time and distance.
 #include <cstdint>
 #include <sys/time.h>
 
@@ -10,7 +10,7 @@
 namespace {
 
 constexpr unsigned long kMicrosecondsPerUnit = 1000;
-constexpr INT kReach = 10; // pixels that the pointer may move between two clicks
+constexpr INT kReach = 10; // pixels that the pointer may move
 
 INT Dep_double_click_x = 0;
 INT Dep_double_click_y = 0;

@@ -1,6 +1,5 @@
-// The digitizing loop: one event of the toolkit handled, one record given to the application.
-#include "session/loop.h"
-
+// The digitizing loop, which the application calls again and again: each call handles one event of the toolkit and
+// gives one record to the application.
 #include <X11/Intrinsic.h>
 
 #include "display/pixmaps.h"
@@ -9,6 +8,7 @@
 #include "events/record.h"
 #include "registry/window_table.h"
 #include "menus/menu_keys.h"
+#include "session/loop_state.h"
 #include "session/nested_loop.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
@@ -20,28 +20,6 @@
 namespace {
 
 INT fenetre_a_digitaliser = GRX_AUCUN;
-
-} // namespace
-
-extern "C" {
-
-INT grx_affecte_fenetre_a_digitaliser(INT nofen) {
-    fenetre_a_digitaliser = nofen;
-    return 0;
-}
-
-INT grx_recup_fenetre_a_digitaliser(void) {
-    return fenetre_a_digitaliser;
-}
-}
-
-namespace grx {
-
-XEvent Memo_event{};
-
-} // namespace grx
-
-namespace {
 
 constexpr DOUBLE kCreationWait = 1.0; // seconds
 
@@ -55,7 +33,8 @@ INT deliver_nothing(GRX_EVENEMENT* evt) {
     return 0;
 }
 
-// A window drawn by a 3-D renderer is closed by its own code: the application is told, the toolkit is not.
+// The number of the 3-D renderer's window that this request closes, GRX_AUCUN for other windows. The application closes
+// such a window with the renderer's code, so it is told and the toolkit is not.
 INT renderer_window_closing(const XEvent& event) {
     Widget shell = grx_recherche_shell(XtWindowToWidget(x11_disp, event.xclient.window));
     const STRUCTURE_FENETRE* const window = grx::window_record(grx_recup_indice_fen(shell));
@@ -89,13 +68,13 @@ INT handle_restricted(XEvent& event, GRX_EVENEMENT* evt) {
 
 using Handling = INT (*)(XEvent&, GRX_EVENEMENT*);
 
-// Nothing waits in the queue: a timer may still have posted something.
+// For an empty queue: a timer that is due may still post something.
 INT poll_timers(GRX_EVENEMENT* evt) {
     grx::run_due_timers();
     return evt_global.type_evenement != GRX_EVT_AUCUN ? deliver(evt) : deliver_nothing(evt);
 }
 
-// The end of a window that came while a dialog had the loop.
+// Posts the end of a window that happened while a dialog had the loop. False when there is none.
 bool post_untold_end() {
     const INT nofen = grx::take_untold_end();
     if (nofen == 0) return false;
@@ -117,7 +96,22 @@ INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
 
 } // namespace
 
+namespace grx {
+
+XEvent Memo_event{};
+
+} // namespace grx
+
 extern "C" {
+
+INT grx_affecte_fenetre_a_digitaliser(INT nofen) {
+    fenetre_a_digitaliser = nofen;
+    return 0;
+}
+
+INT grx_recup_fenetre_a_digitaliser(void) {
+    return fenetre_a_digitaliser;
+}
 
 INT grx_digitaliseur(GRX_EVENEMENT* evt, INT attente) {
     return digitise(evt, attente, handle_any);
@@ -136,7 +130,7 @@ INT grx_attend_creation_fenetre(INT nofen) {
         GRX_EVENEMENT evt{};
         const bool found = grx_digitaliseur(&evt, 0) != 0;
         if (found && evt.type_evenement == GRX_EVT_AFFICHAGE && evt.affichage.nofen == nofen) break;
-        if (existed && grx_recup_objet_fen(nofen) == nullptr) break; // closed, or destroyed by another client
+        if (existed && grx_recup_objet_fen(nofen) == nullptr) break; // the user or another client has ended the window
         if (!found && grx::queue_empty()) grx::rest_until_input(grx::kPollRest);
     }
     return 0;

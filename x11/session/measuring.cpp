@@ -1,4 +1,4 @@
-// Measures scroll bars and the character cell on probe widgets, at start-up and for a font.
+// Measures scroll bars and the size of a character on probe widgets, at start-up and when the font changes.
 #include <X11/Intrinsic.h>
 
 #include "pure/size.h"
@@ -24,38 +24,16 @@ GRX_BOUTON cell_probe(Widget parent, INT type, const char* title, INT columns) {
     return bou;
 }
 
-grx::Size measured(GRX_BOUTON bou) {
+grx::Size size_and_destroy(INT nobou) {
     grx::Size size;
-    if (grx_cree_bouton(&bou) != 0) return size;
-    grx_recup_taille_bouton(bou.nobou, &size.width, &size.height);
-    grx_detruit_bouton(bou.nobou);
+    grx_recup_taille_bouton(nobou, &size.width, &size.height);
+    grx_detruit_bouton(nobou);
     return size;
 }
 
-} // namespace
-
-extern "C" {
-
-void affecte_carac_font(Widget pere) {
-    if (pere == nullptr || !XtIsComposite(pere)) return;
-    const grx::Size one = measured(cell_probe(pere, GRX_BOU_TEXTE, "test", 1));
-    const grx::Size two = measured(cell_probe(pere, GRX_BOU_TEXTE, "test", 2));
-    if (one.height == 0 || two.height == 0) return;
-    const INT character = two.width - one.width;
-    grx_affecte_hau_carac_alpha(one.height);
-    grx_affecte_lar_carac_alpha(character);
-    grx_affecte_lar_sup_alpha(two.width - 2 * character);
-    const grx::Size label = measured(cell_probe(pere, GRX_BOU_LABEL, "A", 0));
-    if (label.height > 0) grx_affecte_hau_exact_carac_alpha(label.height);
+grx::Size measured(GRX_BOUTON bou) {
+    return grx_cree_bouton(&bou) == 0 ? size_and_destroy(bou.nobou) : grx::Size{};
 }
-}
-
-namespace {
-
-struct PixelSize {
-    INT width = 0;
-    INT height = 0;
-};
 
 GRX_BOUTON probe_button(INT type, INT window, const char* title, INT no_fo) {
     GRX_BOUTON bouton;
@@ -69,13 +47,6 @@ GRX_BOUTON probe_button(INT type, INT window, const char* title, INT no_fo) {
     return bouton;
 }
 
-PixelSize size_and_destroy(INT nobou) {
-    PixelSize size;
-    grx_recup_taille_bouton(nobou, &size.width, &size.height);
-    grx_detruit_bouton(nobou);
-    return size;
-}
-
 void measure_scroll_bar(INT window) {
     const INT thickness = grx_recup_taille_scrollbar(window);
     if (thickness > 0) grx_affecte_largeur_scrollbar(thickness);
@@ -84,7 +55,7 @@ void measure_scroll_bar(INT window) {
 bool measure_fields(INT window) {
     GRX_BOUTON one = probe_button(GRX_BOU_TEXTE, window, "test", 0);
     GRX_BOUTON two = probe_button(GRX_BOU_TEXTE, window, "test", 1);
-    // Read-only ones are as large, and the toolkit opens no input method for them.
+    // Read-only fields have the same size, and the toolkit opens no input method for them.
     one.attrib |= GRX_BOU_ATT_TEXTE_LECTURE;
     two.attrib |= GRX_BOU_ATT_TEXTE_LECTURE;
     one.tabi[GRX_BOU_TABI_COLONNES] = 1;
@@ -92,9 +63,9 @@ bool measure_fields(INT window) {
     two.x = two.y = 10;
     if (grx_cree_bouton(&one) != 0) return false;
     const bool complete = grx_cree_bouton(&two) == 0;
-    const PixelSize first = size_and_destroy(one.nobou);
+    const grx::Size first = size_and_destroy(one.nobou);
     if (!complete) return false;
-    const PixelSize second = size_and_destroy(two.nobou);
+    const grx::Size second = size_and_destroy(two.nobou);
     const INT character = second.width - first.width;
     grx_affecte_hau_carac_alpha(first.height);
     grx_affecte_lar_carac_alpha(character);
@@ -124,8 +95,21 @@ INT create_probe_window() {
 
 extern "C" {
 
+void affecte_carac_font(Widget pere) {
+    if (pere == nullptr || !XtIsComposite(pere)) return;
+    const grx::Size one = measured(cell_probe(pere, GRX_BOU_TEXTE, "test", 1));
+    const grx::Size two = measured(cell_probe(pere, GRX_BOU_TEXTE, "test", 2));
+    if (one.height == 0 || two.height == 0) return;
+    const INT character = two.width - one.width;
+    grx_affecte_hau_carac_alpha(one.height);
+    grx_affecte_lar_carac_alpha(character);
+    grx_affecte_lar_sup_alpha(two.width - 2 * character);
+    const grx::Size label = measured(cell_probe(pere, GRX_BOU_LABEL, "A", 0));
+    if (label.height > 0) grx_affecte_hau_exact_carac_alpha(label.height);
+}
+
 INT grx_affecte_carac_fenetre_systeme(void) {
-    const GRX_EVENEMENT pending = evt_global; // the probes' destruction is nobody's event
+    const GRX_EVENEMENT pending = evt_global; // the destruction of the probes is not the application's event
     const INT window = create_probe_window();
     if (window < 0) return 0;
     measure_scroll_bar(window);

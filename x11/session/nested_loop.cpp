@@ -1,4 +1,5 @@
-// What a loop inside the application's own leaves behind: ends of windows that the digitizing loop tells later.
+// Remembers the windows that ended while a dialog had the loop, so that the digitizing loop tells the application
+// later.
 #include "session/nested_loop.h"
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// A loop inside the application's own, for a dialog that returns with its answer.
+// A loop inside that of the application, for dialogs that return with an answer.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -12,17 +12,18 @@ namespace grx {
 
 using WindowNumbers = std::bitset<GRX_NB_FENETRES>;
 
-/// The window numbers that stand for a window now.
+/// The numbers that have a window now.
 WindowNumbers windows_in_use();
 
-/// Remembers windows that went while such a loop ran: the application has not been told yet.
+/// Remembers windows that ended while such a loop ran. The application does not know of it yet.
 void note_untold_ends(const WindowNumbers& gone);
 
-/// The first of them, which is forgotten; 0 when there is none. One whose number is in use again is left out.
+/// Returns the first of the windows remembered and forgets it; 0 when there is none. A window whose number is in use
+/// again is left out.
 INT take_untold_end();
 
-/// Handles events until `done` returns true. Afterwards the application's pending record is as it was before: what
-/// happened meanwhile concerned the dialog. Ends of windows are noted, for the application to be told later.
+/// Handles events until `done` returns true. Then the pending record of the application is restored, because what
+/// happened since concerned the dialog. Ends of windows are remembered, so that the application is told later.
 template <class Done>
 void run_until(Done done) {
     const GRX_EVENEMENT pending = evt_global;
@@ -32,8 +33,8 @@ void run_until(Done done) {
     evt_global = pending;
 }
 
-/// Takes the dialog of such a loop off the screen at once: its destruction waits for the end of a callback. `shell` is
-/// null when the dialog is gone already.
+/// Takes the dialog of such a loop off the screen at once. Its destruction may have to wait for the end of a callback.
+/// `shell` is null when the dialog is gone already.
 void take_off_screen(Widget shell);
 
 } // namespace grx

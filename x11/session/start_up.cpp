@@ -1,4 +1,4 @@
-// Starts the library: connection, font, colours, tables, measures.
+// Starts the library for the application: opens the connection, loads the font, allocates colours and tables, measures.
 #include <X11/Intrinsic.h>
 #include <Xm/DisplayP.h>
 #include <Xm/DragDrop.h>
@@ -26,13 +26,14 @@ XmFontListEntry font_entry = nullptr;
 
 const Widget kReservedWindow = reinterpret_cast<Widget>(-2L);
 
-// The toolkit counts the shells on its display object and destroys it, with everything set on it, when the last one
-// goes; the next shell would wait for forty answers of the server. One that never goes is counted here.
+// Counts one shell more than there are, so that the toolkit never destroys its display object. It would do so with the
+// last shell, everything set on the object would be lost, and the next shell would wait for forty answers of the
+// server.
 void keep_display_object() {
     ++reinterpret_cast<XmDisplayRec*>(XmGetXmDisplay(x11_disp))->display.shellCount;
 }
 
-// What the toolkit and Xlib would ask the server for one by one, each with an answer to wait for.
+// Asks for all these names in one go. The toolkit and Xlib would ask for one after the other and wait for each answer.
 void intern_names_at_once() {
     static const char* const names[] = {
         "_MOTIF_DEFAULT_BINDINGS", "WM_LOCALE_NAME", "WM_CLIENT_LEADER", "UTF8_STRING", "STRING"};
@@ -43,15 +44,16 @@ void intern_names_at_once() {
 void no_drop_site(XmDropSiteManagerObject, Widget, ArgList, Cardinal) {}
 void no_drop_site_there(XmDropSiteManagerObject, Widget) {}
 
-// Text fields offer themselves to drags even when nothing can be dropped: the first asks the server for tables that all
-// applications share, and makes them on a connection of its own when they are not there.
+// Keeps text fields from offering themselves to drags, which they do even when nothing can be dropped. The first field
+// would ask the server for tables that all applications share, and would make them on a connection of its own when they
+// are missing.
 void offer_no_drop_sites() {
     XmDropSiteManagerClassPart& sites = xmDropSiteManagerClassRec.dropManager_class;
     sites.createInfo = sites.updateInfo = sites.retrieveInfo = no_drop_site;
     sites.destroyInfo = sites.startUpdate = sites.endUpdate = no_drop_site_there;
 }
 
-// A press of the second mouse button on a label would otherwise start a drag that takes over the event loop.
+// If this were on, a press of the second mouse button on a label would start a drag that takes over the event loop.
 void turn_off_drag_and_drop() {
     Widget display_object = XmGetXmDisplay(x11_disp);
     grx::set_resource(display_object, XmNdragInitiatorProtocolStyle, XmDRAG_NONE);
@@ -64,7 +66,7 @@ void load_font() {
     static CH40 loaded = "";
     CH40 name = "";
     grx_recup_font(name);
-    if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns about an empty name
+    if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns when the name is empty
     if (fontlist != nullptr && display == x11_disp && std::strcmp(loaded, name) == 0) return;
     display = x11_disp;
     std::memcpy(loaded, name, sizeof loaded);
@@ -93,7 +95,7 @@ bool choose_pseudo_colour() {
     profondeur_ecran = GRX_PROFONDEUR_8;
     dec_red = dec_green = dec_blue = 0;
     x11_vis = vtemp.visual;
-    grx_init_colormap_8_plans(); // KEEP: start-up goes on with whatever cells were had
+    grx_init_colormap_8_plans(); // KEEP: start-up goes on with the cells that were had
     return true;
 }
 

@@ -15,6 +15,7 @@ constexpr std::size_t as_index(INT number) {
 }
 
 template <class T, INT Count>
+
 /// Allocates the table with cleared entries. False, with a null table, when memory is short.
 bool allocate_table(T*& table) {
     table = reinterpret_cast<T*>(grx_malloc(static_cast<UNSIGNED_INT>(sizeof(T) * Count)));

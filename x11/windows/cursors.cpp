@@ -1,4 +1,4 @@
-// Pointer shapes of windows.
+// The pointer shapes that the application gives to windows.
 #include <X11/Intrinsic.h>
 #include <X11/cursorfont.h>
 
@@ -21,7 +21,7 @@ constexpr unsigned int kSnapHotSpot = 15;
 std::array<Cursor, GRX_NB_CURSEURS> curs_pix{};
 constexpr INT curseur_graphique = GRX_CURS_CROIX;
 
-// Shapes 2 to 11 are the X cursor font's, 12 to 22 the drafting snap modes.
+// Shapes 2 to 11 come from the cursor font of X. Shapes 12 to 22 are the snap modes of drafting.
 constexpr std::array<unsigned int, 10> kFontShapes{
     XC_watch, XC_left_ptr, XC_hand2, XC_question_arrow, XC_pirate, XC_pencil, XC_fleur, XC_mouse, XC_hand1, XC_cross};
 constexpr std::array<const std::array<uchar, 128>*, 11> kSnapShapes{&grx::concentr_bits, &grx::extrem_bits,
@@ -46,7 +46,7 @@ bool known_cursor(INT curseur) {
     return curseur >= GRX_CURS_AUCUN && curseur <= kLastCursor;
 }
 
-// On a deep screen a pixel says its colour itself; a cell has to be asked for.
+// On a deep screen the colour can be read from the pixel. On 8 planes the server must be asked for the cell.
 XColor colour_of(INT couleur) {
     XColor colour{};
     colour.pixel = static_cast<unsigned long>(static_cast<UNSIGNED_INT>(grx_recup_couleur(couleur)));
@@ -77,8 +77,8 @@ Cursor new_cursor(INT curseur) {
     return bitmap_cursor(*kSnapShapes[snap], grx::kSnapSide, kSnapHotSpot);
 }
 
-// A cursor is made when it is first used: a start that made all of them would send many requests for shapes that are
-// seldom shown, and look up those of the cursor font in the files of the user's cursor theme.
+// A cursor is made when it is first used. If the start made all of them it would send many requests for shapes that are
+// seldom shown, and the client library would look for those of the cursor font in the files of the user's cursor theme.
 Cursor cursor_of(INT curseur) {
     if (!known_cursor(curseur) || curseur == GRX_CURS_AUCUN || x11_disp == nullptr) return None;
     Cursor& cursor = curs_pix[static_cast<std::size_t>(curseur)];

@@ -1,4 +1,5 @@
-// Where a window stands on the screen: the place of the window manager's frame.
+// Finds and moves windows on the screen. The place that counts is that of the frame that the window manager puts around
+// a window.
 #include "windows/frame.h"
 
 #include <X11/Intrinsic.h>
@@ -21,29 +22,6 @@ struct Origin {
     INT y = 0;
 };
 
-} // namespace
-
-namespace grx {
-
-void request_geometry(Widget shell, XtGeometryMask what, Position x, Position y) {
-    XtWidgetGeometry wanted{};
-    wanted.request_mode = what;
-    wanted.x = x;
-    wanted.y = y;
-    wanted.stack_mode = Above;
-    XtMakeGeometryRequest(shell, &wanted, nullptr); // a window manager's late answer reads as a refusal: no matter
-}
-
-void move_for_certain(Widget shell, Position x, Position y, XtGeometryMask besides) {
-    const bool believed_there = resource<Position>(shell, XmNx) == x || resource<Position>(shell, XmNy) == y;
-    request_geometry(shell, CWX | CWY | besides, x, y);
-    if (believed_there && window_of(shell) != None) XMoveWindow(x11_disp, XtWindow(shell), x, y);
-}
-
-} // namespace grx
-
-namespace {
-
 Origin origin_of(Window window) {
     Window root = None;
     int x = 0, y = 0;
@@ -55,6 +33,22 @@ Origin origin_of(Window window) {
 } // namespace
 
 namespace grx {
+
+void request_geometry(Widget shell, XtGeometryMask what, Position x, Position y) {
+    XtWidgetGeometry wanted{};
+    wanted.request_mode = what;
+    wanted.x = x;
+    wanted.y = y;
+    wanted.stack_mode = Above;
+    // The answer is ignored: it is a refusal when the window manager is late, which moves the shell all the same.
+    XtMakeGeometryRequest(shell, &wanted, nullptr);
+}
+
+void move_for_certain(Widget shell, Position x, Position y, XtGeometryMask besides) {
+    const bool believed_there = resource<Position>(shell, XmNx) == x || resource<Position>(shell, XmNy) == y;
+    request_geometry(shell, CWX | CWY | besides, x, y);
+    if (believed_there && window_of(shell) != None) XMoveWindow(x11_disp, XtWindow(shell), x, y);
+}
 
 bool in_frame(Widget shell) {
     const Window window = window_of(shell);

@@ -1,4 +1,4 @@
-// How much the window manager's frame takes around a window, worked out from the settings.
+// Works out from the settings how thick the window manager's frame around a window is, for the placing of windows.
 #include "windows/frame_thickness.h"
 
 #include "xt_fen_t.h"

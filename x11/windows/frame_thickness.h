@@ -1,4 +1,5 @@
-// How much the window manager's frame takes around a window, worked out from the settings.
+// Works out from the settings how thick the window manager's frame around a window is, for the placing of windows. All
+// is in pixels.
 #pragma once
 
 #include "host_t.h"
@@ -10,13 +11,13 @@ struct FrameThickness {
     INT title;  // above the window, inside the upper border
 };
 
-/// Around a window that is made with these attributes.
+/// The frame around a window that is made with these attributes.
 FrameThickness frame_of_new_window(INT attributes);
 
-/// The same of a message window.
+/// The frame around a message window.
 FrameThickness frame_of_message_window(INT attributes);
 
-/// Around a window whose title and whose resize handles are there or not.
+/// The frame around a window with or without a title, with or without resize handles.
 FrameThickness frame_with(bool title, bool handles);
 
 } // namespace grx

@@ -1,4 +1,4 @@
-// Place and size of a window that is being made.
+// Works out place and size of a window that is being made.
 #include "windows/placing.h"
 
 #include <X11/Intrinsic.h>
@@ -19,7 +19,7 @@
 
 namespace {
 
-// Without a height the lower edge cannot be placed: the window goes to the top.
+// Without a height nobody knows where the lower edge is, so that the window goes to the top.
 int32_t toolkit_y(int32_t container_height, const GRX_FENETRE& fen, int64_t decorations) {
     if (fen.haut < 0) return 0;
     const int64_t top = int64_t{grx::top_of_box(container_height, fen.y, fen.haut)} - decorations;
@@ -48,7 +48,7 @@ void set_given_size(Args& args, const GRX_FENETRE& fen) {
     if (fen.haut >= 0) args.set(XmNheight, as_size(fen.haut));
 }
 
-void set_size(Args& args, const GRX_FENETRE& fen) {
+void set_wanted_size(Args& args, const GRX_FENETRE& fen) {
     set_given_size(args, fen);
     if (fen.droite < 0 && fen.haut < 0) args.set(XmNallowShellResize, True);
 }
@@ -72,7 +72,7 @@ void set_place_in_parent(Args& args, const WindowBuild& b) {
             {GRX_ATTACHE_DROITE, XmNrightAttachment}, {GRX_ATTACHE_GAUCHE, XmNleftAttachment}}};
     if (b.x >= 0) args.set(XmNx, as_position(b.x));
     if (b.y >= 0) args.set(XmNy, as_position(b.y));
-    set_size(args, b.fen);
+    set_wanted_size(args, b.fen);
     if (!b.visible()) args.set(XmNmappedWhenManaged, False);
     for (const auto& side : sides) {
         if ((b.fen.attache & side.bit) != 0) args.set(side.resource, XmATTACH_FORM);

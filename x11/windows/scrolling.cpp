@@ -1,4 +1,4 @@
-// Scrolled windows around the work widget of a window that is being made.
+// Makes the scrolled window around the work widget of a window that is being made.
 #include "windows/scrolling.h"
 
 #include <X11/Intrinsic.h>
@@ -46,7 +46,7 @@ void make_scrolled_alpha(grx::WindowBuild& b, Widget container) {
     XtManageChild(b.outer);
     grx::Args args;
     args.set(XmNscrollingPolicy, XmAUTOMATIC).set(XmNautoDragModel, XmAUTO_DRAG_DISABLED);
-    grx::set_given_size(args, b.fen); // laid out at another size first, it would leave its bars behind
+    grx::set_given_size(args, b.fen); // at another size first, it would keep bars that it does not need
     attach_all_sides(args);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(b.outer, const_cast<char*>("Support_travail"), args.list(), args.count());
@@ -56,8 +56,8 @@ void make_scrolled_window(grx::WindowBuild& b, Widget container) {
     const bool graphic = b.fen.type == GRX_FEN_GRAPHIQUE;
     grx::Args args;
     args.set(XmNscrollingPolicy, graphic ? XmAPPLICATION_DEFINED : XmAUTOMATIC);
-    args.set(XmNautoDragModel, XmAUTO_DRAG_DISABLED); // drag and drop is off
-    grx::set_given_size(args, b.fen);                 // laid out at another size first, it would leave its bars behind
+    args.set(XmNautoDragModel, XmAUTO_DRAG_DISABLED); // drag and drop is turned off
+    grx::set_given_size(args, b.fen);                 // at another size first, it would keep bars that it does not need
     if (b.nested) grx::set_place_in_parent(args, b);
     grx::set_background(args, b.fen.coul_fond);
     b.scrolled = XmCreateScrolledWindow(container, const_cast<char*>("fenetre"), args.list(), args.count());
@@ -67,26 +67,6 @@ void make_scrolled_window(grx::WindowBuild& b, Widget container) {
     Widget horizontal = make_scroll_bar(b, "hScrollBar", XmHORIZONTAL);
     XmScrolledWindowSetAreas(b.scrolled, horizontal, vertical, nullptr);
 }
-
-} // namespace
-
-namespace grx {
-
-bool make_scrolling(WindowBuild& b, Widget container) {
-    if (!b.scrolls()) return true;
-    if (b.fen.type == GRX_FEN_ALPHA) {
-        make_scrolled_alpha(b, container);
-    } else {
-        make_scrolled_window(b, container);
-    }
-    if (b.scrolled == nullptr) return false;
-    XtManageChild(b.scrolled);
-    return true;
-}
-
-} // namespace grx
-
-namespace {
 
 void watch_scroll_bars(const grx::WindowBuild& b, XtCallbackProc callback, XtPointer data) {
     for (const bool vertical : {false, true}) {
@@ -105,6 +85,18 @@ void thicken_menu_scroll_bars(const grx::WindowBuild& b) {
 } // namespace
 
 namespace grx {
+
+bool make_scrolling(WindowBuild& b, Widget container) {
+    if (!b.scrolls()) return true;
+    if (b.fen.type == GRX_FEN_ALPHA) {
+        make_scrolled_alpha(b, container);
+    } else {
+        make_scrolled_window(b, container);
+    }
+    if (b.scrolled == nullptr) return false;
+    XtManageChild(b.scrolled);
+    return true;
+}
 
 void finish_scrolled(const WindowBuild& b, INT* number) {
     if (b.scrolled == nullptr) return;

@@ -1,7 +1,5 @@
-// Where the toolkit believes a shell to be, and how large. A window's shell asks for the news of its children, and the
-// toolkit takes a child's new place and size, inside the shell, for the shell's own. Its controls would then answer no
-// press, for they seem to be elsewhere; menus would open in the corner of the screen; and of two resizes shortly after
-// each other, each would undo the other for ever.
+// Keeps the place and the size right that the toolkit remembers for the shells of windows. The header tells why that is
+// needed.
 #include "windows/shell_place.h"
 
 #include <X11/IntrinsicP.h>

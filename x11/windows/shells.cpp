@@ -1,4 +1,4 @@
-// The shell and the main window of a window that is being made.
+// Makes the shell and the main window of a window that is being made.
 #include "windows/shells.h"
 
 #include <X11/Intrinsic.h>
@@ -50,7 +50,7 @@ void make_shell(WindowBuild& b) {
     args.set(XmNtitle, title.c_str()).set(XmNiconName, title.c_str());
     args.set(XmNgeometry, geometry_text(b.nofen).data());
     args.set(XmNdeleteResponse, XmDESTROY);
-    set_size(args, b.fen);
+    set_wanted_size(args, b.fen);
     set_decorations(args, b.fen.attrib);
     set_background(args, b.fen.coul_fond);
     set_screen(args);

@@ -1,4 +1,4 @@
-// The shell and the main window of a window that is being made.
+// Makes the shell and the main window of a window, for the steps of its creation.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -7,8 +7,10 @@
 
 namespace grx {
 
+/// Makes the shell: a transient one when the window has a parent, else a top-level one.
 void make_shell(WindowBuild& b);
 
+/// Makes the main window, which arranges the menu bar and the work widget.
 void make_main_window(WindowBuild& b, Widget container);
 
 } // namespace grx

@@ -1,5 +1,5 @@
-// The place of a window among the others of the screen, and the focus, kept while the window is unmapped and mapped again.
-// A window manager takes it for a new one: it puts it on top, gives it the focus, and raises what gets the focus.
+// Keeps the place of a window among the others of the screen, and the focus, while the window is unmapped and mapped
+// again, for changes of its title and border.
 #include "windows/stack_place.h"
 
 #include <X11/Xatom.h>
@@ -16,7 +16,8 @@
 
 namespace {
 
-// Nobody else changes anything meanwhile: window managers destroy frames that one is just asking for.
+// While it exists no other client can change anything. Otherwise the window manager might destroy a frame just when it
+// is asked about.
 class ServerGrab {
   public:
     ServerGrab() { XGrabServer(x11_disp); }
@@ -82,7 +83,7 @@ bool is_managed(Window window) {
     return type != None;
 }
 
-// The application's window in a frame, None in windows without one.
+// The window of an application inside a frame, None when the window holds none.
 Window managed_window_in(Window frame, int depth = 4) {
     if (is_managed(frame)) return frame;
     if (depth == 0) return None;
@@ -113,7 +114,8 @@ WindowsAbove::WindowsAbove(Window window) {
 
 namespace {
 
-// As the conventions want it of a client whose window has a frame. One that has gone meanwhile causes no error.
+// Asks the window manager, as the conventions want it of clients whose windows have frames. If the window is gone by
+// now this causes no error.
 void ask_to_raise(Window window) {
     XEvent event{};
     XConfigureRequestEvent& request = event.xconfigurerequest;
@@ -125,7 +127,7 @@ void ask_to_raise(Window window) {
     XSendEvent(x11_disp, request.parent, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
 }
 
-constexpr int kPatience = 500; // milliseconds, for a manager that does not answer
+constexpr int kPatience = 500; // milliseconds to wait for a manager that does not answer
 constexpr int kStep = 5;
 
 template <class Condition>
@@ -157,10 +159,10 @@ StackPlace::StackPlace(Window window) : window_(window) {
     if (!shown_) return;
     focused_ = has_focus(window);
     framed_ = framed();
-    if (!framed_) return; // without a window manager the place stays
+    if (!framed_) return; // without a window manager the window keeps its place
     above_.emplace(window);
     modest_.emplace(window);
-    // The manager would give it to another window, and raise that.
+    // Otherwise the manager would give the focus to another window and raise that one.
     if (focused_) XSetInputFocus(x11_disp, PointerRoot, RevertToPointerRoot, CurrentTime);
 }
 
@@ -169,7 +171,7 @@ void StackPlace::restore() {
     const bool shown = wait_until([this] { return viewable(window_) && framed() == framed_; });
     modest_.reset();
     if (!shown) return;
-    // What the manager does on this comes before what it is asked for next.
+    // The focus is set first, so that what the manager then does is done before it is asked for the order of windows.
     if (focused_) XSetInputFocus(x11_disp, window_, RevertToParent, CurrentTime);
     if (framed_ && above_->nearest() != None) go_below();
 }
@@ -179,7 +181,8 @@ bool StackPlace::framed() const {
     return frame_of(window_) != window_;
 }
 
-// Each in its turn to the top: not all managers can put a window below another one.
+// Raises this window and then, in turn, each that belongs above it. Not all managers can put a window below another
+// one.
 void StackPlace::go_below() const {
     ask_to_raise(window_);
     for (const Window above : above_->all()) ask_to_raise(above);

@@ -1,5 +1,6 @@
-// The place of a window among the others of the screen, and the focus, kept while the window is unmapped and mapped again.
-// A window manager takes it for a new one: it puts it on top, gives it the focus, and raises what gets the focus.
+// Keeps the place of a window among the others of the screen, and the focus, while the window is unmapped and mapped
+// again, for changes of its title and border. A window manager takes the mapped window for a new one: it puts it on
+// top, gives it the focus, and raises what gets the focus.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -10,7 +11,7 @@
 
 namespace grx {
 
-/// A property as it is now, to be put back.
+/// Remembers a property of a window and puts it back when it is destroyed.
 class SavedProperty {
   public:
     SavedProperty(Window window, Atom name);
@@ -27,7 +28,8 @@ class SavedProperty {
     unsigned char* value_ = nullptr;
 };
 
-/// A window that wants no focus when it is mapped. Some managers obey the hint, others the time of the last input.
+/// Makes a window ask for no focus when it is mapped, until it is destroyed. Some managers obey the hint, others the
+/// time of the last input, so both are set.
 class ModestWindow {
   public:
     explicit ModestWindow(Window window);
@@ -38,7 +40,7 @@ class ModestWindow {
     SavedProperty hints_, time_;
 };
 
-/// The windows above one, as far as they are shown, from the lowest to the highest.
+/// The shown windows above a window, from the lowest to the highest.
 class WindowsAbove {
   public:
     explicit WindowsAbove(Window window);
@@ -51,7 +53,7 @@ class WindowsAbove {
     std::size_t count_ = 0;
 };
 
-/// Taken before a window is unmapped and mapped again, put back afterwards.
+/// To be made before a window is unmapped. restore() is to be called after the window is mapped again.
 class StackPlace {
   public:
     explicit StackPlace(Window window);
@@ -62,7 +64,6 @@ class StackPlace {
     bool framed() const;
     bool in_place() const { return WindowsAbove(window_).nearest() == above_->nearest(); }
 
-    // Each in its turn to the top: not all managers can put a window below another one.
     void go_below() const;
 
     Window window_;

@@ -1,4 +1,4 @@
-// Title and border of a window, taken away and given back while it is there.
+// Takes title and border of a window away and gives them back while the window is there, for the application.
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
 
@@ -17,17 +17,17 @@
 
 namespace {
 
-// Bits of the shell's decorations: each that is set takes one away, for that of all of them is set as well.
+// Bits of the shell's decorations. The bit for all of them is always set, so that each other bit takes one away.
 constexpr INT kTitleBits = grx::mwm::title | grx::mwm::menu;
 constexpr INT kBorderBits = grx::mwm::handles;
 
 struct Operation {
     INT bits;
-    bool removes; // else it toggles
+    bool removes; // otherwise it toggles the bits
     bool flushes;
 };
 
-// How much a window grows into the frame when a part of that goes: its left and upper edge go outwards, its size grows.
+// How much a window grows when a part of the frame goes: its left and upper edge move outwards, its size grows.
 struct Growth {
     int64_t left, top;
     int64_t width, height;
@@ -53,19 +53,20 @@ void resize(Widget shell, int64_t width, int64_t height) {
     grx::set_size(shell, {grx::as_size(width), grx::as_size(height)});
 }
 
-// The window manager looks at the decorations of a window when it is mapped.
+// The window manager looks at the decorations of a window only when the window is mapped.
 void map_again(Widget shell) {
     const Window window = grx::window_of(shell);
     XWindowAttributes attributes{};
     if (window == None || XGetWindowAttributes(x11_disp, window, &attributes) == 0) return;
-    if (attributes.map_state == IsUnmapped) return; // hidden: the new decorations come when it is shown
+    if (attributes.map_state == IsUnmapped) return; // a hidden window gets the decorations when it is shown
     XUnmapWindow(x11_disp, window);
     XMapWindow(x11_disp, window);
 }
 
-// Where a window stands, left and upwards from the lower left corner of the screen. A window manager takes the place asked
-// for as the frame's, and keeps the frame where it is. Without one the server is asked, not the toolkit, which takes the
-// place of the window's contents for that of the shell when the shell is resized.
+// Remembers where a window stands and puts it there again. The place counts from the lower left corner of the screen. A
+// window manager takes the place that is asked for as that of the frame, so that the frame stays. Without a window
+// manager the server is asked for the place and not the toolkit, because after a resize the toolkit takes the place of
+// the window's contents for that of the shell.
 class SavedPlace {
   public:
     SavedPlace(INT nofen, Widget shell) : nofen_(nofen), shell_(shell), framed_(grx::in_frame(shell)) {
@@ -115,12 +116,12 @@ void change_decorations(INT nofen, const Operation& operation) {
 extern "C" {
 
 INT grx_active_modifications_shell(INT nofen) {
-    grx_recherche_shell(grx_recup_objet_fen(nofen)); // KEEP: a hook without effect
+    grx_recherche_shell(grx_recup_objet_fen(nofen)); // KEEP: this has no effect
     return 0;
 }
 
 INT grx_supprime_titre_fenetre(INT nofen) {
-    change_decorations(nofen, {kTitleBits, true, false}); // KEEP: the only one that does not handle the events
+    change_decorations(nofen, {kTitleBits, true, false}); // KEEP: the other functions here handle events, this does not
     return 0;
 }
 

@@ -1,4 +1,4 @@
-// Makes windows for the application: widgets, number, handlers, backing picture.
+// Makes windows for the application, with their widgets, number, handlers and backing picture.
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
 
@@ -28,7 +28,7 @@ constexpr INT kBaseFull = -2;
 constexpr EventMask kWorkEvents = 0x2877D;  // keys, buttons, crossing, motion, exposure, structure
 constexpr EventMask kShellEvents = 0x90000; // substructure and visibility
 
-// Main window and scrolled window must be told which child is theirs to arrange.
+// The main window and the scrolled window must be told which of their children they arrange.
 void set_work_areas(const grx::WindowBuild& b) {
     if (b.scrolled != nullptr && b.fen.type == GRX_FEN_GRAPHIQUE) grx::set_resource(b.scrolled, XmNworkWindow, b.work);
     if (b.main == nullptr) return;
@@ -42,7 +42,8 @@ void free_number(Widget, XtPointer number, XtPointer) {
     grx_free(static_cast<char*>(number), sizeof(INT));
 }
 
-// The number travels in a block of its own: the base's entry may be free, or another window's, when callbacks run.
+// Callbacks get the number in a block of its own, because the table's entry may be free or another window's when they
+// run.
 INT* make_number(const grx::WindowBuild& b) {
     auto* number = reinterpret_cast<INT*>(grx_malloc(sizeof(INT)));
     if (number != nullptr) *number = b.nofen;
@@ -64,7 +65,7 @@ void install_handlers(const grx::WindowBuild& b, INT* number) {
     XtAddCallback(b.work, XmNcancelCallback, grx_reponse_a_message, number);
 }
 
-// A window made invisible is realised but not mapped, until it is shown by its number.
+// A window that was asked to be invisible is realised but not mapped. It is shown by its number later.
 void put_on_screen(const grx::WindowBuild& b) {
     if (b.parent != nullptr && b.visible()) {
         XtPopup(b.shell, XtGrabNone);
@@ -77,7 +78,7 @@ void put_on_screen(const grx::WindowBuild& b) {
 void give_backing_picture(INT nofen) {
     STRUCTURE_FENETRE& record = *grx::window_record(nofen);
     grx_autorise_sauvegarde_auto(nofen);
-    record.image = static_cast<Pixmap*>(std::malloc(sizeof(Pixmap))); // released with free
+    record.image = static_cast<Pixmap*>(std::malloc(sizeof(Pixmap))); // free() releases it
     if (record.image == nullptr) return;
     *record.image = None;
     grx_cree_bitmap_backingstore(nofen);
@@ -87,7 +88,7 @@ void give_backing_picture(INT nofen) {
 INT refuse_before_making(const grx::WindowBuild& b) {
     const bool needs_parent = b.nested || b.fen.fen_mere >= 0;
     if (needs_parent && b.parent == nullptr) return kNotMade;
-    if (b.nested && !XtIsComposite(b.parent)) return kNotMade; // a text holds no windows
+    if (b.nested && !XtIsComposite(b.parent)) return kNotMade; // a text cannot hold windows
     if (!grx::is_window_kind(b.fen.type) || x11_disp == nullptr) return kNotMade;
     return 0;
 }
@@ -113,7 +114,7 @@ bool make_widgets(grx::WindowBuild& b) {
 void show_window(grx::WindowBuild& b, INT* number) {
     set_work_areas(b);
     XtManageChild(b.work);
-    grx::lay_out_pending(); // what is made for a nested window has its size
+    grx::lay_out_pending(); // gives the new widgets of a nested window their sizes
     grx::size_nested(b);
     install_handlers(b, number);
     if (!b.nested) {
@@ -131,7 +132,7 @@ extern "C" {
 
 void grx_init_fenetre(GRX_FENETRE* fenetre) {
     if (fenetre == nullptr) return;
-    const INT type = fenetre->type; // KEEP: the kind is the caller's to give
+    const INT type = fenetre->type; // KEEP: the caller gives the kind before this call
     *fenetre = GRX_FENETRE{};
     fenetre->type = type;
     fenetre->attrib = GRX_FEN_ATT_VISIBLE;

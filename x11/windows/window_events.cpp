@@ -1,4 +1,4 @@
-// What happens to windows becomes event records.
+// Turns what happens to windows into event records for the application.
 #include "windows/window_events.h"
 
 #include <X11/Intrinsic.h>
@@ -32,29 +32,7 @@ void absorb_exposures(Window window) {
     while (XCheckWindowEvent(x11_disp, window, ExposureMask, &event)) XtDispatchEvent(&event);
 }
 
-} // namespace
-
-extern "C" {
-
-INT grx_supprime_tous_evenement_pour_fenetre(INT type, INT nofen) {
-    Widget w = grx_recup_objet_fen(nofen);
-    if (x11_disp == nullptr || w == nullptr) return 0;
-    grx::lay_out_pending();
-    supprime_gestion_expose_pour_fenetre(nofen);
-    XSync(x11_disp, False);
-    const Window window = grx::window_of(w);
-    const bool pending = XEventsQueued(x11_disp, QueuedAlready) != 0;
-    if (type == GRX_EVT_AFFICHAGE && pending && window != None) absorb_exposures(window);
-    ajoute_gestion_expose_pour_fenetre(nofen);
-    return 0;
-}
-
-void grx_gere_evenement_scroll_menu(Widget, XtPointer, XtPointer) {}
-}
-
-namespace {
-
-INT memo_bouton = 0; // mouse button held down, 0 = none
+INT memo_bouton = 0; // the mouse button that is held, 0 when none is
 
 INT height_of_work(const STRUCTURE_FENETRE& window) {
     return grx::height_of(grx_recup_objet_fen(window.nofen));
@@ -65,7 +43,7 @@ void fill_size(Record& record) {
     grx_recup_taille_fenetre(record.nofen, &record.largeur, &record.hauteur);
 }
 
-// Exposure, move and resize records are laid out alike: position and size.
+// The records of exposure, move and resize all have position and size.
 template <class Record>
 void post_placed(Record& member, INT type, INT nofen) {
     Record& record = grx::post(member, type, nofen);
@@ -95,7 +73,7 @@ void on_expose(STRUCTURE_FENETRE& window) {
     if (host_draws) post_placed(evt_global.affichage, GRX_EVT_AFFICHAGE, nofen);
 }
 
-// A nested window has a size of its own; any other is as large as its shell.
+// A nested window has its own size, any other has that of its shell.
 grx::Size current_size(INT nofen) {
     Widget outer = grx::outer_widget(nofen);
     return grx::size_of(outer != nullptr ? outer : grx::shell_of(nofen));
@@ -130,13 +108,13 @@ void on_motion(const STRUCTURE_FENETRE& window, const XMotionEvent& event) {
 void on_key(const STRUCTURE_FENETRE& window, const XEvent& event, Boolean* go_on) {
     const INT key = grx::key_for_application(event, go_on);
     if (key == 0) return;
-    // KEEP: keys count y from the top, the pointer from the bottom.
+    // KEEP: y of a key counts from the top, that of the pointer from the bottom.
     GRX_DIGIT& record = post_pointer(GRX_EVT_CARAC_APPUI, window.nofen, event.xkey.x, event.xkey.y);
     record.bouton = 0;
     record.carac = key;
 }
 
-// Another client destroyed the window: what is left of it goes, and tells so as it does.
+// Another client has destroyed the window. Its widgets are destroyed too, and that tells the application.
 void on_destroy(const STRUCTURE_FENETRE& window, const XDestroyWindowEvent& event) {
     Widget outer = grx::whole_of(window.nofen);
     Widget doomed = grx::outer_widget(window.nofen) != nullptr ? outer : grx::shell_of(window.nofen);
@@ -161,7 +139,7 @@ void dispatch(STRUCTURE_FENETRE& window, XEvent& event, Boolean* go_on) {
     }
 }
 
-// A handler may run for a widget whose number is free again, or another window's.
+// The record of a widget's window, null when the number is free by now or another window's.
 STRUCTURE_FENETRE* live_window(Widget w, XtPointer client) {
     STRUCTURE_FENETRE* const window = grx::window_record_at(client);
     if (window == nullptr) return nullptr;
@@ -169,7 +147,7 @@ STRUCTURE_FENETRE* live_window(Widget w, XtPointer client) {
     return own != nullptr && (own == w || grx_recherche_shell(own) == w) ? window : nullptr;
 }
 
-// The window whose widget holds another one; GRX_AUCUN when that stands in a dialog of the library.
+// The window around a widget, GRX_AUCUN for a widget in a dialog of the library.
 INT window_around(Widget part) {
     for (Widget w = XtParent(part); w != nullptr && !XtIsShell(w); w = XtParent(w)) {
         const INT nofen = grx_recup_indice_fen(w);
@@ -186,7 +164,8 @@ void key_over_part(Widget part, XtPointer, XEvent* event, Boolean* go_on) {
     const INT nofen = window_around(part);
     if (nofen == GRX_AUCUN) return;
     Widget work = grx_recup_objet_fen(nofen);
-    Widget under = XtWindowToWidget(x11_disp, event->xkey.window); // the keyboard's widget need not be the pointer's
+    // The pointer may be over another widget than the one that has the keyboard.
+    Widget under = XtWindowToWidget(x11_disp, event->xkey.window);
     Position x = 0, y = 0, work_x = 0, work_y = 0;
     XtTranslateCoords(under != nullptr ? under : part, 0, 0, &x, &y);
     XtTranslateCoords(work, 0, 0, &work_x, &work_y);
@@ -200,6 +179,21 @@ void key_over_part(Widget part, XtPointer, XEvent* event, Boolean* go_on) {
 } // namespace grx
 
 extern "C" {
+
+INT grx_supprime_tous_evenement_pour_fenetre(INT type, INT nofen) {
+    Widget w = grx_recup_objet_fen(nofen);
+    if (x11_disp == nullptr || w == nullptr) return 0;
+    grx::lay_out_pending();
+    supprime_gestion_expose_pour_fenetre(nofen);
+    XSync(x11_disp, False);
+    const Window window = grx::window_of(w);
+    const bool pending = XEventsQueued(x11_disp, QueuedAlready) != 0;
+    if (type == GRX_EVT_AFFICHAGE && pending && window != None) absorb_exposures(window);
+    ajoute_gestion_expose_pour_fenetre(nofen);
+    return 0;
+}
+
+void grx_gere_evenement_scroll_menu(Widget, XtPointer, XtPointer) {}
 
 void grx_gere_evenements_fenetre(Widget w, XtPointer client, XEvent* ev, Boolean* cont) {
     if (w != nullptr && ev != nullptr && grx::is_news_of_a_child(*ev)) grx::forget_place(w);
@@ -220,7 +214,8 @@ void grx_shell_est_detruit(Widget w, XtPointer client, XtPointer) {
     if (w == nullptr || client == nullptr) return;
     const INT nofen = *static_cast<INT*>(client);
     grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, nofen);
-    if (grx_recup_objet_fen(nofen) == w) grx_libere_indice_objet_fen(nofen); // else the number is another's by now
+    // The number may be another window's by now.
+    if (grx_recup_objet_fen(nofen) == w) grx_libere_indice_objet_fen(nofen);
 }
 
 void grx_reponse_a_message(Widget, XtPointer client, XtPointer call) {

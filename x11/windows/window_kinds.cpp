@@ -1,4 +1,4 @@
-// The work widget of each kind of window.
+// Makes the work widget of a window that is being made, for each kind of window.
 #include "windows/window_kinds.h"
 
 #include <X11/Intrinsic.h>
@@ -32,7 +32,7 @@ Widget make_bulletin_board(Widget parent, grx::Args& args, const grx::WindowBuil
     return grx::create_bulletin_board(parent, "fenetre", args);
 }
 
-// A drawing area shows no shadows: colours given to them spare the server four questions about colours of their own.
+// A drawing area shows no shadows. They are given colours all the same, or the toolkit would ask the server for four.
 void set_unused_shadows(grx::Args& args, const grx::WindowBuild& b) {
     const auto black = static_cast<Pixel>(grx_noir_systeme());
     args.set(XmNtopShadowColor, black).set(XmNbottomShadowColor, black).set(XmNhighlightColor, black);
@@ -65,8 +65,8 @@ void abandon(Widget, XtPointer box, XtPointer call) {
     XtCallCallbacks(static_cast<Widget>(box), XmNcancelCallback, &answer);
 }
 
-// The box's own cancel and help buttons go; "ABANDON" is a button of ours beside "CONFIRM" that answers as cancel.
-// The cancel child stays alive, or the Escape key would answer nothing.
+// Hides the box's own cancel and help buttons. "ABANDON" is a button of ours beside "CONFIRM" that answers as cancel.
+// The cancel button is hidden and not destroyed, because the Escape key needs it.
 void arrange_message_box(Widget box, XmString abandon_label) {
     for (const unsigned char child : {XmDIALOG_HELP_BUTTON, XmDIALOG_CANCEL_BUTTON})
         if (Widget button = XmMessageBoxGetChild(box, child)) XtUnmanageChild(button);
@@ -105,11 +105,11 @@ Maker maker_of(INT type) {
     return nullptr;
 }
 
-// Side of a work widget before anything is put into it. One that nobody sized would be a single pixel: the window
-// could not be seen, and a scrolled window would not put its bars away.
+// The side of a work widget before anything is put into it. A widget that nobody sized would be a single pixel: the
+// window could not be seen, and a scrolled window would not hide its bars.
 int empty_side(const grx::WindowBuild& b, INT given) {
-    constexpr int side = 100;                                  // as the toolkit's scrolled windows are
-    const int frame = b.has(GRX_FEN_ATT_PRINCIPALE) ? 40 : 10; // of the scrolled window, and the menu bar
+    constexpr int side = 100;                                  // that of the toolkit's scrolled windows
+    const int frame = b.has(GRX_FEN_ATT_PRINCIPALE) ? 40 : 10; // what the scrolled window and the menu bar take
     return given < 0 ? side : std::max<INT>(given - frame, 1);
 }
 
@@ -133,11 +133,12 @@ bool make_work_widget(WindowBuild& b, Widget container) {
     }
     set_background(args, b.fen.coul_fond);
     give_empty_container_a_size(args, b);
-    if (b.nested && b.sized()) args.set(XmNresizePolicy, XmRESIZE_NONE); // else its controls would enlarge it
+    if (b.nested && b.sized()) args.set(XmNresizePolicy, XmRESIZE_NONE); // otherwise its controls would enlarge it
     b.work = maker_of(b.fen.type)(container, args, b);
     if (b.work == nullptr) return false;
     if (b.outer == nullptr) b.outer = b.fen.type == GRX_FEN_TEXTE ? XtParent(b.work) : b.work;
-    if (b.outer != b.work) set_resource(b.work, XmNmappedWhenManaged, True); // the whole is hidden, not its parts
+    // A hidden window is hidden as a whole: its outermost widget is not mapped, its parts are.
+    if (b.outer != b.work) set_resource(b.work, XmNmappedWhenManaged, True);
     return true;
 }
 

@@ -1,4 +1,4 @@
-// Showing, hiding, destroying, sizing, moving and naming windows by their numbers.
+// Shows, hides, destroys, resizes, moves and names windows for the application, by their numbers.
 #include <X11/Intrinsic.h>
 #include <X11/Shell.h>
 #include <Xm/Text.h>

@@ -1,4 +1,4 @@
-// The frames that a window manager puts windows into.
+// Asks the server how windows stand in each other, for all that must know the frames of the window manager.
 #include "windows/window_tree.h"
 
 #include <X11/Xlib.h>

@@ -1,4 +1,4 @@
-// The frames that a window manager puts windows into.
+// Asks the server how windows stand in each other, for all that must know the frames of the window manager.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -7,7 +7,7 @@
 
 namespace grx {
 
-/// What the server tells of the windows around one.
+/// The parent and the children of a window as the server tells them at construction.
 class WindowTree {
   public:
     explicit WindowTree(Window window);
@@ -16,7 +16,7 @@ class WindowTree {
     WindowTree& operator=(const WindowTree&) = delete;
 
     Window root() const { return root_; }
-    Window parent() const { return parent_ != root_ ? parent_ : None; }      // None for the root itself
+    Window parent() const { return parent_ != root_ ? parent_ : None; }      // None when it is the root
     std::span<const Window> children() const { return {children_, count_}; } // from the lowest to the highest
 
   private:
@@ -26,7 +26,7 @@ class WindowTree {
     unsigned int count_ = 0;
 };
 
-/// The window manager's frame, or the window itself where there is none.
+/// The window manager's frame around a window, or the window itself when it has no frame.
 Window frame_of(Window window);
 
 } // namespace grx

@@ -4,8 +4,8 @@
 #include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
 
-#include "controls/control_creation.h"
-#include "display/colours.h"
+#include "controls/control_creation_state.h"
+#include "display/colours_state.h"
 
 #include <climits>
 

@@ -2,7 +2,7 @@
 #include "tests/display/controls/control_creation_kit.h"
 #include "tests/support/toolkit_calls.h"
 
-#include "drawing/control_pictures.h"
+#include "drawing/control_pictures_state.h"
 
 #include <algorithm>
 #include <ranges>

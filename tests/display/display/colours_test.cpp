@@ -1,5 +1,6 @@
 // Colours of both depths: indices, pixels, and the colours behind them.
 #include "display/colours.h"
+#include "display/colours_state.h"
 #include "tests/display/display/colours_kit.h"
 #include "tests/display/drawing/drawing_kit.h"
 

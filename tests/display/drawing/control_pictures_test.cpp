@@ -2,7 +2,7 @@
 #include "tests/display/drawing/icon_kit.h"
 #include "tests/support/controls.h"
 
-#include "drawing/control_pictures.h"
+#include "drawing/control_pictures_state.h"
 
 #include <Xm/XmAll.h>
 

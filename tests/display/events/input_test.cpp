@@ -2,7 +2,7 @@
 #include "tests/display/events/keys_kit.h"
 
 #include "menus/menu_keys_state.h"
-#include "session/loop.h"
+#include "session/loop_state.h"
 
 #include <X11/keysym.h>
 

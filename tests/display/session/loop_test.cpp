@@ -5,7 +5,7 @@
 #include "tests/support/bells.h"
 #include "tests/support/controls.h"
 
-#include "session/loop.h"
+#include "session/loop_state.h"
 
 #include <X11/keysym.h>
 #include <sys/resource.h>

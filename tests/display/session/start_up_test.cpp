@@ -6,7 +6,7 @@
 #include "tests/support/fake_visual.h"
 #include "tests/support/stdout_capture.h"
 
-#include "controls/control_creation.h"
+#include "controls/control_creation_state.h"
 #include "display/context.h"
 #include "registry/window_table.h"
 
