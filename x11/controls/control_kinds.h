@@ -7,7 +7,6 @@
 #include "pure/double_click.h"
 #include "pure/size.h"
 #include "toolkit/args.h"
-#include "toolkit/widgets.h"
 #include "xt_bou_t.h"
 
 namespace grx {

@@ -1,4 +1,5 @@
-// Gives out and frees the numbers of controls, for the application. The picture of a control is freed with its number.
+// Sets the table of controls up and takes it down, for the application, and frees numbers. The picture of a control is
+// freed with its number.
 #include "display/context.h"
 #include "registry/control_table.h"
 #include "xt_bou_f.h"

@@ -9,7 +9,6 @@
 #include "toolkit/compound_string.h"
 #include "toolkit/field_text.h"
 #include "toolkit/look.h"
-#include "toolkit/widgets.h"
 #include "drawing/control_pictures.h"
 #include "controls/control_creation.h"
 #include "controls/control_kinds.h"

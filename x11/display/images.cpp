@@ -4,9 +4,6 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <cstring>
-
-#include "host_t.h"
 #include "xt_ini_t.h"
 
 namespace grx {

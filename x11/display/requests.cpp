@@ -1,5 +1,4 @@
-// Writes requests for bitmaps and cursors straight into the output buffer of the connection. Only the one thread of the
-// application uses the connection.
+// Writes requests for bitmaps and cursors straight into the output buffer of the connection, for the cursors of windows.
 #include "display/requests.h"
 
 #include <X11/Xlib.h>

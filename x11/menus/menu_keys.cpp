@@ -7,7 +7,6 @@
 #include "system/never_destroyed.h"
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
-#include "toolkit/widgets.h"
 #include "events/input.h"
 #include "events/keyboard.h"
 #include "menus/accelerators.h"

@@ -8,7 +8,6 @@
 #include "pure/out.h"
 #include "display/pixmaps.h"
 #include "toolkit/control_parts.h"
-#include "toolkit/widgets.h"
 #include "registry/control_table.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"

@@ -9,7 +9,6 @@
 #include "pure/axis.h"
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
-#include "toolkit/widgets.h"
 #include "registry/window_table.h"
 #include "windows/frame_thickness.h"
 #include "xt_ent_f.h"

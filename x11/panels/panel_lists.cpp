@@ -2,14 +2,12 @@
 #include "panels/panel_lists.h"
 
 #include <X11/StringDefs.h>
-#include <Xm/Form.h>
 #include <Xm/List.h>
 #include <Xm/Xm.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <span>
-#include <utility>
 
 #include "pure/axis.h"
 #include "system/block.h"

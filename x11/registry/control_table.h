@@ -1,4 +1,5 @@
-// The table of controls: widget and record of each number, for all rooms that work on controls.
+// The table of controls: widget and record of each number, and which is the active one, for all rooms that work on
+// controls.
 #pragma once
 
 #include <X11/Intrinsic.h>

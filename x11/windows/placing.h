@@ -2,7 +2,6 @@
 #pragma once
 
 #include "toolkit/args.h"
-#include "toolkit/widgets.h"
 #include "windows/window_build.h"
 #include "xt_fen_t.h"
 

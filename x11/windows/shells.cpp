@@ -13,7 +13,6 @@
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/look.h"
-#include "toolkit/widgets.h"
 #include "registry/window_table.h"
 #include "windows/placing.h"
 #include "windows/window_build.h"
