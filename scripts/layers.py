@@ -2,7 +2,7 @@
 """Who may include and call whom. A room of x11/ knows itself and the rooms before it in ROOMS; inside a room no files
 call each other in a circle. Everything may read inc/ and the headers of host/; pure/, the tools and the default host see
 nothing of X, not even by way of another header; demo/ sees the public headers only. Calls are read from the object
-files of a build: layers.py [BUILD_FOLDER]."""
+files of a build: layers.py [BUILD_FOLDER]. `layers.py --files` prints docs/files.md, what each file says that it is."""
 import collections
 import pathlib
 import re
@@ -159,12 +159,41 @@ def call_complaints(build):
     return [*upward(found), *circles(found)]
 
 
+# ------------------------------------------------------------------------------------------------------ docs/files.md
+
+def first_sentence(path):
+    comment = re.match(r"(//[^\n]*\n)+", path.read_text(encoding="utf-8"))
+    text = re.sub(r"\n?// ?", " ", comment.group(0)).strip() if comment else ""
+    return re.split(r"(?<=[.])\s", text)[0]
+
+
+def file_list():
+    lines = ["# The files of x11/", "",
+             "The first sentence of each, by rooms from the ground up. Written by `scripts/layers.py --files`; the gate `layers`",
+             "keeps it true."]
+    for room in ROOMS:
+        lines += ["", f"## {room}/", "", "| file | what it is |", "|---|---|"]
+        for stem in sorted({path.stem for path in (ROOT / "x11" / room).iterdir()}):
+            found = [(ROOT / "x11" / room / (stem + ending)) for ending in (".cpp", ".h")]
+            lines.append(f"| `{stem}` | {first_sentence(next(path for path in found if path.is_file()))} |")
+    return "\n".join(lines) + "\n"
+
+
+def list_complaints():
+    kept = ROOT / "docs/files.md"
+    if not kept.is_file() or kept.read_text(encoding="utf-8") != file_list():
+        yield "docs/files.md is not what the files say: scripts/layers.py --files > docs/files.md"
+
+
 def main():
+    if sys.argv[1:] == ["--files"]:
+        print(file_list(), end="")
+        return 0
     build = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ROOT / "build/default").resolve()
     files = [path for folder in ("inc", "host", "x11", "tools", "demo")
              for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".c", ".cpp")]
     found = [line for path in files if place(path) for line in include_complaints(path)]
-    found += name_complaints(files) + call_complaints(build)
+    found += [*name_complaints(files), *call_complaints(build), *list_complaints()]
     print("\n".join(found), end="\n" if found else "")
     return 1 if found else 0
 

@@ -7,7 +7,7 @@
 #include "pure/axis.h"
 #include "pure/keys.h"
 #include "display/screen.h"
-#include "events/keyboard.h"
+#include "events/layout_groups.h"
 #include "xt_ent_f.h"
 #include "xt_ini_f.h"
 

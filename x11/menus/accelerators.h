@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "system/block.h"
-#include "events/keyboard.h"
+#include "events/layout_groups.h"
 
 namespace grx {
 

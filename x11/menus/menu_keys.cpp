@@ -8,7 +8,7 @@
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "events/input.h"
-#include "events/keyboard.h"
+#include "events/layout_groups.h"
 #include "menus/accelerators.h"
 #include "menus/forwarded_keys.h"
 #include "menus/menu_keys_state.h"

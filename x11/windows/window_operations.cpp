@@ -1,4 +1,4 @@
-// Shows, hides, destroys, resizes, moves and names windows for the application, by their numbers.
+// Shows, hides, destroys, resizes and moves windows and changes the text of their title, for the application, by number.
 #include <X11/Intrinsic.h>
 #include <X11/Shell.h>
 #include <Xm/Text.h>

@@ -1,5 +1,5 @@
 // Tells which key an event means when locks are on or another keyboard layout is in force, for the keys of menus.
-#include "events/keyboard.h"
+#include "events/layout_groups.h"
 
 #include <X11/Intrinsic.h>
 #include <X11/XKBlib.h>
