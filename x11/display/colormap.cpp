@@ -1,4 +1,5 @@
-// Allocates the colours of the palettes in the colormap of the screen, for the start of the library.
+// Allocates the colours of the palettes in the colormap of the screen, for the start of the library, and makes do with
+// fewer when the cells run out.
 #include <X11/Xlib.h>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Colour, style and width of what is drawn, for all primitives. They are sent to the drawing context only when they
-// change.
+// Colour, width and style of what is drawn, dash patterns included, for all primitives. They are sent to the drawing
+// context only when they change.
 #include "drawing/attributes.h"
 
 #include <X11/Xlib.h>

@@ -1,5 +1,5 @@
-// Sends pictures to the server and reads them from it. Shared memory is used when the server offers it and the picture
-// is large enough to gain by it, plain requests otherwise.
+// Sends pictures to the server and reads them from it, in shared memory where the server offers it and the picture is
+// large enough to gain by it, by plain requests otherwise.
 #include "drawing/transfer.h"
 
 #include <X11/Xlib.h>

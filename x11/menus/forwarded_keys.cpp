@@ -1,4 +1,4 @@
-// Key presses that were sent on to the main window: the menu keys know them when they come back.
+// Remembers key presses that were sent on to the main window, so that the menu keys drop them when they come back.
 #include "menus/forwarded_keys.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The keys of the menu bar: those typed in the main window, and those that other windows forward to it.
+// Decides what the menus do with a key: of the main window, of another window, or one that was forwarded and comes back.
 #include "menus/menu_keys.h"
 
 #include <Xm/Separator.h>

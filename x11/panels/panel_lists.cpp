@@ -1,4 +1,4 @@
-// Lists in panels, filled from the application's tables.
+// Lists in panels: filled from the application's tables, and the choices that the user makes in them.
 #include "panels/panel_lists.h"
 
 #include <X11/StringDefs.h>

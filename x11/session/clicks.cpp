@@ -1,4 +1,4 @@
-// Tells the application whether a click becomes a double click, by time and distance.
+// The double-click detector of the application: whether a click becomes a double click, by time and distance.
 #include <cstdint>
 #include <sys/time.h>
 

@@ -1,5 +1,5 @@
-// The digitizing loop, which the application calls again and again: each call handles one event of the toolkit and
-// gives one record to the application.
+// The digitizing loop, which the application calls again and again, and its other ways of waiting for events: each call
+// handles events of the toolkit and gives one record.
 #include <X11/Intrinsic.h>
 
 #include "display/pixmaps.h"

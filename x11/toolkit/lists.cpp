@@ -1,4 +1,4 @@
-// Scrolled lists: their look, their callbacks and what is selected in them, for dialogs and panels.
+// The look and the filling of scrolled lists, as dialogs and panels make them.
 #include "toolkit/lists.h"
 
 #include <Xm/ListP.h>

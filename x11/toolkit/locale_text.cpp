@@ -1,4 +1,4 @@
-// Texts between the application's encoding and that of the locale, in which the toolkit reads them.
+// Turns texts from the encoding of the application, Latin-1 or UTF-8, into that of the locale for the toolkit, and back.
 #include "toolkit/locale_text.h"
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// The pointer shapes that the application gives to windows.
+// The pointer shapes that the application gives to windows and colours.
 #include <X11/Intrinsic.h>
 #include <X11/cursorfont.h>
 
