@@ -158,8 +158,8 @@ Widget make_filter(Widget menu, Filter& filter) {
     return button;
 }
 
-// A single filter leaves nothing to choose. It is made insensitive last: an option menu that is made with an insensitive
-// choice does not show it.
+// A single filter leaves nothing to choose. It is made insensitive last: an option menu that is made with an
+// insensitive choice does not show it.
 void make_filters(Widget row, std::size_t count) {
     Widget menu = count > 0 ? grx::make_pulldown(row, "PullMenu") : nullptr;
     if (menu == nullptr) return;

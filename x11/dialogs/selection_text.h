@@ -1,4 +1,5 @@
-// A text that another program has selected or put on the clipboard: asked for, and waited for without holding anything up.
+// A text that another program has selected or put on the clipboard: asked for, and waited for without holding anything
+// up.
 #pragma once
 
 #include <X11/Intrinsic.h>
@@ -9,8 +10,8 @@
 
 namespace grx {
 
-/// One request at a time: a new one, or a second without an answer, ends the one before. A widget that is never destroyed
-/// asks: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
+/// One request at a time: a new one, or a second without an answer, ends the one before. A widget that is never
+/// destroyed asks: the toolkit uses it for seconds when the owner does not answer, and would not notice its end.
 class SelectionText {
   public:
     using Formats = std::array<const char*, 2>; // in the order in which they are asked for

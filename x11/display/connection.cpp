@@ -1,5 +1,5 @@
-// Opens the connection to the X server, for the start of the library, and catches its errors: protocol errors do no harm.
-// The globals here describe the connection to all other rooms.
+// Opens the connection to the X server, for the start of the library, and catches its errors: protocol errors do no
+// harm. The globals here describe the connection to all other rooms.
 #include "display/connection.h"
 
 #include <X11/Intrinsic.h>

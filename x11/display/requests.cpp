@@ -1,4 +1,5 @@
-// Writes requests for bitmaps and cursors straight into the output buffer of the connection, for the cursors of windows.
+// Writes requests for bitmaps and cursors straight into the output buffer of the connection, for the cursors of
+// windows.
 #include "display/requests.h"
 
 #include <X11/Xlib.h>

@@ -1,4 +1,5 @@
-// Functions of the application for the server as a whole: its bell, the requests waiting to be sent, its two fixed colours.
+// Functions of the application for the server as a whole: its bell, the requests waiting to be sent, its two fixed
+// colours.
 #include <X11/Xlib.h>
 
 #include "xt_gfx_f.h"

@@ -1,7 +1,7 @@
 // Draws runs of small primitives quickly. Xlib joins consecutive points, segments, rectangles and filled shapes of one
 // context and drawable into one request, but needs a lock and a function call for each. Here a primitive that can join
-// the request still in the buffer is written there directly. Any other goes through Xlib, which begins a new request. No
-// lock is needed: only the one thread of the application uses the connection.
+// the request still in the buffer is written there directly. Any other goes through Xlib, which begins a new request.
+// No lock is needed: only the one thread of the application uses the connection.
 #pragma once
 
 #include <X11/Xlib.h>

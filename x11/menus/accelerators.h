@@ -1,6 +1,6 @@
-// Keys that stand for menu entries. The toolkit registers nothing for an accelerator text that ends in a colon, as these
-// do: the library grabs the keys itself, with and without CapsLock and NumLock, wherever a layout group has them, and
-// matches them.
+// Keys that stand for menu entries. The toolkit registers nothing for an accelerator text that ends in a colon, as
+// these do: the library grabs the keys itself, with and without CapsLock and NumLock, wherever a layout group has
+// them, and matches them.
 #pragma once
 
 #include <X11/Intrinsic.h>

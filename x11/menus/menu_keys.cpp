@@ -1,4 +1,5 @@
-// Decides what the menus do with a key: of the main window, of another window, or one that was forwarded and comes back.
+// Decides what the menus do with a key: of the main window, of another window, or one that was forwarded and comes
+// back.
 #include "menus/menu_keys.h"
 
 #include <Xm/Separator.h>
@@ -70,8 +71,8 @@ KeyCode known_key(Widget cascade) {
 
 // -- opening and choosing
 
-// Sends the toolkit the press and the release of the key that it knows, because its menus open at the release. The user's
-// own release, which would close the menu, is then swallowed.
+// Sends the toolkit the press and the release of the key that it knows, because its menus open at the release. The
+// user's own release, which would close the menu, is then swallowed.
 void open_menu(Widget cascade, const XEvent& event) {
     XEvent known = event;
     known.xkey.window = grx::window_of(grx::top_manager());
@@ -137,7 +138,8 @@ void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
 
 // -- in the place of the toolkit's dispatchers
 
-// Turns a key typed into an open menu into the one that the toolkit knows: that of the letter in the first layout group.
+// Turns a key typed into an open menu into the one that the toolkit knows: that of the letter in the first layout
+// group.
 void follow_group(XKeyEvent& event) {
     if (!grx::has_open_menu(grx::menu_bar())) return;
     XKeyEvent key = event;

@@ -24,7 +24,8 @@ constexpr INT kSeparatorTop = 2; // below the line of text
 constexpr INT kSeparatorWidth = 4000;
 constexpr INT kSeparatorHeight = 2;
 
-// A control of the strip that the application does not know: its number goes with its widget, and may be another's then.
+// A control of the strip that the application does not know: its number goes with its widget, and may be another's
+// then.
 class OwnControl {
   public:
     OwnControl() = default;

@@ -93,8 +93,8 @@ bool create_window(PANEL& panel) {
 
 // -- where the user leaves it
 
-// Where the window's frame stood when it came up, and the saved place that it came up for: later places are saved by how
-// far they are from there.
+// Where the window's frame stood when it came up, and the saved place that it came up for: later places are saved by
+// how far they are from there.
 struct Reference {
     bool known = false;
     INT x = 0, low = 0;           // left edge, and lower edge from the bottom of the screen

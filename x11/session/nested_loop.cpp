@@ -1,5 +1,5 @@
-// The loop in which a dialog waits for its answer. It remembers the windows that ended meanwhile, so that the digitizing
-// loop tells the application later.
+// The loop in which a dialog waits for its answer. It remembers the windows that ended meanwhile, so that the
+// digitizing loop tells the application later.
 #include "session/nested_loop.h"
 
 #include <cstddef>

@@ -1,4 +1,5 @@
-// The printer, which there is none of: it answers as one with a page of one unit by one, and drawing on it does nothing.
+// The printer, which there is none of: it answers as one with a page of one unit by one, and drawing on it does
+// nothing.
 #include "pure/out.h"
 #include "host_g.h"
 #include "grx_api.h"

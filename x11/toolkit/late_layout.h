@@ -17,8 +17,8 @@ Widget create_bulletin_board(Widget parent, const char* name, Args& args);
 
 bool is_form(Widget container);
 
-/// Changes what a widget asks of its container. A form would be laid out for each request: it is asked for nothing while
-/// the widget is not managed.
+/// Changes what a widget asks of its container. A form would be laid out for each request: it is asked for nothing
+/// while the widget is not managed.
 template <class Change>
 void change_unasked(Widget w, Change change) {
     const bool in_form = is_form(XtParent(w));

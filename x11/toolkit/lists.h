@@ -52,8 +52,8 @@ void add_list_callbacks(Widget list, const ListCallbacks& callbacks, XtPointer c
 
 void remove_list_callbacks(Widget list, const ListCallbacks& callbacks, XtPointer client);
 
-/// Turns the selection of entries round, by their positions from 0, without callbacks: one named twice is as before. All
-/// at once: the toolkit would look through the whole list for each alone.
+/// Turns the selection of entries round, by their positions from 0, without callbacks: one named twice is as before.
+/// All at once: the toolkit would look through the whole list for each alone.
 void select_several(Widget list, std::span<const INT> positions);
 
 int selected_count(Widget list);

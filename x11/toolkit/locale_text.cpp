@@ -1,4 +1,5 @@
-// Turns texts from the encoding of the application, Latin-1 or UTF-8, into that of the locale for the toolkit, and back.
+// Turns texts from the encoding of the application, Latin-1 or UTF-8, into that of the locale for the toolkit, and
+// back.
 #include "toolkit/locale_text.h"
 
 #include <cstdlib>

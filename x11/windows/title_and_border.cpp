@@ -1,4 +1,5 @@
-// Takes the title bar and the border of a window away and gives them back while the window is there, for the application.
+// Takes the title bar and the border of a window away and gives them back while the window is there, for the
+// application.
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
 

@@ -1,4 +1,5 @@
-// Shows, hides, destroys, resizes and moves windows and changes the text of their title, for the application, by number.
+// Shows, hides, destroys, resizes and moves windows and changes the text of their title, for the application, by
+// number.
 #include <X11/Intrinsic.h>
 #include <X11/Shell.h>
 #include <Xm/Text.h>
