@@ -8,6 +8,7 @@
 namespace grx {
 
 extern GRX_ATTRIBUTS_TRACER memo_attrib; // attributes last applied to g_c
+// Where windows and buttons are drawn: whether in memory, into which picture then, and the target chosen last.
 extern INT grx_trace_memoire, grx_trace_memoire_bouton;
 extern Pixmap *image_redess, *image_redess_bouton;
 extern Drawable win_bidon, win_bidon_bouton;
@@ -26,7 +27,8 @@ void colours_changed();
 /// Ends drawing in memory when this picture is its target, because the picture goes.
 void forget_drawing_target(const Pixmap* image);
 
-/// Makes the drawing context as grx_init_gc does, and frees it when the shell is destroyed.
+/// Makes the drawing context as grx_init_gc does. It is freed when the shell is destroyed, or later if it is still in
+/// use then.
 void give_context(Widget shell);
 
 } // namespace grx

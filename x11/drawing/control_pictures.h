@@ -14,8 +14,7 @@ Pixmap install_label_icon(char* nom_fic);
 /// There is no such picture from now on.
 void forget_label_icon();
 
-/// The picture of a bitmap file, which the caller frees. None when the file cannot be read. It can be shown on
-/// drawables of the depth of `like`.
+/// The picture of a bitmap file on the screen of `like`, which the caller frees. None when the file cannot be read.
 Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like);
 
 /// Notes that labels of other controls show this control's picture: they lose it when it is freed.

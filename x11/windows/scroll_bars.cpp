@@ -1,4 +1,4 @@
-// The scroll bars of windows: the application reads and sets their values and increments here.
+// The scroll bars of windows: the application reads and sets their size, values and increments here.
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
 
