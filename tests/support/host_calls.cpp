@@ -3,23 +3,34 @@
 #include "host_f.h"
 #include "standalone/host_prive.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <string>
 #include <utility>
 
 namespace {
-grxtest::TextFiles* noting = nullptr;
-}
+grxtest::TextFiles* files = nullptr;
+grxtest::LongestPath* path = nullptr;
+} // namespace
 
 namespace grxtest {
 
 std::optional<std::map<INT, std::string>> host_messages;
 
 TextFiles::TextFiles(std::string content_of_all) : content(std::move(content_of_all)) {
-    noting = this;
+    files = this;
 }
 
 TextFiles::~TextFiles() {
-    noting = nullptr;
+    files = nullptr;
+}
+
+LongestPath::LongestPath() {
+    path = this;
+}
+
+LongestPath::~LongestPath() {
+    path = nullptr;
 }
 
 } // namespace grxtest
@@ -37,8 +48,14 @@ extern "C" INT litmess(INT number, char* text) {
 }
 
 extern "C" INT ftext_open(FILE** file, char* adr, char* name, INT mode) {
-    if (noting) noting->modes.push_back(mode);
-    *file = noting && !noting->content.empty() ? fmemopen(noting->content.data(), noting->content.size(), "r")
-                                               : grx_host::open_text(adr, name, mode);
+    if (files) files->modes.push_back(mode);
+    *file = files && !files->content.empty() ? fmemopen(files->content.data(), files->content.size(), "r")
+                                             : grx_host::open_text(adr, name, mode);
     return *file ? grx_host::done : grx_host::failed;
+}
+
+extern "C" INT compose_adresse_fichier(char* adr, char* nom, char* resultat) {
+    const std::string directory(grx_host::view(adr)), name(grx_host::view(nom)); // resultat may be adr
+    if (path) path->bytes = std::max(path->bytes, directory.size() + 1 + name.size() + 1);
+    return resultat && grx_host::join(directory, name, resultat) ? grx_host::done : grx_host::failed;
 }

@@ -1,9 +1,10 @@
-// What the library asks of the application's messages and text files, whose functions the test program stands in front
-// of. Unless a test asks for something else they do what the default host's do.
+// What the library asks of the application's messages, text files and file names, whose functions the test program
+// stands in front of. Unless a test asks for something else they do what the default host's do.
 #pragma once
 
 #include "host_t.h"
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -25,6 +26,18 @@ class TextFiles {
 
     std::vector<INT> modes;
     std::string content;
+};
+
+// The most bytes that a service which trusts its caller would have written as a path since the construction of the
+// object. There is one at a time.
+class LongestPath {
+  public:
+    LongestPath();
+    ~LongestPath();
+    LongestPath(const LongestPath&) = delete;
+    LongestPath& operator=(const LongestPath&) = delete;
+
+    std::size_t bytes = 0;
 };
 
 } // namespace grxtest

@@ -2,7 +2,7 @@
 // texts, null pointers, and every callback called with nothing.
 #include "tests/display/dialogs/dialog_kit.h"
 
-#include "tests/support/host_file_calls.h"
+#include "tests/support/host_calls.h"
 
 #include <climits>
 #include <cstring>
