@@ -32,6 +32,8 @@ INT* old_hau = nullptr;
 INT* largeur_fen = nullptr;
 INT* hauteur_fen = nullptr;
 INT p_objet = 0;
+INT no_fen_principale = GRX_AUCUN;
+INT nofen_active = GRX_AUCUN;
 
 constexpr std::size_t kGeometryText = 32;
 
@@ -83,9 +85,6 @@ void release_saved_picture(INT nofen) {
     grx::free_pixmap(slot.image);
     slot = GRX_SAUVE_ZONE{};
 }
-
-INT no_fen_principale = GRX_AUCUN;
-INT nofen_active = GRX_AUCUN;
 
 void give_size(Widget w, INT* largeur, INT* hauteur) {
     if (w == nullptr) return;

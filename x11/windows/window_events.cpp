@@ -27,12 +27,12 @@
 
 namespace {
 
+INT memo_bouton = 0; // the mouse button that is held, 0 when none is
+
 void absorb_exposures(Window window) {
     XEvent event;
     while (XCheckWindowEvent(x11_disp, window, ExposureMask, &event)) XtDispatchEvent(&event);
 }
-
-INT memo_bouton = 0; // the mouse button that is held, 0 when none is
 
 INT height_of_work(const STRUCTURE_FENETRE& window) {
     return grx::height_of(grx_recup_objet_fen(window.nofen));
