@@ -101,6 +101,36 @@ TEST_F(MenuTest, EmptyZoneAndMissingMarkerGiveAnEmptyBar) {
     }
 }
 
+// What the application reads of a menu file of its own, line by line: the depth after an opening brace.
+INT depth_after_brace() {
+    char marker[] = "#:ZONE_MENU_BAR", brace[] = "{";
+    LI_MENU line{};
+    INT depth = 0;
+    EXPECT_EQ(decode_ligne_ressource_menu(marker, brace, &line, &depth), 0);
+    return depth;
+}
+
+void begin_zone() {
+    char marker[] = "#:ZONE_MENU_BAR";
+    LI_MENU line{};
+    INT depth = 0;
+    EXPECT_EQ(decode_ligne_ressource_menu(marker, marker, &line, &depth), 0);
+}
+
+TEST_F(MenuTest, AFileOfTheApplicationGoesOnWhereNoBarIsBuilt) {
+    write_menu(example_menu);
+    begin_zone();
+    EXPECT_EQ(grx_cree_menu_bar(nullptr), 0);
+    EXPECT_EQ(depth_after_brace(), 1);
+}
+
+TEST_F(MenuTest, ABarThatIsBuiltEndsTheZoneOfTheApplicationsFile) {
+    begin_zone();
+    main_window(example_menu);
+    EXPECT_EQ(shown_bar(), example_menu_shown);
+    EXPECT_EQ(depth_after_brace(), 0);
+}
+
 TEST_F(MenuTest, MissingFileIsError2AndNoBar) {
     StdoutCapture capture;
     const INT window = main_window();
