@@ -33,11 +33,13 @@ std::string titre_pour(const std::string& nom) {
 std::optional<INT> fonction_de(INT carac) {
     constexpr INT kDebut = 0xFF50;
     switch (carac) {
-    case 'f':
+    case 'f': // CapsLock may be on
+    case 'F':
     case kDebut: return kFonctionToutVoir;
     case '+': return kFonctionAgrandir;
     case '-': return kFonctionReduire;
-    case 'q': return kFonctionQuitter;
+    case 'q':
+    case 'Q': return kFonctionQuitter;
     default: return std::nullopt;
     }
 }
