@@ -53,6 +53,22 @@ function(grx_library_options target)
     VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
+# grx_version_script(FILE VERSION...): a linker script of the symbol versions in cmake/symbols, oldest first; each holds
+# the names of its file.
+function(grx_version_script file)
+  set(before "")
+  set(script "")
+  foreach(version IN LISTS ARGN)
+    set(list "${PROJECT_SOURCE_DIR}/cmake/symbols/${version}.txt")
+    set_property(DIRECTORY "${PROJECT_SOURCE_DIR}" APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${list}")
+    file(STRINGS "${list}" names)
+    list(JOIN names ";\n    " body)
+    string(APPEND script "${version} {\n  global:\n    ${body};\n}${before};\n")
+    set(before " ${version}")
+  endforeach()
+  file(CONFIGURE OUTPUT "${file}" CONTENT "${script}" @ONLY)
+endfunction()
+
 # grx_library(NAME OBJECTS target [PUBLIC library...] [PRIVATE library...]): lib<NAME>.so and lib<NAME>.a of the
 # same objects. PUBLIC names what the public headers show.
 # Symbols of the host stay undefined in the shared library: the application brings them.

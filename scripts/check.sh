@@ -18,7 +18,6 @@ gate_shell() {
 }
 
 gate_exports() {
-    [ -f scripts/exports.py ] || return 0
     build default && python3 scripts/exports.py --check build/default/libgrx.so
 }
 

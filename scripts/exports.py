@@ -2,10 +2,11 @@
 """Compares what the public headers promise with what the shared library exports and imports.
 
 exports.py --check LIB [--host HOSTLIB]   say what is wrong; status 1 when anything is
-exports.py --update                       rewrite tests/abi/exports.txt
+exports.py --update                       rewrite the lists of cmake/symbols
 
-Every name marked GRX_API in inc/ must be exported, and nothing else.  exports.txt: these names,
-sorted.  Imported names that no linked library brings must be the host's, declared in host/host_f.h
+Every name marked GRX_API in inc/ must be exported, and nothing else, under the symbol version of its
+header: GRX_1.1 for the additions of grx_plus*.h, GRX_1.0 for the contract.  cmake/symbols has a sorted
+list for each.  Imported names that no linked library brings must be the host's, declared in host/host_f.h
 and host/host_g.h.
 """
 import argparse
@@ -15,7 +16,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-EXPORTS = ROOT / "tests" / "abi" / "exports.txt"
+SYMBOLS = ROOT / "cmake" / "symbols"
 
 
 def run(*command):
@@ -44,7 +45,15 @@ def names_in(paths, *marks):
 
 
 def public_names():
-    return names_in((ROOT / "inc").glob("*.h"), "GRX_API")
+    """The names of the public headers with their symbol versions, as name@version."""
+    headers = set((ROOT / "inc").glob("*.h"))
+    additions = set((ROOT / "inc").glob("grx_plus*.h"))
+    places = {"GRX_1.0": headers - additions, "GRX_1.1": additions}
+    return {version: names_in(paths, "GRX_API") for version, paths in places.items()}
+
+
+def versioned(lists):
+    return {f"{name}@{version}" for version, names in lists.items() for name in names}
 
 
 def host_names():
@@ -52,10 +61,10 @@ def host_names():
 
 
 def defined_names(library):
-    """Dynamic symbols that a library defines, without its version's and the linker's own."""
+    """Dynamic symbols that a library defines, as name@version, without the versions' own and the linker's."""
     lines = [line.split() for line in run("nm", "-D", "--defined-only", library).splitlines()]
     linker = {"_init", "_fini", "_edata", "_end", "__bss_start"}
-    return sorted({fields[-1].split("@")[0] for fields in lines if fields[-2] != "A"} - linker)
+    return {fields[-1].replace("@@", "@") for fields in lines if fields[-2] != "A"} - linker
 
 
 def unresolved_names(library):
@@ -70,26 +79,29 @@ def read_list(path):
 
 def findings(library, host):
     """Pairs of a complaint and the names that it is about."""
-    public, exported, listed = set(public_names()), set(defined_names(library)), set(read_list(EXPORTS))
+    public = versioned(public_names())
+    exported = defined_names(library)
+    listed = versioned({version: read_list(SYMBOLS / f"{version}.txt") for version in public_names()})
     yield "exported, but not declared in inc/", exported - public
     yield "declared in inc/, but not exported", public - exported
-    yield "declared in inc/, but not in exports.txt", public - listed
-    yield "in exports.txt, but no longer declared in inc/", listed - public
+    yield "declared in inc/, but not in cmake/symbols", public - listed
+    yield "in cmake/symbols, but no longer declared in inc/", listed - public
     yield "imported, but neither the host's nor of a linked library", set(unresolved_names(library)) - set(host_names())
     if host:
-        yield "service or global of the host that it does not define", set(host_names()) - set(defined_names(host))
+        yield "service or global of the host that it does not define", set(host_names()) - defined_names(host)
 
 
 def check(library, host):
     wrong = [(complaint, sorted(names)) for complaint, names in findings(library, host) if names]
     for complaint, names in wrong:
         print(f"{complaint}:", *(f"  {name}" for name in names), sep="\n")
-    print(f"{len(public_names())} public names, {len(wrong)} complaints")
+    print(f"{len(versioned(public_names()))} public names, {len(wrong)} complaints")
     return 1 if wrong else 0
 
 
 def update():
-    EXPORTS.write_text("".join(name + "\n" for name in public_names()), encoding="utf-8")
+    for version, names in public_names().items():
+        (SYMBOLS / f"{version}.txt").write_text("".join(name + "\n" for name in names), encoding="utf-8")
     return 0
 
 

@@ -1,5 +1,6 @@
 #!/bin/bash
-# headers.sh <repo root>: each public header compiles alone, as C11 and as C++20, without a warning.
+# headers.sh <repo root>: each public header compiles alone, as C11 and as C++20, without a warning; grx_plus.h gathers the
+# additions, which know nothing of X.
 set -u
 root=${1:?usage: headers.sh <repo root>}
 warnings=(-Wall -Wextra -Wpedantic -Wconversion -Werror)
@@ -20,6 +21,19 @@ for path in "$root"/inc/*.h "$root"/host/*.h; do
     compile "${path##*/}" c c11 "${CC:-cc}"
     compile "${path##*/}" c++ c++20 "${CXX:-c++}"
     count=$((count + 1))
+done
+
+# The additions name nothing of X, not even by way of another header.
+if printf '#include "grx_plus.h"\n' | "${CC:-cc}" -x c -std=c11 -I"$root/inc" -I"$root/host" -M - | grep -E '/(X11|Xm)/'; then
+    echo "FAILED: grx_plus.h leads to a header of X"
+    failed=$((failed + 1))
+fi
+# A header that grx_plus.h forgets is not gathered.
+for path in "$root"/inc/grx_plus_*.h; do
+    grep -q "\"${path##*/}\"" "$root/inc/grx_plus.h" || {
+        echo "FAILED: grx_plus.h does not include ${path##*/}"
+        failed=$((failed + 1))
+    }
 done
 
 if [ "$count" -eq 0 ]; then

@@ -6,6 +6,7 @@
 
 #include <X11/Xlib.h>
 
+#include "grx_plus.h"
 #include "host_f.h"
 #include "host_g.h"
 #include "xt_f.h"
@@ -32,6 +33,15 @@ RECORD(CH40, 40);
 RECORD(CH80, 80);
 _Static_assert((INT)-1 < 0 && (INT2)-1 < 0 && (LONG)-1 < 0, "signed integers");
 _Static_assert((UNSIGNED_INT)-1 > 0 && (UNSIGNED_INT4)-1 > 0, "unsigned integers");
+
+/* The additions' records: they may grow at their end. */
+RECORD(GRX_DETAIL_EVENEMENT, 32);
+FIELD(GRX_DETAIL_EVENEMENT, taille, 0);
+FIELD(GRX_DETAIL_EVENEMENT, type_evenement, 4);
+FIELD(GRX_DETAIL_EVENEMENT, x, 8);
+FIELD(GRX_DETAIL_EVENEMENT, y, 12);
+FIELD(GRX_DETAIL_EVENEMENT, reel, 16);
+FIELD(GRX_DETAIL_EVENEMENT, nb_textes, 24);
 
 RECORD(GRX_BOUTON, 320);
 FIELD(GRX_BOUTON, nobou, 0);

@@ -4,6 +4,7 @@
 
 #include "display/pixmaps.h"
 #include "toolkit/late_layout.h"
+#include "events/added_records.h"
 #include "events/queue.h"
 #include "events/record.h"
 #include "registry/window_table.h"
@@ -23,14 +24,23 @@ INT fenetre_a_digitaliser = GRX_AUCUN;
 
 constexpr DOUBLE kCreationWait = 1.0; // seconds
 
-INT deliver(GRX_EVENEMENT* evt) {
-    if (evt != nullptr) *evt = evt_global;
-    return evt_global.type_evenement != GRX_EVT_AUCUN ? 1 : 0;
-}
-
 INT deliver_nothing(GRX_EVENEMENT* evt) {
     if (evt != nullptr) evt->type_evenement = GRX_EVT_AUCUN;
     return 0;
+}
+
+// The first of the additions' records. The pending record of the contract stays empty.
+INT deliver_added(GRX_EVENEMENT* evt) {
+    GRX_EVENEMENT record;
+    if (!grx::take_added(record)) return deliver_nothing(evt);
+    if (evt != nullptr) *evt = record;
+    return 1;
+}
+
+INT deliver(GRX_EVENEMENT* evt) {
+    if (evt_global.type_evenement == GRX_EVT_AUCUN && grx::added_waiting()) return deliver_added(evt);
+    if (evt != nullptr) *evt = evt_global;
+    return evt_global.type_evenement != GRX_EVT_AUCUN ? 1 : 0;
 }
 
 // The number of the 3-D renderer's window that this request closes, GRX_AUCUN for other windows. The application closes
@@ -71,7 +81,7 @@ using Handling = INT (*)(XEvent&, GRX_EVENEMENT*);
 // For an empty queue: a timer that is due may still post something.
 INT poll_timers(GRX_EVENEMENT* evt) {
     grx::run_due_timers();
-    return evt_global.type_evenement != GRX_EVT_AUCUN ? deliver(evt) : deliver_nothing(evt);
+    return evt_global.type_evenement != GRX_EVT_AUCUN || grx::added_waiting() ? deliver(evt) : deliver_nothing(evt);
 }
 
 // Posts the end of a window that happened while a dialog had the loop. False when there is none.
@@ -86,7 +96,9 @@ INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
     grx::lay_out_pending();
     grx_init_evenement(&evt_global);
+    grx::forget_delivered_detail();
     if (post_untold_end()) return deliver(evt);
+    if (grx::added_waiting()) return deliver_added(evt);
     if (attente == 0 && grx::queue_empty()) return poll_timers(evt);
     XEvent event;
     XtAppNextEvent(contexte, &event);
