@@ -8,6 +8,7 @@
 #include <new>
 #include <utility>
 
+#include "grx_plus_erreurs.h"
 #include "pure/sized_record.h"
 #include "system/shut_down.h"
 #include "xt_ini_t.h"
