@@ -8,7 +8,10 @@
 
 #include "controles.h"
 #include "fonctions.h"
+#include "grx_plus.h"
+#include "icone.h"
 #include "palette.h"
+#include "secours.h"
 #include "texte.h"
 #include "xt_f.h"
 
@@ -21,6 +24,33 @@ Taille taille_pour_ecran(Taille voulue) {
     constexpr double kPart = 0.86;
     if (voulue.largeur > 0) return voulue;
     return {static_cast<int>(grx_recup_lar_ecran() * kPart), static_cast<int>(grx_recup_hau_ecran() * kPart)};
+}
+
+constexpr const char* kAideGenerale = "Roulette : agrandir ou r\351duire\nBouton du milieu : d\351placer\n"
+                                      "Bouton gauche : zoom sur un rectangle\nBouton droit : menu";
+
+// What entries of the menus are for; the strip shows it while they are highlighted.
+struct AideMenu {
+    INT fonction;
+    const char* texte;
+};
+constexpr AideMenu kAidesMenu[]{{kFonctionOuvrir, "Montre un autre plan"},
+    {kFonctionImage, "\311crit ce qui est vu dans un fichier BMP"},
+    {kFonctionPieces, "Ouvre la nomenclature dans l'\351diteur"},
+    {kFonctionCopierPieces, "Copie la nomenclature dans le presse-papiers"},
+    {kFonctionTracer, "Envoie ce qui est vu au traceur"}, {kFonctionNote, "Pose une note au milieu de la feuille"},
+    {kFonctionNoteIci, "Pose une note \340 cet endroit"},
+    {kFonctionNotesEnregistrer, "\311crit les notes \340 c\364t\351 du plan"}, {kFonctionQuitter, "Ferme le plan"}};
+
+// Who the program is, for window managers; and what its menus tell.
+void presente() {
+    GRX_IDENTITE identite;
+    grx_init_identite(&identite);
+    identite.nom = "atelier";
+    identite.classe = "Atelier";
+    grx_affecte_identite(&identite);
+    pose_icone();
+    for (const AideMenu& aide : kAidesMenu) grx_affecte_aide_menu(aide.fonction, aide.texte);
 }
 
 // Titles are short: a long name leaves room for what follows it.
@@ -44,12 +74,16 @@ std::optional<INT> fonction_de(INT carac) {
     }
 }
 
-// The function that an event asks for. An entry of the menu comes as a press of the main window that names a function;
-// nobou is that of an older event.
-std::optional<INT> fonction_de(const GRX_EVENEMENT& e, INT principale) {
+// An entry of a menu comes as a press of the window that the menu belongs to, which names a function.
+bool est_choix_de_menu(const GRX_EVENEMENT& e) {
+    return e.type_evenement == GRX_EVT_BOUTON_APPUI && e.bouton_appui.nobou < 0 && e.bouton_appui.no_fo >= 0;
+}
+
+// The function that an event asks for.
+std::optional<INT> fonction_de(const GRX_EVENEMENT& e) {
     const GRX_BOUTON_APPUI& b = e.bouton_appui;
     switch (e.type_evenement) {
-    case GRX_EVT_BOUTON_APPUI: return b.nofen == principale && b.no_fo >= 0 ? std::optional(b.no_fo) : std::nullopt;
+    case GRX_EVT_BOUTON_APPUI: return est_choix_de_menu(e) ? std::optional(b.no_fo) : std::nullopt;
     case GRX_EVT_CARAC_APPUI: return fonction_de(e.carac_appui.carac);
     case GRX_EVT_EXEC_FONCTION:
     case GRX_EVT_ECHELLE: return e.exec_fonction.no_fo;
@@ -61,7 +95,8 @@ std::optional<INT> fonction_de(const GRX_EVENEMENT& e, INT principale) {
 
 Atelier::Atelier(Dessin dessin, const std::filesystem::path& chemin, std::string icones, Panneaux& panneaux)
     : plan_(std::move(dessin), chemin), feuille_(plan_), outils_(plan_), annexes_(plan_, panneaux),
-      fichiers_(plan_, [this] { return reprend(); }), icones_(std::move(icones)) {}
+      fichiers_(plan_, [this] { return reprend(); }), carnet_(plan_, [this] { return reprend(); }),
+      icones_(std::move(icones)) {}
 
 // --- start and end ------------------------------------------------------------------------------------------------
 
@@ -69,6 +104,7 @@ bool Atelier::ouvre(Taille taille) {
     if (grx_alloue_base_fenetres() != 0 || grx_alloue_base_boutons() != 0) return false;
     grx_initialise_globales();
     pose_reserve();
+    presente();
     if (grx_init_application() == 0) {
         std::fputs("atelier: pas d'ecran utilisable (variable DISPLAY)\n", stderr);
         return false;
@@ -80,6 +116,9 @@ bool Atelier::ouvre(Taille taille) {
     }
     plan_.prend_couleurs();
     annexes_.prepare();
+    prepare_secours(plan_, [this] { return annexes_.critere(); });
+    grx_affecte_demande_aide(GRX_AIDE_TOUCHE | GRX_AIDE_MENU);
+    grx_affecte_touches_presse_papiers(1);
     if (cree_fenetres(taille_pour_ecran(taille))) return true;
     std::fputs("atelier: les fenetres n'ont pas pu etre creees\n", stderr);
     return false;
@@ -88,7 +127,8 @@ bool Atelier::ouvre(Taille taille) {
 // A form that fills the main window holds the tools, the sheet beside them, and above its foot the status strip.
 bool Atelier::cree_fenetres(Taille taille) {
     return cree_principale(taille) && feuille_.cree(principale_, taille.largeur, Outils::kLargeur)
-           && outils_.cree(principale_, icones_) && bandeau_.cree(principale_);
+           && outils_.cree(principale_, icones_) && bandeau_.cree(principale_)
+           && grx_affecte_depots_fenetre(feuille_.nofen(), GRX_DEPOT_FICHIERS) == 1;
 }
 
 bool Atelier::cree_principale(Taille taille) {
@@ -104,6 +144,7 @@ bool Atelier::cree_principale(Taille taille) {
     copie(f.titre, titre_pour(plan_.nom()));
     if (grx_cree_fenetre(&f) != 0) return false;
     principale_ = f.nofen;
+    grx_affecte_demande_fermeture(principale_, 1);
     grx_affecte_nofen_principale(principale_);
     return true;
 }
@@ -117,14 +158,12 @@ int Atelier::boucle() {
         if (!fini_) rafraichit();
     }
     annexes_.libere();
-    grx_desalloue_base_boutons();
-    grx_desalloue_base_fenetres();
+    grx_termine_application();
     return 0;
 }
 
 void Atelier::ferme() {
-    annexes_.libere();
-    grx_detruit_fenetre(principale_);
+    if (!carnet_.peut_partir(principale_)) return;
     fini_ = true;
 }
 
@@ -132,8 +171,11 @@ void Atelier::ferme() {
 
 void Atelier::traite(const GRX_EVENEMENT& e) {
     note(e);
-    if (parts_prennent(e)) return;
-    if (const auto fonction = fonction_de(e, principale_)) return action(*fonction);
+    if (est_choix_de_menu(e)) return action(e.bouton_appui.no_fo);
+    if (e.type_evenement == GRX_EVT_FERMETURE) return ferme();
+    if (e.type_evenement == GRX_EVT_DEPOT) return depot();
+    if (aide(e) || parts_prennent(e)) return;
+    if (const auto fonction = fonction_de(e)) return action(*fonction);
     if (e.type_evenement == GRX_EVT_DESTRUCTION && e.destruction.nofen == principale_) fini_ = true;
 }
 
@@ -164,12 +206,11 @@ void Atelier::action(INT fonction) {
     journal_.action(fonction);
     dit("");
     fonction_ = fonction;
-    if (parts_font(fonction)) return;
+    if (parts_font(fonction) || fichiers_font(fonction)) return;
     switch (fonction) {
-    case kFonctionOuvrir: return ouvre_plan();
-    case kFonctionImage: return dit(fichiers_.enregistre_image(feuille_));
-    case kFonctionPieces: return dit(fichiers_.edite_pieces(annexes_.critere()));
-    case kFonctionTracer: return dit(fichiers_.trace(feuille_.vue().visible()));
+    case kFonctionNote: return dit(carnet_.note(feuille_, feuille_.vue().centre(), principale_));
+    case kFonctionNoteIci: return dit(carnet_.note(feuille_, feuille_.point_du_menu(), principale_));
+    case kFonctionNotesEnregistrer: return dit(carnet_.enregistre());
     case kFonctionTitre:
         decorations_.bascule_titre(principale_);
         reprend();
@@ -190,8 +231,29 @@ bool Atelier::parts_font(INT fonction) {
     return suite != Suite::PasPourMoi;
 }
 
+bool Atelier::fichiers_font(INT fonction) {
+    switch (fonction) {
+    case kFonctionOuvrir: ouvre_plan(); return true;
+    case kFonctionImage: dit(fichiers_.enregistre_image(feuille_)); return true;
+    case kFonctionPieces: dit(fichiers_.edite_pieces(annexes_.critere())); return true;
+    case kFonctionCopierPieces: dit(fichiers_.copie_pieces(annexes_.critere())); return true;
+    case kFonctionTracer: dit(fichiers_.trace(feuille_.vue().visible())); return true;
+    default: return false;
+    }
+}
+
 void Atelier::ouvre_plan() {
-    Fichiers::Ouvert ouvert = fichiers_.ouvre();
+    if (carnet_.peut_partir(principale_)) prend_plan(fichiers_.ouvre(principale_));
+}
+
+// A drawing that was dropped on the sheet.
+void Atelier::depot() {
+    const char* const texte = grx_recup_texte_detail_evenement(0);
+    const std::string chemin = texte != nullptr ? texte : "";
+    if (!chemin.empty() && carnet_.peut_partir(principale_)) prend_plan(fichiers_.lit(chemin, principale_));
+}
+
+void Atelier::prend_plan(Fichiers::Ouvert ouvert) {
     dit(ouvert.message);
     if (!ouvert.dessin) return;
     annexes_.ferme();
@@ -210,12 +272,33 @@ bool Atelier::reprend() {
     return true;
 }
 
+// What an entry of the menus is for, in the strip; and F1, which tells of what is under the pointer.
+bool Atelier::aide(const GRX_EVENEMENT& e) {
+    if (e.type_evenement != GRX_EVT_AIDE) return false;
+    if (e.exec_fonction.valeur == GRX_AIDE_MENU) {
+        dit(e.exec_fonction.chaine);
+        return true;
+    }
+    std::array<char, 256> texte{};
+    if (grx_recup_bulle(e.exec_fonction.nobou, texte.data(), texte.size()) <= 0)
+        std::snprintf(texte.data(), texte.size(), "%s", kAideGenerale);
+    GRX_BOITE_MESSAGE message;
+    grx_init_boite_message(&message);
+    message.nofen_mere = principale_;
+    message.titre = "Aide";
+    message.texte = texte.data();
+    grx_attend_boite_message(&message);
+    reprend();
+    return true;
+}
+
 // --- what the user sees -------------------------------------------------------------------------------------------
 
 void Atelier::rafraichit() {
     const bool image = feuille_.peint();
     if (feuille_.montree()) {
         montre_titre();
+        montre_menus();
         outils_.montre(feuille_);
         montre_bandeau();
         annexes_.montre(feuille_, fonction_, message_);
@@ -230,6 +313,18 @@ void Atelier::montre_titre() {
     std::array<char, GRX_TITRE_MAX> tampon{};
     std::snprintf(tampon.data(), tampon.size(), "%s", titre.c_str());
     grx_change_titre_fenetre(principale_, tampon.data());
+}
+
+void Atelier::montre_menus() {
+    const auto& calques = plan_.dessin.calques;
+    menus_.permet(kFonctionNotesEnregistrer, plan_.notes.modifiees());
+    menus_.permet(kFonctionCouchesToutes, !std::ranges::all_of(calques, &CalqueVu::visible));
+    menus_.permet(kFonctionCouchesAucune, std::ranges::any_of(calques, &CalqueVu::visible));
+    menus_.coche(kFonctionBande, annexes_.bande().ouverte());
+    menus_.coche(kFonctionTitre, decorations_.titre());
+    menus_.coche(kFonctionBord, decorations_.bord());
+    for (const INT module : {kFonctionModuleCommun, kFonctionModuleMeca, kFonctionModuleArch})
+        menus_.coche(module, module == kFonctionModuleCommun + outils_.module());
 }
 
 void Atelier::montre_bandeau() {

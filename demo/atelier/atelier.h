@@ -3,7 +3,7 @@
 //
 // The parts, each with its own state: the sheet (Feuille), the tools beside it (Outils), the status strip below it
 // (Bandeau), the windows around (Annexes), what is done with files (Fichiers), the title and border of the window
-// (Decorations), and the Journal. They share the Plan and know nothing of the application: what concerns another part
+// (Decorations), its menus (EtatMenus), the notes (Carnet), and the Journal. They share the Plan and know nothing of the application: what concerns another part
 // they answer, as a Suite.
 #ifndef ATELIER_ATELIER_H
 #define ATELIER_ATELIER_H
@@ -13,7 +13,9 @@
 
 #include "annexes.h"
 #include "bandeau.h"
+#include "carnet.h"
 #include "decorations.h"
+#include "etat_menus.h"
 #include "feuille.h"
 #include "fichiers.h"
 #include "journal.h"
@@ -47,15 +49,20 @@ class Atelier {
     bool parts_prennent(const GRX_EVENEMENT& e);
     void action(INT fonction);
     bool parts_font(INT fonction);
+    bool fichiers_font(INT fonction);
+    bool aide(const GRX_EVENEMENT& e);
+    void depot();
     void suit_annexes(Suite suite);
     void suit_outils(Suite suite);
     void ouvre_plan();
+    void prend_plan(Fichiers::Ouvert ouvert);
     bool reprend();
     void ferme();
 
     // --- what the user sees, once all waiting events were handled ---
     void rafraichit();
     void montre_titre();
+    void montre_menus();
     void montre_bandeau();
     // Shown in the strips until the user does something else.
     void dit(const std::string& message) { message_ = message; }
@@ -69,7 +76,9 @@ class Atelier {
     Bandeau bandeau_;
     Annexes annexes_;
     Fichiers fichiers_;
+    Carnet carnet_;
     Decorations decorations_;
+    EtatMenus menus_;
     Journal journal_;
 
     std::string icones_;

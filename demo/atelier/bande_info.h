@@ -25,6 +25,7 @@ class BandeInfo {
     void bascule(INT mere, const Reglages& reglages);
     // The window went by itself.
     void oublie();
+    bool ouverte() const { return fenetre_.nofen >= 0; }
     bool tient(INT nofen) const { return ouverte() && nofen == fenetre_.nofen; }
 
     // Its arrows, its field, its toggles.
@@ -43,7 +44,6 @@ class BandeInfo {
   private:
     using Contenu = std::array<std::string, kNbTextes>; // in Latin-1
 
-    bool ouverte() const { return fenetre_.nofen >= 0; }
     void ouvre(INT mere);
     void agrandit();
     void reduit();

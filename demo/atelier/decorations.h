@@ -10,6 +10,8 @@ class Decorations {
   public:
     void bascule_titre(INT nofen);
     void bascule_bord(INT nofen);
+    bool titre() const { return !sans_titre_; }
+    bool bord() const { return !sans_bord_; }
 
   private:
     bool sans_titre_ = false, sans_bord_ = false;

@@ -10,6 +10,7 @@
 
 #include "geometrie.h"
 #include "index.h"
+#include "suivi.h"
 
 namespace atelier {
 
@@ -119,7 +120,8 @@ constexpr Rgb kAvantPlan{236, 238, 240};
 
 // Puts every insertion in the place of its block, settles what layers and blocks pass on, and sorts. A block within
 // itself is left out; a drawing without end is cut, which is remarked.
-Dessin eclate(const Brut& brut);
+// suivi is told how far it is.
+Dessin eclate(const Brut& brut, Suivi& suivi);
 
 } // namespace atelier
 

@@ -5,7 +5,8 @@
 
 #include <algorithm>
 #include <optional>
-#include <sstream>
+#include <istream>
+#include <streambuf>
 #include <utility>
 
 #include "courbes.h"
@@ -291,35 +292,61 @@ class Lecture : public DL_CreationAdapter {
 
 namespace {
 
-Brut interprete(std::string&& texte) {
+// A text read piece by piece, so that it can be told how far the reading is.
+class TexteSuivi : public std::streambuf {
+  public:
+    TexteSuivi(std::string texte, Suivi& suivi) : texte_(std::move(texte)), suivi_(suivi) {}
+
+  protected:
+    int_type underflow() override {
+        constexpr std::size_t kMorceau = 128;
+        suivi_.fait(lu_, texte_.size());
+        if (lu_ == texte_.size()) return traits_type::eof();
+        char* const debut = texte_.data() + lu_;
+        const std::size_t n = std::min(kMorceau, texte_.size() - lu_);
+        lu_ += n;
+        setg(debut, debut, debut + n);
+        return traits_type::to_int_type(*debut);
+    }
+
+  private:
+    std::string texte_;
+    Suivi& suivi_;
+    std::size_t lu_ = 0;
+};
+
+Brut interprete(std::string&& texte, Suivi& suivi) {
     Lecture lecture;
-    std::istringstream flux(std::move(texte));
+    suivi.etape(kReduit, kInterprete);
+    TexteSuivi octets(std::move(texte), suivi);
+    std::istream flux(&octets);
+    flux.exceptions(std::ios::badbit); // lets Abandon through
     DL_Dxf dxf;
     if (!dxf.in(flux, &lecture)) throw ErreurLecture("n'est pas un dessin DXF");
     return lecture.fait();
 }
 
-Dessin lit_reduit(DxfReduit&& lu) {
-    Brut brut = interprete(std::move(lu.texte));
+Dessin lit_reduit(DxfReduit&& lu, Suivi& suivi) {
+    Brut brut = interprete(std::move(lu.texte), suivi);
     brut.unites = lu.unites;
     for (const auto& [nom, nombre] : lu.non_dessinees) brut.non_dessinees[nom] += nombre;
     brut.remarques = std::move(lu.remarques);
-    return eclate(brut);
+    return eclate(brut, suivi);
 }
 
 // The text of the file goes before it is interpreted.
-DxfReduit reduit_fichier(const std::string& chemin) {
-    return reduit(lit_fichier(chemin));
+DxfReduit reduit_fichier(const std::string& chemin, Suivi& suivi) {
+    return reduit(lit_fichier(chemin), suivi);
 }
 
 } // namespace
 
-Dessin lit_texte(std::string_view texte) {
-    return lit_reduit(reduit(texte));
+Dessin lit_texte(std::string_view texte, Suivi suivi) {
+    return lit_reduit(reduit(texte, suivi), suivi);
 }
 
-Dessin lit_dessin(const std::string& chemin) {
-    return lit_reduit(reduit_fichier(chemin));
+Dessin lit_dessin(const std::string& chemin, Suivi suivi) {
+    return lit_reduit(reduit_fichier(chemin, suivi), suivi);
 }
 
 std::string bilan(const Compte& non_dessinees) {

@@ -7,12 +7,13 @@
 
 #include "dessin.h"
 #include "dxf_texte.h"
+#include "suivi.h"
 
 namespace atelier {
 
-// Both throw ErreurLecture when there is no drawing to be had.
-Dessin lit_dessin(const std::string& chemin);
-Dessin lit_texte(std::string_view texte);
+// Both throw ErreurLecture when there is no drawing to be had, and Suivi::Abandon when suivi gives up.
+Dessin lit_dessin(const std::string& chemin, Suivi suivi = {});
+Dessin lit_texte(std::string_view texte, Suivi suivi = {});
 
 // "12 entites non dessinees: HATCH 3, IMAGE 9", or nothing when all of them are drawn.
 std::string bilan(const Compte& non_dessinees);

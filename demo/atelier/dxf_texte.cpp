@@ -97,10 +97,11 @@ struct Contenu {
     std::optional<std::size_t> ligne_fausse;
 };
 
-Contenu paires_de(std::string_view texte) {
+Contenu paires_de(std::string_view texte, Suivi& suivi) {
     Contenu r;
     Lignes lignes(texte);
     while (const auto ligne = lignes.suivante()) {
+        suivi.fait(static_cast<std::size_t>(ligne->data() - texte.data()), texte.size());
         const auto code = entier(*ligne);
         if (!code || *code < -5 || *code > kCodeMax) {
             r.ligne_fausse = lignes.numero();
@@ -148,12 +149,13 @@ std::string nom_sur(std::string_view nom) {
 
 class Reduction {
   public:
-    explicit Reduction(Paires paires) : reste_(paires) {}
+    Reduction(Paires paires, Suivi& suivi) : reste_(paires), toutes_(paires.size()), suivi_(suivi) {}
 
     DxfReduit fait() {
         ecrit(kCommentaire, "dxflib " DL_VERSION); // or angles of paragraphs are taken as its oldest files had them
         bool fini = false, entites = false;
         while (!reste_.empty() && !fini) {
+            suivi_.fait(toutes_ - reste_.size(), toutes_);
             const Paires objet = prend();
             const std::string_view nom = valeur(objet, 0);
             fini = nom == "EOF";
@@ -277,6 +279,8 @@ class Reduction {
     void compte(std::string_view nom) { ++r_.non_dessinees[nom_sur(nom)]; }
 
     Paires reste_;
+    std::size_t toutes_;
+    Suivi& suivi_;
     DxfReduit r_;
     std::string_view section_, table_;
     bool maille_ = false; // within a mesh
@@ -299,15 +303,17 @@ std::string lit_fichier(const std::string& chemin) {
     return texte;
 }
 
-DxfReduit reduit(std::string_view texte) {
+DxfReduit reduit(std::string_view texte, Suivi& suivi) {
     if (texte.empty()) throw ErreurLecture("fichier vide");
     if (texte.find('\0') != std::string_view::npos)
         throw ErreurLecture("n'est pas un dessin DXF en mode texte (contenu binaire)");
     if (texte.starts_with("\xEF\xBB\xBF")) texte.remove_prefix(3);
-    const Contenu contenu = paires_de(texte);
+    suivi.etape(0, kPairesLues);
+    const Contenu contenu = paires_de(texte, suivi);
     if (contenu.paires.empty() || contenu.paires[0].code != 0 || sans_blancs(contenu.paires[0].valeur) != "SECTION")
         throw ErreurLecture("n'est pas un dessin DXF");
-    DxfReduit r = Reduction(contenu.paires).fait();
+    suivi.etape(kPairesLues, kReduit);
+    DxfReduit r = Reduction(contenu.paires, suivi).fait();
     if (contenu.ligne_fausse)
         r.remarques.push_back(
             "ligne " + std::to_string(*contenu.ligne_fausse) + " illisible : la suite est laissee de cote");

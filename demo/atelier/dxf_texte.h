@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "dessin.h"
+#include "suivi.h"
 
 namespace atelier {
 
@@ -26,8 +27,8 @@ struct DxfReduit {
     std::vector<std::string> remarques;
 };
 
-// Throws ErreurLecture when the text is no DXF drawing.
-DxfReduit reduit(std::string_view texte);
+// Throws ErreurLecture when the text is no DXF drawing. suivi is told how far it is.
+DxfReduit reduit(std::string_view texte, Suivi& suivi);
 
 } // namespace atelier
 

@@ -33,14 +33,16 @@ struct Passe {
 
 class Eclatement {
   public:
-    explicit Eclatement(const Brut& brut) : brut_(brut) {
+    Eclatement(const Brut& brut, Suivi& suivi) : brut_(brut), suivi_(suivi) {
         dessin_.unites = brut.unites;
         dessin_.non_dessinees = brut.non_dessinees;
         dessin_.remarques = brut.remarques;
     }
 
     Dessin fait() {
+        suivi_.etape(kInterprete, kEclate);
         pose(brut_.entites, {});
+        suivi_.etape(kEclate, 1);
         if (plein()) dessin_.remarques.emplace_back("dessin trop grand : la suite est laissee de cote");
         trie_couleurs();
         for (const Objet& o : dessin_.objets) dessin_.boite.ajoute(o.boite);
@@ -54,6 +56,7 @@ class Eclatement {
     void pose(const std::vector<Entite>& entites, const Passe& passe) {
         for (const Entite& e : entites) {
             if (plein()) return;
+            suivi_.fait(dessin_.objets.size(), brut_.entites.size());
             const Passe propre = regle(e.aspect, passe);
             if (const auto* figure = std::get_if<Figure>(&e.contenu))
                 pose(*figure, propre);
@@ -176,6 +179,7 @@ class Eclatement {
     }
 
     const Brut& brut_;
+    Suivi& suivi_;
     Dessin dessin_;
     std::map<Rgb, int> couleurs_;
     std::map<std::string, int> calques_;
@@ -187,8 +191,8 @@ class Eclatement {
 
 } // namespace
 
-Dessin eclate(const Brut& brut) {
-    return Eclatement(brut).fait();
+Dessin eclate(const Brut& brut, Suivi& suivi) {
+    return Eclatement(brut, suivi).fait();
 }
 
 } // namespace atelier

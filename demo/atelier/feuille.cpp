@@ -7,6 +7,8 @@
 #include "bandeau.h"
 #include "fonctions.h"
 #include "glissement.h"
+#include "grx_plus_menus.h"
+#include "palette.h"
 #include "rendu.h"
 #include "xt_f.h"
 
@@ -69,6 +71,7 @@ void Feuille::appui(const GRX_BOUTON_APPUI& e) {
     case GRX_SOURIS_GAUCHE: // over a picture that shows what is true
         if (peint()) annonce_image();
         return elastique_.debut(nofen_, p);
+    case GRX_SOURIS_DROITE: return ouvre_menu(e);
     case GRX_SOURIS_MILIEU:
         prise_ = p;
         grx_change_curseur(GRX_CURS_DEPLACE, mere_);
@@ -78,6 +81,11 @@ void Feuille::appui(const GRX_BOUTON_APPUI& e) {
     default: return;
     }
     perime();
+}
+
+void Feuille::ouvre_menu(const GRX_BOUTON_APPUI& e) {
+    menu_ = du_haut(e.x, e.y);
+    grx_ouvre_menu_contextuel(nofen_, "MNU_FEUI.DAT", "#:ZONE_MENU_FEUILLE", e.x, e.y);
 }
 
 void Feuille::bouge(const GRX_SOURIS_BOUGE& e) {
@@ -243,6 +251,9 @@ void Feuille::trace(const Boite& partie) const {
     plume.attrib.type_trait = trait_grille(r.trait);
     if (r.grille) trace_grille(plume, vue_, r.pas);
     trace_dessin({nofen_, plan_.dessin, plan_.indices, agrandissement_textes(r.textes)}, vue_, partie);
+    Plume notes{nofen_, {}};
+    notes.attrib.coul_trace = kCoulElastique;
+    trace_notes(notes, plan_.notes.toutes(), vue_);
 }
 
 Image Feuille::image() {

@@ -21,6 +21,7 @@ class Feuille {
     // Makes it in window mere, which is so wide, leaving place at the left. Returns false when it cannot be made.
     bool cree(INT mere, int largeur, int gauche);
     bool tient(INT nofen) const { return nofen == nofen_; }
+    INT nofen() const { return nofen_; }
 
     // Takes what the mouse and the arrow keys do to the drawing, and new sizes. Returns false for what is not its own.
     bool prend(const GRX_EVENEMENT& e);
@@ -40,6 +41,10 @@ class Feuille {
     bool peint();
     // For who measures how long pictures take: a line for each, once the server has finished it.
     static void annonce_image();
+    // The menu of the right button, where it was pressed.
+    void ouvre_menu(const GRX_BOUTON_APPUI& e);
+    // Where that was, in the drawing.
+    Point point_du_menu() const { return vue_.vers_dessin(menu_); }
     // What it shows at this moment, drawn anew.
     Image image();
 
@@ -76,6 +81,7 @@ class Feuille {
     Vue vue_;
     bool cadree_ = false;
     Elastique elastique_;
+    Point menu_;                 // of the last menu, in pixels
     std::optional<Point> prise_; // where the hand holds the drawing
     std::optional<Point> pointeur_;
 

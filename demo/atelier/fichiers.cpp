@@ -10,6 +10,8 @@
 
 #include "apercu.h"
 #include "dialogues.h"
+#include "grx_plus_messages.h"
+#include "grx_plus_presse_papiers.h"
 #include "host_g.h"
 #include "hpgl.h"
 #include "ouverture.h"
@@ -52,6 +54,22 @@ bool ecrit_texte(const fs::path& fichier, const std::string& texte) {
     return !f.fail();
 }
 
+// A large drawing takes its time: the user sees how far it is, and may give up.
+Ouverture lit_en_montrant(const fs::path& chemin, INT mere) {
+    const std::string texte = "Lecture de " + chemin.filename().string();
+    GRX_AVANCEMENT avancement;
+    grx_init_avancement(&avancement);
+    avancement.nofen_mere = mere;
+    avancement.titre = "atelier";
+    avancement.texte = texte.c_str();
+    avancement.maximum = 1;
+    grx_avancement_commence(&avancement);
+    Ouverture r =
+        ouvre_fichier(chemin.string(), Suivi([](double part) { return grx_avancement_avance(part, nullptr) != 0; }));
+    grx_avancement_finit();
+    return r;
+}
+
 // The user edits a file until the editor is closed. Returns the name that it was saved under, nothing when it was not.
 std::optional<fs::path> edite(const fs::path& fichier) {
     std::array<char, GRX_MEMO_FILENAME_MAX> repertoire{}, nom{};
@@ -77,15 +95,19 @@ int envoie(const fs::path& trace) {
 
 Fichiers::Fichiers(const Plan& plan, std::function<bool()> reprend) : plan_(plan), reprend_(std::move(reprend)) {}
 
-Fichiers::Ouvert Fichiers::ouvre() const {
+Fichiers::Ouvert Fichiers::ouvre(INT mere) const {
     const auto choisi = choisit_fichier(HOST_CATAL_LECTURE, "Ouvrir un plan", kPlans, plan_.chemin);
     if (!reprend_() || !choisi) return {};
-    Ouverture ouverture = ouvre_fichier(choisi->string());
-    const std::string nom = choisi->filename().string();
+    return lit(*choisi, mere);
+}
+
+Fichiers::Ouvert Fichiers::lit(const fs::path& chemin, INT mere) const {
+    Ouverture ouverture = lit_en_montrant(chemin, mere);
+    const std::string nom = chemin.filename().string();
     std::string message = nom
                           + (ouverture.dessin ? (ouverture.raison.empty() ? " : ouvert" : " : " + ouverture.raison)
                                               : " : pas ouvert, " + ouverture.raison);
-    return {std::move(message), std::move(ouverture.dessin), *choisi};
+    return {std::move(message), std::move(ouverture.dessin), chemin};
 }
 
 // Taken before the dialog, which lies above the sheet.
@@ -115,6 +137,14 @@ std::string Fichiers::edite_pieces(Critere critere) const {
     return !ecrit       ? "Liste pas \u00e9crite : " + fichier.string()
            : enregistre ? "Liste enregistr\u00e9e : " + enregistre->string()
                         : "Liste pas enregistr\u00e9e";
+}
+
+std::string Fichiers::copie_pieces(Critere critere) const {
+    const std::string liste =
+        texte_nomenclature("Nomenclature de " + plan_.nom(), nomenclature(plan_.dessin, critere), plan_.mesure());
+    const INT fait = grx_affecte_texte_presse_papiers(
+        GRX_SEL_PRESSE_PAPIERS, GRX_CODAGE_UTF8, liste.data(), static_cast<INT>(liste.size()));
+    return fait == 1 ? "Liste copi\u00e9e" : "Liste pas copi\u00e9e";
 }
 
 std::string Fichiers::trace(const Boite& visible) {

@@ -26,7 +26,11 @@ class Fichiers {
         std::optional<Dessin> dessin; // none when it could not be read
         std::filesystem::path chemin;
     };
-    Ouvert ouvre() const;
+    Ouvert ouvre(INT mere) const;
+    // A drawing that was chosen otherwise.
+    Ouvert lit(const std::filesystem::path& chemin, INT mere) const;
+    // The list of parts on the clipboard.
+    std::string copie_pieces(Critere critere) const;
     std::string enregistre_image(Feuille& feuille) const;
     // The list of parts in the library's editor.
     std::string edite_pieces(Critere critere) const;

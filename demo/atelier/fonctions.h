@@ -9,6 +9,10 @@ enum Fonction {
     kFonctionImage = 202,
     kFonctionPieces = 203,
     kFonctionTracer = 204,
+    kFonctionNote = 205,
+    kFonctionNotesEnregistrer = 206,
+    kFonctionCopierPieces = 207,
+    kFonctionNoteIci = 208, // of the menu over the sheet
     kFonctionToutVoir = 301,
     kFonctionAgrandir = 302,
     kFonctionReduire = 303,

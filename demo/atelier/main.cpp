@@ -1,10 +1,12 @@
-// atelier [--geometry WxH] [FILE.dxf]: shows a drawing and lets the user move about in it.
+// atelier [--geometry WxH] [-display D] [FILE.dxf]: shows a drawing and lets the user move about in it.
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <string>
 
 #include "atelier.h"
+#include "grx_plus_application.h"
 #include "host_g.h"
 #include "ouverture.h"
 
@@ -57,10 +59,18 @@ void ajoute_commandes(const std::string& repertoire) {
     setenv("PATH", ((recherche != nullptr ? recherche : kRechercheUsuelle) + (":" + repertoire)).c_str(), 1);
 }
 
+int refuse_arguments() {
+    std::array<char, 512> raison{};
+    grx_recup_texte_arguments(raison.data(), raison.size());
+    std::fprintf(stderr, "atelier: %s\n", raison.data());
+    return kUsage;
+}
+
 } // namespace
 
 int main(int nombre, char** textes) {
     static std::string config = repertoire() + "/config"; // the library reads the two paths while the program runs
+    if (grx_arguments(&nombre, textes) != 1) return refuse_arguments();
     const auto a = arguments_de(nombre, textes, repertoire() + "/plans/maison.dxf");
     if (!a) {
         std::fputs("usage: atelier [--geometry LxH] [FICHIER.dxf]\n", stderr);

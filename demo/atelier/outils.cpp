@@ -8,6 +8,8 @@
 
 #include "controles.h"
 #include "fonctions.h"
+#include "grx_plus_aide.h"
+#include "grx_plus_listes.h"
 #include "host_g.h"
 #include "unites.h"
 #include "xt_f.h"
@@ -25,10 +27,14 @@ constexpr std::string_view kVue = "[x] ", kCachee = "[ ] ";
 struct Icone {
     const char* nom;
     INT fonction;
+    const char* bulle;
 };
-constexpr std::array<Icone, 8> kIcones{{{"TOUT", kFonctionToutVoir}, {"PLUS", kFonctionAgrandir},
-    {"MOINS", kFonctionReduire}, {"COUCHES", kFonctionCouchesToutes}, {"QUITTER", kFonctionQuitter},
-    {"GRILLE", kFonctionReglages}, {"CHOIX", kFonctionCouchesPanneau}, {"TABLE", kFonctionNomenclature}}};
+constexpr std::array<Icone, 8> kIcones{{{"TOUT", kFonctionToutVoir, "Tout voir (F3)"},
+    {"PLUS", kFonctionAgrandir, "Agrandir (Ctrl+F3)"}, {"MOINS", kFonctionReduire, "R\351duire (Ctrl+F4)"},
+    {"COUCHES", kFonctionCouchesToutes, "Montrer toutes les couches"},
+    {"QUITTER", kFonctionQuitter, "Quitter (Ctrl+Q)"}, {"GRILLE", kFonctionReglages, "R\351glages du dessin (F5)"},
+    {"CHOIX", kFonctionCouchesPanneau, "Choix des couches (F6)"},
+    {"TABLE", kFonctionNomenclature, "Nomenclature (F7)"}}};
 constexpr int kIconesParRangee = 5;
 
 void libelle(INT fenetre, int x, int y, std::string_view texte) {
@@ -63,7 +69,7 @@ bool Outils::cree(INT mere, std::string icones) {
     cree_icones();
     cree_champs();
     cree_zoom();
-    libelle(nofen_, kMarge, kYCouches - 20, "Couches (double clic)");
+    cree_couches();
     montre_calques();
     return true;
 }
@@ -80,6 +86,7 @@ void Outils::cree_icones() {
         const INT nobou = cree_bouton(b);
         std::string fichier = std::string(repertoire.data()) + "/" + icone.nom + ".BMP";
         grx_change_icone_bouton(nobou, fichier.data());
+        grx_affecte_bulle(nobou, icone.bulle);
         if (premiere_icone_ < 0) premiere_icone_ = nobou;
         ++place;
     }
@@ -96,6 +103,8 @@ void Outils::cree_champs() {
     };
     champ_x_ = champ("X", kYChamps, kFonctionChampX);
     champ_y_ = champ("Y", kYChamps + kEntre, kFonctionChampY);
+    for (const INT nobou : {champ_x_, champ_y_})
+        grx_affecte_bulle(nobou, "Milieu de la feuille\nRetour : aller \340 ce point");
 }
 
 void Outils::cree_zoom() {
@@ -106,6 +115,15 @@ void Outils::cree_zoom() {
     b.tabi[GRX_BOU_TABI_INITIAL] = kZoomMax / 2;
     b.no_fo = kFonctionZoom;
     zoom_ = cree_bouton(b);
+    grx_affecte_bulle(zoom_, "De 100 fois plus petit \340 100 fois plus grand que tout le dessin");
+}
+
+void Outils::cree_couches() {
+    libelle(nofen_, kMarge, kYCouches - 20, "Couches (double clic)");
+    GRX_BOUTON b = bouton(nofen_, GRX_BOU_LISTE, kMarge, kYCouches, kLargeur - 2 * kMarge - 20, kHauteurListe);
+    b.attrib |= GRX_BOU_ATT_LISTE_SCROLL;
+    liste_ = cree_bouton(b);
+    grx_affecte_bulle(liste_, "Un clic choisit la couche, un double clic la montre ou la cache");
 }
 
 // --- what the user does -------------------------------------------------------------------------------------------
@@ -191,18 +209,17 @@ void Outils::rend_le_clavier() const {
 
 // --- what they show -----------------------------------------------------------------------------------------------
 
-// The list anew: there is no way to change an entry.
+// Of the layers that were there, each entry in its place: what is chosen and the view stay.
 void Outils::montre_calques() {
-    const std::vector<CalqueVu>& calques = plan_.dessin.calques;
-    grx_detruit_bouton(liste_);
-    GRX_BOUTON b = bouton(nofen_, GRX_BOU_LISTE, kMarge, kYCouches, kLargeur - 2 * kMarge - 20, kHauteurListe);
-    b.attrib |= GRX_BOU_ATT_LISTE_SCROLL;
-    liste_ = cree_bouton(b);
-    // The newest entry stands first: the last layer goes in before the others.
-    for (auto calque = calques.rbegin(); calque != calques.rend(); ++calque) {
-        std::string entree = entree_de(*calque);
-        grx_ajoute_element_dans_liste(liste_, entree.data());
-    }
+    std::vector<std::string> entrees;
+    std::vector<const char*> textes;
+    for (const CalqueVu& calque : plan_.dessin.calques) entrees.push_back(entree_de(calque));
+    for (const std::string& entree : entrees) textes.push_back(entree.c_str());
+    const INT nombre = static_cast<INT>(textes.size());
+    if (nombre > 0 && grx_recup_nombre_elements_liste(liste_) == nombre)
+        grx_remplace_elements_liste(liste_, 1, nombre, textes.data());
+    else
+        grx_remplit_liste(liste_, nombre, textes.data());
 }
 
 void Outils::montre(const Feuille& feuille) {

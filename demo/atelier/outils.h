@@ -42,6 +42,7 @@ class Outils {
     void cree_icones();
     void cree_champs();
     void cree_zoom();
+    void cree_couches();
 
     Suite controle(const GRX_EXEC_FONCTION& e, Feuille& feuille) const;
     Suite couche_choisie(const GRX_ELEMENT_CLIQUE& e, Feuille& feuille);

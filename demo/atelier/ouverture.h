@@ -6,6 +6,7 @@
 #include <string>
 
 #include "dessin.h"
+#include "suivi.h"
 
 namespace atelier {
 
@@ -14,8 +15,8 @@ struct Ouverture {
     std::string raison; // why there is none; else what of it is not drawn, "" when all of it is
 };
 
-// Tells what is remarkable of the drawing on standard output.
-Ouverture ouvre_fichier(const std::string& chemin);
+// Tells what is remarkable of the drawing on standard output. What suivi gives up is a reason as well.
+Ouverture ouvre_fichier(const std::string& chemin, Suivi suivi = {});
 
 } // namespace atelier
 

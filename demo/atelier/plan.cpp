@@ -10,13 +10,14 @@
 namespace atelier {
 
 Plan::Plan(Dessin dessin_lu, const std::filesystem::path& fichier)
-    : dessin(std::move(dessin_lu)), chemin(std::filesystem::absolute(fichier)) {
+    : dessin(std::move(dessin_lu)), chemin(std::filesystem::absolute(fichier)), notes(Notes::de(chemin)) {
     reglages.pas = pas_pour(dessin.boite);
 }
 
 void Plan::remplace(Dessin dessin_lu, const std::filesystem::path& fichier) {
     dessin = std::move(dessin_lu);
     chemin = fichier;
+    notes = Notes::de(fichier);
     prend_couleurs();
     reglages.unite = kUniteDuPlan;
     reglages.pas = pas_pour(dessin.boite);

@@ -9,6 +9,7 @@
 
 #include "dessin.h"
 #include "nomenclature.h"
+#include "notes.h"
 #include "reglages.h"
 
 namespace atelier {
@@ -43,6 +44,7 @@ struct Plan {
     std::filesystem::path chemin;
     std::vector<int> indices; // of the screen, one for each colour of the drawing
     Reglages reglages;
+    Notes notes;
     int calque_choisi = -1;
 };
 

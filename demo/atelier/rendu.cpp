@@ -1,12 +1,14 @@
 #include "rendu.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "decoupe.h"
 #include "ordre.h"
 #include "pinceau.h"
 #include "police.h"
 #include "reglages.h"
+#include "texte.h"
 
 namespace atelier {
 
@@ -193,6 +195,20 @@ double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, d
     const Point marge{kDebord, kDebord};
     trace_chemin(plume, police::ecrit(texte), m, Boite::entre(debut - marge, fin + marge));
     return fin.x;
+}
+
+// On whole pixels of the sheet, so that a moved picture is the one drawn anew.
+void trace_notes(const Plume& plume, const std::vector<Note>& notes, const Vue& vue) {
+    constexpr double kHauteur = 9;
+    const Matrice m = vue.vers_feuille();
+    const Boite portee = vue.portee();
+    for (const Note& note : notes) {
+        const Point p = m.applique(note.place);
+        if (!portee.touche(Boite::entre(p, p))) continue;
+        const double x = std::round(p.x) + vue.decalage().x, y = std::round(p.y) + vue.decalage().y;
+        const double suite = ecrit_texte(plume, U"+ ", {x - kHauteur / 3, y + kHauteur / 2}, kHauteur);
+        ecrit_texte(plume, en_unicode(note.texte), {suite, y + kHauteur / 2}, kHauteur);
+    }
 }
 
 } // namespace atelier

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "dessin.h"
+#include "notes.h"
 #include "vue.h"
 #include "xt_gfx_t.h"
 
@@ -39,6 +40,9 @@ void trace_grille(const Plume& plume, const Vue& vue, double pas);
 
 // Strokes of a path through m; limites: what is seen of the target.
 void trace_chemin(const Plume& plume, const Trace& chemin, const Matrice& m, const Boite& limites);
+
+// Notes: a cross at each place, and its text beside it.
+void trace_notes(const Plume& plume, const std::vector<Note>& notes, const Vue& vue);
 
 // Text in the program's own font: capitals of hauteur pixels, the baseline starting at x, y. Returns where it ends.
 double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur);

@@ -193,6 +193,27 @@ std::u32string en_unicode(std::string_view octets) {
     return latin(octets);
 }
 
+std::string en_utf8(std::string_view octets) {
+    std::string r;
+    for (const char32_t c : en_unicode(octets)) {
+        constexpr char32_t kUnOctet = 0x80, kDeuxOctets = 0x800, kTroisOctets = 0x10000;
+        const auto suite = [&](int decale) { r += static_cast<char>(0x80 | (c >> decale & 0x3F)); };
+        if (c < kUnOctet) {
+            r += static_cast<char>(c);
+        } else if (c < kDeuxOctets) {
+            r += static_cast<char>(0xC0 | c >> 6);
+            suite(0);
+        } else if (c < kTroisOctets) {
+            r += static_cast<char>(0xE0 | c >> 12);
+            suite(6), suite(0);
+        } else {
+            r += static_cast<char>(0xF0 | c >> 18);
+            suite(12), suite(6), suite(0);
+        }
+    }
+    return r;
+}
+
 TexteSimple decode_texte(std::string_view octets) {
     const std::u32string s = en_unicode(octets);
     TexteSimple t;

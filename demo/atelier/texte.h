@@ -13,6 +13,9 @@ namespace atelier {
 // UTF-8 where the bytes are valid as such, else the Latin-1 of Western code pages.
 std::u32string en_unicode(std::string_view octets);
 
+// UTF-8 of the same.
+std::string en_utf8(std::string_view octets);
+
 struct TexteSimple {
     std::u32string texte;
     bool souligne = false;

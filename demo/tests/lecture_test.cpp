@@ -426,6 +426,41 @@ TEST(Casse, EntitiesWithoutTheirNumbersAreNoTrouble) {
         EXPECT_NO_THROW(lu(std::string("0 ") + nom + "|0 " + nom + "|8 0|0 POINT|8 0|10 0|20 0")) << nom;
 }
 
+// --- how far it is ------------------------------------------------------------------------------------------------
+
+std::string beaucoup() {
+    std::string entites;
+    for (int i = 0; i < 3000; ++i) {
+        const std::string n = std::to_string(i);
+        entites += (i > 0 ? "|" : "") + ("0 LINE|8 0|10 " + n + "|20 0|11 " + n + "|21 5");
+    }
+    return fichier(entites);
+}
+
+TEST(Avancement, IsToldFromTheBeginningToTheLastStage) {
+    std::vector<double> parts;
+    lit_texte(beaucoup(), Suivi([&](double part) { return parts.push_back(part), true; }));
+    ASSERT_GT(parts.size(), 12U);
+    EXPECT_TRUE(std::ranges::is_sorted(parts));
+    EXPECT_EQ(parts.front(), 0);
+    EXPECT_EQ(parts.back(), kEclate);
+    const auto entre = [&](double debut, double fin) {
+        return std::ranges::count_if(parts, [&](double p) { return debut < p && p < fin; });
+    };
+    EXPECT_GT(entre(0, kPairesLues), 1);
+    EXPECT_GT(entre(kPairesLues, kReduit), 1);
+    EXPECT_GT(entre(kReduit, kInterprete), 1);
+    EXPECT_GT(entre(kInterprete, kEclate), 1);
+}
+
+TEST(Avancement, ReadingCanBeGivenUpAtAnyPoint) {
+    const std::string texte = beaucoup();
+    for (const double jusqu_a : {0.0, 0.05, 0.2, 0.5, 0.8, kEclate}) {
+        const auto lecture = [&] { lit_texte(texte, Suivi([&](double part) { return part < jusqu_a; })); };
+        EXPECT_THROW(lecture(), Suivi::Abandon) << jusqu_a;
+    }
+}
+
 TEST(Casse, DamagedPlansNeverDoHarm) {
     const std::string plan = maison();
     std::mt19937 hasard(20240229);
