@@ -73,4 +73,13 @@ class Journal {
 void cree_fichiers(INT fenetre, bool avec_editeur);
 bool action_fichiers(INT fenetre, INT no_fo, Journal& journal);
 
+// The page of controls, lists and menus beyond the contract; on it a tip, or a context menu; boxes of all kinds; the
+// progress of long work. action_additions: true when the event was one of theirs.
+void cree_additions(INT fenetre);
+void montre_bulle(INT fenetre);
+void montre_menu(INT fenetre);
+void montre_boites(INT principale);
+void montre_travail(INT principale);
+bool action_additions(INT fenetre, const GRX_EVENEMENT& e);
+
 } // namespace galerie

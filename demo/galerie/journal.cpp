@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "grx_plus_evenements.h"
+
 namespace galerie {
 
 namespace {
@@ -10,7 +12,7 @@ struct Nom {
     INT type;
     const char* nom;
 };
-constexpr std::array<Nom, 21> kNoms{{{GRX_EVT_SOURIS_BOUGE, "souris_bouge"}, {GRX_EVT_BOUTON_APPUI, "bouton_appui"},
+constexpr std::array<Nom, 30> kNoms{{{GRX_EVT_SOURIS_BOUGE, "souris_bouge"}, {GRX_EVT_BOUTON_APPUI, "bouton_appui"},
     {GRX_EVT_CARAC_APPUI, "carac_appui"}, {GRX_EVT_AFFICHAGE, "affichage"}, {GRX_EVT_REPONSE, "reponse_question"},
     {GRX_EVT_EXEC_FONCTION, "exec_fonction"}, {GRX_EVT_DESTRUCTION, "destruction"},
     {GRX_EVT_BOUTON_AFFICHE, "bouton_affiche"}, {GRX_EVT_SORTIE, "sortie"}, {GRX_EVT_DEPLACEMENT, "deplacement"},
@@ -18,7 +20,10 @@ constexpr std::array<Nom, 21> kNoms{{{GRX_EVT_SOURIS_BOUGE, "souris_bouge"}, {GR
     {GRX_EVT_COMMANDE, "commande_entree"}, {GRX_EVT_BOUTON_RELACHE, "bouton_relache"},
     {GRX_EVT_CHGT_TAILLE, "chgt_taille"}, {GRX_EVT_ELEMENT_CLIQUE, "element_clique"}, {GRX_EVT_ENTREE, "entree"},
     {GRX_EVT_ECHELLE, "echelle"}, {GRX_EVT_TAB, "tabulation"}, {GRX_EVT_BACKTAB, "tabulation arriere"},
-    {GRX_EVT_CACHE, "cache"}}};
+    {GRX_EVT_CACHE, "cache"}, {GRX_EVT_FERMETURE, "fermeture"}, {GRX_EVT_MINUTERIE, "minuterie"},
+    {GRX_EVT_DESCRIPTEUR, "descripteur"}, {GRX_EVT_OISIF, "oisif"}, {GRX_EVT_MESSAGE, "message"},
+    {GRX_EVT_SAISIE, "saisie"}, {GRX_EVT_AIDE, "aide"}, {GRX_EVT_DEPOT, "depot"},
+    {GRX_EVT_PRESSE_PAPIERS, "presse_papiers"}}};
 
 const char* nom_de(INT type) {
     for (const auto& ligne : kNoms) {
@@ -62,7 +67,12 @@ std::string details(const GRX_EVENEMENT& e) {
     case GRX_EVT_EXEC_FONCTION:
     case GRX_EVT_ECHELLE:
     case GRX_EVT_TAB:
-    case GRX_EVT_BACKTAB: return fonction(e.exec_fonction);
+    case GRX_EVT_BACKTAB:
+    case GRX_EVT_MINUTERIE:
+    case GRX_EVT_SAISIE:
+    case GRX_EVT_AIDE:
+    case GRX_EVT_DEPOT: return fonction(e.exec_fonction);
+    case GRX_EVT_MESSAGE: return "reponse " + std::to_string(e.reponse_question.reponse);
     case GRX_EVT_ELEMENT_CLIQUE: return element(e.element_clique);
     case GRX_EVT_AFFICHAGE:
     case GRX_EVT_DEPLACEMENT:

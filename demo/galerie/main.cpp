@@ -1,8 +1,10 @@
-// galerie [--panneaux | --fichiers | --dialogue | --couleurs] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
+// galerie [--panneaux | --fichiers | --dialogue | --couleurs | --additions | --menu | --boites | --travail] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
 // controls and drawing, panels and dialogs, the strip and the palette (--dialogue: the editor and a file dialog), or the
 // colours by their indices (--couleurs). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
 #include "galerie.h"
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <string>
 
@@ -99,8 +101,18 @@ bool finit(const GRX_EVENEMENT& e, INT principale) {
     return fonction_de(e) == kFonctionQuitter;
 }
 
+enum Page { kControles, kPanneaux, kFichiers, kDialogue, kCouleurs, kAdditions, kMenu, kBoites, kTravail };
+
+struct NomDePage {
+    std::string_view option;
+    Page page;
+};
+constexpr std::array<NomDePage, 8> kPages{
+    {{"--panneaux", kPanneaux}, {"--fichiers", kFichiers}, {"--dialogue", kDialogue}, {"--couleurs", kCouleurs},
+        {"--additions", kAdditions}, {"--menu", kMenu}, {"--boites", kBoites}, {"--travail", kTravail}}};
+
 struct Options {
-    enum Page { kControles, kPanneaux, kFichiers, kDialogue, kCouleurs } page = kControles;
+    Page page = kControles;
     const char* config = GALERIE_REP;
     const char* pret = nullptr;
 };
@@ -110,14 +122,9 @@ Options lit_options(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         const std::string_view nom = argv[i];
         const char* const valeur = i + 1 < argc ? argv[i + 1] : nullptr;
-        if (nom == "--panneaux")
-            o.page = Options::kPanneaux;
-        else if (nom == "--fichiers")
-            o.page = Options::kFichiers;
-        else if (nom == "--dialogue")
-            o.page = Options::kDialogue;
-        else if (nom == "--couleurs")
-            o.page = Options::kCouleurs;
+        const auto page = std::ranges::find(kPages, nom, &NomDePage::option);
+        if (page != kPages.end())
+            o.page = page->page;
         else if (nom == "--config" && valeur != nullptr)
             o.config = argv[++i];
         else if (nom == "--pret" && valeur != nullptr)
@@ -135,12 +142,27 @@ void montre_controles(INT principale) {
     dessine(graphique);
 }
 
-void montre_page(Options::Page page, INT principale) {
+void montre_page(Page page, INT principale) {
     switch (page) {
-    case Options::kControles: return montre_controles(principale);
-    case Options::kCouleurs: return cree_couleurs(principale);
-    case Options::kPanneaux: return cree_panneaux(principale, GALERIE_ICONES);
-    default: return cree_fichiers(principale, page == Options::kDialogue);
+    case kControles: return montre_controles(principale);
+    case kCouleurs: return cree_couleurs(principale);
+    case kPanneaux: return cree_panneaux(principale, GALERIE_ICONES);
+    case kAdditions:
+    case kMenu:
+    case kBoites:
+    case kTravail: return cree_additions(principale);
+    default: return cree_fichiers(principale, page == kDialogue);
+    }
+}
+
+// What stands over a page, once its window is on the screen.
+void montre_au_dessus(Page page, INT principale) {
+    switch (page) {
+    case kAdditions: return montre_bulle(principale);
+    case kMenu: return montre_menu(principale);
+    case kBoites: return montre_boites(principale);
+    case kTravail: return montre_travail(principale);
+    default: return;
     }
 }
 
@@ -152,6 +174,7 @@ int boucle(INT principale, Journal& journal) {
         grx_gere_action_modif_palette(evenement);
         journal.note(evenement);
         const INT fonction = fonction_de(evenement);
+        if (action_additions(principale, evenement)) continue;
         if (!action_outil(principale, fonction)) action_fichiers(principale, fonction, journal);
     }
 }
@@ -160,7 +183,7 @@ int boucle(INT principale, Journal& journal) {
 
 int main(int argc, char** argv) {
     const Options options = lit_options(argc, argv);
-    const bool couleurs = options.page == Options::kCouleurs; // as they are
+    const bool couleurs = options.page == kCouleurs; // as they are
     if (!demarre(options.config, !couleurs)) return 1;
     const INT principale = couleurs ? ouvre_principale(0, kLargeurCouleurs, kHauteurCouleurs)
                                     : ouvre_principale(GRX_FEN_ATT_PRINCIPALE, kLargeur, kHauteur);
@@ -170,6 +193,10 @@ int main(int argc, char** argv) {
     Journal journal;
     if (!couleurs) journal.cree(principale);
     if (options.pret != nullptr) XtAppAddTimeOut(contexte, 0, signale_dessine, const_cast<char*>(options.pret));
-    if (options.page == Options::kDialogue) action_fichiers(principale, kFonctionDialogue, journal);
+    if (options.page >= kAdditions) {
+        grx_attend_creation_fenetre(principale);
+        montre_au_dessus(options.page, principale);
+    }
+    if (options.page == kDialogue) action_fichiers(principale, kFonctionDialogue, journal);
     return boucle(principale, journal);
 }
