@@ -1,0 +1,12 @@
+// The part of the screen that panels of the desktop leave free, for all that places or centres windows.
+#pragma once
+
+#include "pure/placement.h"
+
+namespace grx {
+
+/// The work area as the window manager tells it, y counted from the top; the whole screen when it tells none. It asks
+/// the server: one round trip, and one more when several desktops have areas of their own.
+Box work_area();
+
+} // namespace grx
