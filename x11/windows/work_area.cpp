@@ -8,6 +8,7 @@
 
 #include "pure/axis.h"
 #include "pure/out.h"
+#include "display/identity.h"
 #include "display/properties.h"
 #include "display/screen.h"
 #include "grx_plus_application.h"
@@ -68,6 +69,13 @@ Box work_area() {
     const PropertyValues told(root_window(), name, XA_CARDINAL, most_desktops * long{kBox});
     const auto areas = told.values().first(told.values().size() / kBox * kBox);
     return areas.empty() ? whole_screen() : inside_screen(box_of(own_values(areas)));
+}
+
+void keep_in_work_area(int32_t& x, int32_t& y, Size frame) {
+    if (!keeps_to_work_area()) return;
+    const Box kept = kept_within({x, y, frame.width, frame.height}, work_area());
+    x = kept.x;
+    y = kept.y;
 }
 
 } // namespace grx
