@@ -12,6 +12,9 @@ enum class NetAtom {
     ping,
     icon,
     utf8,
+    compound_text,
+    work_area,
+    current_desktop,
     window_type,
     type_normal, // the kinds in the order of GRX_GENRE_...
     type_dialog,

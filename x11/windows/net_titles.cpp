@@ -44,7 +44,7 @@ bool put_encoded(Window window, grx::NetAtom name, char* text, Atom encoding) {
 
 void put_title(Window window, grx::NetAtom name, char* text, Atom encoding) {
     if (text == nullptr) return;
-    const bool compound = encoding == XInternAtom(x11_disp, "COMPOUND_TEXT", False);
+    const bool compound = encoding == grx::net_atom(grx::NetAtom::compound_text);
     if (!compound || !put_encoded(window, name, text, encoding)) put_plain(window, name, text);
 }
 

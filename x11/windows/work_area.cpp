@@ -11,6 +11,7 @@
 #include "display/identity.h"
 #include "display/properties.h"
 #include "display/screen.h"
+#include "windows/net_atoms.h"
 #include "grx_plus_application.h"
 #include "grx_plus_erreurs.h"
 #include "xt_ini_f.h"
@@ -34,7 +35,7 @@ bool all_alike(std::span<const long> areas) {
 }
 
 std::size_t current_desktop() {
-    const Atom name = XInternAtom(x11_disp, "_NET_CURRENT_DESKTOP", False);
+    const Atom name = grx::net_atom(grx::NetAtom::current_desktop);
     const grx::PropertyValues desktop(grx::root_window(), name, XA_CARDINAL, 1);
     return desktop.values().empty() ? 0 : static_cast<std::size_t>(desktop.values()[0]);
 }
@@ -65,8 +66,7 @@ namespace grx {
 Box work_area() {
     if (x11_disp == nullptr) return {};
     constexpr long most_desktops = 64;
-    const Atom name = XInternAtom(x11_disp, "_NET_WORKAREA", False);
-    const PropertyValues told(root_window(), name, XA_CARDINAL, most_desktops * long{kBox});
+    const PropertyValues told(root_window(), net_atom(NetAtom::work_area), XA_CARDINAL, most_desktops * long{kBox});
     const auto areas = told.values().first(told.values().size() / kBox * kBox);
     return areas.empty() ? whole_screen() : inside_screen(box_of(own_values(areas)));
 }
