@@ -133,7 +133,8 @@ GRX_API INT grx_affecte_genre_fenetre(INT nofen, INT genre);
 GRX_API INT grx_rattache_fenetre(INT nofen, INT maitresse);
 
 /* Says who chose the place of a window. Of a window that is not shown yet a manager places those that are
- * GRX_PLACE_LIBRE, a dialog over the window it belongs to; marque: GRX_PLACE_....
+ * GRX_PLACE_LIBRE, many of them a dialog over the window it belongs to. Moving or resizing the window later marks
+ * it as GRX_PLACE_PROGRAMME again. marque: GRX_PLACE_....
  * Gives 1; GRX_ECHEC_NUMERO, GRX_ECHEC_GENRE for a nested window; GRX_ECHEC_PARAMETRE; GRX_ECHEC_AFFICHAGE.
  * Depuis 1.1 */
 GRX_API INT grx_marque_place_fenetre(INT nofen, INT marque);

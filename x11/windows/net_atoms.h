@@ -15,6 +15,8 @@ enum class NetAtom {
     compound_text,
     work_area,
     current_desktop,
+    supported,
+    move_resize,
     window_type,
     type_normal, // the kinds in the order of GRX_GENRE_...
     type_dialog,

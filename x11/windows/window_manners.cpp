@@ -4,16 +4,20 @@
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>
 
+#include <algorithm>
+
 #include "pure/axis.h"
 #include "pure/placement.h"
 #include "display/pixmaps.h"
 #include "display/properties.h"
+#include "display/screen.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
 #include "windows/addressed_window.h"
 #include "windows/frame.h"
 #include "windows/frame_thickness.h"
 #include "windows/manners.h"
+#include "windows/net_atoms.h"
 #include "windows/place_marks.h"
 #include "windows/window_tree.h"
 #include "windows/work_area.h"
@@ -72,6 +76,34 @@ grx::Box frame_box(Widget shell, Widget beside) {
     return box;
 }
 
+bool manager_moves_windows() {
+    constexpr long most = 1024;
+    const auto wanted = static_cast<long>(grx::net_atom(grx::NetAtom::move_resize));
+    const grx::PropertyValues known(grx::root_window(), grx::net_atom(grx::NetAtom::supported), XA_ATOM, most);
+    const auto all = known.values();
+    return std::find(all.begin(), all.end(), wanted) != all.end();
+}
+
+// Managers disagree whether a plain request means the frame or the window in it; this one says that it means the frame.
+void ask_manager_to_move(Window window, const grx::Box& place) {
+    constexpr long x_given = 1 << 8, y_given = 1 << 9, by_application = 1 << 12;
+    XEvent event{};
+    XClientMessageEvent& message = event.xclient;
+    message.type = ClientMessage;
+    message.window = window;
+    message.message_type = grx::net_atom(grx::NetAtom::move_resize);
+    message.format = 32;
+    message.data.l[0] = NorthWestGravity | x_given | y_given | by_application;
+    message.data.l[1] = place.x;
+    message.data.l[2] = place.y;
+    XSendEvent(x11_disp, grx::root_window(), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+}
+
+void place_frame(Widget shell, const grx::Box& place) {
+    grx::move_for_certain(shell, grx::as_position(place.x), grx::as_position(place.y), 0);
+    if (grx::in_frame(shell) && manager_moves_windows()) ask_manager_to_move(grx::window_of(shell), place);
+}
+
 } // namespace
 
 extern "C" {
@@ -114,7 +146,7 @@ INT grx_centre_fenetre(INT nofen, INT sur) {
     const grx::Box area = grx::work_area();
     const grx::Box target = on != nullptr ? frame_box(on, nullptr) : area;
     const grx::Box place = grx::kept_within(grx::centred(frame_box(shell, on), target), area);
-    grx::move_for_certain(shell, grx::as_position(place.x), grx::as_position(place.y), 0);
+    place_frame(shell, place);
     grx::mark_place(shell, GRX_PLACE_PROGRAMME);
     return 1;
 }

@@ -181,9 +181,11 @@ class IconsOnASmallServer : public Icons {
 
 TEST_F(IconsOnASmallServer, PiecesAreAsSmallAsItWants) {
     const INT top = make(GRX_FEN_ALPHA);
-    ASSERT_LT(XExtendedMaxRequestSize(x11_disp), 300000);
-    ASSERT_EQ(add(top, 1024, 1024, 0xFF123456), 1);
-    ASSERT_EQ(values(top).size(), 1024U * 1024 + 2);
+    ASSERT_LT(XExtendedMaxRequestSize(x11_disp), 2048 * 1280);
+    ASSERT_EQ(add(top, 2048, 1280, 0xFF123456), 1);
+    const std::vector<long> told = values(top);
+    ASSERT_EQ(told.size(), 2048U * 1280 + 2);
+    EXPECT_EQ(std::count(told.begin() + 2, told.end(), 0xFF123456L), 2048L * 1280);
     EXPECT_EQ(x_error_count(x11_disp), 0) << last_x_error();
 }
 
