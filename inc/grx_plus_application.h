@@ -140,7 +140,8 @@ GRX_API INT grx_rattache_fenetre(INT nofen, INT maitresse);
 GRX_API INT grx_marque_place_fenetre(INT nofen, INT marque);
 
 /* Moves a window, shown or not, so that its frame stands centred on that of window sur, or (GRX_AUCUN) in the work
- * area, and in either case within the work area. The place is marked as the program's.
+ * area, and in either case within the work area. The place is marked as the program's. A window sur that is
+ * not on the screen yet may be put elsewhere by the manager afterwards (grx_attend_creation_fenetre waits for it).
  * Gives 1; GRX_ECHEC_NUMERO, GRX_ECHEC_GENRE for nested windows; GRX_ECHEC_AFFICHAGE.
  * Depuis 1.1 */
 GRX_API INT grx_centre_fenetre(INT nofen, INT sur);

@@ -35,6 +35,15 @@ constexpr uint32_t blue(uint32_t pixel) {
 constexpr bool opaque(uint32_t pixel) {
     return alpha(pixel) >= 0x80;
 }
+
+/// The pixel laid over a background, which shows through as much as the pixel lets it.
+constexpr uint32_t over(uint32_t pixel, uint32_t background) {
+    const auto mixed = [&](uint32_t front, uint32_t behind) {
+        return (front * alpha(pixel) + behind * (0xFF - alpha(pixel)) + 0x7F) / 0xFF;
+    };
+    return 0xFF000000 | mixed(red(pixel), red(background)) << 16 | mixed(green(pixel), green(background)) << 8
+           | mixed(blue(pixel), blue(background));
+}
 } // namespace argb
 
 /// The size itself, or the largest of its shape with no side above `most`.

@@ -21,6 +21,9 @@ constexpr std::size_t kHead = 2; // width and height before the pixels
 constexpr std::size_t kMostSizes = 16;
 constexpr std::size_t kMostValues = std::size_t{4} << 20; // 16 MB on the wire
 constexpr int32_t kMostPixmapSide = 64;
+// What shows through where a manager ignores the mask: mwm does, whose icons are light grey.
+constexpr uint32_t kIconGround = 0xFFD3D3D3;
+constexpr uint32_t kWhite = 0xFFFFFFFF;
 
 std::size_t pixels_in(Size size) {
     return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
@@ -102,15 +105,17 @@ IconPicture IconPictures::nearest_to(int32_t side) const {
 IconPixmaps make_icon_pixmaps(const IconPicture& picture) {
     if (picture.pixels.empty()) return {};
     const Size size = fitted(picture.size, kMostPixmapSide);
-    const auto pixel_at = [&](int32_t x, int32_t y) { return sampled(picture, size, x, y); };
     const Visual& visual = *DefaultVisual(x11_disp, x11_screen);
+    const uint32_t background = visual.c_class == TrueColor ? kIconGround : kWhite;
+    const auto pixel_at = [&](int32_t x, int32_t y) { return sampled(picture, size, x, y); };
+    const auto solid_at = [&](int32_t x, int32_t y) { return argb::over(pixel_at(x, y), background); };
     IconPixmaps made;
     if (visual.c_class == TrueColor) {
         made.picture = make_pixmap_of(size, static_cast<unsigned int>(DefaultDepth(x11_disp, x11_screen)),
-            [&](int32_t x, int32_t y) { return true_colour(visual, pixel_at(x, y)); });
+            [&](int32_t x, int32_t y) { return true_colour(visual, solid_at(x, y)); });
     } else {
         made.picture =
-            make_pixmap_of(size, 1, [&](int32_t x, int32_t y) { return black_at(pixel_at(x, y), x, y) ? 1UL : 0UL; });
+            make_pixmap_of(size, 1, [&](int32_t x, int32_t y) { return black_at(solid_at(x, y), x, y) ? 1UL : 0UL; });
     }
     made.mask = make_pixmap_of(size, 1, [&](int32_t x, int32_t y) { return argb::opaque(pixel_at(x, y)) ? 1UL : 0UL; });
     return made;

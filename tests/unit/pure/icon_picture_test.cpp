@@ -44,6 +44,12 @@ TEST(IconPicture, EveryPixelOfALargePictureCountsOnce) {
     EXPECT_NE(grx::sampled(picture, {small, small}, small - 1, small - 1), 0xFF000000);
 }
 
+TEST(IconPicture, TheBackgroundShowsThrough) {
+    EXPECT_EQ(grx::argb::over(0xFF123456, 0xFFFFFFFF), 0xFF123456U);
+    EXPECT_EQ(grx::argb::over(0x00123456, 0xFFABCDEF), 0xFFABCDEFU);
+    EXPECT_EQ(grx::argb::over(0x80000000, 0xFFFFFFFF), 0xFF7F7F7FU);
+}
+
 TEST(IconPicture, GreysBecomePatterns) {
     const auto blacks = [](uint32_t pixel) {
         int count = 0;
