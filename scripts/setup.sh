@@ -8,7 +8,7 @@ packages=(
     libx11-dev libxext-dev libxt-dev libmotif-dev libdxflib-dev
     # testing
     libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev
-    xvfb mwm openbox x11-utils x11-xkb-utils xkb-data xfonts-base imagemagick
+    xvfb mwm openbox fvwm x11-utils x11-xkb-utils xkb-data xfonts-base imagemagick
     # checking
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev
 )

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# with_x.sh [--planes 24|8|16] [--mwm|--openbox] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
+# with_x.sh [--planes 24|8|16] [--mwm|--openbox|--fvwm] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
 set -euo pipefail
 
 planes=24
@@ -7,7 +7,7 @@ manager=
 while [ $# -gt 0 ]; do
     case $1 in
         --planes) planes=$2; shift 2 ;;
-        --mwm | --openbox) manager=${1#--}; shift ;;
+        --mwm | --openbox | --fvwm) manager=${1#--}; shift ;;
         *) break ;;
     esac
 done
@@ -31,7 +31,9 @@ read -r -t 30 number <"$place/number" || { cat "$place/log" >&2; exit 1; }
 export DISPLAY=":$number"
 
 if [ -n "$manager" ]; then
-    "$manager" >/dev/null 2>&1 &
+    command=("$manager")
+    [ "$manager" != fvwm ] || command+=(-f /dev/null)
+    "${command[@]}" >/dev/null 2>&1 &
     wm=$!
     sign=_MOTIF_WM_INFO
     [ "$manager" = mwm ] || sign=_NET_SUPPORTING_WM_CHECK

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace grxtest {
 namespace {
@@ -29,7 +31,7 @@ void wait_for_change(Display* display) {
     while (XPending(display) > 0) XNextEvent(display, &event);
 }
 
-// openbox announces itself before it looks at windows, and can miss one that is mapped in between: it is ready when it
+// openbox and fvwm announce themselves before they look at windows, and can miss one that is mapped in between: one is ready when it
 // has taken a window into its care.
 bool takes_windows(Display* display) {
     const Window root = DefaultRootWindow(display);
@@ -47,6 +49,12 @@ bool takes_windows(Display* display) {
     return result;
 }
 
+std::vector<std::string> command(WindowManager::Kind kind) {
+    if (kind == WindowManager::Kind::mwm) return {"mwm"};
+    if (kind == WindowManager::Kind::openbox) return {"openbox"};
+    return {"fvwm", "-f", "/dev/null"}; // the user's own configuration stays out of it
+}
+
 } // namespace
 
 WindowManager::WindowManager(const XServer& server, Kind kind) {
@@ -59,14 +67,13 @@ WindowManager::WindowManager(const XServer& server, Kind kind) {
     ChildOptions options;
     options.environment = {{"DISPLAY", server.name()}};
     options.end_signal = mwm ? SIGKILL : SIGTERM; // mwm ignores the gentle ones
-    child_ = Child({mwm ? "mwm" : "openbox"}, options);
+    child_ = Child(command(kind), options);
     const auto started = [&] { return has_property(display, DefaultRootWindow(display), ready); };
     const auto ended_or = [&](const auto& condition) { return !child_.running() || condition(); };
     const auto step = [&] { wait_for_change(display); };
     wait_until([&] { return ended_or(started); }, step, start_deadline);
     if (!mwm) wait_until([&] { return ended_or([&] { return takes_windows(display); }); }, step, start_deadline);
-    if (!child_.running() || !started())
-        throw std::runtime_error(mwm ? "mwm does not start" : "openbox does not start");
+    if (!child_.running() || !started()) throw std::runtime_error(command(kind).front() + " does not start");
 }
 
 } // namespace grxtest

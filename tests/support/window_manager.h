@@ -8,7 +8,7 @@ namespace grxtest {
 
 class WindowManager {
   public:
-    enum class Kind { mwm, openbox };
+    enum class Kind { mwm, openbox, fvwm };
 
     explicit WindowManager(const XServer& server, Kind kind = Kind::mwm);
     bool running() { return child_.running(); }

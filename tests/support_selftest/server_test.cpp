@@ -140,10 +140,10 @@ TEST(Manager, MwmFramesAWindow) {
     EXPECT_FALSE(manager.running());
 }
 
-TEST(Manager, MwmAndOpenboxTakeTheScreen) {
+TEST(Manager, MwmOpenboxAndFvwmTakeTheScreen) {
     const TempDir home;
     setenv("HOME", home.text().c_str(), 1);
-    for (const auto kind : {WindowManager::Kind::mwm, WindowManager::Kind::openbox}) {
+    for (const auto kind : {WindowManager::Kind::mwm, WindowManager::Kind::openbox, WindowManager::Kind::fvwm}) {
         const XServer server;
         WindowManager manager(server, kind);
         const auto display = connect(server);

@@ -10,6 +10,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "display/arguments.h"
+#include "display/identity.h"
+#include "grx_plus_application.h"
 #include "xt_ini_t.h"
 
 Display* x11_disp = nullptr;
@@ -45,7 +48,7 @@ XErrorHandler application_errors = nullptr;
 XIOErrorHandler application_end = nullptr;
 
 // The arguments of the application that the toolkit is given. It keeps their address.
-constexpr std::size_t kNameBuffer = 20;
+constexpr std::size_t kNameBuffer = 80;
 char* arguments[2] = {nullptr, nullptr};
 
 } // namespace
@@ -108,13 +111,15 @@ void install_error_handlers() {
 bool open_display() {
     if (arguments[0] == nullptr) arguments[0] = static_cast<char*>(std::malloc(kNameBuffer));
     if (arguments[0] == nullptr) return false;
-    std::snprintf(arguments[0], kNameBuffer, "HB");
+    std::snprintf(arguments[0], kNameBuffer, "%s", application_name());
     int count = 1;
     XtToolkitInitialize();
     contexte = XtCreateApplicationContext();
-    x11_disp = XtOpenDisplay(contexte, nullptr, nullptr, nullptr, nullptr, 0, &count, arguments);
+    x11_disp = XtOpenDisplay(
+        contexte, given_argument(GRX_ARG_DISPLAY), nullptr, application_class(), nullptr, 0, &count, arguments);
     if (x11_disp == nullptr) return false;
     x11_screen = DefaultScreen(x11_disp);
+    put_given_resources(XtScreenDatabase(DefaultScreenOfDisplay(x11_disp)));
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
     return true;
 }

@@ -11,6 +11,7 @@
 #include "toolkit/args.h"
 #include "registry/window_table.h"
 #include "windows/frame_thickness.h"
+#include "windows/work_area.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_f.h"
@@ -28,6 +29,7 @@ void turn_into_frame_place(GRX_FENETRE& fenetre) {
     const int32_t top = grx::top_of_box(grx_recup_hau_ecran(), fenetre.y, fenetre.haut);
     fenetre.x = on_screen(int64_t{fenetre.x} - frame.border);
     fenetre.y = on_screen(int64_t{top} - frame.border - frame.title);
+    grx::keep_in_work_area(fenetre.x, fenetre.y, grx::with_frame({fenetre.droite, fenetre.haut}, frame));
 }
 
 void give_place(Widget shell, const GRX_FENETRE& fenetre) {

@@ -13,6 +13,7 @@
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "registry/window_table.h"
+#include "windows/manners.h"
 #include "windows/shell_place.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
@@ -112,6 +113,7 @@ INT grx_init_application(void) {
     turn_off_drag_and_drop();
     keep_display_object();
     grx::watch_places_of_shells(x11_disp);
+    grx::begin_manners();
     if (grx_init_graphique() == 0) return 0;
     grx_recup_taille_ecran(&lar_ecran, &hau_ecran);
     grx_recup_taille_ecran_mm(&lar_ecran_mm, &hau_ecran_mm);

@@ -1,6 +1,9 @@
 // Works out from the settings how thick the window manager's frame around a window is, for the placing of windows.
 #include "windows/frame_thickness.h"
 
+#include <algorithm>
+
+#include "pure/axis.h"
 #include "xt_fen_t.h"
 #include "xt_ini_f.h"
 
@@ -40,6 +43,11 @@ FrameThickness frame_of_message_window(INT attributes) {
 FrameThickness frame_with(bool title, bool handles) {
     if (title) return {handles ? grx_get_tabord() : grx_get_tabord_sans_resize(), title_height(true)};
     return {handles ? grx_get_tabord_sans_titre() : grx_get_tabord_sans_decor(), title_height(false)};
+}
+
+Size with_frame(Size client, const FrameThickness& frame) {
+    return {saturated(int64_t{std::max(client.width, 0)} + 2 * int64_t{frame.border}),
+        saturated(int64_t{std::max(client.height, 0)} + 2 * int64_t{frame.border} + frame.title)};
 }
 
 } // namespace grx

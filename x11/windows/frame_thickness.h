@@ -2,6 +2,7 @@
 // is in pixels.
 #pragma once
 
+#include "pure/size.h"
 #include "host_t.h"
 
 namespace grx {
@@ -19,5 +20,8 @@ FrameThickness frame_of_message_window(INT attributes);
 
 /// The frame around a window with or without a title, with or without resize handles.
 FrameThickness frame_with(bool title, bool handles);
+
+/// The size of a frame around a window of this size; a side that is not given counts as nothing.
+Size with_frame(Size client, const FrameThickness& frame);
 
 } // namespace grx

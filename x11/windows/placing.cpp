@@ -12,7 +12,9 @@
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
+#include "windows/asked_geometry.h"
 #include "windows/frame_thickness.h"
+#include "windows/work_area.h"
 #include "windows/window_build.h"
 #include "xt_fen_t.h"
 #include "xt_ini_f.h"
@@ -39,6 +41,8 @@ void place_shell(WindowBuild& b) {
     const FrameThickness frame = frame_of_new_window(b.fen.attrib);
     b.x = std::max<int32_t>(as_position(int64_t{b.fen.x} - frame.border), 0);
     b.y = std::max(toolkit_y(grx_recup_hau_ecran(), b.fen, int64_t{frame.title} + frame.border), 0);
+    if (take_users_place(b)) return;
+    keep_in_work_area(b.x, b.y, with_frame({b.fen.droite, b.fen.haut}, frame));
     const std::span<char> text = geometry_text(b.nofen);
     std::snprintf(text.data(), text.size(), "+%d+%d", b.x, b.y);
 }

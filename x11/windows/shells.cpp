@@ -25,14 +25,6 @@ static_assert(grx::without::title == GRX_FEN_ATT_SANS_TITRE && grx::without::bor
               && grx::without::maximising == GRX_FEN_ATT_SANS_MAXI
               && grx::without::minimising == GRX_FEN_ATT_SANS_MINI);
 
-Pixmap minimised_icon() {
-    static Pixmap icon = None;
-    if (icon == None) {
-        icon = grx::make_bitmap(grx::iconif_bits, grx::kIconSide);
-    }
-    return icon;
-}
-
 void set_decorations(grx::Args& args, INT attributes) {
     const auto masks = grx::decorations_for(attributes);
     args.set(XmNmwmDecorations, masks.decorations);
@@ -42,6 +34,14 @@ void set_decorations(grx::Args& args, INT attributes) {
 } // namespace
 
 namespace grx {
+
+Pixmap minimised_icon() {
+    static Pixmap icon = None;
+    if (icon == None) {
+        icon = make_bitmap(iconif_bits, kIconSide);
+    }
+    return icon;
+}
 
 void make_shell(WindowBuild& b) {
     Args args;

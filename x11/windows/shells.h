@@ -7,6 +7,9 @@
 
 namespace grx {
 
+/// The icon of windows that have no other. It lives as long as the library.
+Pixmap minimised_icon();
+
 /// Makes the shell: a transient one when the window has a parent, else a top-level one.
 void make_shell(WindowBuild& b);
 

@@ -9,6 +9,7 @@
 #include "toolkit/late_layout.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
+#include "windows/asked_geometry.h"
 #include "windows/placing.h"
 #include "windows/scrolling.h"
 #include "windows/shell_place.h"
@@ -143,7 +144,8 @@ void grx_init_fenetre(GRX_FENETRE* fenetre) {
 
 INT grx_cree_fenetre(GRX_FENETRE* fenetre) {
     if (fenetre == nullptr) return kNotMade;
-    grx::WindowBuild b{.fen = *fenetre,
+    const GRX_FENETRE wanted = grx::as_user_wants(*fenetre);
+    grx::WindowBuild b{.fen = wanted,
         .nofen = GRX_AUCUN,
         .nested = (fenetre->attrib & GRX_FEN_ATT_FILLE) != 0,
         .parent = grx_recup_objet_fen(fenetre->fen_mere)};
@@ -154,6 +156,7 @@ INT grx_cree_fenetre(GRX_FENETRE* fenetre) {
     fenetre->nofen = b.nofen;
     grx::occupy(b.nofen, b.fen.type, b.work, b.nested ? b.outer : nullptr);
     show_window(b, make_number(b));
+    grx::note_made(*fenetre);
     return 0;
 }
 }
