@@ -1,11 +1,9 @@
-// The help key: tells the application on what the user wants help, wherever the key is pressed. Watches all keys for
-// the tips as well.
+// The help key: tells the application on what the user wants help, wherever the key is pressed.
 #include <X11/Intrinsic.h>
 #include <X11/keysym.h>
 
 #include "controls/key_watch.h"
 #include "controls/menu_texts.h"
-#include "controls/tips.h"
 #include "controls/under_pointer.h"
 #include "display/pixmaps.h"
 #include "display/screen.h"
@@ -15,7 +13,6 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_evenements.h"
 #include "menus/armed_entry.h"
-#include "menus/menu_keys.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
 #include "pure/axis.h"
@@ -80,7 +77,6 @@ void ask_about_pointer(const XKeyEvent& event) {
 }
 
 bool on_press(const XKeyEvent& event, bool of_entry) {
-    grx::end_tip();
     const bool asked = (sources & GRX_AIDE_TOUCHE) != 0 && !of_entry && is_help_key(event);
     if (!asked) return false;
     if (grx::menu_bar() != nullptr && grx::has_open_menu(grx::menu_bar()))
@@ -92,27 +88,18 @@ bool on_press(const XKeyEvent& event, bool of_entry) {
 
 void forget_help() {
     sources = 0;
-    grx::show_presses(nullptr);
 }
 
 } // namespace
-
-namespace grx {
-
-void watch_key_presses() {
-    at_shut_down(forget_help);
-    show_presses(on_press);
-}
-
-} // namespace grx
 
 extern "C" {
 
 INT grx_affecte_demande_aide(INT wanted) {
     if ((wanted & ~(GRX_AIDE_TOUCHE | GRX_AIDE_MENU)) != 0) return GRX_ECHEC_PARAMETRE;
     if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    grx::at_shut_down(forget_help);
     sources = wanted;
-    if (wanted != 0) grx::watch_key_presses();
+    if (wanted != 0) grx::watch_key_presses(on_press);
     grx::tell_armed_entries((wanted & GRX_AIDE_MENU) != 0);
     return 1;
 }

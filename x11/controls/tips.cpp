@@ -1,7 +1,5 @@
 // Tips of controls: when the pointer rests on one, sensitive or not, its text is shown. The toolkit gives insensitive
 // widgets no event, so crossings are seen before it dispatches them.
-#include "controls/tips.h"
-
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
 
@@ -186,8 +184,19 @@ Boolean on_leave(XEvent* event) {
     return dispatch_leave(event);
 }
 
+// It does not come again before the pointer has left the control.
+void end_tip() {
+    stop_looking();
+    hide();
+}
+
+bool on_key(const XKeyEvent&, bool) {
+    end_tip();
+    return false;
+}
+
 Boolean on_press(XEvent* event) {
-    grx::end_tip();
+    end_tip();
     return dispatch_press(event);
 }
 
@@ -196,7 +205,7 @@ void watch_pointer() {
     dispatch_enter = XtSetEventDispatcher(x11_disp, EnterNotify, on_enter);
     dispatch_leave = XtSetEventDispatcher(x11_disp, LeaveNotify, on_leave);
     dispatch_press = XtSetEventDispatcher(x11_disp, ButtonPress, on_press);
-    grx::watch_key_presses();
+    grx::watch_key_presses(on_key);
 }
 
 // -- the texts
@@ -259,15 +268,6 @@ INT or_default(INT ms, INT at_first) {
 }
 
 } // namespace
-
-namespace grx {
-
-void end_tip() {
-    stop_looking();
-    hide();
-}
-
-} // namespace grx
 
 extern "C" {
 

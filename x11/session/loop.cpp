@@ -12,6 +12,7 @@
 #include "session/loop_state.h"
 #include "session/loop.h"
 #include "session/nested_loop.h"
+#include "session/source_records.h"
 #include "session/sources.h"
 #include "session/wake_up.h"
 #include "grx_plus_boucle.h"

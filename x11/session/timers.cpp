@@ -7,6 +7,7 @@
 #include "grx_plus_boucle.h"
 #include "grx_plus_erreurs.h"
 #include "session/numbered.h"
+#include "session/source_records.h"
 #include "session/sources.h"
 #include "session/wake_up.h"
 #include "system/never_destroyed.h"
@@ -57,6 +58,16 @@ void post_due(INT number, Timer& timer) {
     grx::set_alarm(grx::Alarm::Retry, grx::moment_now() + kRetry);
 }
 
+void serve_timers() {
+    if (timers.count() == 0) return;
+    const int64_t now = grx::moment_now();
+    for (INT number = 1; number <= timers.last(); ++number) {
+        Timer* const timer = timers.at(number);
+        if (timer != nullptr && timer->state == State::Running && timer->due() <= now) post_due(number, *timer);
+    }
+    schedule();
+}
+
 INT periods_until(const Timer& timer, int64_t now) {
     if (!timer.repeats) return 1;
     const int64_t periods = (now - timer.told) / timer.period;
@@ -69,16 +80,6 @@ namespace grx {
 
 bool has_timers() {
     return timers.count() > 0;
-}
-
-void serve_timers() {
-    if (!has_timers()) return;
-    const int64_t now = moment_now();
-    for (INT number = 1; number <= timers.last(); ++number) {
-        Timer* const timer = timers.at(number);
-        if (timer != nullptr && timer->state == State::Running && timer->due() <= now) post_due(number, *timer);
-    }
-    schedule();
 }
 
 void resume_timers() {
@@ -112,6 +113,7 @@ INT grx_cree_minuterie(INT duree, INT repetee) {
     if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
     if (!grx::start_wake_up()) return GRX_ECHEC_MEMOIRE;
     grx::at_shut_down(forget_timers);
+    grx::on_due(serve_timers);
     const INT number = timers.add({true, repetee != 0, State::Running, duree * grx::kMillisecond, grx::moment_now()});
     if (number == 0) return GRX_ECHEC_MEMOIRE;
     schedule();

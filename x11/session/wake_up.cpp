@@ -14,7 +14,6 @@
 #include <utility>
 
 #include "events/added_records.h"
-#include "session/sources.h"
 #include "system/shut_down.h"
 #include "xt_ini_t.h"
 
@@ -30,6 +29,8 @@ int clock_fd = -1;
 XtInputId input = 0;
 std::array<int64_t, kAlarms> alarms{kNever, kNever, kNever};
 int64_t armed_for = kNever;
+void (*tell_of_due)() = nullptr;
+void (*tell_of_ready)(uint64_t key, uint32_t events) = nullptr;
 
 int64_t& moment_of(Alarm alarm) {
     return alarms[static_cast<std::size_t>(alarm)];
@@ -48,6 +49,8 @@ void forget_wake_up() {
     close_descriptors();
     alarms.fill(kNever);
     armed_for = kNever;
+    tell_of_due = nullptr;
+    tell_of_ready = nullptr;
 }
 
 bool open_descriptors() {
@@ -80,7 +83,27 @@ bool alarm_is_over(Alarm alarm) {
 }
 
 void on_input(XtPointer, int*, XtInputId*) {
-    serve_sources();
+    serve_wake_up();
+}
+
+void tell_ready() {
+    std::array<epoll_event, 32> events{};
+    const int count = epoll_wait(set_fd, events.data(), events.size(), 0);
+    for (int i = 0; i < count; ++i) {
+        const epoll_event& event = events[static_cast<std::size_t>(i)];
+        if (event.data.u64 != 0 && tell_of_ready != nullptr) tell_of_ready(event.data.u64, event.events);
+    }
+}
+
+// The clock is ready no longer once it is set anew.
+void take_alarms() {
+    if (armed_for > moment_now()) return;
+    armed_for = 0;
+    alarm_is_over(Alarm::Timers);
+    const bool limit = alarm_is_over(Alarm::Limit);
+    const bool retry = alarm_is_over(Alarm::Retry);
+    if (limit || retry) wake_loop();
+    arm_clock();
 }
 
 } // namespace
@@ -112,21 +135,19 @@ int watched_set() {
     return set_fd;
 }
 
-// The clock is ready no longer once it is set anew, which happens before the next wait.
-void serve_alarms() {
-    std::array<epoll_event, 32> ready{};
-    const int count = epoll_wait(set_fd, ready.data(), ready.size(), 0);
-    for (int i = 0; i < count; ++i) {
-        const epoll_event& event = ready[static_cast<std::size_t>(i)];
-        if (event.data.u64 != 0) watch_ready(event.data.u64, event.events);
-    }
-    if (armed_for > moment_now()) return;
-    armed_for = 0;
-    alarm_is_over(Alarm::Timers);
-    const bool limit = alarm_is_over(Alarm::Limit);
-    const bool retry = alarm_is_over(Alarm::Retry);
-    if (limit || retry) wake_loop();
-    arm_clock();
+void on_due(void (*due)()) {
+    tell_of_due = due;
+}
+
+void on_ready(void (*ready)(uint64_t key, uint32_t events)) {
+    tell_of_ready = ready;
+}
+
+void serve_wake_up() {
+    if (set_fd < 0) return;
+    tell_ready();
+    take_alarms();
+    if (tell_of_due != nullptr) tell_of_due();
 }
 
 } // namespace grx

@@ -23,7 +23,12 @@ int64_t set_alarm(Alarm alarm, int64_t moment);
 /// The set of watched descriptors; -1 before start_wake_up().
 int watched_set();
 
-/// What the toolkit calls when the wait ends: takes alarms that are over and gives what is ready to `ready`.
-void serve_alarms();
+/// Who is told that the moment of Alarm::Timers may have come, and that a descriptor of the set is ready, with its key,
+/// which is not 0.
+void on_due(void (*due)());
+void on_ready(void (*ready)(uint64_t key, uint32_t events));
+
+/// Tells them, as the toolkit has it done when the wait ends. Alarms that are over are taken.
+void serve_wake_up();
 
 } // namespace grx

@@ -8,6 +8,7 @@
 #include "grx_plus_boucle.h"
 #include "grx_plus_erreurs.h"
 #include "session/numbered.h"
+#include "session/source_records.h"
 #include "session/sources.h"
 #include "session/wake_up.h"
 #include "system/never_destroyed.h"
@@ -79,6 +80,13 @@ void tell(INT number, Watch& watch, INT conditions) {
         grx::set_alarm(grx::Alarm::Retry, grx::moment_now() + kRetry);
 }
 
+void watch_ready(uint64_t key, uint32_t events) {
+    const auto number = static_cast<INT>(key & UINT32_MAX);
+    Watch* const watch = watches.at(number);
+    if (watch == nullptr || key_of(number, *watch) != key || watch->state != State::Watching) return;
+    tell(number, *watch, conditions_of(*watch, events));
+}
+
 INT refusal() {
     switch (errno) {
     case EBADF: return GRX_ECHEC_NUMERO;
@@ -121,13 +129,6 @@ bool has_watches() {
     return watches.count() > 0;
 }
 
-void watch_ready(uint64_t key, uint32_t events) {
-    const auto number = static_cast<INT>(key & UINT32_MAX);
-    Watch* const watch = watches.at(number);
-    if (watch == nullptr || key_of(number, *watch) != key || watch->state != State::Watching) return;
-    tell(number, *watch, conditions_of(*watch, events));
-}
-
 // All are asked for again, for this also finds those that were closed.
 void resume_watches() {
     for (INT number = 1; number <= watches.last(); ++number) {
@@ -155,6 +156,7 @@ INT grx_surveille_descripteur(INT descripteur, INT conditions) {
     if (descripteur < 0) return GRX_ECHEC_NUMERO;
     if (!grx::start_wake_up()) return GRX_ECHEC_MEMOIRE;
     grx::at_shut_down(forget_watches);
+    grx::on_ready(watch_ready);
     const Watch watch{true, State::Watching, descripteur, conditions, ++last_serial};
     const INT number = watches.add(watch);
     if (number == 0) return GRX_ECHEC_MEMOIRE;
