@@ -145,7 +145,7 @@ TEST_F(HelpTest, InAnOpenMenuItIsAboutTheEntry) {
     pointer().click_in(children_of(grx_get_Glob_menu_bar()).at(0));
     const Widget save = entry_named("Save");
     ASSERT_TRUE(wait_visible(save));
-    pointer().move_in(save, 10, 5);
+    keyboard().key(XK_Down);
     drain();
     expect_help(main_, -1, 102, "entry");
     EXPECT_TRUE(wait_for([&] { return !visible(XtWindow(save)); })) << "the menu closes";
@@ -178,12 +178,34 @@ class MenuTextsTest : public HelpTest {
         EXPECT_EQ(grx_affecte_aide_menu(102, "Saves \xE0 present"), 1);
     }
     std::string shown() { return text_resource(grx_recup_objet_bout(label_), XmNlabelString); }
+    // With the mouse button held: without, the toolkit's menus do not follow the pointer.
     void open_menu() {
-        pointer().click_in(children_of(grx_get_Glob_menu_bar()).at(0));
+        drain();
+        const Widget menu = children_of(grx_get_Glob_menu_bar()).at(0);
+        ASSERT_TRUE(wait_visible(menu));
+        pointer().move_in(menu, 10, 5);
+        pointer().press();
         ASSERT_TRUE(wait_visible(entry_named("Save")));
     }
     void point_at_entry(const std::string& name) {
         pointer().move_in(entry_named(name), 10, 5);
+        drain();
+    }
+    // A click on the menu opens it for the keyboard, with its first entry highlighted.
+    void open_for_keys() {
+        drain();
+        ASSERT_TRUE(wait_visible(children_of(grx_get_Glob_menu_bar()).at(0)));
+        pointer().click_in(children_of(grx_get_Glob_menu_bar()).at(0));
+        ASSERT_TRUE(wait_visible(entry_named("Save")));
+        drain();
+    }
+    void press_key(KeySym symbol) {
+        keyboard().key(symbol);
+        drain();
+    }
+    void let_go() {
+        pointer().move_in(widget_of(main_), 300, 200);
+        pointer().release();
         drain();
     }
     INT label_ = -1;
@@ -198,12 +220,22 @@ TEST_F(MenuTextsTest, TheHighlightedEntrysIsShown) {
     EXPECT_EQ(shown(), "Saves \xE0 present");
     point_at_entry("Quit");
     EXPECT_EQ(shown(), "Text") << "an entry without a text";
-    keyboard().key(XK_Up);
-    keyboard().key(XK_Up);
-    drain();
-    EXPECT_EQ(shown(), "Saves \xE0 present") << "by the keyboard as well";
-    keyboard().key(XK_Escape);
-    drain();
+    point_at_entry("Open");
+    EXPECT_EQ(shown(), "Opens a drawing");
+    let_go();
+    EXPECT_EQ(shown(), "Text");
+}
+
+TEST_F(MenuTextsTest, TheKeyboardHighlightsAsWell) {
+    open_for_keys();
+    EXPECT_EQ(shown(), "Opens a drawing");
+    press_key(XK_Down);
+    EXPECT_EQ(shown(), "Saves \xE0 present");
+    press_key(XK_Down);
+    EXPECT_EQ(shown(), "Text") << "a submenu";
+    press_key(XK_Up);
+    EXPECT_EQ(shown(), "Saves \xE0 present");
+    press_key(XK_Escape);
     EXPECT_EQ(shown(), "Text");
 }
 
@@ -211,7 +243,7 @@ TEST_F(MenuTextsTest, ChoosingPutsTheOldTextBack) {
     open_menu();
     point_at_entry("Save");
     EXPECT_EQ(shown(), "Saves \xE0 present");
-    pointer().click();
+    pointer().release();
     drain();
     EXPECT_EQ(chosen(102), 1);
     EXPECT_EQ(shown(), "Text");
@@ -221,26 +253,24 @@ TEST_F(MenuTextsTest, WhatTheApplicationWritesMeanwhileStays) {
     open_menu();
     point_at_entry("Save");
     grx_change_texte(label_, writable("Working"));
-    keyboard().key(XK_Escape);
-    drain();
+    let_go();
     EXPECT_EQ(shown(), "Working");
 }
 
 TEST_F(MenuTextsTest, TextsOutliveTheBarAndCanBeTakenAway) {
     grx_detruit_menu_bar();
     grx_recree_menu_bar();
-    drain();
-    open_menu();
-    point_at_entry("Open");
+    open_for_keys();
     EXPECT_EQ(shown(), "Opens a drawing");
     grx_detruit_menu_bar();
     drain();
     EXPECT_EQ(shown(), "Text") << "with its entry gone";
     grx_recree_menu_bar();
     EXPECT_EQ(grx_affecte_aide_menu(101, nullptr), 1);
-    open_menu();
-    point_at_entry("Open");
+    drain();
+    open_for_keys();
     EXPECT_EQ(shown(), "Text");
+    press_key(XK_Escape);
 }
 
 TEST_F(MenuTextsTest, AFieldOfTextShowsThemAndMayGo) {
@@ -258,8 +288,7 @@ TEST_F(MenuTextsTest, AFieldOfTextShowsThemAndMayGo) {
     point_at_entry("Open");
     grx_detruit_bouton(field);
     point_at_entry("Save");
-    keyboard().key(XK_Escape);
-    drain();
+    let_go();
     EXPECT_EQ(shown(), "Text");
 }
 
@@ -267,8 +296,7 @@ TEST_F(MenuTextsTest, AsRecordsForWhoAsked) {
     EXPECT_EQ(grx_affecte_demande_aide(GRX_AIDE_MENU), 1);
     open_menu();
     point_at_entry("Save");
-    keyboard().key(XK_Escape);
-    drain();
+    let_go();
     std::vector<std::pair<INT, std::string>> told;
     for (const GRX_EVENEMENT& e : events.seen())
         if (e.type_evenement == GRX_EVT_AIDE) {

