@@ -292,6 +292,26 @@ TEST_F(MenuTextsTest, AFieldOfTextShowsThemAndMayGo) {
     EXPECT_EQ(shown(), "Text");
 }
 
+TEST_F(MenuTextsTest, TheInformationStripShowsThemByItself) {
+    EXPECT_EQ(grx_affecte_bouton_aide_menu(-1), 1);
+    GRX_ZONE_INFO zone{};
+    GRX_BOUTON described = control_of(GRX_BOU_LABEL, 0, panel_, "Ready");
+    for (auto member : {&GRX_ZONE_INFO::Bou_fleche_haut, &GRX_ZONE_INFO::Bou_fonction, &GRX_ZONE_INFO::Bou_mess,
+             &GRX_ZONE_INFO::Bou_saisie, &GRX_ZONE_INFO::Bou_aff_x, &GRX_ZONE_INFO::Bou_aff_y}) {
+        described.x += 40;
+        zone.*member = described;
+    }
+    INT strip_height = 0;
+    grx_cree_boutons_fenetre_info(&zone, &strip_height);
+    const Widget message = grx_recup_objet_bout(zone.Bou_mess.nobou);
+    ASSERT_NE(message, nullptr);
+    open_for_keys();
+    EXPECT_EQ(text_resource(message, XmNlabelString), "Opens a drawing");
+    EXPECT_EQ(shown(), "Text") << "no longer here";
+    press_key(XK_Escape);
+    EXPECT_EQ(text_resource(message, XmNlabelString), "Ready");
+}
+
 TEST_F(MenuTextsTest, AsRecordsForWhoAsked) {
     EXPECT_EQ(grx_affecte_demande_aide(GRX_AIDE_MENU), 1);
     open_menu();

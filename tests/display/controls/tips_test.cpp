@@ -254,4 +254,77 @@ TEST_F(TipsTest, HostileArguments) {
     EXPECT_EQ(grx_affecte_bulle(button, "text"), GRX_ECHEC_NUMERO);
 }
 
+// Under window managers, which must not frame it, place it or give it the keyboard.
+template <class Fixture>
+class Managed : public Fixture {
+  protected:
+    void expect_plain_tip() {
+        const INT window = make(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 300, 200);
+        ASSERT_TRUE(this->wait_visible(widget_of(window)));
+        const INT button = make(control_of(GRX_BOU_DESSINE, 0, window));
+        ASSERT_TRUE(this->wait_visible(grx_recup_objet_bout(button)));
+        grx_affecte_delais_bulles(30, 0);
+        grx_affecte_bulle(button, "Text");
+        this->pointer().move_in(grx_recup_objet_bout(button), 20, 15);
+        Widget shell = nullptr;
+        ASSERT_TRUE(this->wait_for([&] { return (shell = shown_tip()) != nullptr; }));
+        const Area area = server_area(this->test_display(), XtWindow(shell));
+        EXPECT_EQ(area.x, this->pointer().position().x + 1);
+        EXPECT_EQ(area.y, this->pointer().position().y + 20 + 1);
+        EXPECT_EQ(this->frame(shell), None);
+        Window focus = None;
+        int revert = 0;
+        XGetInputFocus(this->test_display(), &focus, &revert);
+        EXPECT_NE(focus, XtWindow(shell));
+        grx_detruit_fenetre(window);
+        EXPECT_TRUE(this->wait_for([&] { return shown_tip() == nullptr; }));
+    }
+
+  private:
+    Widget shown_tip() {
+        for (const Window w : children_of(this->test_display(), DefaultRootWindow(this->test_display()))) {
+            const Widget shell = XtWindowToWidget(x11_disp, w);
+            if (shell != nullptr && std::string(XtName(shell)) == "bulle" && this->visible(w)) return shell;
+        }
+        return nullptr;
+    }
+};
+
+class TipsWmTest : public Managed<WmTest> {};
+
+TEST_F(TipsWmTest, ATipIsNobodysBusiness) {
+    expect_plain_tip();
+}
+
+class TipsOpenboxWmTest : public Managed<WmTest> {
+    WindowManager::Kind manager_kind() const override { return WindowManager::Kind::openbox; }
+};
+
+TEST_F(TipsOpenboxWmTest, ATipIsNobodysBusiness) {
+    expect_plain_tip();
+}
+
+TEST_F(On8, ATipTakesNoColourCells) {
+    const INT window = make(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 300, 200);
+    ASSERT_TRUE(wait_visible(widget_of(window)));
+    const INT button = make(control_of(GRX_BOU_DESSINE, 0, window));
+    grx_affecte_delais_bulles(30, 0);
+    settle();
+    const auto free_cells = [] {
+        std::array<unsigned long, 256> pixels{};
+        unsigned int count = 0;
+        unsigned long plane = 0;
+        while (count < pixels.size() && XAllocColorCells(x11_disp, x11_cmap, False, &plane, 0, &pixels[count], 1))
+            ++count;
+        XFreeColors(x11_disp, x11_cmap, pixels.data(), static_cast<int>(count), 0);
+        return count;
+    };
+    const unsigned int before = free_cells();
+    grx_affecte_bulle(button, "Text");
+    pointer().move_in(grx_recup_objet_bout(button), 20, 15);
+    const auto end = Clock::now() + Milliseconds{400};
+    EXPECT_TRUE(wait_for([&] { return Clock::now() > end; }));
+    EXPECT_EQ(free_cells(), before);
+}
+
 } // namespace
