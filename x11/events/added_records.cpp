@@ -69,16 +69,6 @@ void append(Waiting* record) {
     *end = record;
 }
 
-// The toolkit's wait ends with an event of the display only: this one is nobody's.
-void wake_loop() {
-    if (x11_disp == nullptr) return;
-    XEvent nobodys{};
-    nobodys.xclient.type = ClientMessage;
-    nobodys.xclient.display = x11_disp;
-    nobodys.xclient.format = 32;
-    XPutBackEvent(x11_disp, &nobodys);
-}
-
 } // namespace
 
 bool post_added(const GRX_EVENEMENT& record, const Detail& detail) {
@@ -92,6 +82,15 @@ bool post_added(const GRX_EVENEMENT& record, const Detail& detail) {
 
 bool added_waiting() {
     return first != nullptr;
+}
+
+void wake_loop() {
+    if (x11_disp == nullptr) return;
+    XEvent nobodys{};
+    nobodys.xclient.type = ClientMessage;
+    nobodys.xclient.display = x11_disp;
+    nobodys.xclient.format = 32;
+    XPutBackEvent(x11_disp, &nobodys);
 }
 
 bool take_added(GRX_EVENEMENT& record) {

@@ -22,6 +22,9 @@ bool post_added(const GRX_EVENEMENT& record, const Detail& detail = {});
 
 bool added_waiting();
 
+/// Ends a wait of the toolkit, now or when it begins, with an event that is nobody's.
+void wake_loop();
+
 /// Takes the first record of the queue; its details are from now on those that the application gets. False when there is
 /// none.
 bool take_added(GRX_EVENEMENT& record);

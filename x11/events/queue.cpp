@@ -12,6 +12,15 @@
 
 namespace grx {
 
+namespace {
+
+void run_due(XtInputMask kinds) {
+    constexpr int most = 32; // a timer that is always due must not hold the loop
+    for (int i = 0; i < most && (XtAppPending(contexte) & kinds) != 0; ++i) XtAppProcessEvent(contexte, kinds);
+}
+
+} // namespace
+
 void rest_until_input(int ms) {
     if (x11_disp == nullptr) return;
     pollfd connection{ConnectionNumber(x11_disp), POLLIN, 0};
@@ -23,8 +32,11 @@ bool queue_empty() {
 }
 
 void run_due_timers() {
-    constexpr int most = 32; // a timer that is always due must not hold the loop
-    for (int i = 0; i < most && (XtAppPending(contexte) & XtIMTimer) != 0; ++i) XtAppProcessEvent(contexte, XtIMTimer);
+    run_due(XtIMTimer);
+}
+
+void run_due_sources() {
+    run_due(XtIMTimer | XtIMAlternateInput);
 }
 
 bool is_close_request(const XEvent& event) {

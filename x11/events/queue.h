@@ -16,6 +16,9 @@ bool queue_empty();
 /// that polls.
 void run_due_timers();
 
+/// The same, and the inputs of the toolkit that are ready.
+void run_due_sources();
+
 /// True for the window manager's request to close a window. The window manager sends other client messages too.
 bool is_close_request(const XEvent& event);
 

@@ -20,6 +20,7 @@
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
 #include "events/record.h"
+#include "menus/armed_entry.h"
 #include "menus/menu_file.h"
 #include "menus/menu_keys.h"
 #include "menus/menu_widgets.h"
@@ -129,6 +130,7 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
     XtAddEventHandler(entry, ButtonPressMask, False, grx_menu_est_appuie, grx::as_client_data(nofo));
     XtAddCallback(entry, XmNactivateCallback, grx_menu_est_active, grx::as_client_data(nofo));
     grx::add_menu_key(entry, text.accelerator);
+    grx::follow_armed(entry, nofo);
     return entry;
 }
 

@@ -33,6 +33,8 @@ grx::ForwardedKeys forwarded;
 bool opening_menu = false;    // open_menu() has a key on its way to the bar
 unsigned int opening_key = 0; // that opened a menu and is not released yet
 
+bool (*first_to_see)(const XKeyEvent& event, bool of_entry) = nullptr;
+
 // The toolkit's own dispatchers of keys and of new keyboard layouts.
 XtEventDispatchProc dispatch_press = nullptr;
 XtEventDispatchProc dispatch_release = nullptr;
@@ -154,6 +156,7 @@ void follow_group(XKeyEvent& event) {
 Boolean on_key_press(XEvent* event) {
     if (forwarded.take(event->xkey)) return True;
     if (event->xkey.keycode == opening_key) opening_key = 0;
+    if (first_to_see != nullptr && first_to_see(event->xkey, accelerators.has(event->xkey))) return True;
     XEvent key = *event;
     follow_group(key.xkey);
     return dispatch_press(&key);
@@ -228,6 +231,11 @@ void forget_menu_key(Widget entry) {
 
 void clear_menu_keys(Widget top) {
     accelerators.clear(top);
+}
+
+void show_presses(bool (*first)(const XKeyEvent& event, bool of_entry)) {
+    first_to_see = first;
+    if (first != nullptr) watch_keyboard();
 }
 
 bool forward_to_menu(const XEvent& event) {

@@ -9,6 +9,7 @@
 #include "display/pixmaps.h"
 #include "toolkit/control_parts.h"
 #include "registry/control_table.h"
+#include "controls/menu_texts.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_fme_f.h"
@@ -128,6 +129,7 @@ void create_first_row(GRX_ZONE_INFO& zone) {
     grx_cree_bouton(&zone.Bou_fleche_haut);
     create_framed(zone.Bou_fonction);
     create_framed(zone.Bou_mess);
+    grx::note_message_field(zone.Bou_mess.nobou);
     grx_cree_bouton(&zone.Bou_saisie);
     support_x = create_framed(zone.Bou_aff_x);
     support_y = create_framed(zone.Bou_aff_y);

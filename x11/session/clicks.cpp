@@ -4,6 +4,7 @@
 
 #include "pure/double_click.h"
 #include "events/queue.h"
+#include "session/loop.h"
 #include "xt_ent_f.h"
 #include "xt_ini_f.h"
 
@@ -63,7 +64,7 @@ INT grx_double_clic(INT mode, INT x, INT y, INT bouton) {
     if (x11_disp == nullptr) return static_cast<INT>(grx::ClickOutcome::TimeOut);
     for (;;) {
         GRX_EVENEMENT evt{};
-        const bool found = grx_digitaliseur(&evt, 0) != 0;
+        const bool found = grx::poll_event(evt);
         const auto outcome = grx::judge_click(first, second_click(evt, start));
         if (outcome) return static_cast<INT>(*outcome);
         if (!found && grx::queue_empty()) grx::rest_until_input(grx::kPollRest);

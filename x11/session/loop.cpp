@@ -10,7 +10,13 @@
 #include "registry/window_table.h"
 #include "menus/menu_keys.h"
 #include "session/loop_state.h"
+#include "session/loop.h"
 #include "session/nested_loop.h"
+#include "session/source_records.h"
+#include "session/sources.h"
+#include "session/wake_up.h"
+#include "grx_plus_boucle.h"
+#include "grx_plus_erreurs.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
@@ -33,12 +39,20 @@ INT deliver_nothing(GRX_EVENEMENT* evt) {
 INT deliver_added(GRX_EVENEMENT* evt) {
     GRX_EVENEMENT record;
     if (!grx::take_added(record)) return deliver_nothing(evt);
+    grx::deliver_source(record);
     if (evt != nullptr) *evt = record;
     return 1;
 }
 
-INT deliver(GRX_EVENEMENT* evt) {
-    if (evt_global.type_evenement == GRX_EVT_AUCUN && grx::added_waiting()) return deliver_added(evt);
+// Whether the caller gets the additions' records, or leaves them waiting because it loses what it reads.
+enum class Added : unsigned char { Taken, Left };
+
+bool added_ready(Added added) {
+    return added == Added::Taken && grx::added_waiting();
+}
+
+INT deliver(GRX_EVENEMENT* evt, Added added) {
+    if (evt_global.type_evenement == GRX_EVT_AUCUN && added_ready(added)) return deliver_added(evt);
     if (evt != nullptr) *evt = evt_global;
     return evt_global.type_evenement != GRX_EVT_AUCUN ? 1 : 0;
 }
@@ -51,37 +65,37 @@ INT renderer_window_closing(const XEvent& event) {
     return window != nullptr && window->fen_opengl != 0 ? window->nofen : GRX_AUCUN;
 }
 
-INT dispatch(XEvent& event, GRX_EVENEMENT* evt) {
-    XtDispatchEvent(&event);
-    return deliver(evt);
-}
+// False when the caller gets nothing, whatever was posted.
+using Handling = bool (*)(XEvent&);
 
-INT handle_any(XEvent& event, GRX_EVENEMENT* evt) {
+bool handle_any(XEvent& event) {
     const INT closing = grx::is_close_request(event) ? renderer_window_closing(event) : GRX_AUCUN;
-    if (closing == GRX_AUCUN) return dispatch(event, evt);
-    evt_global.destruction.type_evenement = GRX_EVT_DESTRUCTION;
-    evt_global.destruction.nofen = closing;
-    return deliver(evt);
+    if (closing == GRX_AUCUN)
+        XtDispatchEvent(&event);
+    else
+        grx::post(evt_global.destruction, GRX_EVT_DESTRUCTION, closing);
+    return true;
 }
 
 Window restricted_to() {
     return grx::window_of(grx_recherche_shell(grx_recup_objet_fen(grx_recup_fenetre_a_digitaliser())));
 }
 
-INT handle_restricted(XEvent& event, GRX_EVENEMENT* evt) {
+bool handle_restricted(XEvent& event) {
     const Window only = restricted_to();
     const bool foreign = grx::is_close_request(event) && only != None && event.xclient.window != only;
-    if (!foreign) return dispatch(event, evt);
-    grx_bipbip(0, 0);
-    return deliver_nothing(evt);
+    if (foreign)
+        grx_bipbip(0, 0);
+    else
+        XtDispatchEvent(&event);
+    return !foreign;
 }
 
-using Handling = INT (*)(XEvent&, GRX_EVENEMENT*);
-
 // For an empty queue: a timer that is due may still post something.
-INT poll_timers(GRX_EVENEMENT* evt) {
+INT poll_timers(GRX_EVENEMENT* evt, Added added) {
     grx::run_due_timers();
-    return evt_global.type_evenement != GRX_EVT_AUCUN || grx::added_waiting() ? deliver(evt) : deliver_nothing(evt);
+    return evt_global.type_evenement != GRX_EVT_AUCUN || added_ready(added) ? deliver(evt, added)
+                                                                            : deliver_nothing(evt);
 }
 
 // Posts the end of a window that happened while a dialog had the loop. False when there is none.
@@ -92,18 +106,88 @@ bool post_untold_end() {
     return true;
 }
 
-INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
+bool something_posted() {
+    return evt_global.type_evenement != GRX_EVT_AUCUN || grx::added_waiting();
+}
+
+// The toolkit runs work procedures of the application only when it is about to wait: every eighth time it does so for a
+// moment, instead of idle work.
+bool turn_of_work_procedures(INT attente) {
+    constexpr unsigned int turns = 8;
+    constexpr int64_t moment = grx::kMillisecond / 5;
+    static unsigned int turn = 0;
+    if (attente == 0 || ++turn % turns != 0) return false;
+    grx::set_alarm(grx::Alarm::Limit, grx::moment_now() + moment);
+    return true;
+}
+
+// For an empty queue: idle work, when the toolkit has nothing to do either.
+INT deliver_idle(GRX_EVENEMENT* evt, INT attente) {
+    if (!grx::has_idle_work()) return 0;
+    grx::run_due_sources();
+    if (something_posted()) return deliver(evt, Added::Taken);
+    if (!grx::queue_empty() || turn_of_work_procedures(attente)) return 0;
+    if (evt != nullptr) *evt = grx::source_record(GRX_EVT_OISIF, grx::next_idle_work());
+    return 1;
+}
+
+// Timers, descriptors and idle work, once no event of the display waits. 0 when there is nothing of them.
+INT deliver_from_sources(GRX_EVENEMENT* evt, INT attente) {
+    if (!grx::has_sources() || !grx::queue_empty()) return 0;
+    grx::resume_sources();
+    grx::serve_sources();
+    return grx::added_waiting() ? deliver_added(evt) : deliver_idle(evt, attente);
+}
+
+INT take_event(GRX_EVENEMENT* evt, Handling handling, Added added) {
+    XEvent event;
+    XtAppNextEvent(contexte, &event);
+    if (event.type == KeyPress && !grx::was_forwarded(event.xkey)) grx::Memo_event = event;
+    const bool told = handling(event);
+    grx::resume_sources(); // an event of the display has had its turn
+    return told ? deliver(evt, added) : deliver_nothing(evt);
+}
+
+INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling, Added added = Added::Taken) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
     grx::lay_out_pending();
     grx_init_evenement(&evt_global);
     grx::forget_delivered_detail();
-    if (post_untold_end()) return deliver(evt);
-    if (grx::added_waiting()) return deliver_added(evt);
-    if (attente == 0 && grx::queue_empty()) return poll_timers(evt);
-    XEvent event;
-    XtAppNextEvent(contexte, &event);
-    if (event.type == KeyPress && !grx::was_forwarded(event.xkey)) grx::Memo_event = event;
-    return handling(event, evt);
+    if (post_untold_end()) return deliver(evt, added);
+    if (added_ready(added)) return deliver_added(evt);
+    if (added == Added::Taken && deliver_from_sources(evt, attente) != 0) return 1;
+    if (attente == 0 && grx::queue_empty()) return poll_timers(evt, added);
+    return take_event(evt, handling, added);
+}
+
+// Handles what waits now, at most: what comes meanwhile has time until the next call.
+INT digitise_waiting(GRX_EVENEMENT* evt, Handling handling) {
+    for (int left = XEventsQueued(x11_disp, QueuedAfterFlush); left >= 0; --left) {
+        if (digitise(evt, 0, handling) != 0) return 1;
+    }
+    return 0;
+}
+
+// The limit is set again after each event, for what handles one may wait as well.
+INT digitise_until(GRX_EVENEMENT* evt, int64_t end, Handling handling) {
+    INT result = 0;
+    do {
+        grx::set_alarm(grx::Alarm::Limit, end);
+        result = digitise(evt, 1, handling);
+    } while (result == 0 && grx::moment_now() < end && x11_disp != nullptr);
+    return result;
+}
+
+INT digitise_for(GRX_EVENEMENT* evt, INT delai, Handling handling) {
+    deliver_nothing(evt);
+    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (delai == 0) return digitise_waiting(evt, handling);
+    if (!grx::start_wake_up()) return GRX_ECHEC_MEMOIRE;
+    const int64_t end = delai > 0 ? grx::moment_now() + delai * grx::kMillisecond : grx::kNever;
+    const int64_t outer = grx::set_alarm(grx::Alarm::Limit, grx::kNever);
+    const INT result = digitise_until(evt, end, handling);
+    grx::set_alarm(grx::Alarm::Limit, outer);
+    return result;
 }
 
 } // namespace
@@ -111,6 +195,10 @@ INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
 namespace grx {
 
 XEvent Memo_event{};
+
+bool poll_event(GRX_EVENEMENT& evt) {
+    return digitise(&evt, 0, handle_any, Added::Left) != 0;
+}
 
 } // namespace grx
 
@@ -133,6 +221,14 @@ INT grx_digitaliseur_fenetre(GRX_EVENEMENT* evt, INT attente) {
     return digitise(evt, attente, handle_restricted);
 }
 
+INT grx_digitaliseur_delai(GRX_EVENEMENT* evt, INT delai) {
+    return digitise_for(evt, delai, handle_any);
+}
+
+INT grx_digitaliseur_fenetre_delai(GRX_EVENEMENT* evt, INT delai) {
+    return digitise_for(evt, delai, handle_restricted);
+}
+
 INT grx_attend_creation_fenetre(INT nofen) {
     if (x11_disp == nullptr) return 0;
     const bool existed = grx_recup_objet_fen(nofen) != nullptr;
@@ -140,7 +236,7 @@ INT grx_attend_creation_fenetre(INT nofen) {
     chrono_top(&top);
     while (chrono_delai(top, kCreationWait) == 0) {
         GRX_EVENEMENT evt{};
-        const bool found = grx_digitaliseur(&evt, 0) != 0;
+        const bool found = grx::poll_event(evt);
         if (found && evt.type_evenement == GRX_EVT_AFFICHAGE && evt.affichage.nofen == nofen) break;
         if (existed && grx_recup_objet_fen(nofen) == nullptr) break; // the user or another client has ended the window
         if (!found && grx::queue_empty()) grx::rest_until_input(grx::kPollRest);
