@@ -37,10 +37,10 @@ bool locale_is_multibyte() {
     return MB_CUR_MAX > 1;
 }
 
-// Offers a text of the locale.
-void copy_text(std::string_view text) {
+// Offers a text of the locale; false when it could not.
+bool copy_text(std::string_view text) {
     const bool utf8 = locale_is_multibyte() && grx::is_utf8(text);
-    grx::offer_text(GRX_SEL_PRESSE_PAPIERS, utf8 ? GRX_CODAGE_UTF8 : GRX_CODAGE_LATIN1, text);
+    return grx::offer_text(GRX_SEL_PRESSE_PAPIERS, utf8 ? GRX_CODAGE_UTF8 : GRX_CODAGE_LATIN1, text) == 1;
 }
 
 // The bytes of the first `most` characters of a text of the locale.
@@ -61,9 +61,9 @@ bool is_one_line(Widget field) {
 bool copy_of_field(Widget field, Time) {
     char* const selected = XmTextGetSelection(field);
     if (selected == nullptr) return false;
-    copy_text(selected);
+    const bool copied = copy_text(selected);
     XtFree(selected);
-    return true;
+    return copied;
 }
 
 void cut_in_field(Widget field, Time time) {
