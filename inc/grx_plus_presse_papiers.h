@@ -111,7 +111,8 @@ GRX_API INT grx_vide_presse_papiers(INT selection);
 /* Asks for (actif not 0) or stops records GRX_EVT_PRESSE_PAPIERS: one comes when a selection that this
  * library's functions, or its fields, offered something in was taken by somebody else; exec_fonction.valeur
  * is the selection, nofen, nobou and no_fo are GRX_AUCUN. Owners that follow each other outside of this process
- * are not told of. Stopping drops records that wait. At first there are none. Gives 1.
+ * are not told of. Stopping drops records that wait. At first there are none. Gives 1, or
+ * GRX_ECHEC_AFFICHAGE.
  * Depuis 1.1 */
 GRX_API INT grx_affecte_suivi_presse_papiers(INT actif);
 
@@ -125,14 +126,15 @@ GRX_API INT grx_affecte_suivi_presse_papiers(INT actif);
  * - V puts the clipboard's text in the place of what is selected in a field; a field of one line gets
  *   the first line of it, and no more than its greatest length takes; nothing in a field that is only
  *   read, and in a list;
- * - A selects all of a field, all entries of a list that takes several, nothing in a list that takes one.
+ * - A selects all of a field, all entries of a list that takes several, which tells of it as of a click
+ *   on its last entry; nothing in a list that takes one.
  * The field or list that has the keyboard has these keys before an entry of the menus with the same key,
- * and the application gets no record of them; in every other place they are the menu's, or the
+ * and the application gets no record of the key; in every other place they are the menu's, or the
  * application's, as ever. Fields and lists are those of buttons, panels, the information strip, the
  * selection panel and the file dialogs. Windows of text and the editor keep their own keys. */
 
 /* Switches these keys on (actif not 0) or off, for all fields and lists there are and will be. At first
- * they are off. Gives 1.
+ * they are off. Gives 1, or GRX_ECHEC_AFFICHAGE.
  * Depuis 1.1 */
 GRX_API INT grx_affecte_touches_presse_papiers(INT actif);
 
