@@ -59,7 +59,9 @@ GRX_API INT grx_affecte_texte_presse_papiers(INT selection, INT codage, const ch
 
 /* The text that a selection offers, in the encoding codage: '?' stands for each character that Latin-1
  * lacks. texte: out. longueur: out, its bytes, may be null. Zero bytes at the end of what an owner sends
- * are dropped.
+ * are dropped. The owner is asked for UTF8_STRING, text/plain;charset=utf-8, STRING, TEXT, COMPOUND_TEXT
+ * and text/plain (UTF-8 where it is that, else Latin-1), until it has one; the type of its answer tells the
+ * encoding.
  * Gives 1; GRX_ECHEC_PARAMETRE for another codage or texte null; GRX_ECHEC_ABSENT when nothing, or no
  * text, is offered; GRX_ECHEC_FORMAT for a text with a zero byte inside or not in the encoding that its
  * owner says; GRX_ECHEC_DELAI; GRX_ECHEC_MEMOIRE, also for more than 256 MB; GRX_ECHEC_OCCUPE.

@@ -46,6 +46,7 @@ class SelectionFetch {
     Atom type() const { return type_; }
     int format() const { return format_; }
     std::string_view bytes() const { return data_ ? std::string_view(data_.data(), used_) : std::string_view(); }
+    /// Hands the memory of the bytes over; nothing is kept here.
     Block<char> take_block() { return std::move(data_); }
 
   private:

@@ -28,8 +28,9 @@ grx::NeverDestroyed<Block<char>> given;
 bool waiting = false; // one request is being waited for
 
 // In the order in which they are asked for. What comes is told by the type of the answer.
-constexpr std::array<const char*, 5> kTextTargets{
-    "UTF8_STRING", "text/plain;charset=utf-8", "STRING", "TEXT", "COMPOUND_TEXT"};
+constexpr const char* kUnnamedEncoding = "text/plain";
+constexpr std::array<const char*, 6> kTextTargets{
+    "UTF8_STRING", "text/plain;charset=utf-8", "STRING", "TEXT", "COMPOUND_TEXT", kUnnamedEncoding};
 
 void forget_given() {
     given.value.reset();
@@ -109,7 +110,8 @@ INT give_fetched(const grx::SelectionFetch& fetch, INT encoding, Block<char>& te
     constexpr int bytes_format = 8;
     const std::string_view bytes = without_zeros_behind(fetch.bytes());
     if (fetch.format() != bytes_format || bytes.find('\0') != std::string_view::npos) return GRX_ECHEC_FORMAT;
-    if (fetch.type() == XA_STRING) return give_latin1(bytes, encoding, text);
+    const bool unnamed = fetch.type() == XInternAtom(x11_disp, kUnnamedEncoding, False);
+    if (fetch.type() == XA_STRING || (unnamed && !grx::is_utf8(bytes))) return give_latin1(bytes, encoding, text);
     const bool compound = fetch.type() == XInternAtom(x11_disp, "COMPOUND_TEXT", False);
     return compound ? give_compound(bytes, encoding, text) : give_utf8(bytes, encoding, text);
 }

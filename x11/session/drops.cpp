@@ -249,6 +249,7 @@ void on_content() {
     const Drag drop = std::exchange(dropped, Drag{});
     const bool wanted = drop.nofen != GRX_AUCUN && (open_for[static_cast<std::size_t>(drop.nofen)] & drop.kind) != 0;
     answer_drop(drop, wanted && take_content(drop, fetch.value));
+    fetch.value.take_block();
 }
 
 // -- messages

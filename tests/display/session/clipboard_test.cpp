@@ -3,6 +3,7 @@
 #include "tests/support/window_kit.h"
 
 #include "display/connection.h"
+#include "system/shut_down.h"
 
 #include <chrono>
 #include <numeric>
@@ -244,6 +245,8 @@ const Owner owners[]{
     {"UTF-8 asked, Latin-1 said", {{"UTF8_STRING", {"STRING", "n\xE9"}}}, 1, "n\xC3\xA9", "n\xE9"},
     {"compound", {{"COMPOUND_TEXT", {"", "n\xE9"}}}, 1, "n\xC3\xA9", "n\xE9"},
     {"compound with Greek", {{"COMPOUND_TEXT", {"", "a\x1B-F\xE2"}}}, 1, "a\xCE\xB2", "a?"},
+    {"plain, UTF-8", {{"text/plain", {"", "n\xC3\xA9"}}}, 1, "n\xC3\xA9", "n\xE9"},
+    {"plain, Latin-1", {{"text/plain", {"", "n\xE9"}}}, 1, "n\xC3\xA9", "n\xE9"},
     {"bad UTF-8, good Latin-1", {{"UTF8_STRING", {"", "\xE9"}}, {"STRING", {"", "\xE9"}}}, 1, "\xC3\xA9", "\xE9"},
     {"zeros behind", {{"STRING", {"", std::string("abc\0\0", 5)}}}, 1, "abc", "abc"},
     {"empty", {{"UTF8_STRING", {"", ""}}}, 1, "", ""},
@@ -413,7 +416,55 @@ TEST_F(WaitingClipboardTest, OthersAreAnsweredMeanwhile) {
     EXPECT_TRUE(XCheckTypedEvent(other(), SelectionNotify, &event)); // without another turn of the loop
 }
 
+struct Inner {
+    INT window = 0;
+    INT result = 0;
+    int calls = 0;
+};
+
+TEST_F(WaitingClipboardTest, ACallWithinAWaitIsBusy) {
+    Inner inner{make(GRX_FEN_BOUTONS)};
+    ASSERT_TRUE(wait_visible(widget_of(inner.window)));
+    settle();
+    const OtherOwner silent(server().name(), {}, Manner::never);
+    const auto on_expose = [](Widget, XtPointer data, XEvent*, Boolean*) {
+        auto& mine = *static_cast<Inner*>(data);
+        ++mine.calls;
+        mine.result = get_text().result;
+    };
+    XtAddEventHandler(widget_of(inner.window), ExposureMask, False, on_expose, &inner);
+    XClearArea(other(), x_window(inner.window), 0, 0, 0, 0, True);
+    XSync(other(), False);
+    EXPECT_EQ(get_text().result, GRX_ECHEC_DELAI);
+    EXPECT_GE(inner.calls, 1);
+    EXPECT_EQ(inner.result, GRX_ECHEC_OCCUPE);
+    XtRemoveEventHandler(widget_of(inner.window), ExposureMask, False, on_expose, &inner);
+}
+
 // -- memory
+
+TEST_F(ClipboardTest, TheShutDownTakesEverythingBack) {
+    const INT window = make(GRX_FEN_GRAPHIQUE);
+    drain();
+    const auto blocks = heap().blocks();
+    ASSERT_EQ(put_text("x"), 1);
+    ASSERT_EQ(put_text("y", GRX_CODAGE_UTF8, GRX_SEL_PRIMAIRE), 1);
+    ASSERT_EQ(get_text().result, 1);
+    ASSERT_EQ(grx_affecte_suivi_presse_papiers(1), 1);
+    ASSERT_EQ(grx_affecte_touches_presse_papiers(1), 1);
+    ASSERT_EQ(grx_affecte_depots_fenetre(window, GRX_DEPOT_FICHIERS), 1);
+    take_over("PRIMARY");
+    XtAppProcessEvent(contexte, XtIMXEvent);
+    grx::run_shut_down();
+    EXPECT_EQ(heap().blocks(), blocks);
+    EXPECT_EQ(XGetSelectionOwner(other(), other_atom("CLIPBOARD")), None);
+    EXPECT_EQ(grx_recup_touches_presse_papiers(), 0);
+    EXPECT_EQ(grx_recup_depots_fenetre(window), 0);
+    ASSERT_EQ(put_text("again"), 1);
+    take_over();
+    drain();
+    EXPECT_EQ(events.count(GRX_EVT_PRESSE_PAPIERS), 0);
+}
 
 TEST_F(ClipboardTest, ShortMemoryIsToldAndLeavesEverything) {
     ASSERT_EQ(put_text("kept"), 1);

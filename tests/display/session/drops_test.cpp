@@ -463,6 +463,36 @@ TEST_F(DropTest, ClosingTakesTheMarkAway) {
     EXPECT_EQ(aware(other(), shell()), 0);
 }
 
+TEST_F(DropTest, AWindowThatIsShownLaterIsOpenThen) {
+    const INT hidden = make(GRX_FEN_GRAPHIQUE, 0);
+    ASSERT_GT(hidden, 0);
+    ASSERT_EQ(grx_affecte_depots_fenetre(hidden, GRX_DEPOT_FICHIERS), 1);
+    grx_affiche_fenetre(hidden);
+    ASSERT_TRUE(wait_visible(widget_of(hidden)));
+    drain();
+    EXPECT_EQ(aware(other(), shell(hidden)), 5);
+}
+
+TEST_F(DropTest, ATitleTakenAwayLeavesItOpen) {
+    ASSERT_EQ(grx_affecte_depots_fenetre(window_, GRX_DEPOT_FICHIERS), 1);
+    grx_supprime_titre_fenetre(window_);
+    drain();
+    EXPECT_TRUE(dragged("text/uri-list", "file:///x"));
+}
+
+TEST_F(DropTest, AfterAResizeThePlaceIsStillThatOfPresses) {
+    ASSERT_EQ(grx_affecte_depots_fenetre(window_, GRX_DEPOT_FICHIERS), 1);
+    grx_change_taille_fenetre(window_, 300, 280);
+    drain();
+    ASSERT_TRUE(dragged("text/uri-list", "file:///x", 250, 200));
+    ASSERT_TRUE(record());
+    pointer().click_in(widget_of(window_), 250, 200);
+    const auto press = events.wait(GRX_EVT_BOUTON_APPUI);
+    ASSERT_TRUE(press);
+    EXPECT_EQ(detail_.x, press->bouton_appui.x);
+    EXPECT_EQ(detail_.y, press->bouton_appui.y);
+}
+
 TEST_F(DropTest, BadArgumentsGetCodes) {
     const INT buttons = make(GRX_FEN_BOUTONS);
     EXPECT_EQ(grx_affecte_depots_fenetre(buttons, 1), GRX_ECHEC_GENRE);
