@@ -24,7 +24,7 @@ for name in menu_line:menu bitmap:bitmap item_text:item question:question quote:
     corpus=$out/corpus_${name#*:}
     mkdir -p "$corpus"
     quiet clang++-14 "${flags[@]}" -fsanitize=fuzzer "tests/fuzz/libfuzzer/${target}_fuzzer.cpp" "${library[@]}" \
-        -lXm -lXt -lXext -lX11 -o "$out/${target}_fuzzer" || exit 1
+        -lXm -lXt -lXext -lpng -lX11 -o "$out/${target}_fuzzer" || exit 1
     echo "$target, $seconds s"
     "$out/${target}_fuzzer" -max_total_time="$seconds" -max_len=4096 -rss_limit_mb=1024 -print_final_stats=1 \
         -artifact_prefix="$out/${target}_" "$corpus" "tests/fuzz/corpus_${name#*:}" >"$out/$target.log" 2>&1 || code=1

@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
     # building
     build-essential g++ cmake ninja-build pkg-config python3 git
-    libx11-dev libxext-dev libxt-dev libmotif-dev libdxflib-dev
+    libx11-dev libxext-dev libxt-dev libmotif-dev libpng-dev libdxflib-dev
     # testing
     libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev
     xvfb mwm openbox fvwm x11-utils x11-xkb-utils xkb-data xfonts-base imagemagick

@@ -5,6 +5,7 @@
 #include <Xm/CutPaste.h>
 #include <Xm/Text.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -13,7 +14,9 @@
 #include "toolkit/compound_string.h"
 #include "toolkit/hidden_shell.h"
 #include "toolkit/locale_text.h"
+#include "session/clipboard.h"
 #include "dialogs/editor_state.h"
+#include "grx_plus_presse_papiers.h"
 #include "xt_ini_t.h"
 
 namespace grx::editor {
@@ -66,6 +69,13 @@ bool clipboard_is_own() {
     return owner != None && XtWindowToWidget(x11_disp, owner) != nullptr;
 }
 
+// What the application has put on the clipboard by its own call.
+void paste_offered() {
+    Block<char> text;
+    const INT encoding = MB_CUR_MAX > 1 ? GRX_CODAGE_UTF8 : GRX_CODAGE_LATIN1;
+    if (fetch_text(GRX_SEL_PRESSE_PAPIERS, encoding, text) == 1) insert_pasted(text.data());
+}
+
 // The application's own clipboard text in a format, with a zero behind it; empty when there is none.
 Block<char> own_text(char* format) {
     const Window window = window_of(widget_of(kText));
@@ -107,6 +117,7 @@ void delete_selection(Time time) {
 
 // The application's own text is read directly: the toolkit leaks memory when an application asks itself.
 void paste(Time time) {
+    if (offered(GRX_SEL_PRESSE_PAPIERS) != Content::Nothing) return paste_offered();
     if (clipboard_is_own()) {
         Block<char> text = own_text(kStringFormat);
         if (!text) text = own_text(kUnicodeFormat);

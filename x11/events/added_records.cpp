@@ -28,6 +28,8 @@ struct Waiting {
     char* texts() { return reinterpret_cast<char*>(this + 1); }
 };
 
+constexpr INT kFirstAdded = 200; // the first type of the additions
+
 Waiting* first = nullptr;
 Waiting* delivered = nullptr; // null when the last record has no details
 
@@ -98,6 +100,7 @@ bool take_added(GRX_EVENEMENT& record) {
     if (first == nullptr) return false;
     delivered = std::exchange(first, first->next);
     record = delivered->record;
+    if (record.type_evenement < kFirstAdded) forget_delivered_detail(); // the contract's records have none
     return true;
 }
 

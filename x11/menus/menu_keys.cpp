@@ -34,6 +34,7 @@ bool opening_menu = false;    // open_menu() has a key on its way to the bar
 unsigned int opening_key = 0; // that opened a menu and is not released yet
 
 bool (*first_to_see)(const XKeyEvent& event, bool of_entry) = nullptr;
+bool (*keeper)(const XKeyEvent& event) = nullptr; // knows keys that the widget with the focus has before the menus
 
 // The toolkit's own dispatchers of keys and of new keyboard layouts.
 XtEventDispatchProc dispatch_press = nullptr;
@@ -125,9 +126,18 @@ void pass_on(const XEvent& event, Widget focus) {
     XtDispatchEventToWidget(focus, &key);
 }
 
+bool is_kept(const XKeyEvent& event) {
+    return keeper != nullptr && keeper(event);
+}
+
 // Stands before the toolkit's own handler, which knows neither groups nor new layouts.
 void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
     if (opening_menu || event->type != KeyPress) return;
+    if (is_kept(event->xkey)) {
+        *go_on = False;
+        pass_on(*event, focus_in(top));
+        return;
+    }
     XEvent key = *event;
     grx::note_group(key.xkey);
     Widget cascade = menu_of(key.xkey);
@@ -157,6 +167,7 @@ Boolean on_key_press(XEvent* event) {
     if (forwarded.take(event->xkey)) return True;
     if (event->xkey.keycode == opening_key) opening_key = 0;
     if (first_to_see != nullptr && first_to_see(event->xkey, accelerators.has(event->xkey))) return True;
+    is_kept(event->xkey);
     XEvent key = *event;
     follow_group(key.xkey);
     return dispatch_press(&key);
@@ -218,6 +229,11 @@ namespace grx {
 void watch_keys_of_bar(Widget top) {
     XtInsertEventHandler(top, KeyPressMask, False, on_key_of_bar, nullptr, XtListHead);
     watch_keyboard();
+}
+
+void keep_from_menus(bool (*keeps)(const XKeyEvent& event)) {
+    keeper = keeps;
+    if (keeps != nullptr) watch_keyboard();
 }
 
 void add_menu_key(Widget entry, const char* accelerator) {

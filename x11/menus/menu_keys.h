@@ -27,4 +27,8 @@ bool was_forwarded(const XKeyEvent& event);
 /// The code of a key for the application; 0 when it went to the menus.
 INT key_for_application(const XEvent& event, Boolean* go_on);
 
+/// Has `keeps` asked about each key press: true for one that the widget with the focus shall have before the menus. Null
+/// ends that.
+void keep_from_menus(bool (*keeps)(const XKeyEvent& event));
+
 } // namespace grx

@@ -27,8 +27,10 @@ void put(Window window, grx::NetAtom name, std::string_view text) {
 // Puts a text of the application: UTF-8 as it is, else Latin-1.
 void put_plain(Window window, grx::NetAtom name, std::string_view text) {
     if (grx::is_utf8(text)) return put(window, name, text);
-    grx::Block<char> converted(2 * text.size());
-    if (converted) put(window, name, {converted.data(), grx::latin1_to_utf8(text, converted.data())});
+    grx::Block<char> converted(grx::utf8_size(text));
+    if (!converted) return;
+    grx::write_utf8(text, converted.data());
+    put(window, name, {converted.data(), converted.size()});
 }
 
 // Puts a title that the toolkit has made of one of its own texts for the dialogs, in another encoding.
