@@ -11,4 +11,14 @@ bool has_open_menu(Widget bar);
 /// Closes the menus of a menu bar and gives keyboard and pointer back.
 void close_menus(Widget bar);
 
+/// True for a popup menu that has come to the screen.
+bool is_posted_popup(Widget menu);
+
+/// Takes a popup menu off the screen, with its submenus.
+void close_popup(Widget menu);
+
+/// The context menu that is open; null when none is.
+Widget open_context_menu();
+void set_open_context_menu(Widget menu);
+
 } // namespace grx
