@@ -24,6 +24,7 @@
 #include "events/held_button.h"
 #include "events/record.h"
 #include "registry/window_table.h"
+#include "menus/first_release.h"
 #include "menus/menu_file.h"
 #include "menus/menu_keys.h"
 #include "menus/menu_parts.h"
@@ -122,7 +123,10 @@ void destroy(Widget menu) {
 }
 
 void on_menu_death(Widget menu, XtPointer, XtPointer) {
-    if (menu == grx::open_context_menu()) grx::set_open_context_menu(nullptr);
+    if (menu == grx::open_context_menu()) {
+        grx::set_open_context_menu(nullptr);
+        grx::forget_first_release();
+    }
     if (menu == filling) filling = nullptr;
 }
 
@@ -130,6 +134,7 @@ void on_menu_death(Widget menu, XtPointer, XtPointer) {
 void on_closed(Widget menu, XtPointer, XtPointer) {
     if (menu != grx::open_context_menu()) return;
     grx::set_open_context_menu(nullptr);
+    grx::forget_first_release();
     destroy(menu);
 }
 
@@ -180,11 +185,14 @@ void place(Widget menu, const RootPoint& point) {
 }
 
 bool post(Widget menu, const RootPoint& point) {
+    if (!grx::can_grab_input(XtParent(XtParent(menu)))) return false;
     place(menu, point);
     grx::set_open_context_menu(menu);
     grx::watch_keyboard();
     XtManageChild(menu);
-    return grx::is_posted_popup(menu);
+    if (!grx::is_posted_popup(menu)) return false;
+    grx::await_first_release(menu);
+    return true;
 }
 
 Widget make_menu_of(Widget work) {

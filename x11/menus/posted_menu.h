@@ -11,6 +11,10 @@ bool has_open_menu(Widget bar);
 /// Closes the menus of a menu bar and gives keyboard and pointer back.
 void close_menus(Widget bar);
 
+/// False while another client holds pointer or keyboard, which an open menu needs; else a menu may be opened next.
+/// `shown` is on the screen.
+bool can_grab_input(Widget shown);
+
 /// True for a popup menu that has come to the screen.
 bool is_posted_popup(Widget menu);
 

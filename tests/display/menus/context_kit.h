@@ -26,7 +26,7 @@ inline const std::string context_zones = "#:ZONE_MENU_PIECE\n{\nITEM||&Ouvrir|Ct
 inline const std::string context_shown =
     "Ouvrir_O <Ctrl+O>, Grille_G, -, Exporter_E{DXF_D, Image_I{PNG_P}}, Supprimer_S";
 
-class ContextTest : public MenuTest {
+class ContextMenuTest : public MenuTest {
   protected:
     static constexpr const char* zone = "#:ZONE_MENU_PIECE";
 

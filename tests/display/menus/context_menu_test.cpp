@@ -8,7 +8,7 @@ namespace {
 
 using namespace grxtest;
 
-TEST_F(ContextTest, IsBuiltOfItsZone) {
+TEST_F(ContextMenuTest, IsBuiltOfItsZone) {
     const INT window = graphic_window();
     ASSERT_EQ(grx_ouvre_menu_contextuel(window, nullptr, zone, 100, 200), 1);
     EXPECT_EQ(grx_recup_fenetre_menu_contextuel(), window);
@@ -19,7 +19,7 @@ TEST_F(ContextTest, IsBuiltOfItsZone) {
     EXPECT_EQ(corner.y, work.y + 100); // of 300
 }
 
-TEST_F(ContextTest, AClickOnAnEntryAnswersLikeTheBar) {
+TEST_F(ContextMenuTest, AClickOnAnEntryAnswersLikeTheBar) {
     const INT window = graphic_window();
     ASSERT_EQ(grx_ouvre_menu_contextuel(window, nullptr, zone, 100, 200), 1);
     ASSERT_TRUE(wait_shown());
@@ -37,7 +37,7 @@ TEST_F(ContextTest, AClickOnAnEntryAnswersLikeTheBar) {
 }
 
 // As applications do: at the record of the press. The release that follows at once leaves it open.
-TEST_F(ContextTest, APressOfTheRightButtonOpensItAndTheReleaseLeavesIt) {
+TEST_F(ContextMenuTest, APressOfTheRightButtonOpensItAndTheReleaseLeavesIt) {
     const INT window = graphic_window();
     pointer().move_in(widget_of(window), 100, 100);
     pointer().press(3);
@@ -53,7 +53,7 @@ TEST_F(ContextTest, APressOfTheRightButtonOpensItAndTheReleaseLeavesIt) {
     EXPECT_TRUE(input_is_free());
 }
 
-TEST_F(ContextTest, TheButtonThatIsHeldChoosesWhereItIsReleased) {
+TEST_F(ContextMenuTest, TheButtonThatIsHeldChoosesWhereItIsReleased) {
     const INT window = graphic_window();
     pointer().move_in(widget_of(window), 100, 100);
     pointer().press(3);
@@ -73,7 +73,7 @@ TEST_F(ContextTest, TheButtonThatIsHeldChoosesWhereItIsReleased) {
     EXPECT_TRUE(input_is_free());
 }
 
-TEST_F(ContextTest, EscapeAndClicksElsewhereCloseIt) {
+TEST_F(ContextMenuTest, EscapeAndClicksElsewhereCloseIt) {
     const INT window = graphic_window();
     for (int way = 0; way < 4; ++way) {
         ASSERT_EQ(grx_ouvre_menu_contextuel(window, nullptr, zone, 100, 200), 1);
@@ -89,7 +89,7 @@ TEST_F(ContextTest, EscapeAndClicksElsewhereCloseIt) {
     }
 }
 
-TEST_F(ContextTest, ArrowsReturnAndMnemonicsChoose) {
+TEST_F(ContextMenuTest, ArrowsReturnAndMnemonicsChoose) {
     const INT window = graphic_window();
     const std::vector<std::pair<std::vector<KeySym>, INT>> ways{{{XK_Down, XK_Return}, 102}, {{XK_g}, 102},
         {{XK_s}, 103}, {{XK_e, XK_d}, 120}, {{XK_Up, XK_Return}, 103},
