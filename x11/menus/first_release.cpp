@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "display/screen.h"
+#include "menus/posted_menu.h"
 #include "xt_ini_t.h"
 
 namespace grx {
@@ -48,7 +49,7 @@ Boolean on_release(XEvent* event) {
     awaited.menu = nullptr;
     if (!stays) return dispatch_release(event);
     XAllowEvents(event->xbutton.display, SyncPointer, CurrentTime); // the toolkit's grab has stopped the pointer
-    XmProcessTraversal(menu, XmTRAVERSE_CURRENT);
+    follow_keys(menu);
     return True;
 }
 
@@ -85,7 +86,7 @@ void await_first_release(Widget menu) {
     XQueryPointer(x11_disp, root_window(), &root, &child, &x, &y, &own_x, &own_y, &state);
     if ((state & buttons) == 0) {
         drop_waiting_release();
-        XmProcessTraversal(menu, XmTRAVERSE_CURRENT);
+        follow_keys(menu);
         return;
     }
     watch_releases();

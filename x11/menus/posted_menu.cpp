@@ -63,6 +63,10 @@ bool is_posted_popup(Widget menu) {
     return XtIsManaged(menu) && reinterpret_cast<ShellWidget>(XtParent(menu))->shell.popped_up != False;
 }
 
+void follow_keys(Widget menu) {
+    menu_system(menu)->controlTraversal(menu, True);
+}
+
 void close_popup(Widget menu) {
     if (is_posted_popup(menu)) menu_system(menu)->popdown(menu, nullptr);
 }

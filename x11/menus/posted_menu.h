@@ -18,6 +18,9 @@ bool can_grab_input(Widget shown);
 /// True for a popup menu that has come to the screen.
 bool is_posted_popup(Widget menu);
 
+/// Has an open menu obey the arrows: a menu whose button is held obeys the pointer alone.
+void follow_keys(Widget menu);
+
 /// Takes a popup menu off the screen, with its submenus.
 void close_popup(Widget menu);
 
