@@ -122,10 +122,15 @@ void destroy(Widget menu) {
     XtDestroyWidget(XtParent(menu));
 }
 
+void forget_open_menu() {
+    grx::set_open_context_menu(nullptr);
+    grx::forget_first_release();
+}
+
 void on_menu_death(Widget menu, XtPointer, XtPointer) {
     if (menu == grx::open_context_menu()) {
-        grx::set_open_context_menu(nullptr);
-        grx::forget_first_release();
+        forget_open_menu();
+        grx::close_popup(menu); // or keyboard and pointer would stay with it
     }
     if (menu == filling) filling = nullptr;
 }
@@ -133,16 +138,16 @@ void on_menu_death(Widget menu, XtPointer, XtPointer) {
 // The toolkit has taken it off the screen; it goes when what closed it has been dispatched.
 void on_closed(Widget menu, XtPointer, XtPointer) {
     if (menu != grx::open_context_menu()) return;
-    grx::set_open_context_menu(nullptr);
-    grx::forget_first_release();
+    forget_open_menu();
     destroy(menu);
 }
 
 bool close_open_menu() {
     Widget const menu = grx::open_context_menu();
     if (menu == nullptr) return false;
+    forget_open_menu(); // on_closed() would destroy it while the toolkit still closes it
     grx::close_popup(menu);
-    on_closed(menu, nullptr, nullptr); // unless the toolkit has told already
+    destroy(menu);
     return true;
 }
 

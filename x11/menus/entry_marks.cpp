@@ -41,8 +41,8 @@ Mark mark_at(int left, int top) {
     Mark mark{{}, size};
     for (int x = 0; x < size; ++x) {
         const int y = x < turn ? lowest - (turn - x) : std::max(0, lowest - (x - turn));
-        mark.bars[static_cast<std::size_t>(x)] = {static_cast<short>(left + x), static_cast<short>(top + y), 1,
-            static_cast<unsigned short>(thick)};
+        mark.bars[static_cast<std::size_t>(x)] = {
+            static_cast<short>(left + x), static_cast<short>(top + y), 1, static_cast<unsigned short>(thick)};
     }
     return mark;
 }

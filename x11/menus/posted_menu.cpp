@@ -20,8 +20,7 @@ Widget context_menu = nullptr;
 // Has the toolkit learn the server's time: it grabs with that of the last event, which may be older than the last grab
 // of another client and is then refused.
 void learn_time() {
-    Window const own =
-        XCreateWindow(x11_disp, root_window(), 0, 0, 1, 1, 0, 0, InputOnly, CopyFromParent, 0, nullptr);
+    Window const own = XCreateWindow(x11_disp, root_window(), 0, 0, 1, 1, 0, 0, InputOnly, CopyFromParent, 0, nullptr);
     XSelectInput(x11_disp, own, PropertyChangeMask);
     XChangeProperty(x11_disp, own, XA_WM_NAME, XA_STRING, 8, PropModeAppend, nullptr, 0);
     XEvent event;

@@ -18,9 +18,9 @@ struct KeyboardState {
     unsigned locks;
 };
 
-constexpr std::array<KeyboardState, 6> keyboard_states{{{"Us", "us", 0}, {"UsNumLock", "us", Mod2Mask},
-    {"UsCapsLock", "us", LockMask}, {"Fr", "fr", 0}, {"FrNumLock", "fr", Mod2Mask},
-    {"FrBoth", "fr", Mod2Mask | LockMask}}};
+constexpr std::array<KeyboardState, 6> keyboard_states{
+    {{"Us", "us", 0}, {"UsNumLock", "us", Mod2Mask}, {"UsCapsLock", "us", LockMask}, {"Fr", "fr", 0},
+        {"FrNumLock", "fr", Mod2Mask}, {"FrBoth", "fr", Mod2Mask | LockMask}}};
 
 // Main window with a field, a second window, windows of a field, a push button and a scale.
 class InsensitiveKeys : public testing::WithParamInterface<KeyboardState>, public ContextMenuTest {
@@ -110,8 +110,8 @@ TEST_P(InsensitiveKeys, DoNothingAnywhere) {
         KeySym symbol;
         unsigned modifiers;
     };
-    for (const auto& [number, symbol, modifiers] : std::vector<Key>{{11, XK_a, ControlMask}, {13, XK_x, Mod1Mask},
-             {14, XK_q, ControlMask}, {15, XK_k, Mod1Mask}}) {
+    for (const auto& [number, symbol, modifiers] : std::vector<Key>{
+             {11, XK_a, ControlMask}, {13, XK_x, Mod1Mask}, {14, XK_q, ControlMask}, {15, XK_k, Mod1Mask}}) {
         for (const Place place : places) {
             go_to(place);
             EXPECT_EQ(effect(symbol, modifiers), "menu " + std::to_string(number)) << place;
