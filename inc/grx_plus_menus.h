@@ -28,8 +28,8 @@ typedef struct GRX_ENTREE_MENU {
     INT garde_active;               /* 1 = this state outlives the bar, 0 = it does not, or none was set */
     INT garde_coche;                /* the same of the mark */
     INT garde_texte;                /* the same of the text */
-    char texte[GRX_MENU_TEXTE_MAX]; /* text given by grx_change_texte_entree_menu, as given; else the
-                                       label of the oldest entry, without '&'; "" without entries */
+    char texte[GRX_MENU_TEXTE_MAX]; /* without '&': that of grx_change_texte_entree_menu, else that of the
+                                       oldest entry; "" without entries */
 } GRX_ENTREE_MENU;
 
 GRX_DEBUT_C
@@ -83,8 +83,8 @@ GRX_API INT grx_recup_entree_menu(INT no_fo, GRX_ENTREE_MENU* entree);
  * An entry chosen comes like one of the bar: a record of type 2 with nobou -1, the entry's no_fo, and
  * nofen, the window given here. Without a choice (Escape, a click elsewhere) nothing comes. While it is
  * open it has pointer and keyboard: arrows, Return, mnemonics, Escape. A button that is held when it
- * opens chooses where it is released, unless that is at once; the release is the menu's and gives no
- * record. One that is open is closed first, and so are menus of the bar. It goes with its window.
+ * opens chooses where it is released; released where it was, or at once, it leaves the menu open. The
+ * release is the menu's and gives no record. One that is open is closed first, and so are menus of the bar. It goes with its window.
  *
  * nofen: the window, on the screen. fichier: a file in the directory of the menu files
  * (sstate[SST_REP_MENU]); null or "": that of the bar (istate[IST_MODULE_MENU]). zone: the marker, such as
