@@ -87,6 +87,12 @@ bool AcceleratorTable::is_of_another_group(const XKeyEvent& event) const {
     return std::any_of(begin(), end(), somewhere) && std::none_of(begin(), end(), here);
 }
 
+bool AcceleratorTable::is_of(const XKeyEvent& event, bool (*wanted)(Widget entry)) const {
+    return std::any_of(begin(), end(), [&event, wanted](const Accelerator& a) {
+        return a.entry != nullptr && matches(a.key, event) && wanted(a.entry);
+    });
+}
+
 bool AcceleratorTable::activate(XEvent& event) const {
     Widget entry = entry_of(event.xkey);
     if (entry == nullptr) return false;

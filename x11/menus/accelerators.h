@@ -42,6 +42,9 @@ class AcceleratorTable {
     /// True for a key that activates an entry.
     bool has(const XKeyEvent& event) const { return entry_of(event) != nullptr; }
 
+    /// True for a key of an entry that `wanted` says yes to, sensitive or not.
+    bool is_of(const XKeyEvent& event, bool (*wanted)(Widget entry)) const;
+
     /// Chooses the entry of a key; false when there is none.
     bool activate(XEvent& event) const;
 

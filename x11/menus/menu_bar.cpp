@@ -1,10 +1,5 @@
 // The menu bar of the main window: its entries and menus, from a file or one by one.
-#include <X11/StringDefs.h>
-#include <Xm/BulletinB.h>
-#include <Xm/CascadeB.h>
-#include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
-#include <Xm/Separator.h>
 #include <Xm/Xm.h>
 
 #include <cstdio>
@@ -15,14 +10,14 @@
 #include "pure/out.h"
 #include "pure/text.h"
 #include "toolkit/args.h"
-#include "toolkit/compound_string.h"
-#include "toolkit/hidden_shell.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
 #include "events/record.h"
 #include "menus/armed_entry.h"
+#include "menus/entry_states.h"
 #include "menus/menu_file.h"
 #include "menus/menu_keys.h"
+#include "menus/menu_parts.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
 #include "xt_err_f.h"
@@ -31,48 +26,18 @@
 
 namespace {
 
-Widget board = nullptr; // of the spare menu, never shown
-Widget spare = nullptr;
-
 // The application may destroy what it made with grx_cree_atome.
 void on_entry_death(Widget entry, XtPointer, XtPointer) {
     grx::forget_menu_key(entry);
     grx::forget_entry(entry);
 }
 
-Widget make_menu(Widget parent) {
-    return grx::make_pulldown(parent, "Sous_menu_bar");
-}
-
-Widget make_cascade(Widget support, const char* text, Widget submenu) {
-    const grx::CompoundString label(text);
-    grx::Args args;
-    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, submenu);
-    grx::set_menu_look(args);
-    return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
-}
-
-// The button that opens a menu; null where the toolkit would break.
-Widget add_cascade(Widget support, const char* text, Widget menu) {
-    if (!grx::is_pulldown(menu) || !grx::can_hold_children(support)) return nullptr;
-    return grx::managed(make_cascade(support, text, menu));
-}
-
-// Makes a cascade button that nobody sees before menus are taken down: when the last button of a look is destroyed, the
-// toolkit forgets the arrow pictures of that look without freeing them.
-void keep_a_cascade() {
-    Widget const before = spare;
-    if (board == nullptr) board = XmCreateBulletinBoard(grx::hidden_shell(), const_cast<char*>("spare"), nullptr, 0);
-    spare = make_menu(board);
-    if (spare != nullptr) make_cascade(spare, " ", make_menu(spare));
-    if (before != nullptr) XtDestroyWidget(before);
-}
-
 void forget_bar(Widget bar, XtPointer, XtPointer) {
     if (bar != grx::menu_bar()) return;
-    keep_a_cascade();              // those of the bar go when all callbacks are done
+    grx::keep_a_cascade();         // those of the bar go when all callbacks are done
     grx::clear_menu_keys(nullptr); // the grabs go with the window
     grx::forget_menu_widgets();
+    grx::forget_unkept_states();
     grx::set_menu_bar(nullptr);
 }
 
@@ -88,47 +53,14 @@ void accelerator_translation(std::string_view text, char* out, std::size_t size)
     }
 }
 
-// The toolkit warns of a letter that this keyboard does not have.
-KeySym mnemonic_key(char letter) {
-    if (letter == GRX_MENU_SANS_MNEMO) return NoSymbol;
-    const auto symbol = static_cast<KeySym>(static_cast<unsigned char>(letter));
-    return XKeysymToKeycode(x11_disp, symbol) != 0 ? symbol : NoSymbol;
-}
-
-void set_mnemonic(grx::Args& args, char letter) {
-    if (const KeySym mnemonic = mnemonic_key(letter); mnemonic != NoSymbol)
-        args.set(XmNmnemonic, mnemonic).set(XmNmnemonicCharSet, grx::kFontTag); // or it is not underlined
-}
-
-Widget make_separator(Widget parent) {
-    grx::Args args;
-    args.set(XmNorientation, XmHORIZONTAL);
-    grx::set_menu_look(args);
-    return XmCreateSeparator(parent, const_cast<char*>("Gadget_Separateur"), args.list(), args.count());
-}
-
-struct EntryText {
-    const char* label;
-    char accelerator[GRX_MENU_ACCE_MAX]; // as shown: up to the first comma
-    char mnemonic;
-};
-
-Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
-    const grx::CompoundString label(text.label);
-    const grx::CompoundString shown(text.accelerator);
+// An entry whose key is the bar's as well.
+Widget make_bar_entry(Widget parent, const grx::EntryText& text, INT nofo) {
     char translation[2 * GRX_MENU_ACCE_MAX] = "";
-    grx::Args args;
-    args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist);
-    if (text.accelerator[0] != '\0') {
-        accelerator_translation(text.accelerator, translation, sizeof translation);
-        args.set(XmNacceleratorText, shown.get()).set(XmNaccelerator, translation);
-    }
-    set_mnemonic(args, text.mnemonic);
-    grx::set_menu_look(args);
-    Widget entry = XmCreatePushButton(parent, const_cast<char*>("atome"), args.list(), args.count());
+    if (text.accelerator[0] != '\0') accelerator_translation(text.accelerator, translation, sizeof translation);
+    const char* const shown = text.accelerator[0] != '\0' ? translation : nullptr;
+    Widget entry = grx::make_entry(parent, text, shown, nofo, grx_menu_est_active);
     if (entry == nullptr) return nullptr;
     XtAddEventHandler(entry, ButtonPressMask, False, grx_menu_est_appuie, grx::as_client_data(nofo));
-    XtAddCallback(entry, XmNactivateCallback, grx_menu_est_active, grx::as_client_data(nofo));
     grx::add_menu_key(entry, text.accelerator);
     grx::follow_armed(entry, nofo);
     return entry;
@@ -137,9 +69,8 @@ Widget make_entry(Widget parent, const EntryText& text, INT nofo) {
 // Makes an entry or a separator, not managed yet; null when it cannot be made.
 Widget make_atom(const char* texte, const char* acce, char mneu, INT nofo, Widget mere) {
     if (!grx::can_hold_children(mere) || !grx::room_for_entry()) return nullptr;
-    EntryText text{texte != nullptr ? texte : "", "", mneu};
-    grx::copy_text(text.accelerator, grx::first_accelerator(grx::view(acce)));
-    Widget entry = text.label[0] == '-' ? make_separator(mere) : make_entry(mere, text, nofo);
+    const grx::EntryText text = grx::entry_text(texte, acce, mneu);
+    Widget entry = grx::is_separator(text) ? grx::make_separator(mere) : make_bar_entry(mere, text, nofo);
     if (entry == nullptr) return nullptr;
     XtAddCallback(entry, XmNdestroyCallback, on_entry_death, nullptr);
     grx::note_entry(entry);
@@ -160,7 +91,7 @@ struct Builder {
 };
 
 MenuBeingBuilt begin_menu(Widget parent, const LI_MENU& line) {
-    Widget pulldown = grx::room_for_pulldown() ? make_menu(parent) : nullptr;
+    Widget pulldown = grx::room_for_pulldown() ? grx::make_menu(parent) : nullptr;
     if (pulldown != nullptr) grx::note_pulldown(pulldown);
     return {pulldown, line};
 }
@@ -176,11 +107,8 @@ void end_menu(Builder& b, MenuBeingBuilt& menu, Widget support) {
     Widget const pulldown = std::exchange(menu.pulldown, nullptr);
     if (pulldown == nullptr) return;
     manage_entries(b);
-    Widget cascade = add_cascade(support, menu.line.nom_fonction, pulldown);
-    if (cascade == nullptr || !grx::note_cascade(cascade)) return;
-    grx::Args args;
-    set_mnemonic(args, menu.line.mneumonic);
-    if (args.count() > 0) XtSetValues(cascade, args.list(), args.count());
+    Widget cascade = grx::add_cascade_of_line(support, menu.line, pulldown);
+    if (cascade != nullptr) grx::note_cascade(cascade);
 }
 
 void end_sub(Builder& b) {
@@ -266,10 +194,11 @@ INT grx_cree_menu_bar(Widget parent) {
 INT grx_detruit_menu_bar(void) {
     grx::close_menus(grx::menu_bar()); // the toolkit goes on with menus that go while they are open
     grx::clear_menu_keys(grx::top_manager());
-    if (grx::menu_bar() != nullptr) keep_a_cascade();
+    if (grx::menu_bar() != nullptr) grx::keep_a_cascade();
     grx::destroy_entries();
     grx::destroy_menus();
     grx::forget_menu_widgets(); // also a bar of menus without entries
+    if (grx::menu_bar() != nullptr) grx::forget_unkept_states();
     return 0;
 }
 
@@ -287,11 +216,11 @@ Widget grx_debut_menu_bar(Widget mere) {
 }
 
 Widget grx_debut_sous_menu_bar(Widget mere) {
-    return make_menu(mere);
+    return grx::make_menu(mere);
 }
 
 Widget grx_fin_sous_menu_bar(char* texte, Widget mere, Widget support) {
-    return add_cascade(support, texte, mere);
+    return grx::add_cascade(support, texte, mere);
 }
 
 INT grx_cree_atome(char* texte, char* acce, char mneu, int nofo, Widget mere) {

@@ -81,19 +81,26 @@ const char* menu_file_name() {
     }
 }
 
-FILE* open_menu_file() {
+FILE* open_menu_file(const char* name) {
     FILE* file = nullptr;
-    char nowhere[] = "";
+    char nowhere[] = "", copy[HOST_CHEMIN_MAX];
     char* const directory = sstate[SST_REP_MENU] != nullptr ? sstate[SST_REP_MENU] : nowhere;
-    const INT result = ftext_open(&file, directory, const_cast<char*>(menu_file_name()), HOST_MODE_LECTURE);
+    if (!grx::copy_text(copy, grx::view(name))) return nullptr;
+    const INT result = ftext_open(&file, directory, copy, HOST_MODE_LECTURE);
     return result == -1 ? nullptr : file;
+}
+
+// The marker, alone or with a blank behind it: there may be a longer one.
+bool is_marker(std::string_view line, std::string_view zone) {
+    if (line.substr(0, zone.size()) != zone) return false;
+    return line.size() == zone.size() || grx::is_blank(line[zone.size()]);
 }
 
 } // namespace
 
 namespace grx {
 
-MenuFile::MenuFile() : file_(open_menu_file()), line_(empty_line()) {}
+MenuFile::MenuFile() : file_(open_menu_file(menu_file_name())), line_(empty_line()) {}
 
 MenuFile::~MenuFile() {
     if (file_ != nullptr) ftext_close(file_);
@@ -104,6 +111,29 @@ bool MenuFile::next() {
         if (decode_line(view(text_), kMenuZone, line_, in_zone_, depth_) == kTaken) return true;
     }
     Debut_Menu = false; // the next file of the application starts outside its zone
+    return false;
+}
+
+MenuZone::MenuZone(const char* file, const char* zone)
+    : file_(open_menu_file(view(file).empty() ? menu_file_name() : file)), zone_(trimmed(view(zone))),
+      line_(empty_line()) {}
+
+MenuZone::~MenuZone() {
+    if (file_ != nullptr) ftext_close(file_);
+}
+
+bool MenuZone::find_marker() {
+    while (!in_zone_ && ftext_lec(file_, text_) != 0) in_zone_ = is_marker(view(text_), zone_);
+    return in_zone_;
+}
+
+bool MenuZone::next() {
+    if (!find_marker()) return false;
+    while (ftext_lec(file_, text_) != 0) {
+        const INT before = depth_;
+        if (before == 0 && view(text_).substr(0, 2) == "#:") return false; // the marker of another zone
+        if (decode_line(view(text_), {}, line_, in_zone_, depth_) == kTaken) return depth_ > 0 || before == 0;
+    }
     return false;
 }
 

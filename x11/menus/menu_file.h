@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdio>
+#include <string_view>
 
 #include "host_t.h"
 #include "xt_fen_t.h"
@@ -24,6 +25,32 @@ class MenuFile {
 
   private:
     FILE* file_;
+    char text_[HOST_LIGNE_MAX] = "";
+    LI_MENU line_;
+    bool in_zone_ = false;
+    INT depth_ = 0;
+};
+
+/// The lines between the braces behind the marker of a zone, of a file in the directory of menu files; null or "" is the
+/// file of the application's module. False when there is no such file. `zone` has to outlive the reader.
+class MenuZone {
+  public:
+    MenuZone(const char* file, const char* zone);
+    MenuZone(const MenuZone&) = delete;
+    MenuZone& operator=(const MenuZone&) = delete;
+    ~MenuZone();
+    explicit operator bool() const { return file_ != nullptr; }
+
+    /// As that of MenuFile; false at the end of the zone.
+    bool next();
+    const LI_MENU& line() const { return line_; }
+    INT depth() const { return depth_; }
+
+  private:
+    bool find_marker();
+
+    FILE* file_;
+    std::string_view zone_;
     char text_[HOST_LIGNE_MAX] = "";
     LI_MENU line_;
     bool in_zone_ = false;

@@ -11,6 +11,7 @@
 #include "events/input.h"
 #include "events/layout_groups.h"
 #include "menus/accelerators.h"
+#include "menus/entry_states.h"
 #include "menus/forwarded_keys.h"
 #include "menus/menu_keys_state.h"
 #include "menus/menu_widgets.h"
@@ -98,9 +99,19 @@ bool choose_by_key(const XEvent& event) {
     return cascade != nullptr;
 }
 
+// Whether the menus have such keys from every window.
+bool may_be_typed_anywhere(const XKeyEvent& event) {
+    return (event.state & (ControlMask | Mod1Mask)) != 0;
+}
+
 bool is_menu_key(const XKeyEvent& event) {
-    if ((event.state & (ControlMask | Mod1Mask)) == 0) return false;
+    if (!may_be_typed_anywhere(event)) return false;
     return accelerators.has(event) || menu_of(event) != nullptr;
+}
+
+// True for the key of an entry that the application made insensitive, unless it chooses something else.
+bool is_key_switched_off(const XKeyEvent& event) {
+    return accelerators.is_of(event, grx::is_switched_off) && !accelerators.has(event) && menu_of(event) == nullptr;
 }
 
 bool is_of_another_group(const XKeyEvent& event) {
@@ -142,10 +153,10 @@ void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
     grx::note_group(key.xkey);
     Widget cascade = menu_of(key.xkey);
     if (cascade != nullptr && known_key(cascade) == key.xkey.keycode) return; // the toolkit's own
-    const bool chosen = choose_by_key(key);
-    if (!chosen && !is_of_another_group(key.xkey)) return;
+    const bool taken = choose_by_key(key) || is_key_switched_off(key.xkey);
+    if (!taken && !is_of_another_group(key.xkey)) return;
     *go_on = False;
-    if (!chosen) pass_on(key, focus_in(top));
+    if (!taken) pass_on(key, focus_in(top));
 }
 
 // -- in the place of the toolkit's dispatchers
@@ -153,7 +164,7 @@ void on_key_of_bar(Widget top, XtPointer, XEvent* event, Boolean* go_on) {
 // Turns a key typed into an open menu into the one that the toolkit knows: that of the letter in the first layout
 // group.
 void follow_group(XKeyEvent& event) {
-    if (!grx::has_open_menu(grx::menu_bar())) return;
+    if (!grx::has_open_menu(grx::menu_bar()) && grx::open_context_menu() == nullptr) return;
     XKeyEvent key = event;
     grx::note_group(key);
     const KeyCode known = grx::group_of(key) != 0 ? XKeysymToKeycode(x11_disp, grx::symbol_in_force(key)) : KeyCode{0};
@@ -206,11 +217,19 @@ void stand_before(int type, XtEventDispatchProc own, XtEventDispatchProc& toolki
     if (before != own) toolkits = before;
 }
 
+} // namespace
+
+namespace grx {
+
 void watch_keyboard() {
     stand_before(KeyPress, on_key_press, dispatch_press);
     stand_before(KeyRelease, on_key_release, dispatch_release);
     stand_before(MappingNotify, on_mapping, dispatch_mapping);
 }
+
+} // namespace grx
+
+namespace {
 
 // -- keys of other windows
 
@@ -218,7 +237,7 @@ void send_to_main_window(XEvent& key) {
     const Window window = main_x_window();
     if (window == None || key.xkey.window == window) return; // never forwarded twice
     key.xkey.window = window;
-    watch_keyboard();
+    grx::watch_keyboard();
     if (forwarded.add(key.xkey)) XSendEvent(x11_disp, window, True, KeyPressMask, &key);
 }
 
@@ -267,6 +286,10 @@ bool was_forwarded(const XKeyEvent& event) {
 }
 
 INT key_for_application(const XEvent& event, Boolean* go_on) {
+    if (may_be_typed_anywhere(event.xkey) && is_key_switched_off(event.xkey)) {
+        if (go_on != nullptr) *go_on = False;
+        return 0;
+    }
     const INT code = is_menu_key(event.xkey) ? 0 : code_of_key(event.xkey);
     if (code == 0 && forward_to_menu(event) && go_on != nullptr) *go_on = False; // a field types nothing of it
     return code;

@@ -10,6 +10,9 @@ namespace grx {
 /// Keys that come to `top`, in which the bar stands, go to the menus first; all keys pass by the library from now on.
 void watch_keys_of_bar(Widget top);
 
+/// Keys typed into open menus are those of the layout group in force from now on.
+void watch_keyboard();
+
 /// The key of an entry, from the text that is shown of it; nothing without a bar.
 void add_menu_key(Widget entry, const char* accelerator);
 void forget_menu_key(Widget entry); // of an entry that is destroyed

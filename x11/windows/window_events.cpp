@@ -15,6 +15,7 @@
 #include "toolkit/compound_string.h"
 #include "toolkit/late_layout.h"
 #include "toolkit/widgets.h"
+#include "events/held_button.h"
 #include "events/record.h"
 #include "registry/window_table.h"
 #include "menus/menu_keys.h"
@@ -26,8 +27,6 @@
 #include "xt_mot_t.h"
 
 namespace {
-
-INT memo_bouton = 0; // the mouse button that is held, 0 when none is
 
 void absorb_exposures(Window window) {
     XEvent event;
@@ -97,12 +96,12 @@ void on_button(const STRUCTURE_FENETRE& window, const XButtonEvent& event, INT t
     GRX_DIGIT& record = post_pointer(type, window.nofen, event.x, y);
     record.bouton = static_cast<INT>(event.button);
     record.etat = grx::modifier_bits(event.state);
-    memo_bouton = type == GRX_EVT_BOUTON_APPUI ? record.bouton : 0;
+    grx::held_in_window = type == GRX_EVT_BOUTON_APPUI ? record.bouton : 0;
 }
 
 void on_motion(const STRUCTURE_FENETRE& window, const XMotionEvent& event) {
     const INT y = grx::turn_over_y(height_of_work(window), event.y);
-    post_pointer(GRX_EVT_SOURIS_BOUGE, window.nofen, event.x, y).bouton = memo_bouton;
+    post_pointer(GRX_EVT_SOURIS_BOUGE, window.nofen, event.x, y).bouton = grx::held_in_window;
 }
 
 void on_key(const STRUCTURE_FENETRE& window, const XEvent& event, Boolean* go_on) {

@@ -2,6 +2,7 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_erreurs.h"
 
+#include "grx_plus_erreurs.h"
 #include "tests/support/display_test.h"
 #include "tests/support/heap.h"
 #include "tests/support/window_kit.h"
