@@ -4,6 +4,7 @@
 #include <Xm/ListP.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "toolkit/compound_string.h"
 #include "toolkit/look.h"
@@ -21,6 +22,13 @@ EntryTable& EntryTable::operator=(EntryTable&& other) noexcept {
 
 void EntryTable::set(std::size_t i, const char* text) {
     strings_[i] = XmStringCreateLtoR(const_cast<char*>(text != nullptr ? text : ""), const_cast<char*>(kFontTag));
+}
+
+void EntryTable::set_in_columns(std::size_t i, const char* text) {
+    if (text == nullptr || std::strchr(text, '\t') == nullptr)
+        set(i, text);
+    else
+        strings_[i] = string_in_columns(text);
 }
 
 void EntryTable::free_strings() {
