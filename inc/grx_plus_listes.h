@@ -8,13 +8,14 @@
  * Positions count from 1 in all three, as in grx_recup_element_dans_liste, grx_lit_liste and the records of
  * dialog lists. Only the records of panel lists and Tab_liste count from 0: add 1 to what they say.
  *
- * A text is what grx_recup_element_dans_liste would give: any length, also empty; a line feed begins
- * another line of the entry; a tab begins the next column. What is selected stays selected, wherever other entries are
- * put in, taken out or replaced. The functions of xt_bou_f.h, xt_msg_f.h and xt_pan_f.h go on working with
- * the list, and Tab_liste and grx_lit_liste tell what these functions did; only grx_modif_items_liste brings
- * back the entries of the host's tables.
+ * Texts are of any length and come back as they went in, but an empty one (or null) is kept as one blank. A
+ * line feed begins another line of the entry, a tab the next column. What is selected stays selected, wherever
+ * other entries are put in, taken out or replaced. The functions of xt_bou_f.h, xt_msg_f.h and xt_pan_f.h go on
+ * working with the list, and Tab_liste and grx_lit_liste tell what these functions did; only
+ * grx_modif_items_liste brings back the entries of the host's tables.
  *
- * What the program changes or selects makes no record. A list keeps the size that it was made with.
+ * What the program changes or selects makes no record. Lists of controls and panels keep their size; one of a
+ * dialog keeps its height, and gets as wide as its entries where the window has room.
  * Codes (grx_plus_erreurs.h): GRX_ECHEC_NUMERO when liste names nothing, GRX_ECHEC_GENRE for a button that is
  * no list, GRX_ECHEC_PARAMETRE for a position that is not there or a null table, GRX_ECHEC_MEMOIRE,
  * GRX_ECHEC_AFFICHAGE before start-up. */

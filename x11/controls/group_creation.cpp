@@ -100,8 +100,7 @@ void add_toggle(Widget box, const char* text) {
     described.type = GRX_BOU_BASCULE;
     described.ref_fen_mere = box;
     const bool fits = grx::copy_text(described.titre, grx::view(text));
-    Widget toggle =
-        grx::make_control_widget(grx::control_for(described), *grx::class_of_control(GRX_BOU_BASCULE));
+    Widget toggle = grx::make_control_widget(grx::control_for(described), *grx::class_of_control(GRX_BOU_BASCULE));
     if (!fits) grx::show_long_text(toggle, text);
     XtManageChild(toggle);
 }

@@ -100,7 +100,7 @@ INT grx_deselectionne_elements_liste(INT liste, INT nb, const INT* positions) {
 INT grx_deselectionne_tout_liste(INT liste) {
     const grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr) return found.code;
-    XmListDeselectAllItems(found.list);
+    grx::deselect_all(found.list);
     grx::note_change(found);
     return 1;
 }

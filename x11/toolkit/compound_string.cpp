@@ -29,8 +29,8 @@ std::array<XmParseMapping, 2>& plain_text_mappings() {
 
 char* plain_text_of(XmString string) {
     auto& mappings = plain_text_mappings();
-    return static_cast<char*>(XmStringUnparse(
-        string, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, mappings.data(), static_cast<Cardinal>(mappings.size()), XmOUTPUT_ALL));
+    return static_cast<char*>(XmStringUnparse(string, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, mappings.data(),
+        static_cast<Cardinal>(mappings.size()), XmOUTPUT_ALL));
 }
 
 XmString string_in_columns(const char* text) {

@@ -28,15 +28,15 @@ void put_in(Widget list, int position, EntryTable& entries) {
     XmListAddItemsUnselected(list, entries.get(), entries.count(), position);
 }
 
-void deselect_all(Widget list) {
-    for (ElementPtr const element : elements_of(list)) element->selected = False;
-}
-
 int first_selected(Widget list) {
     const auto elements = elements_of(list);
     const auto found =
         std::find_if(elements.begin(), elements.end(), [](const Element* e) { return e->selected != False; });
     return found != elements.end() ? static_cast<int>(found - elements.begin()) + 1 : 0;
+}
+
+void clear_selection(Widget list) {
+    for (ElementPtr const element : elements_of(list)) element->selected = False;
 }
 
 // After changes of what is selected.
@@ -93,10 +93,15 @@ void delete_positions(Widget list, std::span<INT> positions) {
 void select_entries(Widget list, std::span<const INT> positions, bool selected) {
     if (positions.empty()) return;
     if (selected && !selects_several(list)) {
-        deselect_all(list);
+        clear_selection(list);
         positions = positions.last(1);
     }
     for (const INT position : positions) element_at(list, position)->selected = selected ? True : False;
+    tell_selection(list);
+}
+
+void deselect_all(Widget list) {
+    clear_selection(list);
     tell_selection(list);
 }
 
@@ -109,7 +114,7 @@ void set_selection_policy(Widget list, unsigned char policy) {
     const int first = first_selected(list);
     set_resource(list, XmNselectionPolicy, policy);
     if (selects_several(list) || first == 0) return;
-    deselect_all(list);
+    clear_selection(list);
     element_at(list, first)->selected = True;
     tell_selection(list);
 }

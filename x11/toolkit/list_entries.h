@@ -29,6 +29,8 @@ void delete_positions(Widget list, std::span<INT> positions);
 /// Selects or deselects; in a list of one the last one named is selected alone.
 void select_entries(Widget list, std::span<const INT> positions, bool selected);
 
+void deselect_all(Widget list);
+
 bool is_selected(Widget list, int position);
 
 /// Several, one, or as many as Shift and Ctrl take: XmMULTIPLE_SELECT and its like. Going to one keeps the first.

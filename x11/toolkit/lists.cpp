@@ -13,6 +13,12 @@
 
 namespace grx {
 
+namespace {
+
+constexpr const char* kBlank = " "; // the toolkit never ends laying out a list whose entries have no height
+
+} // namespace
+
 EntryTable& EntryTable::operator=(EntryTable&& other) noexcept {
     free_strings();
     strings_ = std::move(other.strings_);
@@ -25,7 +31,9 @@ void EntryTable::set(std::size_t i, const char* text) {
 }
 
 void EntryTable::set_in_columns(std::size_t i, const char* text) {
-    if (text == nullptr || std::strchr(text, '\t') == nullptr)
+    if (text == nullptr || text[0] == '\0')
+        set(i, kBlank);
+    else if (std::strchr(text, '\t') == nullptr)
         set(i, text);
     else
         strings_[i] = string_in_columns(text);

@@ -104,8 +104,12 @@ TEST_F(ListChanges, InAListOfOneToo) {
 }
 
 TEST_F(ListChanges, TextsComeBackAsTheyWentIn) {
-    const Texts texts{"", "plain", std::string(5000, 'w'), "Pi\xe8" "ce", "Pi\xc3\xa8" "ce", "a\tb\t\tc", "\t", "two\nlines",
-        "x\ty\nz\tt\n", "Pi\xe8\tce \xe9t\xe9", " blanks ", "1\t\xc3\xa9"};
+    const Texts texts{" ", "plain", std::string(5000, 'w'),
+        "Pi\xe8"
+        "ce",
+        "Pi\xc3\xa8"
+        "ce",
+        "a\tb\t\tc", "\t", "two\nlines", "x\ty\nz\tt\n", "Pi\xe8\tce \xe9t\xe9", " blanks ", "1\t\xc3\xa9"};
     for (const ListOf kind : list_kinds) {
         SCOPED_TRACE(static_cast<int>(kind));
         const INT list = list_of(kind);
@@ -117,7 +121,7 @@ TEST_F(ListChanges, TextsComeBackAsTheyWentIn) {
         EXPECT_STREQ(cut, "pla");
         EXPECT_EQ(replaced(list, 1, {"no longer empty"}), 1);
         EXPECT_EQ(replaced(list, 2, {""}), 1);
-        EXPECT_EQ(text_at(list, 2), "");
+        EXPECT_EQ(text_at(list, 2), " ");
     }
 }
 
@@ -128,7 +132,13 @@ TEST_F(ListChanges, OnlyEmptyTexts) {
         drain();
         const char* const missing[] = {nullptr, nullptr};
         EXPECT_EQ(grx_ajoute_elements_liste(list, 2, missing), 1) << "null reads as empty";
-        EXPECT_EQ(texts_of(list), (Texts{"", "", "", ""}));
+        EXPECT_EQ(texts_of(list), (Texts(4, " ")));
+        for (const char* const thin : {"\t", "\n", "\t\n\t"}) {
+            ASSERT_EQ(filled(list, {thin, thin}), 1);
+            drain();
+            EXPECT_EQ(texts_of(list), (Texts{thin, thin}));
+        }
+        ASSERT_EQ(filled(list, {"", "", "", ""}), 1);
         EXPECT_EQ(grx_montre_element_liste(list, 4), 1);
         EXPECT_GE(grx_recup_position_point_liste(list, 20, 20), 0);
         drain();

@@ -167,7 +167,6 @@ class ListTest : public PanelsTest {
         return record;
     }
 
-  private:
     static inline Widget dialog_widget_ = nullptr;
     std::optional<HostList> host_;
 };
