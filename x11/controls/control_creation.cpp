@@ -61,16 +61,10 @@ void note_death(Widget w, XtPointer client, XtPointer) {
 }
 
 INT register_control(const grx::Control& c, Widget w) {
-    const INT nobou = grx_recup_indice_objet_bout_libre();
+    const INT nobou = grx::register_control_widget(w, c.bou.type, c.bou.no_fo, c.nofen);
     if (nobou < 0) return GRX_AUCUN;
-    grx_affecte_objet_bout(nobou, w);
-    grx_affecte_structure_bouton(nobou, c.bou.no_fo, c.bou.tabi[GRX_BOU_TABI_VALEUR], c.nofen);
-    STRUCTURE_BOUTON& record = *grx::control_record(nobou);
-    record.type = c.bou.type;
-    record.image = None;
-    grx::forget_look(nobou);
+    grx::control_record(nobou)->valeur = c.bou.tabi[GRX_BOU_TABI_VALEUR];
     grx::note_encoding(nobou, grx::FieldText(c.bou.titre).c_str());
-    XtAddCallback(w, XmNdestroyCallback, note_death, grx::as_client_data(nobou));
     return nobou;
 }
 
@@ -129,6 +123,23 @@ void put_on_screen(Widget w, const grx::Control& c, STRUCTURE_BOUTON* record) {
 }
 
 } // namespace
+
+namespace grx {
+
+INT register_control_widget(Widget w, INT type, INT no_fo, INT nofen) {
+    const INT nobou = grx_recup_indice_objet_bout_libre();
+    if (nobou < 0) return GRX_AUCUN;
+    grx_affecte_objet_bout(nobou, w);
+    grx_affecte_structure_bouton(nobou, no_fo, 0, nofen);
+    STRUCTURE_BOUTON& record = *control_record(nobou);
+    record.type = type;
+    record.image = None;
+    forget_look(nobou);
+    XtAddCallback(w, XmNdestroyCallback, note_death, as_client_data(nobou));
+    return nobou;
+}
+
+} // namespace grx
 
 extern "C" {
 

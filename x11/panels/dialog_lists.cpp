@@ -1,4 +1,6 @@
 // The lists of dialogs: ten slots, each with its entries and what is selected.
+#include "panels/dialog_lists.h"
+
 #include <Xm/List.h>
 #include <Xm/Xm.h>
 
@@ -109,6 +111,27 @@ void occupy(Slot& slot, INT ind, Widget list) {
 }
 
 } // namespace
+
+namespace grx {
+
+Widget dialog_list(INT ind) {
+    const Slot* const slot = slot_of(ind);
+    return slot != nullptr ? slot->list : nullptr;
+}
+
+bool make_room_in_dialog_list(INT ind, int count) {
+    Block<INT>& selection = slot_of(ind)->selection;
+    const std::size_t wanted = room_for(count);
+    return !selection || selection.size() >= wanted || selection.resize(wanted);
+}
+
+void note_dialog_list(INT ind) {
+    Slot& slot = *slot_of(ind);
+    const int count = selected_count(slot.list);
+    note_selection(slot, count > 0 ? resource<int*>(slot.list, XmNselectedPositions) : nullptr, count);
+}
+
+} // namespace grx
 
 extern "C" {
 

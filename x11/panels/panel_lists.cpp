@@ -302,6 +302,19 @@ INT host_list_length(INT clef) {
     return std::max<INT>(of_host(lnstate, clef), 0);
 }
 
+Widget panel_list(INT slot) {
+    const auto slots = all_slots();
+    const auto at = static_cast<std::size_t>(slot);
+    return slot >= 0 && at < slots.size() && is_used(slots[at]) ? slots[at].obj : nullptr;
+}
+
+void note_panel_list(INT slot) {
+    LISTE_PANEL& noted = Tab_liste[slot];
+    noted.nb_item = resource<int>(noted.obj, XmNitemCount);
+    note_selection(noted);
+    if (noted.nb_choix != selected_count(noted.obj)) resize_choices(noted, 0);
+}
+
 } // namespace grx
 
 extern "C" {

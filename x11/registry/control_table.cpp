@@ -74,6 +74,13 @@ INT control_table_size() {
     return MAXOBJETBOUTON;
 }
 
+bool has_free_control() {
+    for (INT nobou = 0; in_base(nobou); ++nobou) {
+        if (Tableau_objet_bouton[nobou] == nullptr) return true;
+    }
+    return false;
+}
+
 STRUCTURE_BOUTON* control_record(INT nobou) {
     return in_base(nobou) ? &structure_bouton[nobou] : nullptr;
 }

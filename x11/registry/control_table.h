@@ -16,6 +16,9 @@ bool has_control_table();
 /// The number of entries: GRX_NB_BOUTONS once the table was allocated, 0 before.
 INT control_table_size();
 
+/// True when a number is left.
+bool has_free_control();
+
 /// The entry of a number, null when the table has none. The table owns it.
 STRUCTURE_BOUTON* control_record(INT nobou);
 

@@ -23,6 +23,10 @@ class CompoundString {
     XmString string_;
 };
 
+/// A compound string in the application's font whose tabs are tabs of the toolkit; freed with XmStringFree. In one that
+/// is made otherwise a tab is a character of the font.
+XmString string_in_columns(const char* text);
+
 /// The text of a compound string; freed with XtFree.
 char* plain_text_of(XmString string);
 

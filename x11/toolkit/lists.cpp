@@ -4,6 +4,7 @@
 #include <Xm/ListP.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "toolkit/compound_string.h"
 #include "toolkit/look.h"
@@ -11,6 +12,12 @@
 #include "xt_ini_t.h"
 
 namespace grx {
+
+namespace {
+
+constexpr const char* kBlank = " "; // the toolkit never ends laying out a list whose entries have no height
+
+} // namespace
 
 EntryTable& EntryTable::operator=(EntryTable&& other) noexcept {
     free_strings();
@@ -21,6 +28,15 @@ EntryTable& EntryTable::operator=(EntryTable&& other) noexcept {
 
 void EntryTable::set(std::size_t i, const char* text) {
     strings_[i] = XmStringCreateLtoR(const_cast<char*>(text != nullptr ? text : ""), const_cast<char*>(kFontTag));
+}
+
+void EntryTable::set_in_columns(std::size_t i, const char* text) {
+    if (text == nullptr || text[0] == '\0')
+        set(i, kBlank);
+    else if (std::strchr(text, '\t') == nullptr)
+        set(i, text);
+    else
+        strings_[i] = string_in_columns(text);
 }
 
 void EntryTable::free_strings() {

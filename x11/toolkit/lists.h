@@ -28,6 +28,7 @@ class EntryTable {
     XmStringTable get() { return count_ > 0 ? strings_.data() : nullptr; }
     int count() const { return static_cast<int>(count_); }
     void set(std::size_t i, const char* text);
+    void set_in_columns(std::size_t i, const char* text); // with tabs that list_columns lines up
 
   private:
     void free_strings();
