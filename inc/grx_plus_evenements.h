@@ -10,14 +10,14 @@
 #include "host_t.h"
 
 /* Record types (type_evenement), with the member of GRX_EVENEMENT that carries them. */
-#define GRX_EVT_FERMETURE 200   /* destruction: the user wants to close window nofen, which stays */
-#define GRX_EVT_MINUTERIE 201   /* exec_fonction: timer no_fo is due */
-#define GRX_EVT_DESCRIPTEUR 202 /* exec_fonction: something on the watched descriptor no_fo */
-#define GRX_EVT_OISIF 203       /* exec_fonction: nothing else to do; idle work no_fo may go on */
-#define GRX_EVT_MESSAGE 204 /* reponse_question: message nofen was answered with button reponse, 0: went unanswered */
-#define GRX_EVT_SAISIE 205  /* exec_fonction: prompt nofen, valeur 1 agreed, 0 not, chaine; detail: text 0, reel */
-#define GRX_EVT_AIDE 206    /* exec_fonction: help wanted on a control or window */
-#define GRX_EVT_DEPOT 207   /* exec_fonction: files were dropped on a window */
+#define GRX_EVT_FERMETURE 200      /* destruction: the user wants to close window nofen, which stays */
+#define GRX_EVT_MINUTERIE 201      /* exec_fonction: timer no_fo is due */
+#define GRX_EVT_DESCRIPTEUR 202    /* exec_fonction: something on the watched descriptor no_fo */
+#define GRX_EVT_OISIF 203          /* exec_fonction: nothing else to do; idle work no_fo may go on */
+#define GRX_EVT_MESSAGE 204        /* reponse_question: message nofen was answered with reponse; 0: it was not */
+#define GRX_EVT_SAISIE 205         /* exec_fonction: prompt nofen, valeur, chaine; details: text 0, reel */
+#define GRX_EVT_AIDE 206           /* exec_fonction: help wanted on a control or window */
+#define GRX_EVT_DEPOT 207          /* exec_fonction: files were dropped on a window */
 #define GRX_EVT_PRESSE_PAPIERS 208 /* exec_fonction: the clipboard has got another owner */
 
 /* Details of a record, whatever its type. */
