@@ -30,7 +30,6 @@ namespace {
 
 constexpr std::size_t kColumns = 64;     // of a line, in average characters
 constexpr std::size_t kMostInLine = 250; // characters, however narrow
-constexpr std::size_t kMostToWrap = 8000;
 
 // -- measuring
 
@@ -68,11 +67,6 @@ Lines wrapped(std::string_view text) {
     return lines;
 }
 
-bool too_long_to_wrap(std::string_view text) {
-    return text.size() > kMostToWrap
-           || static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) >= most_lines();
-}
-
 // Return in it is for the default button, as everywhere in a box.
 void give_return_to_box(Widget text) {
     static XtTranslations const translations =
@@ -80,11 +74,12 @@ void give_return_to_box(Widget text) {
     XtOverrideTranslations(text, translations);
 }
 
-bool add_scrolled_text(Box& box, Widget frame, const char* text) {
-    Block<char> value = typed_text(text);
+// Its lines are broken already: the toolkit takes long to break very long ones.
+bool add_scrolled_text(Box& box, Widget frame, const char* lines) {
+    Block<char> value = typed_text(lines);
     if (!value) return false;
     Args args;
-    args.set(XmNeditMode, XmMULTI_LINE_EDIT).set(XmNeditable, False).set(XmNwordWrap, True);
+    args.set(XmNeditMode, XmMULTI_LINE_EDIT).set(XmNeditable, False);
     args.set(XmNscrollHorizontal, False).set(XmNcursorPositionVisible, False).set(XmNfontList, fontlist);
     args.set(XmNcolumns, static_cast<short>(kColumns)).set(XmNrows, static_cast<short>(most_lines() * 4 / 5));
     args.set(XmNvalue, value.data());
@@ -100,10 +95,9 @@ bool add_scrolled_text(Box& box, Widget frame, const char* text) {
 bool add_text(Box& box, Widget frame, const char* text) {
     const Block<char> shown = shown_text(text);
     if (!shown) return false;
-    if (too_long_to_wrap(shown.data())) return add_scrolled_text(box, frame, text);
     const Lines lines = wrapped(shown.data());
     if (!lines.text) return false;
-    if (lines.count > most_lines()) return add_scrolled_text(box, frame, text);
+    if (lines.count > most_lines()) return add_scrolled_text(box, frame, lines.text.data());
     const CompoundString string(lines.text.data());
     set_resource(frame, XmNmessageString, string.get());
     return true;
@@ -138,13 +132,13 @@ Widget make_button(Widget frame, const Block<char>& label, char& mnemonic) {
     mnemonic = plain_label(view(label.data()), plain.data());
     const CompoundString string(plain.data());
     Args args;
-    args.set(XmNlabelString, string.get()).set(XmNfontList, fontlist);
+    args.set(XmNlabelString, string.get()).set(XmNfontList, fontlist).set(XmNnavigationType, XmTAB_GROUP);
     if (mnemonic != '\0') args.set(XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(mnemonic)));
     set_menu_look(args);
     return managed(XmCreatePushButton(frame, const_cast<char*>("choix"), args.list(), args.count()));
 }
 
-// -- mnemonics
+// -- keys
 
 KeySym lower(KeySym symbol) {
     KeySym small = symbol, large = symbol;
@@ -162,10 +156,21 @@ KeySym letter_of(const XKeyEvent& event) {
     return lower(symbol);
 }
 
-void on_key(Widget, XtPointer client_data, XEvent* event, Boolean* go_on) {
+// Each button is reached by Tab; the arrows go from one to the next as well.
+void move_by_arrow(const Box& box, Widget from, KeySym arrow) {
+    const auto at = std::find(box.buttons.begin(), box.buttons.end(), from);
+    if (at == box.buttons.end() || (arrow != XK_Left && arrow != XK_Right)) return;
+    const auto count =
+        static_cast<std::size_t>(std::find(box.buttons.begin(), box.buttons.end(), nullptr) - box.buttons.begin());
+    const auto place = static_cast<std::size_t>(at - box.buttons.begin());
+    XmProcessTraversal(box.buttons[(place + (arrow == XK_Right ? 1 : count - 1)) % count], XmTRAVERSE_CURRENT);
+}
+
+void on_key(Widget w, XtPointer client_data, XEvent* event, Boolean* go_on) {
     Box& box = *static_cast<Box*>(client_data);
-    if (event->type != KeyPress || (event->xkey.state & Mod1Mask) == 0) return;
+    if (event->type != KeyPress) return;
     const KeySym letter = letter_of(event->xkey);
+    if ((event->xkey.state & Mod1Mask) == 0) return move_by_arrow(box, w, letter);
     for (std::size_t i = 0; i < box.buttons.size(); ++i) {
         const auto mnemonic = static_cast<unsigned char>(box.mnemonics[i]);
         if (mnemonic == 0 || box.buttons[i] == nullptr || lower(mnemonic) != letter) continue;

@@ -105,9 +105,11 @@ Block<char> answered_text(const char* typed, TextEncoding encoding) {
 }
 
 Block<char> button_text(const char* given, UsualLabel usual) {
-    if (!view(given).empty()) return shown_line(given);
-    const Block<char> text = usual_text(usual);
-    return text ? shown_line(text.data()) : Block<char>();
+    constexpr std::size_t most = 40; // characters that a button can show
+    const Block<char> text = view(given).empty() ? usual_text(usual) : copy_of(given);
+    Block<char> label = text ? shown_line(text.data()) : Block<char>();
+    if (label && std::strlen(label.data()) > most) std::memcpy(label.data() + most - 3, "...", 4);
+    return label;
 }
 
 } // namespace grx

@@ -65,7 +65,7 @@ void set_bounds(grx::Prompt& prompt, const GRX_BOITE_SAISIE& asked) {
 grx::Block<char> first_text(const GRX_BOITE_SAISIE& asked) {
     if (!asks_number(asked.genre)) {
         grx::Block<char> text = grx::typed_text(asked.texte);
-        if (text) std::replace_if(text.begin(), text.end() - 1, grx::is_control, ' ');
+        if (text) std::replace_if(text.data(), text.data() + std::strlen(text.data()), grx::is_control, ' ');
         return text;
     }
     grx::NumberText number{};

@@ -169,7 +169,8 @@ TEST_F(MessageBox, LongTextsAreWrappedAndNeverTallerThanTheScreen) {
     for (int i = 0; i < 2000; ++i) lines += "ligne " + std::to_string(i) + "\n";
     const std::string no_blank(5000, 'x');
     const std::string huge(300000, 'y');
-    for (const std::string* text : {&words, &lines, &no_blank, &huge}) {
+    for (const std::string* const text : std::vector<const std::string*>{&words, &lines, &no_blank, &huge}) {
+        SCOPED_TRACE(text->substr(0, 20));
         when_shown("look", [&] {
             const Area area = server_area(test_display(), XtWindow(XtParent(box())));
             EXPECT_LT(area.width, 1000);
@@ -216,7 +217,7 @@ TEST_F(MessageBox, StandsInTheMiddleOfItsParentOrOfTheScreen) {
         return middle;
     };
     const INT other = make(GRX_FEN_GRAPHIQUE, GRX_FEN_ATT_VISIBLE, 600, 500);
-    ASSERT_TRUE(wait_for([&] { return visible(other); }));
+    ASSERT_TRUE(wait_visible(widget_of(other)));
     const Area over = server_area(test_display(), XtWindow(shell_of(other)));
     EXPECT_NEAR(middle_of(other).x, over.x + over.width / 2, 2);
     EXPECT_NEAR(middle_of(other).y, over.y + over.height / 2, 2);
@@ -246,7 +247,7 @@ TEST_F(MessageBox, ThePictureIsThereAndGoesWithItsColours) {
 
 TEST_F(MessageBox, OtherWindowsTakeNoInputButAreRedrawn) {
     const INT other = make(GRX_FEN_GRAPHIQUE, GRX_FEN_ATT_VISIBLE, 200, 150);
-    ASSERT_TRUE(wait_for([&] { return visible(other); }));
+    ASSERT_TRUE(wait_visible(widget_of(other)));
     GRX_BOUTON button = button_at(GRX_BOU_POUSSOIR, main_, {10, 10, 80, 30});
     const INT pushed = grx_cree_bouton(&button);
     ASSERT_EQ(pushed, 0);
@@ -304,7 +305,7 @@ TEST_F(MessageBox, AnswersWithOneRecord) {
 
 TEST_F(MessageBox, GoesWithItsParentWithoutAnAnswer) {
     const INT parent = make(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 200, 150);
-    ASSERT_TRUE(wait_for([&] { return visible(parent); }));
+    ASSERT_TRUE(wait_visible(widget_of(parent)));
     GRX_BOITE_MESSAGE asked = message(GRX_BOITE_QUESTION, "Texte");
     asked.nofen_mere = parent;
     const INT number = grx_affiche_boite_message(&asked);
@@ -367,8 +368,10 @@ TEST_F(MessageBox, OneWithinAnother) {
 
 TEST_F(MessageBox, EndsWithItsParentInsideACallbackToo) {
     for (const bool inside : {false, true}) {
-        const INT parent = make(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 200, 150);
-        ASSERT_TRUE(wait_for([&] { return visible(parent); }));
+        GRX_FENETRE beside = described(GRX_FEN_BOUTONS);
+        beside.x = 600;
+        const INT parent = make(beside);
+        ASSERT_TRUE(wait_visible(widget_of(parent)));
         INT answer = -1;
         const std::function<void()> call = [&] {
             when_shown("the parent goes", [&] { grx_detruit_fenetre(parent); });
@@ -390,7 +393,7 @@ TEST_F(MessageBox, EndsWithItsParentInsideACallbackToo) {
 
 TEST_F(MessageBox, EndsWithTheMainWindow) {
     const INT other = make(GRX_FEN_BOUTONS, GRX_FEN_ATT_VISIBLE, 200, 150);
-    ASSERT_TRUE(wait_for([&] { return visible(other); }));
+    ASSERT_TRUE(wait_visible(widget_of(other)));
     GRX_BOITE_MESSAGE asked = message(GRX_BOITE_QUESTION, "Texte");
     asked.nofen_mere = other;
     script_.when(
