@@ -100,7 +100,7 @@ GRX_API INT grx_init_avancement(GRX_AVANCEMENT* avancement);
 /* Shows a message and handles events until it is answered. Input in other windows is not taken; records that
  * events make meanwhile are dropped, ends of windows are told afterwards by grx_digitaliseur, records of types
  * from 200 up wait there. Returns the button, from 1; 0 when the message went without an answer: with its
- * parent, with the main window, or by grx_detruit_boite. Else GRX_ECHEC_AFFICHAGE, PARAMETRE (null, taille,
+ * parent or with the main window. Else GRX_ECHEC_AFFICHAGE, PARAMETRE (null, taille,
  * kind or a number of a button out of range), NUMERO (nofen_mere), PLEIN (GRX_BOITES_MAX are on show) or
  * MEMOIRE, with nothing shown.
  * Depuis 1.1 */

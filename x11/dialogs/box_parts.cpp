@@ -131,9 +131,14 @@ Widget make_button(Widget frame, const Block<char>& label, char& mnemonic) {
     if (!plain) return nullptr;
     mnemonic = plain_label(view(label.data()), plain.data());
     const CompoundString string(plain.data());
+    constexpr int margin = 10; // so that "OK" is not a narrow one
     Args args;
-    args.set(XmNlabelString, string.get()).set(XmNfontList, fontlist).set(XmNnavigationType, XmTAB_GROUP);
-    if (mnemonic != '\0') args.set(XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(mnemonic)));
+    args.set(XmNlabelString, string.get()).set(XmNfontList, fontlist).set(XmNmarginWidth, margin);
+    args.set(XmNnavigationType, XmTAB_GROUP);
+    if (mnemonic != '\0') {
+        args.set(XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(mnemonic)));
+        args.set(XmNmnemonicCharSet, kFontTag); // or it is not underlined
+    }
     set_menu_look(args);
     return managed(XmCreatePushButton(frame, const_cast<char*>("choix"), args.list(), args.count()));
 }

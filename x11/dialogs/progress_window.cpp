@@ -114,8 +114,9 @@ void ProgressWindow::on_button(Widget, XtPointer self, XtPointer) {
 
 // What the server keeps for it. The widgets are gone, or go.
 void ProgressWindow::give_back() {
-    if (context_ != nullptr) XFreeGC(x11_disp, context_);
-    if (has_cell_) XFreeColors(x11_disp, x11_cmap, &fill_, 1, 0);
+    const bool connected = x11_disp != nullptr;
+    if (connected && context_ != nullptr) XFreeGC(x11_disp, context_);
+    if (connected && has_cell_) XFreeColors(x11_disp, x11_cmap, &fill_, 1, 0);
     *this = ProgressWindow{};
 }
 
