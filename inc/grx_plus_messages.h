@@ -152,8 +152,8 @@ GRX_API INT grx_detruit_boite(INT numero);
 
 /* Begins work. Within work that has begun already it is a part of that: its text comes on a second line, its
  * progress moves the bar within `part`, and only abandon, texte, maximum and part are read; it can be cancelled
- * when it and all around it can. Gives 1; GRX_ECHEC_AFFICHAGE, PARAMETRE (null, taille), NUMERO (nofen_mere),
- * PLEIN (GRX_AVANCEMENTS_MAX have begun) or MEMOIRE: nothing has begun then, and no end is to be told.
+ * when it and all around it can. Gives 1; GRX_ECHEC_AFFICHAGE, PARAMETRE (null, taille), NUMERO (nofen_mere)
+ * or PLEIN (GRX_AVANCEMENTS_MAX have begun): nothing has begun then, and no end is to be told.
  * Depuis 1.1 */
 GRX_API INT grx_avancement_commence(const GRX_AVANCEMENT* avancement);
 

@@ -2,7 +2,9 @@
 #include "tests/display/dialogs/box_kit.h"
 #include "bench/slow_line.h"
 #include "tests/support/counters.h"
+#include "toolkit/hidden_shell.h"
 
+#include <clocale>
 #include <cstdlib>
 #include <memory>
 
@@ -101,6 +103,57 @@ TEST_F(MessageMwmWmTest, AMinimisedWindowHidesNoMessage) {
     ASSERT_TRUE(wait_for([&] { return !is_viewable(shell_of(parent_)); }));
     when_shown("answer", [&] { choose(2); });
     EXPECT_EQ(ask(question()), 2);
+}
+
+// The whole application is minimised: a message would go with it and never be seen.
+TEST_F(MessageMwmWmTest, AMinimisedApplicationShowsItsMessage) {
+    for (const INT window : {parent_, main_})
+        XIconifyWindow(test_display(), XtWindow(shell_of(window)), DefaultScreen(test_display()));
+    XSync(test_display(), False);
+    ASSERT_TRUE(wait_for([&] { return !is_viewable(shell_of(parent_)) && !is_viewable(shell_of(main_)); }));
+    const auto found = [] {
+        std::vector<Widget> all;
+        gather_tree(grx::hidden_shell(), all);
+        const auto place = std::ranges::find_if(all, [](Widget w) { return std::string(XtName(w)) == "boite"; });
+        return place == all.end() ? nullptr : *place;
+    };
+    script_.when(
+        "close", [&] { return is_viewable(found()); },
+        [&] { ask_to_close(test_display(), XtWindow(XtParent(found()))); });
+    EXPECT_EQ(ask(question()), 3);
+}
+
+// --- in a UTF-8 locale
+
+class MessageInUtf8Locale : public Boxes<DisplayTest> {
+  protected:
+    void SetUp() override {
+        ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+        Boxes<DisplayTest>::SetUp();
+    }
+    void TearDown() override {
+        Boxes<DisplayTest>::TearDown();
+        std::setlocale(LC_CTYPE, "C");
+    }
+};
+
+TEST_F(MessageInUtf8Locale, TextsReadTheSameInBothEncodings) {
+    for (const char* text : {"\xe9t\xe9", "\xc3\xa9t\xc3\xa9"}) {
+        when_shown("look", [&] {
+            EXPECT_EQ(text_resource(box(), XmNmessageString), "\xe9t\xe9");
+            close_box();
+        });
+        EXPECT_EQ(ask(message(GRX_BOITE_INFORMATION, text)), 1);
+        GRX_BOITE_SAISIE asked = prompt(GRX_SAISIE_TEXTE);
+        asked.texte = text;
+        when_shown("look", [&] {
+            EXPECT_EQ(field_text(field()), "\xc3\xa9t\xc3\xa9");
+            key(XK_Return);
+        });
+        std::string answer(100, 'Z');
+        EXPECT_EQ(script_.run([&] { return grx_attend_boite_saisie(&asked, answer.data(), 100, nullptr); }), 1);
+        EXPECT_STREQ(answer.c_str(), text);
+    }
 }
 
 // --- beside menus

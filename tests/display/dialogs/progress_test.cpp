@@ -51,7 +51,10 @@ class Computing : public Dialogs<Base> {
 };
 
 class Progress : public Computing<DisplayTest> {};
-class ProgressWmTest : public Computing<WmTest> {};
+class ProgressWmTest : public Computing<WmTest>, public testing::WithParamInterface<WindowManager::Kind> {
+  protected:
+    WindowManager::Kind manager_kind() const override { return GetParam(); }
+};
 
 TEST_F(Progress, ShortWorkShowsNothing) {
     const auto before = windows_on_screen();
@@ -265,6 +268,44 @@ TEST_F(Progress, AnUncoveredWindowIsShownFromItsPicture) {
     EXPECT_TRUE(compute_until([&] { return same(before, grab(x11_disp, x_window(other), {0, 0, 160, 70})); }));
 }
 
+TEST_F(Progress, ControlsThatAreUncoveredAreRedrawn) {
+    GRX_BOUTON button = button_at(GRX_BOU_SIMPLE, main_, {10, 10, 120, 30});
+    set_title(button, "Calque");
+    button.attrib |= GRX_BOU_ATT_VISIBLE;
+    ASSERT_EQ(grx_cree_bouton(&button), 0);
+    XMoveWindow(test_display(), XtWindow(shell_of(main_)), 0, 0);
+    pointer().move(1000, 900);
+    drain();
+    Widget control = grx_recup_objet_bout(button.nobou);
+    ASSERT_TRUE(wait_visible(control));
+    drain();
+    const Pixels before = grab(x11_disp, XtWindow(control));
+    ASSERT_GT(before.count_other(before.at(before.width / 2, 5)), 20);
+    begin(work(100));
+    ASSERT_TRUE(compute_until([&] { return shown(); }));
+    XUnmapWindow(test_display(), XtWindow(shell_of(main_)));
+    XMapWindow(test_display(), XtWindow(shell_of(main_)));
+    XSync(test_display(), False);
+    EXPECT_TRUE(compute_until([&] { return same(before, grab(x11_disp, XtWindow(control))); }));
+}
+
+TEST_F(Progress, AQuestionMayBeAskedInside) {
+    begin(work(100));
+    ASSERT_TRUE(compute_until([&] { return shown(); }));
+    script_.when(
+        "answer", [&] { return is_viewable(part("boite")); },
+        [&] {
+            Widget box = part("boite");
+            pointer().move_in(box, 4, 4);
+            keyboard().key(XK_Return);
+        });
+    const GRX_BOITE_MESSAGE asked = message(GRX_BOITE_QUESTION, "Remplacer ?");
+    EXPECT_EQ(script_.run([&] { return grx_attend_boite_message(&asked); }), 1);
+    EXPECT_EQ(grx_avancement_abandonne(), 0);
+    EXPECT_TRUE(shown());
+    EXPECT_TRUE(cancelled_by([&] { click(part("abandon")); })) << "and the work takes input again";
+}
+
 // --- work within work
 
 TEST_F(Progress, InnerWorkMovesTheBarByItsPart) {
@@ -387,7 +428,10 @@ TEST_F(Progress, ManyLeaveNothing) {
     EXPECT_EQ(heap().blocks(), blocks);
 }
 
-TEST_F(ProgressWmTest, IsCancelledUnderAManager) {
+INSTANTIATE_TEST_SUITE_P(
+    Managers, ProgressWmTest, testing::Values(WindowManager::Kind::mwm, WindowManager::Kind::openbox));
+
+TEST_P(ProgressWmTest, IsCancelledUnderAManager) {
     const auto ways =
         std::vector<std::function<void()>>{[&] { click(part("abandon")); }, [&] { keyboard().key(XK_Escape); }};
     for (const auto& way : ways) {
