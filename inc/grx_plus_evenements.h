@@ -14,8 +14,8 @@
 #define GRX_EVT_MINUTERIE 201   /* exec_fonction: timer no_fo is due, valeur times since it was told last */
 #define GRX_EVT_DESCRIPTEUR 202 /* exec_fonction: watch no_fo, valeur GRX_DESCRIPTEUR_... bits */
 #define GRX_EVT_OISIF 203       /* exec_fonction: nothing else to do; idle work no_fo may go on */
-#define GRX_EVT_MESSAGE 204     /* reponse_question: message nofen was answered with reponse */
-#define GRX_EVT_SAISIE 205      /* exec_fonction: prompt nofen was answered */
+#define GRX_EVT_MESSAGE 204     /* reponse_question: message nofen was answered with reponse; 0: it was not */
+#define GRX_EVT_SAISIE 205      /* exec_fonction: prompt nofen, valeur, chaine; details: text 0, reel */
 #define GRX_EVT_AIDE 206        /* exec_fonction: help wanted on nofen, nobou, no_fo; valeur GRX_AIDE_... */
 #define GRX_EVT_DEPOT 207       /* exec_fonction: valeur says what was dropped on window nofen; details: x, y, texts */
 #define GRX_EVT_PRESSE_PAPIERS 208 /* exec_fonction: another program took selection valeur from us */

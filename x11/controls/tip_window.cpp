@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "display/pixmaps.h"
-#include "pure/wrapped_text.h"
+#include "pure/tip_text.h"
 #include "system/shut_down.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
@@ -94,7 +94,7 @@ void place(Size size, int x, int y) {
 
 void show_tip_window(const char* text, int x, int y) {
     std::array<char, kWrappedMost> lines{};
-    wrap_text(text, lines);
+    wrap_tip(text, lines);
     make_window();
     const CompoundString string(lines.data());
     set_resource(label, XmNlabelString, string.get());

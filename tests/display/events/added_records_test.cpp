@@ -6,6 +6,7 @@
 #include "tests/support/display_test.h"
 #include "tests/support/heap.h"
 #include "tests/support/window_kit.h"
+#include "grx_plus_erreurs.h"
 
 #include <string>
 #include <vector>

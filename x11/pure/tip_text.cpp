@@ -1,5 +1,5 @@
 // Breaks a text into lines that are not too long, for tips.
-#include "pure/wrapped_text.h"
+#include "pure/tip_text.h"
 
 #include <algorithm>
 
@@ -29,7 +29,7 @@ bool ends_line(char c) {
 
 } // namespace
 
-void wrap_text(std::string_view text, std::span<char, kWrappedMost> out) {
+void wrap_tip(std::string_view text, std::span<char, kWrappedMost> out) {
     auto at = out.begin();
     for (std::size_t line = 0; line < kWrapLines && !text.empty(); ++line) {
         if (line > 0) *at++ = '\n';
