@@ -10,6 +10,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "system/trace.h"
+#include "display/last_error.h"
+#include "display/lost_connection.h"
 #include "xt_ini_t.h"
 
 Display* x11_disp = nullptr;
@@ -36,10 +39,6 @@ INT nbr_ypel_crt = 0;
 
 namespace {
 
-constexpr int kMaxErrorText = 80;
-char last_error_text[kMaxErrorText] = "";
-INT error_count = 0;
-
 // The handlers that the application had installed before; null when it had none.
 XErrorHandler application_errors = nullptr;
 XIOErrorHandler application_end = nullptr;
@@ -50,18 +49,6 @@ char* arguments[2] = {nullptr, nullptr};
 
 } // namespace
 
-namespace grx {
-
-const char* last_x_error_text() {
-    return last_error_text;
-}
-
-INT x_error_count() {
-    return error_count;
-}
-
-} // namespace grx
-
 extern "C" {
 
 int erreur_systeme(Display* disp, XErrorEvent* evt);
@@ -70,8 +57,7 @@ int erreur_io_systeme(Display* disp);
 int erreur_systeme(Display* disp, XErrorEvent* evt) {
     static bool telling = false; // the application's handler may call the one it found, which is this one
     if (telling) return 0;
-    XGetErrorText(disp, evt->error_code, last_error_text, kMaxErrorText);
-    ++error_count;
+    grx::note_x_error(disp, *evt);
     if (application_errors == nullptr) return 0;
     telling = true;
     application_errors(disp, evt);
@@ -80,6 +66,7 @@ int erreur_systeme(Display* disp, XErrorEvent* evt) {
 }
 
 int erreur_io_systeme(Display* disp) {
+    grx::call_rescue();
     if (application_end != nullptr) std::exchange(application_end, nullptr)(disp);
     return 0; // Xlib ends the process after this
 }
@@ -100,9 +87,13 @@ void install(Handler (*set)(Handler), Handler ours, Handler& application) {
 
 namespace grx {
 
+void install_end_handler() {
+    install(XSetIOErrorHandler, erreur_io_systeme, application_end);
+}
+
 void install_error_handlers() {
     install(XSetErrorHandler, erreur_systeme, application_errors);
-    install(XSetIOErrorHandler, erreur_io_systeme, application_end);
+    install_end_handler();
 }
 
 bool open_display() {
@@ -116,6 +107,7 @@ bool open_display() {
     if (x11_disp == nullptr) return false;
     x11_screen = DefaultScreen(x11_disp);
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
+    if (tracing() && environment_wants_exact_calls()) XSynchronize(x11_disp, True);
     return true;
 }
 

@@ -11,6 +11,7 @@
 
 #include "pure/axis.h"
 #include "system/block.h"
+#include "system/inventory.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/late_layout.h"
@@ -171,6 +172,21 @@ void on_death(Widget list, XtPointer, XtPointer) {
     }
 }
 
+// -- what is alive
+
+void count_lists(GRX_INVENTAIRE& into) {
+    for (const LISTE_PANEL& slot : all_slots()) into.nb_listes += is_used(slot) ? 1 : 0;
+}
+
+void list_lists(grx::InventoryList& list) {
+    for (const LISTE_PANEL& slot : all_slots())
+        if (is_used(slot))
+            list.line(0, "panel list %d: key %d, in panel %d, %d entries%s", slot.isys, item_key(slot), slot.ipan,
+                slot.nb_item, slot.obj == nullptr ? ", its window is gone" : "");
+}
+
+constexpr grx::AliveKind kPanelLists{"panel lists", count_lists, list_lists};
+
 // -- giving out and freeing
 
 void free_slot(LISTE_PANEL& slot) {
@@ -217,6 +233,7 @@ LISTE_PANEL* take_slot() {
 }
 
 void occupy(LISTE_PANEL& slot, const GRX_MSG& msg, Widget list) {
+    grx::tell_of(&kPanelLists);
     slot = kFree;
     slot.isys = static_cast<INT>(&slot - Tab_liste);
     slot.ietat = msg.clef;

@@ -65,7 +65,7 @@ INT handle_any(XEvent& event, GRX_EVENEMENT* evt) {
 }
 
 Window restricted_to() {
-    return grx::window_of(grx_recherche_shell(grx_recup_objet_fen(grx_recup_fenetre_a_digitaliser())));
+    return grx::window_of(grx_recherche_shell(grx::window_widget_if_any(grx_recup_fenetre_a_digitaliser())));
 }
 
 INT handle_restricted(XEvent& event, GRX_EVENEMENT* evt) {

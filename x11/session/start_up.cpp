@@ -9,10 +9,13 @@
 #include <cstring>
 #include <iterator>
 
+#include "system/inventory.h"
 #include "display/connection.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
+#include "registry/alive.h"
 #include "registry/window_table.h"
+#include "menus/alive_menus.h"
 #include "windows/shell_place.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
@@ -59,6 +62,12 @@ void turn_off_drag_and_drop() {
     grx::set_resource(display_object, XmNdragInitiatorProtocolStyle, XmDRAG_NONE);
     grx::set_resource(display_object, XmNdragReceiverProtocolStyle, XmDRAG_NONE);
     offer_no_drop_sites();
+}
+
+void tell_what_is_alive() {
+    grx::tell_of_windows_and_controls();
+    grx::tell_of_menus();
+    grx::inventory_wanted();
 }
 
 void load_font() {
@@ -108,6 +117,7 @@ INT grx_init_application(void) {
         grx_erreur(GRX_ERR_DISPLAY);
         return 0;
     }
+    tell_what_is_alive();
     intern_names_at_once();
     turn_off_drag_and_drop();
     keep_display_object();
