@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "system/trace.h"
+#include "display/exact_calls.h"
 #include "display/last_error.h"
 #include "display/lost_connection.h"
 #include "xt_ini_t.h"
@@ -107,7 +107,7 @@ bool open_display() {
     if (x11_disp == nullptr) return false;
     x11_screen = DefaultScreen(x11_disp);
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
-    if (tracing() && environment_wants_exact_calls()) XSynchronize(x11_disp, True);
+    follow_exact_calls();
     return true;
 }
 

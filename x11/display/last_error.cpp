@@ -9,7 +9,6 @@
 #include "pure/sized_record.h"
 #include "system/public_call.h"
 #include "system/trace.h"
-#include "xt_ini_t.h"
 
 #include <X11/Xlibint.h> // last: it has macros min and max
 
@@ -94,13 +93,6 @@ INT grx_oublie_erreur_affichage(void) {
     const INT count = grx::last.nombre;
     grx::last = grx::kNone;
     grx::last.nombre = count;
-    return 1;
-}
-
-INT grx_ouvre_journal(const char* adr, INT synchrone) {
-    if (adr == nullptr || adr[0] == '\0') return grx::refused(GRX_ECHEC_PARAMETRE, "adr");
-    if (!grx::open_trace(adr)) return grx::refused(GRX_ECHEC_FICHIER, "adr");
-    if (x11_disp != nullptr) XSynchronize(x11_disp, synchrone != 0 ? True : False);
     return 1;
 }
 }

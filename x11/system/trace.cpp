@@ -29,6 +29,7 @@ constexpr std::size_t kLine = 600;
 constexpr int kHostText = 400; // of a line of the application
 
 bool environment_read = false;
+bool exact_calls = false;
 bool writing = false; // a line is made; what is called meanwhile is not told
 std::array<char, kLine> last_line{};
 
@@ -77,8 +78,9 @@ void write_line(const std::array<char, kLine>& line) {
         close_trace();
 }
 
-void start(const TraceFile& made) {
+void start(const TraceFile& made, bool exact) {
     trace = made;
+    exact_calls = exact;
     trace_wanted = true;
     last_line[0] = '\0';
     trace_line("trace of process %ld", static_cast<long>(getpid()));
@@ -91,7 +93,8 @@ void read_environment() {
     const char* const name = std::getenv("GRX_TRACE");
     if (name == nullptr || name[0] == '\0' || trace.is_open()) return;
     const TraceFile made = opened(name);
-    if (made.is_open()) start(made);
+    const char* const exact = std::getenv("GRX_TRACE_SYNC");
+    if (made.is_open()) start(made, exact != nullptr && std::strcmp(exact, "1") == 0);
 }
 
 // While a line is made the application's errno stays, and nothing else is told.
@@ -123,17 +126,16 @@ bool tracing() {
     return trace.is_open();
 }
 
-bool environment_wants_exact_calls() {
-    const char* const value = std::getenv("GRX_TRACE_SYNC");
-    return value != nullptr && std::strcmp(value, "1") == 0;
+bool exact_calls_wanted() {
+    return tracing() && exact_calls;
 }
 
-bool open_trace(const char* name) {
+bool open_trace(const char* name, bool exact) {
     read_environment();
     const TraceFile made = opened(name);
     if (!made.is_open()) return false;
     close_trace();
-    start(made);
+    start(made, exact);
     return true;
 }
 
@@ -184,10 +186,6 @@ INT refused(INT code, const char* argument, const char* function) {
 } // namespace grx
 
 extern "C" {
-
-INT grx_ferme_journal(void) {
-    return grx::close_trace() ? 1 : GRX_ECHEC_ABSENT;
-}
 
 INT grx_ecrit_journal(const char* texte) {
     if (texte == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "texte");

@@ -12,11 +12,11 @@ extern bool trace_wanted;
 /// True while there is a trace. Asks the environment the first time.
 bool tracing();
 
-/// True when the environment wants each call exact.
-bool environment_wants_exact_calls();
+/// True while there is a trace that names the call of each error of the display exactly.
+bool exact_calls_wanted();
 
 /// Opens the trace by name; false, with nothing changed, when the file cannot be opened.
-bool open_trace(const char* name);
+bool open_trace(const char* name, bool exact);
 
 /// False when there was none.
 bool close_trace();
