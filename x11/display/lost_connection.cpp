@@ -20,6 +20,9 @@ constexpr std::size_t kMost = 32;
 std::array<void (*)(), kMost> noted{};
 std::size_t count = 0;
 
+std::array<void*, kMost> hidden_memory{};
+std::size_t hidden_count = 0;
+
 GRX_FONCTION_SECOURS rescue = nullptr;
 void* rescue_data = nullptr;
 bool lost = false;
@@ -42,6 +45,10 @@ void at_lost_connection(void (*hide)()) {
     if (std::find(noted.begin(), end, hide) != end) return;
     assert(count < kMost);
     noted[count++] = hide;
+}
+
+void keep_hidden(void* memory) {
+    if (hidden_count < kMost) hidden_memory[hidden_count++] = memory;
 }
 
 bool set_rescue(GRX_FONCTION_SECOURS function, void* data) {

@@ -10,6 +10,9 @@ namespace grx {
 /// to what it is in a fresh process, and frees nothing: the calls that are under way may still hold it.
 void at_lost_connection(void (*hide)());
 
+/// Remembers memory that is hidden and stays, for tools that look for memory which nobody points at.
+void keep_hidden(void* memory);
+
 /// Sets the application's function, null for none; false, with nothing changed, once the connection is lost.
 bool set_rescue(GRX_FONCTION_SECOURS function, void* data);
 

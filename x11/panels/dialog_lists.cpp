@@ -10,6 +10,7 @@
 #include "system/block.h"
 #include "system/inventory.h"
 #include "system/never_destroyed.h"
+#include "display/lost_connection.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/lists.h"
@@ -115,8 +116,13 @@ void list_lists(grx::InventoryList& into) {
 
 constexpr grx::AliveKind kDialogLists{"dialog lists", count_lists, list_lists};
 
+void hide_lists() {
+    for (Slot& slot : slots) slot.list = nullptr;
+}
+
 void occupy(Slot& slot, INT ind, Widget list) {
     grx::tell_of(&kDialogLists);
+    grx::at_lost_connection(hide_lists);
     slot.list = list;
     INT* const number = &tab_ind_page[static_cast<std::size_t>(ind)];
     *number = ind;

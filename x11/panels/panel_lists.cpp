@@ -12,6 +12,7 @@
 #include "pure/axis.h"
 #include "system/block.h"
 #include "system/inventory.h"
+#include "display/lost_connection.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/late_layout.h"
@@ -187,6 +188,14 @@ void list_lists(grx::InventoryList& list) {
 
 constexpr grx::AliveKind kPanelLists{"panel lists", count_lists, list_lists};
 
+// The table stays in memory: what happens while the connection is lost may still hold it.
+void hide_lists() {
+    grx::keep_hidden(Tab_liste);
+    Tab_liste = nullptr;
+    Nb_max_liste = 0;
+    Nb_liste = GRX_AUCUN;
+}
+
 // -- giving out and freeing
 
 void free_slot(LISTE_PANEL& slot) {
@@ -234,6 +243,7 @@ LISTE_PANEL* take_slot() {
 
 void occupy(LISTE_PANEL& slot, const GRX_MSG& msg, Widget list) {
     grx::tell_of(&kPanelLists);
+    grx::at_lost_connection(hide_lists);
     slot = kFree;
     slot.isys = static_cast<INT>(&slot - Tab_liste);
     slot.ietat = msg.clef;

@@ -56,8 +56,8 @@ void release(T*& table) {
 
 // The tables stay in memory: what happens while the connection is lost may still hold them.
 void hide_table() {
-    static std::array<void*, 2> hidden{};
-    hidden = {Tableau_objet_bouton, structure_bouton};
+    grx::keep_hidden(Tableau_objet_bouton);
+    grx::keep_hidden(structure_bouton);
     Tableau_objet_bouton = nullptr;
     structure_bouton = nullptr;
     MAXOBJETBOUTON = 0;

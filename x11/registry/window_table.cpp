@@ -91,8 +91,10 @@ void release_saved_picture(INT nofen) {
 
 // The tables stay in memory: what happens while the connection is lost may still hold them.
 void hide_table() {
-    static std::array<void*, 7> hidden{};
-    hidden = {grx::Tableau_objet_fen, structure_fenetre, sauve_zone, old_lar, old_hau, largeur_fen, hauteur_fen};
+    for (void* table : {static_cast<void*>(grx::Tableau_objet_fen), static_cast<void*>(structure_fenetre),
+             static_cast<void*>(sauve_zone), static_cast<void*>(old_lar), static_cast<void*>(old_hau),
+             static_cast<void*>(largeur_fen), static_cast<void*>(hauteur_fen)})
+        grx::keep_hidden(table);
     grx::Tableau_objet_fen = nullptr;
     structure_fenetre = nullptr;
     sauve_zone = nullptr;
