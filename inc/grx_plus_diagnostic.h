@@ -76,7 +76,8 @@ GRX_API INT grx_oublie_erreur_affichage(void);
 /* --- the trace ------------------------------------------------------------------------------------------------ */
 
 /* Writes from now on one line each into the file of this name (adr, appended to, or made) for
- *   - a call with a window or button number that names nothing: function and number;
+ *   - a call with a window or button number that names nothing: function and number. Asking for the widget of
+ *     a number (grx_recup_objet_fen, grx_recup_objet_bout) is no mistake and not told;
  *   - a value that a function of the additions has refused: function, argument, value, code;
  *   - an error of the display: text, request, resource, serial number and call. synchrone, when not 0, makes the call exact:
  *     the library then waits for the server after every request, which is slow. Else the line says in which call the
@@ -111,7 +112,8 @@ GRX_API INT grx_init_inventaire(GRX_INVENTAIRE* inventaire);
  * Depuis 1.1 */
 GRX_API INT grx_recup_inventaire(GRX_INVENTAIRE* inventaire);
 
-/* The rank of a window or button in the order of making: the thing made first in the process has 1. Gives
+/* The rank of a window or button in the order of making: what was made later has a greater one. The library
+ * makes a few for itself, so that ranks have gaps. Gives
  * GRX_ECHEC_NUMERO for a number that is free or none.
  * Depuis 1.1 */
 GRX_API INT grx_recup_rang_fenetre(INT nofen);

@@ -49,9 +49,7 @@ struct Home {
     bool shared = base != object_of(reinterpret_cast<const void*>(getauxval(AT_ENTRY)));
 
     bool has(const Frame& frame) const { return frame.info.dli_fbase == base; }
-    bool is_public(const Frame& frame) const {
-        return shared ? frame.name()[0] != '\0' : begins(frame.name(), "grx_");
-    }
+    bool is_public(const Frame& frame) const { return shared ? frame.name()[0] != '\0' : begins(frame.name(), "grx_"); }
 };
 
 bool of_toolkit(const Frame& frame) {
@@ -97,7 +95,7 @@ void set_places(PublicCall& call, const Stack& stack, const Home& home) {
 } // namespace
 
 PublicCall public_call() {
-    const Home home;
+    static const Home home;
     const Stack stack;
     bool first = true;
     for (int at = 0; at < stack.depth; skip_others(stack, at, home)) {

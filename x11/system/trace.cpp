@@ -64,8 +64,8 @@ std::size_t put_time(char* text, std::size_t room) {
     tm local{};
     localtime_r(&now.tv_sec, &local);
     constexpr long kMillisecond = 1000000;
-    return static_cast<std::size_t>(std::snprintf(text, room, "%02d:%02d:%02d.%03ld ", local.tm_hour, local.tm_min,
-        local.tm_sec, now.tv_nsec / kMillisecond));
+    return static_cast<std::size_t>(std::snprintf(
+        text, room, "%02d:%02d:%02d.%03ld ", local.tm_hour, local.tm_min, local.tm_sec, now.tv_nsec / kMillisecond));
 }
 
 void write_line(const std::array<char, kLine>& line) {
@@ -111,6 +111,12 @@ class Making {
   private:
     int errno_;
 };
+
+// The functions by which an application asks whether a number is in use.
+bool asks_only(const PublicCall& call) {
+    return std::strcmp(call.name.data(), "grx_recup_objet_fen") == 0
+           || std::strcmp(call.name.data(), "grx_recup_objet_bout") == 0;
+}
 
 const char* name_or(const PublicCall& call, const char* function) {
     return call.name[0] != '\0' ? call.name.data() : function;
@@ -165,7 +171,7 @@ void trace_unknown(const char* kind, INT number) {
     if (!tracing()) return;
     const PublicCall call = public_call();
     // The toolkit's events may come for what is gone already; that is no fault of the application's.
-    if (call.name[0] != '\0' && !call.direct) return;
+    if ((call.name[0] != '\0' && !call.direct) || asks_only(call)) return;
     trace_line("unknown number: %s, %s %d", name_or(call, "a call"), kind, number);
 }
 
@@ -178,8 +184,8 @@ INT refused(INT code, const char* argument, INT value, const char* function) {
 
 INT refused(INT code, const char* argument, const char* function) {
     if (trace_wanted && tracing())
-        trace_line("refused value: %s, %s: %s (%d)", name_or(public_call(), function), argument, failure_text(code),
-            code);
+        trace_line(
+            "refused value: %s, %s: %s (%d)", name_or(public_call(), function), argument, failure_text(code), code);
     return code;
 }
 

@@ -1,6 +1,7 @@
 // Every exported function with hostile arguments: extreme and negative numbers, null pointers, over-long and unterminated
 // texts; without a display, after start-up, and with a live window of each kind. A table names every function; a new
 // export without a row fails.
+#include "grx_plus_diagnostic.h"
 #include "tests/display/hostile/hostile_rows.h"
 #include "tests/support/stdout_capture.h"
 
@@ -157,6 +158,13 @@ TEST_F(Hostile, WithoutDisplayWithBases) {
 TEST_F(Hostile, AfterStartUp) {
     start();
     call_all(joined({plain_rows(), own_rows()}));
+}
+
+TEST_F(Hostile, AfterStartUpWithATrace) {
+    start();
+    ASSERT_EQ(grx_ouvre_journal("/dev/null", 0), 1);
+    call_all(joined({plain_rows(), own_rows()}));
+    EXPECT_EQ(grx_ferme_journal(), 1);
 }
 
 TEST_F(Hostile, WithLiveWindows) {

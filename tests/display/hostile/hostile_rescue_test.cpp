@@ -13,12 +13,11 @@ Bench* bench = nullptr;
 
 void call_rows(std::span<const Row> rows) {
     for (const Row& row : rows) {
-        if (getenv("GRX_TEST_NAMES")) fprintf(stderr, "%s\n", row.name);
         for (unsigned n = 0; n < row.times; ++n) {
             const Answer answer = row.call(*bench, n);
             if (answer && !row.answers.permit(*answer)) {
                 std::fprintf(stderr, "%s gives %lld\n", row.name, *answer);
-                break;
+                std::_Exit(9);
             }
         }
     }
@@ -63,7 +62,7 @@ class HostileRescue : public XTest {};
 TEST_F(HostileRescue, EveryFunctionAnswersAsWithoutADisplay) {
     write_menu("");
     const XServer server({.planes = test_planes(), .arguments = {}});
-    EXPECT_EXIT(meet_end(server, home().text()), testing::ExitedWithCode(1), "^done\n$");
+    EXPECT_EXIT(meet_end(server, home().text()), testing::ExitedWithCode(1), "(^|\n)done\n$");
 }
 
 } // namespace
