@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include "display/exact_calls.h"
 #include "display/last_error.h"
 #include "display/lost_connection.h"
 #include "xt_ini_t.h"
@@ -46,6 +45,17 @@ XIOErrorHandler application_end = nullptr;
 // The arguments of the application that the toolkit is given. It keeps their address.
 constexpr std::size_t kNameBuffer = 20;
 char* arguments[2] = {nullptr, nullptr};
+
+// The display itself is Xlib's, which is not done with it.
+void hide_connection() {
+    x11_disp = nullptr;
+    contexte = nullptr;
+    x11_vis = nullptr;
+    x11_cmap = None;
+    fontlist = nullptr;
+    fontstruct = nullptr;
+    g_c = gc = nullptr;
+}
 
 } // namespace
 
@@ -101,13 +111,13 @@ bool open_display() {
     if (arguments[0] == nullptr) return false;
     std::snprintf(arguments[0], kNameBuffer, "HB");
     int count = 1;
+    at_lost_connection(hide_connection);
     XtToolkitInitialize();
     contexte = XtCreateApplicationContext();
     x11_disp = XtOpenDisplay(contexte, nullptr, nullptr, nullptr, nullptr, 0, &count, arguments);
     if (x11_disp == nullptr) return false;
     x11_screen = DefaultScreen(x11_disp);
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
-    follow_exact_calls();
     return true;
 }
 

@@ -10,7 +10,6 @@
 
 #include "system/inventory.h"
 #include "system/trace.h"
-#include "xt_ini_t.h"
 
 namespace grx {
 
@@ -26,17 +25,6 @@ std::size_t hidden_count = 0;
 GRX_FONCTION_SECOURS rescue = nullptr;
 void* rescue_data = nullptr;
 bool lost = false;
-
-// The display itself is Xlib's, which is not done with it.
-void hide_connection() {
-    x11_disp = nullptr;
-    contexte = nullptr;
-    x11_vis = nullptr;
-    x11_cmap = None;
-    fontlist = nullptr;
-    fontstruct = nullptr;
-    g_c = gc = nullptr;
-}
 
 } // namespace
 
@@ -64,7 +52,6 @@ void call_rescue() {
     cancel_inventory();
     if (rescue == nullptr) return;
     while (count > 0) noted[--count]();
-    hide_connection();
     rescue(rescue_data);
 }
 

@@ -29,8 +29,8 @@ struct KindName {
     const char* name;
 };
 
-constexpr KindName kWindowKinds[] = {{GRX_FEN_BOUTONS, "board"}, {GRX_FEN_GRAPHIQUE, "graphic"}, {GRX_FEN_TEXTE, "text"},
-    {GRX_FEN_ALPHA, "form"}, {GRX_FEN_MESSAGE, "message"}, {GRX_FEN_MENU, "scrolling menu"}};
+constexpr KindName kWindowKinds[] = {{GRX_FEN_BOUTONS, "board"}, {GRX_FEN_GRAPHIQUE, "graphic"},
+    {GRX_FEN_TEXTE, "text"}, {GRX_FEN_ALPHA, "form"}, {GRX_FEN_MESSAGE, "message"}, {GRX_FEN_MENU, "scrolling menu"}};
 
 constexpr KindName kControlKinds[] = {{GRX_BOU_DESSINE, "drawn button"}, {GRX_BOU_BASCULE, "toggle"},
     {GRX_BOU_POUSSOIR, "push button"}, {GRX_BOU_FLECHE, "arrow"}, {GRX_BOU_LABEL, "label"}, {GRX_BOU_TEXTE, "text"},
@@ -76,7 +76,8 @@ void list_window(InventoryList& list, INT nofen, Widget w, const STRUCTURE_FENET
     Widget whole = outer != nullptr ? outer : nearest_shell(w);
     const INT around = window_around(whole);
     CH40 parent = "";
-    if (around > 0) std::snprintf(parent, sizeof parent, outer != nullptr ? ", in window %d" : ", of window %d", around);
+    if (around > 0)
+        std::snprintf(parent, sizeof parent, outer != nullptr ? ", in window %d" : ", of window %d", around);
     list.line(window_rank(nofen), "window %d: %s%s%s%s%s", nofen, name_of(record.type, kWindowKinds), parent,
         outer == nullptr ? title_of(whole).data() : "", has_picture(record, nofen) ? ", with a picture" : "",
         record.affiche != 0 ? ", shown" : "");
@@ -110,8 +111,8 @@ void list_control(InventoryList& list, INT nobou, const STRUCTURE_BOUTON& record
     Widget w = control_widget_if_any(nobou);
     CH40 parent = "";
     if (record.nofen > 0) std::snprintf(parent, sizeof parent, ", in window %d", record.nofen);
-    list.line(control_rank(nobou), "button %d: %s%s%s, function %d%s%s", nobou, name_of(record.type, kControlKinds), parent,
-        quoted_label(w).data(), record.no_fo, record.image != None ? ", with a picture" : "",
+    list.line(control_rank(nobou), "button %d: %s%s%s, function %d%s%s", nobou, name_of(record.type, kControlKinds),
+        parent, quoted_label(w).data(), record.no_fo, record.image != None ? ", with a picture" : "",
         w == nullptr ? ", its window is gone" : "");
 }
 

@@ -11,6 +11,7 @@
 
 #include "system/inventory.h"
 #include "display/connection.h"
+#include "display/exact_calls.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "registry/alive.h"
@@ -117,6 +118,7 @@ INT grx_init_application(void) {
         grx_erreur(GRX_ERR_DISPLAY);
         return 0;
     }
+    grx::follow_exact_calls();
     tell_what_is_alive();
     intern_names_at_once();
     turn_off_drag_and_drop();

@@ -113,7 +113,8 @@ bool inventory_wanted() {
 }
 
 void list_before_freeing(const char* kind) {
-    const auto told_of = std::ranges::find_if(told(), [=](const AliveKind* k) { return std::strcmp(k->name, kind) == 0; });
+    const auto told_of =
+        std::ranges::find_if(told(), [=](const AliveKind* k) { return std::strcmp(k->name, kind) == 0; });
     if (told_of == told().end() || (*told_of)->list == nullptr || !inventory_wanted()) return;
     CH80 heading = "";
     std::snprintf(heading, sizeof heading, "%s when their base is freed", kind);

@@ -18,8 +18,8 @@ QuotedText quoted_label(Widget w) {
     if (w == nullptr || !XmIsLabel(w)) return {};
     const auto label = reinterpret_cast<XmLabelWidget>(w)->label._label;
     if (label == nullptr) return {};
-    auto* const text = static_cast<char*>(
-        XmStringUnparse(label, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
+    auto* const text =
+        static_cast<char*>(XmStringUnparse(label, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
     const QuotedText made = quoted(text);
     XtFree(text);
     return made;

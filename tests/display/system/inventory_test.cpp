@@ -120,11 +120,11 @@ TEST_F(InventoryTest, ListsMenusInTheirOrder) {
     main_window(example_menu);
     const auto all = listed();
     const Lines menus(all.begin() + 1, all.end());
-    EXPECT_EQ(menus,
-        (Lines{"menu 1: in menu 2, \"Export\"", "menu 2: in menu 0, \"File\"", "menu 3: in menu 0, \"Help\"",
-            "menu entry 1: in menu 2, \"Open\"", "menu entry 2: in menu 2, \"Save\"", "menu entry 3: in menu 2",
-            "menu entry 4: in menu 1, \"DXF...\"", "menu entry 5: in menu 2, \"Quit\"",
-            "menu entry 6: in menu 3, \"About\""}));
+    EXPECT_EQ(
+        menus, (Lines{"menu 1: in menu 2, \"Export\"", "menu 2: in menu 0, \"File\"", "menu 3: in menu 0, \"Help\"",
+                   "menu entry 1: in menu 2, \"Open\"", "menu entry 2: in menu 2, \"Save\"", "menu entry 3: in menu 2",
+                   "menu entry 4: in menu 1, \"DXF...\"", "menu entry 5: in menu 2, \"Quit\"",
+                   "menu entry 6: in menu 3, \"About\""}));
 }
 
 TEST_F(InventoryTest, RanksFollowTheOrderOfMaking) {
