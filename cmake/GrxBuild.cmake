@@ -46,7 +46,9 @@ set(CMAKE_C_EXTENSIONS OFF)
 # What the library and the default host are compiled with on top of that.
 function(grx_library_options target)
   target_link_libraries(${target} PRIVATE grx_strict)
-  target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics)
+  target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
+    # so that the stack tells which public function was called (system/public_call.h)
+    -fno-optimize-sibling-calls)
   set_target_properties(${target} PROPERTIES
     POSITION_INDEPENDENT_CODE ON
     CXX_VISIBILITY_PRESET hidden

@@ -35,6 +35,26 @@ _Static_assert((INT)-1 < 0 && (INT2)-1 < 0 && (LONG)-1 < 0, "signed integers");
 _Static_assert((UNSIGNED_INT)-1 > 0 && (UNSIGNED_INT4)-1 > 0, "unsigned integers");
 
 /* The additions' records: they may grow at their end. */
+RECORD(GRX_ERREUR_AFFICHAGE, 188);
+FIELD(GRX_ERREUR_AFFICHAGE, taille, 0);
+FIELD(GRX_ERREUR_AFFICHAGE, nombre, 4);
+FIELD(GRX_ERREUR_AFFICHAGE, code, 8);
+FIELD(GRX_ERREUR_AFFICHAGE, requete, 12);
+FIELD(GRX_ERREUR_AFFICHAGE, sous_requete, 16);
+FIELD(GRX_ERREUR_AFFICHAGE, ressource, 20);
+FIELD(GRX_ERREUR_AFFICHAGE, numero, 24);
+FIELD(GRX_ERREUR_AFFICHAGE, texte, 28);
+FIELD(GRX_ERREUR_AFFICHAGE, nom_requete, 108);
+RECORD(GRX_INVENTAIRE, 36);
+FIELD(GRX_INVENTAIRE, taille, 0);
+FIELD(GRX_INVENTAIRE, nb_fenetres, 4);
+FIELD(GRX_INVENTAIRE, nb_boutons, 8);
+FIELD(GRX_INVENTAIRE, nb_images, 12);
+FIELD(GRX_INVENTAIRE, nb_sauvegardes, 16);
+FIELD(GRX_INVENTAIRE, nb_listes, 20);
+FIELD(GRX_INVENTAIRE, nb_icones, 24);
+FIELD(GRX_INVENTAIRE, nb_menus, 28);
+FIELD(GRX_INVENTAIRE, nb_entrees, 32);
 RECORD(GRX_DETAIL_EVENEMENT, 32);
 FIELD(GRX_DETAIL_EVENEMENT, taille, 0);
 FIELD(GRX_DETAIL_EVENEMENT, type_evenement, 4);

@@ -1,6 +1,7 @@
 #include "tests/support/counters.h"
 
 #include "tests/support/next_function.h"
+#include "tests/support/reply_hook.h"
 
 namespace {
 grxtest::XTotals totals;
@@ -13,6 +14,7 @@ Status _XReply(Display* display, void* reply, int extra, Bool discard);
 Status _XReply(Display* display, void* reply, int extra, Bool discard) {
     static const auto next = grxtest::next_function<decltype(_XReply)>("_XReply");
     ++totals.round_trips;
+    if (grxtest::before_reply) grxtest::before_reply(totals.round_trips);
     return next(display, reply, extra, discard);
 }
 
@@ -55,6 +57,8 @@ int XSetDashes(Display* display, GC gc, int offset, const char* dashes, int coun
 } // extern "C"
 
 namespace grxtest {
+
+void (*before_reply)(unsigned long number) = nullptr;
 
 const XTotals& x_totals() {
     return totals;

@@ -22,6 +22,7 @@
 #include "toolkit/look.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
+#include "registry/window_table.h"
 #include "menus/accelerators.h"
 #include "session/nested_loop.h"
 #include "dialogs/editor_clipboard.h"
@@ -211,7 +212,7 @@ void give_name_back(std::string_view opened, char* adr, char* name) {
 extern "C" {
 
 INT grx_editeur(void) {
-    Widget over = grx_recup_objet_fen(grx_recup_nofen_principale());
+    Widget over = grx::window_widget_if_any(grx_recup_nofen_principale());
     if (!is_reserved() || is_on_show() || over == nullptr) return 0;
     set_exit_status(0);
     text_file().saved = true;

@@ -7,6 +7,7 @@
 
 #include "pure/text.h"
 #include "system/never_destroyed.h"
+#include "display/lost_connection.h"
 #include "session/nested_loop.h"
 #include "xt_f.h"
 
@@ -27,6 +28,11 @@ struct State {
 
 NeverDestroyed<State> lasting_state;
 State& state = lasting_state.value;
+
+// The widgets stay in memory: what happens while the connection is lost may still hold them.
+void hide_editor_widgets() {
+    grx::keep_hidden(state.widgets.release());
+}
 
 void destroy(Widget w) {
     if (w != nullptr) XtDestroyWidget(w);
@@ -124,6 +130,7 @@ extern "C" {
 INT grx_debut_editeur(void) {
     if (is_reserved()) return 0;
     state.widgets = grx::Block<Widget>(kComponents);
+    grx::at_lost_connection(hide_editor_widgets);
     return is_reserved() ? 1 : 0;
 }
 

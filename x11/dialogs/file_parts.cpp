@@ -13,6 +13,7 @@
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
+#include "registry/window_table.h"
 #include "session/nested_loop.h"
 #include "host_f.h"
 #include "xt_fen_f.h"
@@ -77,7 +78,7 @@ bool keep_path(Path& path, std::string_view name) {
 }
 
 Widget main_widget() {
-    Widget w = grx_recup_objet_fen(grx_recup_nofen_principale());
+    Widget w = grx::window_widget_if_any(grx_recup_nofen_principale());
     return can_hold_children(w) ? w : nullptr;
 }
 

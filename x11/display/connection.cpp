@@ -12,6 +12,8 @@
 
 #include "display/arguments.h"
 #include "display/identity.h"
+#include "display/last_error.h"
+#include "display/lost_connection.h"
 #include "grx_plus_application.h"
 #include "xt_ini_t.h"
 
@@ -39,10 +41,6 @@ INT nbr_ypel_crt = 0;
 
 namespace {
 
-constexpr int kMaxErrorText = 80;
-char last_error_text[kMaxErrorText] = "";
-INT error_count = 0;
-
 // The handlers that the application had installed before; null when it had none.
 XErrorHandler application_errors = nullptr;
 XIOErrorHandler application_end = nullptr;
@@ -51,19 +49,18 @@ XIOErrorHandler application_end = nullptr;
 constexpr std::size_t kNameBuffer = 80;
 char* arguments[2] = {nullptr, nullptr};
 
+// The display itself is Xlib's, which is not done with it.
+void hide_connection() {
+    x11_disp = nullptr;
+    contexte = nullptr;
+    x11_vis = nullptr;
+    x11_cmap = None;
+    fontlist = nullptr;
+    fontstruct = nullptr;
+    g_c = gc = nullptr;
+}
+
 } // namespace
-
-namespace grx {
-
-const char* last_x_error_text() {
-    return last_error_text;
-}
-
-INT x_error_count() {
-    return error_count;
-}
-
-} // namespace grx
 
 extern "C" {
 
@@ -73,8 +70,7 @@ int erreur_io_systeme(Display* disp);
 int erreur_systeme(Display* disp, XErrorEvent* evt) {
     static bool telling = false; // the application's handler may call the one it found, which is this one
     if (telling) return 0;
-    XGetErrorText(disp, evt->error_code, last_error_text, kMaxErrorText);
-    ++error_count;
+    grx::note_x_error(disp, *evt);
     if (application_errors == nullptr) return 0;
     telling = true;
     application_errors(disp, evt);
@@ -83,6 +79,7 @@ int erreur_systeme(Display* disp, XErrorEvent* evt) {
 }
 
 int erreur_io_systeme(Display* disp) {
+    grx::call_rescue();
     if (application_end != nullptr) std::exchange(application_end, nullptr)(disp);
     return 0; // Xlib ends the process after this
 }
@@ -103,9 +100,13 @@ void install(Handler (*set)(Handler), Handler ours, Handler& application) {
 
 namespace grx {
 
+void install_end_handler() {
+    install(XSetIOErrorHandler, erreur_io_systeme, application_end);
+}
+
 void install_error_handlers() {
     install(XSetErrorHandler, erreur_systeme, application_errors);
-    install(XSetIOErrorHandler, erreur_io_systeme, application_end);
+    install_end_handler();
 }
 
 bool open_display() {
@@ -113,6 +114,7 @@ bool open_display() {
     if (arguments[0] == nullptr) return false;
     std::snprintf(arguments[0], kNameBuffer, "%s", application_name());
     int count = 1;
+    at_lost_connection(hide_connection);
     XtToolkitInitialize();
     contexte = XtCreateApplicationContext();
     x11_disp = XtOpenDisplay(

@@ -15,6 +15,7 @@
 #include "display/pixmaps.h"
 #include "display/screen.h"
 #include "toolkit/args.h"
+#include "registry/window_table.h"
 #include "drawing/control_pictures_state.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
@@ -127,7 +128,7 @@ Picture make_picture(const Indices& indices) {
 }
 
 Drawable place_for_pixmap(INT nobou) {
-    Widget w = nobou >= 0 ? grx_recup_objet_bout(nobou) : grx_recup_objet_fen(grx_recup_nofen_principale());
+    Widget w = nobou >= 0 ? grx_recup_objet_bout(nobou) : grx::window_widget_if_any(grx_recup_nofen_principale());
     const Window window = grx::window_of(w);
     return window != None ? window : DefaultRootWindow(x11_disp);
 }

@@ -1,5 +1,6 @@
 // A list of icons that the application keeps in memory and finds by name.
 #include "pure/axis.h"
+#include "system/inventory.h"
 #include "xt_gfx_f.h"
 #include "xt_loc_f.h"
 
@@ -27,6 +28,18 @@ void free_entry(SICON* entry) {
     grx_free(reinterpret_cast<char*>(entry), sizeof(SICON));
 }
 
+void count_icons(GRX_INVENTAIRE& into) {
+    for (const SICON* icon = tab_icon_mem; icon != nullptr; icon = icon->suiv) ++into.nb_icones;
+}
+
+void list_icons(grx::InventoryList& list) {
+    INT number = 0;
+    for (const SICON* icon = tab_icon_mem; icon != nullptr; icon = icon->suiv)
+        list.line(0, "icon %d: \"%.39s\", %u bytes", ++number, icon->nom_icon, icon->taille_buffer);
+}
+
+constexpr grx::AliveKind kIcons{"icons", count_icons, list_icons};
+
 } // namespace
 
 extern "C" {
@@ -43,6 +56,7 @@ INT append_icon(ENRICON enr_icon) {
     if (entry == nullptr) return 1;
     while (*tab_icon_end != nullptr) tab_icon_end = &(*tab_icon_end)->suiv;
     *tab_icon_end = entry;
+    grx::tell_of(&kIcons);
     return 0;
 }
 

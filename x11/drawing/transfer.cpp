@@ -12,7 +12,7 @@
 #include <sys/shm.h>
 
 #include "system/block.h"
-#include "display/connection.h"
+#include "display/last_error.h"
 #include "display/images.h"
 #include "xt_ini_t.h"
 

@@ -10,6 +10,7 @@
 #include "toolkit/args.h"
 #include "events/input.h"
 #include "events/layout_groups.h"
+#include "registry/window_table.h"
 #include "menus/accelerators.h"
 #include "menus/entry_states.h"
 #include "menus/forwarded_keys.h"
@@ -43,7 +44,7 @@ XtEventDispatchProc dispatch_release = nullptr;
 XtEventDispatchProc dispatch_mapping = nullptr;
 
 Window main_x_window() {
-    return grx::window_of(grx_recup_objet_fen(grx_recup_nofen_principale()));
+    return grx::window_of(grx::window_widget_if_any(grx_recup_nofen_principale()));
 }
 
 // -- which menu or entry a key is for
@@ -123,7 +124,7 @@ bool is_of_another_group(const XKeyEvent& event) {
 
 Widget focus_in(Widget top) {
     Widget focus = XmGetFocusWidget(top);
-    return focus != nullptr && focus != top ? focus : grx_recup_objet_fen(grx_recup_nofen_principale());
+    return focus != nullptr && focus != top ? focus : grx::window_widget_if_any(grx_recup_nofen_principale());
 }
 
 // Gives a key to the widget with the focus, which would have it if another layout group did not need the grab.

@@ -7,6 +7,7 @@
 
 #include "system/block.h"
 #include "system/never_destroyed.h"
+#include "display/lost_connection.h"
 #include "toolkit/widgets.h"
 
 namespace grx {
@@ -31,6 +32,13 @@ void destroy_all(std::array<Widget, N>& widgets, int count) {
     for (int i = count - 1; i >= 0; --i) XtDestroyWidget(widgets[static_cast<std::size_t>(i)]);
 }
 
+// The entries stay in memory: what happens while the connection is lost may still hold them.
+void hide_bar() {
+    Glob_menu_bar = nullptr;
+    Nb_objet = 0;
+    Nb_cascade = Nb_pull = 0;
+}
+
 } // namespace
 
 Widget menu_bar() {
@@ -39,6 +47,7 @@ Widget menu_bar() {
 
 void set_menu_bar(Widget bar) {
     Glob_menu_bar = bar;
+    at_lost_connection(hide_bar);
 }
 
 Widget top_manager() {

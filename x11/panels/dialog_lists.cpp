@@ -10,7 +10,9 @@
 
 #include "pure/axis.h"
 #include "system/block.h"
+#include "system/inventory.h"
 #include "system/never_destroyed.h"
+#include "display/lost_connection.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/lists.h"
@@ -102,7 +104,27 @@ Widget make_list(Widget parent, const GRX_MSG& message, grx::EntryTable& entries
     return grx::managed(XmCreateScrolledList(parent, title.data(), args.list(), args.count()));
 }
 
+void count_lists(GRX_INVENTAIRE& into) {
+    for (const Slot& slot : slots) into.nb_listes += slot.list != nullptr ? 1 : 0;
+}
+
+void list_lists(grx::InventoryList& into) {
+    INT number = 0;
+    for (const Slot& slot : slots) {
+        if (slot.list != nullptr) into.line(0, "dialog list %d: %d entries", number, slot.entries.count());
+        ++number;
+    }
+}
+
+constexpr grx::AliveKind kDialogLists{"dialog lists", count_lists, list_lists};
+
+void hide_lists() {
+    for (Slot& slot : slots) slot.list = nullptr;
+}
+
 void occupy(Slot& slot, INT ind, Widget list) {
+    grx::tell_of(&kDialogLists);
+    grx::at_lost_connection(hide_lists);
     slot.list = list;
     INT* const number = &tab_ind_page[static_cast<std::size_t>(ind)];
     *number = ind;

@@ -14,6 +14,7 @@
 #include "toolkit/look.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
+#include "registry/window_table.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
 #include "xt_msg_f.h"
@@ -99,7 +100,7 @@ constexpr std::array<ToggleSupport, 3> kToggleSupports{{
 // The support is compared with what the windows hold: a container already destroyed is not touched again.
 bool stands_in_a_window(Widget support) {
     for (INT nofen = 1; nofen < MAXOBJETFEN; ++nofen) {
-        if (grx::holds_widget(grx_recup_objet_fen(nofen), support)) return true;
+        if (grx::holds_widget(grx::window_widget_if_any(nofen), support)) return true;
     }
     return false;
 }

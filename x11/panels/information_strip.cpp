@@ -30,10 +30,12 @@ constexpr INT kSeparatorHeight = 2;
 class OwnControl {
   public:
     OwnControl() = default;
-    explicit OwnControl(INT nobou) : nobou_(nobou), widget_(grx_recup_objet_bout(nobou)) {
+    explicit OwnControl(INT nobou) : nobou_(nobou), widget_(grx::control_widget_if_any(nobou)) {
         grx::free_with_widget(nobou);
     }
-    INT number() const { return widget_ != nullptr && grx_recup_objet_bout(nobou_) == widget_ ? nobou_ : GRX_AUCUN; }
+    INT number() const {
+        return widget_ != nullptr && grx::control_widget_if_any(nobou_) == widget_ ? nobou_ : GRX_AUCUN;
+    }
 
   private:
     INT nobou_ = GRX_AUCUN;

@@ -6,6 +6,7 @@
 #include "pure/colour_model.h"
 #include "pure/text.h"
 #include "toolkit/widgets.h"
+#include "registry/window_table.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
@@ -42,7 +43,7 @@ bool is_open() {
 
 // The window to act on; GRX_AUCUN once it is gone, for its number may be another window's before its end was told.
 INT own_window() {
-    return grx_recup_objet_fen(No_fen_mod_coul) == palette_widget ? No_fen_mod_coul : GRX_AUCUN;
+    return grx::window_widget_if_any(No_fen_mod_coul) == palette_widget ? No_fen_mod_coul : GRX_AUCUN;
 }
 
 Triple triple(const INT* values) {
@@ -308,7 +309,7 @@ INT grx_cache_retrace_fenetre_modif_palette_couleurs(INT cache) {
 INT grx_retrace_fenetre_modif_palette_couleurs(void) {
     if (!is_open()) return 0;
     grx_affiche_fenetre(own_window());
-    grx::redraw(grx_recup_objet_fen(own_window()));
+    grx::redraw(grx::window_widget_if_any(own_window()));
     return 0;
 }
 

@@ -11,6 +11,8 @@
 
 #include "pure/axis.h"
 #include "system/block.h"
+#include "system/inventory.h"
+#include "display/lost_connection.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/late_layout.h"
@@ -171,6 +173,29 @@ void on_death(Widget list, XtPointer, XtPointer) {
     }
 }
 
+// -- what is alive
+
+void count_lists(GRX_INVENTAIRE& into) {
+    for (const LISTE_PANEL& slot : all_slots()) into.nb_listes += is_used(slot) ? 1 : 0;
+}
+
+void list_lists(grx::InventoryList& list) {
+    for (const LISTE_PANEL& slot : all_slots())
+        if (is_used(slot))
+            list.line(0, "panel list %d: key %d, in panel %d, %d entries%s", slot.isys, item_key(slot), slot.ipan,
+                slot.nb_item, slot.obj == nullptr ? ", its window is gone" : "");
+}
+
+constexpr grx::AliveKind kPanelLists{"panel lists", count_lists, list_lists};
+
+// The table stays in memory: what happens while the connection is lost may still hold it.
+void hide_lists() {
+    grx::keep_hidden(Tab_liste);
+    Tab_liste = nullptr;
+    Nb_max_liste = 0;
+    Nb_liste = GRX_AUCUN;
+}
+
 // -- giving out and freeing
 
 void free_slot(LISTE_PANEL& slot) {
@@ -217,6 +242,8 @@ LISTE_PANEL* take_slot() {
 }
 
 void occupy(LISTE_PANEL& slot, const GRX_MSG& msg, Widget list) {
+    grx::tell_of(&kPanelLists);
+    grx::at_lost_connection(hide_lists);
     slot = kFree;
     slot.isys = static_cast<INT>(&slot - Tab_liste);
     slot.ietat = msg.clef;

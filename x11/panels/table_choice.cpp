@@ -9,6 +9,7 @@
 #include "pure/text.h"
 #include "system/block.h"
 #include "system/table.h"
+#include "display/lost_connection.h"
 #include "toolkit/args.h"
 #include "toolkit/option_menu.h"
 #include "windows/window_events.h"
@@ -27,6 +28,10 @@ constexpr INT kMarginTop = 2;
 constexpr INT kHeightLess = 4; // than a field
 
 std::array<Widget, GRX_NB_TABLES> Tab_option{};
+
+void hide_boxes() {
+    Tab_option.fill(nullptr);
+}
 std::array<std::size_t, GRX_NB_TABLES> allocated{}; // entries of each table's tbou_choix
 
 struct Choices {
@@ -143,6 +148,7 @@ INT grx_tbl_cree_boutons_choix(INT nofen, INT pox, INT poy, INT nofo, INT nb, ch
     }
     const GRX_BOUTON choice = choice_in(menu, nofen, pox, poy);
     Widget shown = add_choices(Taffiche[Itbl].tbou_choix, choice, {nofo, nb, tab, idef});
+    grx::at_lost_connection(hide_boxes);
     Tab_option[grx::as_index(Itbl)] = make_box(parent, menu, shown, pox, poy);
     return 0;
 }

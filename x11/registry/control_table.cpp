@@ -6,7 +6,10 @@
 #include <algorithm>
 #include <array>
 
+#include "system/inventory.h"
 #include "system/table.h"
+#include "system/trace.h"
+#include "display/lost_connection.h"
 #include "xt_bou_f.h"
 #include "xt_err_f.h"
 #include "xt_ini_f.h"
@@ -23,6 +26,9 @@ constexpr INT kFreeWindow = 1; // KEEP: a free entry says that its window is 1
 
 // True for a number whose widget died with its window. The number stays taken until the application frees it.
 std::array<bool, GRX_NB_BOUTONS> widget_dead{};
+
+// The rank of each control in the order of making.
+std::array<INT, GRX_NB_BOUTONS> ranks{};
 
 // True for a number that only the library knows. It is freed when its widget dies.
 std::array<bool, GRX_NB_BOUTONS> goes_with_widget{};
@@ -48,11 +54,22 @@ void release(T*& table) {
     grx::free_table<T, GRX_NB_BOUTONS>(table);
 }
 
+// The tables stay in memory: what happens while the connection is lost may still hold them.
+void hide_table() {
+    grx::keep_hidden(Tableau_objet_bouton);
+    grx::keep_hidden(structure_bouton);
+    Tableau_objet_bouton = nullptr;
+    structure_bouton = nullptr;
+    MAXOBJETBOUTON = 0;
+    No_bou_actif = GRX_AUCUN;
+}
+
 } // namespace
 
 namespace grx {
 
 bool allocate_control_table() {
+    at_lost_connection(hide_table);
     release(Tableau_objet_bouton);
     MAXOBJETBOUTON = GRX_NB_BOUTONS;
     if (!allocate(Tableau_objet_bouton) || !allocate(structure_bouton)) return false;
@@ -62,6 +79,7 @@ bool allocate_control_table() {
 }
 
 void free_control_table() {
+    if (has_control_table()) list_before_freeing("buttons");
     release(Tableau_objet_bouton);
     release(structure_bouton);
 }
@@ -83,6 +101,18 @@ bool has_free_control() {
 
 STRUCTURE_BOUTON* control_record(INT nobou) {
     return in_base(nobou) ? &structure_bouton[nobou] : nullptr;
+}
+
+Widget control_widget_if_any(INT nobou) {
+    return in_base(nobou) && !widget_dead[as_index(nobou)] ? Tableau_objet_bouton[nobou] : nullptr;
+}
+
+bool control_number_taken(INT nobou) {
+    return in_base(nobou) && Tableau_objet_bouton[nobou] != nullptr;
+}
+
+INT control_rank(INT nobou) {
+    return control_number_taken(nobou) ? ranks[as_index(nobou)] : 0;
 }
 
 void clear_control_entry(INT nobou) {
@@ -124,15 +154,16 @@ INT grx_recup_indice_objet_bout_libre(void) {
 
 INT grx_affecte_objet_bout(INT iden, Widget w) {
     if (!in_base(iden)) return 0;
+    if (w != nullptr && w != Tableau_objet_bouton[iden]) ranks[grx::as_index(iden)] = grx::next_rank();
     Tableau_objet_bouton[iden] = w;
     widget_dead[grx::as_index(iden)] = goes_with_widget[grx::as_index(iden)] = false;
     return 1;
 }
 
 Widget grx_recup_objet_bout(INT iden) {
-    if (!in_base(iden) || widget_dead[grx::as_index(iden)]) return nullptr;
-    Widget w = Tableau_objet_bouton[iden];
-    return grx_is_objet_valide(w) != 0 ? w : nullptr;
+    Widget w = grx::control_widget_if_any(iden);
+    if (w == nullptr) grx::note_unknown("button", iden);
+    return w;
 }
 
 INT grx_recup_indice_bout(Widget w) {

@@ -22,6 +22,15 @@ bool has_free_control();
 /// The entry of a number, null when the table has none. The table owns it.
 STRUCTURE_BOUTON* control_record(INT nobou);
 
+/// The widget of a number, null when it has none any more. The trace does not tell.
+Widget control_widget_if_any(INT nobou);
+
+/// True while the number is not free, also when its widget is gone.
+bool control_number_taken(INT nobou);
+
+/// The rank of the control in the order of making; 0 when the number is free.
+INT control_rank(INT nobou);
+
 /// Clears an entry of the table and frees its number. The table must exist and have the number.
 void clear_control_entry(INT nobou);
 

@@ -12,8 +12,10 @@
 #include <cstdlib>
 
 #include "pure/out.h"
+#include "system/inventory.h"
 #include "system/table.h"
 #include "display/context.h"
+#include "display/lost_connection.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"
 #include "xt_err_f.h"
@@ -41,6 +43,7 @@ constexpr std::size_t kGeometryText = 32;
 struct WindowExtras {
     Widget outer;
     bool dead_pixmap;
+    INT rank; // in the order of making
     char geometry[kGeometryText];
 };
 std::array<WindowExtras, GRX_NB_FENETRES> extras{};
@@ -86,6 +89,20 @@ void release_saved_picture(INT nofen) {
     slot = GRX_SAUVE_ZONE{};
 }
 
+// The tables stay in memory: what happens while the connection is lost may still hold them.
+void hide_table() {
+    for (void* table : {static_cast<void*>(grx::Tableau_objet_fen), static_cast<void*>(structure_fenetre),
+             static_cast<void*>(sauve_zone), static_cast<void*>(old_lar), static_cast<void*>(old_hau),
+             static_cast<void*>(largeur_fen), static_cast<void*>(hauteur_fen)})
+        grx::keep_hidden(table);
+    grx::Tableau_objet_fen = nullptr;
+    structure_fenetre = nullptr;
+    sauve_zone = nullptr;
+    old_lar = old_hau = largeur_fen = hauteur_fen = nullptr;
+    MAXOBJETFEN = p_objet = 0;
+    no_fen_principale = nofen_active = GRX_AUCUN;
+}
+
 void give_size(Widget w, INT* largeur, INT* hauteur) {
     if (w == nullptr) return;
     const grx::Size size = grx::size_of(w);
@@ -106,6 +123,14 @@ INT* stored_height(INT nofen) {
 namespace grx {
 
 Widget* Tableau_objet_fen = nullptr;
+
+Widget window_widget_if_any(INT nofen) {
+    return nofen >= 1 && in_base(nofen) ? Tableau_objet_fen[nofen] : nullptr;
+}
+
+INT window_rank(INT nofen) {
+    return window_widget_if_any(nofen) != nullptr ? extras_of(nofen).rank : 0;
+}
 
 STRUCTURE_FENETRE* window_record(INT nofen) {
     return in_base(nofen) ? &structure_fenetre[nofen] : nullptr;
@@ -197,10 +222,12 @@ INT grx_alloue_base_fenetres(void) {
     // KEEP: the last test looks at the width table again, so that a missing height table is not reported.
     if (largeur_fen == nullptr) return GRX_ERR_BASE_FENETRES;
     grx_init_objet_fen();
+    grx::at_lost_connection(hide_table);
     return 0;
 }
 
 INT grx_desalloue_base_fenetres(void) {
+    if (base_complete()) grx::list_before_freeing("windows");
     for (INT nofen = 1; nofen < MAXOBJETFEN && base_complete(); ++nofen) grx_libere_indice_objet_fen(nofen);
     release(grx::Tableau_objet_fen);
     release(structure_fenetre);
@@ -222,6 +249,7 @@ INT grx_init_objet_fen(void) {
 
 INT grx_affecte_objet_fen(INT nofen, Widget w) {
     if (!in_base(nofen)) return 0;
+    if (w != nullptr && nofen > 0 && w != grx::Tableau_objet_fen[nofen]) extras_of(nofen).rank = grx::next_rank();
     grx::Tableau_objet_fen[nofen] = w;
     return 1;
 }

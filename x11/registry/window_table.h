@@ -6,6 +6,7 @@
 #include <span>
 
 #include "pure/size.h"
+#include "system/trace.h"
 #include "xt_fen_t.h"
 #include "xt_mot_t.h"
 
@@ -15,8 +16,13 @@ extern Widget* Tableau_objet_fen; // widget of each window number
 
 /// The widget of a window number, null when it has none. It is inline because drawing asks for every primitive.
 inline Widget window_widget(INT nofen) {
-    return nofen >= 1 && nofen < MAXOBJETFEN && Tableau_objet_fen != nullptr ? Tableau_objet_fen[nofen] : nullptr;
+    Widget w = nofen >= 1 && nofen < MAXOBJETFEN && Tableau_objet_fen != nullptr ? Tableau_objet_fen[nofen] : nullptr;
+    if (w == nullptr) note_unknown("window", nofen);
+    return w;
 }
+
+/// The same where the number may be none, or free: the trace does not tell.
+Widget window_widget_if_any(INT nofen);
 
 /// Enters a new window under its number. `outer` is the outermost widget of a nested window, null for any other.
 void occupy(INT nofen, INT kind, Widget work, Widget outer);
@@ -37,6 +43,9 @@ void set_known_size(INT nofen, Size size);
 /// True when the backing picture was freed while its id is still stored.
 bool holds_dead_pixmap(INT nofen);
 void mark_dead_pixmap(INT nofen, bool dead);
+
+/// The rank of the window in the order of making; 0 when the number is free.
+INT window_rank(INT nofen);
 
 /// The outermost widget of a nested window, null for any other.
 Widget outer_widget(INT nofen);

@@ -78,7 +78,7 @@ bool handle_any(XEvent& event) {
 }
 
 Window restricted_to() {
-    return grx::window_of(grx_recherche_shell(grx_recup_objet_fen(grx_recup_fenetre_a_digitaliser())));
+    return grx::window_of(grx_recherche_shell(grx::window_widget_if_any(grx_recup_fenetre_a_digitaliser())));
 }
 
 bool handle_restricted(XEvent& event) {

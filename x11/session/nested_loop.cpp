@@ -4,6 +4,7 @@
 
 #include <cstddef>
 
+#include "registry/window_table.h"
 #include "xt_fen_f.h"
 
 namespace grx {
@@ -17,7 +18,7 @@ WindowNumbers untold_ends;
 WindowNumbers windows_in_use() {
     WindowNumbers numbers;
     for (INT nofen = 1; nofen < GRX_NB_FENETRES; ++nofen)
-        numbers[static_cast<std::size_t>(nofen)] = grx_recup_objet_fen(nofen) != nullptr;
+        numbers[static_cast<std::size_t>(nofen)] = window_widget_if_any(nofen) != nullptr;
     return numbers;
 }
 

@@ -9,10 +9,14 @@
 #include <cstring>
 #include <iterator>
 
+#include "system/inventory.h"
 #include "display/connection.h"
+#include "display/exact_calls.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
+#include "registry/alive.h"
 #include "registry/window_table.h"
+#include "menus/alive_menus.h"
 #include "windows/manners.h"
 #include "windows/shell_place.h"
 #include "xt_err_f.h"
@@ -62,6 +66,12 @@ void turn_off_drag_and_drop() {
     offer_no_drop_sites();
 }
 
+void tell_what_is_alive() {
+    grx::tell_of_windows_and_controls();
+    grx::tell_of_menus();
+    grx::inventory_wanted();
+}
+
 void load_font() {
     static Display* display = nullptr;
     static CH40 loaded = "";
@@ -109,6 +119,8 @@ INT grx_init_application(void) {
         grx_erreur(GRX_ERR_DISPLAY);
         return 0;
     }
+    grx::follow_exact_calls();
+    tell_what_is_alive();
     intern_names_at_once();
     turn_off_drag_and_drop();
     keep_display_object();

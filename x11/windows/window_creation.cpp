@@ -148,7 +148,7 @@ INT grx_cree_fenetre(GRX_FENETRE* fenetre) {
     grx::WindowBuild b{.fen = wanted,
         .nofen = GRX_AUCUN,
         .nested = (fenetre->attrib & GRX_FEN_ATT_FILLE) != 0,
-        .parent = grx_recup_objet_fen(fenetre->fen_mere)};
+        .parent = fenetre->fen_mere != GRX_AUCUN ? grx_recup_objet_fen(fenetre->fen_mere) : nullptr};
     if (const INT refusal = refuse_before_making(b); refusal != 0) return refusal;
     b.nofen = grx_recup_indice_objet_fen_libre();
     if (b.nofen < 0) return kBaseFull;

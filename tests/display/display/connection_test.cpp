@@ -2,7 +2,7 @@
 #include "tests/display/display/start_kit.h"
 #include "tests/support/stdout_capture.h"
 
-#include "display/connection.h"
+#include "display/last_error.h"
 
 #include <unistd.h>
 

@@ -1,10 +1,12 @@
 // Every exported function with hostile arguments: extreme and negative numbers, null pointers, over-long and unterminated
 // texts; without a display, after start-up, and with a live window of each kind. A table names every function; a new
 // export without a row fails.
+#include "grx_plus_diagnostic.h"
 #include "tests/display/hostile/hostile_rows.h"
 #include "tests/support/stdout_capture.h"
 
 #include <algorithm>
+#include <climits>
 #include <fstream>
 #include <memory>
 #include <set>
@@ -97,6 +99,7 @@ class Hostile : public XTest {
         return std::ranges::all_of(all_kinds, [&](INT kind) { return kinds.contains(kind); });
     }
 
+    unsigned rounds_ = UINT_MAX; // of each row at most
     bool windows_ = false;
     std::vector<std::string> without_windows_; // rows that were to run beside live windows and did not
 
@@ -114,7 +117,7 @@ class Hostile : public XTest {
         std::set<long long> wrong;
         {
             const StdoutCapture silence;
-            for (unsigned n = 0; n < row.times; ++n) {
+            for (unsigned n = 0; n < std::min(row.times, rounds_); ++n) {
                 const Answer answer = row.call(*bench_, n);
                 if (answer && !row.answers.permit(*answer)) wrong.insert(*answer);
                 remove_new_windows();
@@ -157,6 +160,15 @@ TEST_F(Hostile, WithoutDisplayWithBases) {
 TEST_F(Hostile, AfterStartUp) {
     start();
     call_all(joined({plain_rows(), own_rows()}));
+}
+
+TEST_F(Hostile, AfterStartUpWithATrace) {
+    start();
+    ASSERT_EQ(grx_ouvre_journal("/dev/null", 0), 1);
+    rounds_ = 2; // a line for most calls takes its time
+    windows_ = true;
+    call_all(joined({plain_rows(), own_rows()}));
+    EXPECT_EQ(grx_ferme_journal(), 1);
 }
 
 TEST_F(Hostile, WithLiveWindows) {
