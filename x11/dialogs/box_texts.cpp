@@ -94,7 +94,7 @@ TextEncoding encoding_among(std::initializer_list<const char*> texts) {
     for (const char* text : texts) {
         const TextEncoding told = encoding_of(text);
         if (told != TextEncoding::Unknown) return told;
-        if (one_byte_locale() && is_utf8(view(text))) return TextEncoding::Locale;
+        if (one_byte_locale() && is_clearly_utf8(view(text))) return TextEncoding::Locale;
     }
     return TextEncoding::Unknown;
 }

@@ -8,7 +8,7 @@
 namespace grx {
 
 /// True for a text with characters beyond ASCII, all of them well-formed UTF-8.
-bool is_utf8(std::string_view text);
+bool is_clearly_utf8(std::string_view text);
 
 /// Writes `text` in Latin-1 to `out`, which has room for text.size() + 1 bytes, and ends it with a zero. Latin-1 stays as
 /// it is; a character that Latin-1 lacks becomes the nearest one, or '?'.

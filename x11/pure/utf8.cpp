@@ -9,7 +9,6 @@ namespace grx {
 
 namespace {
 
-constexpr uint32_t kNoCharacter = UINT32_MAX;
 constexpr uint32_t kFollowingBits = 6;
 constexpr uint32_t kLastLatin1 = 0xFF;
 
@@ -43,7 +42,8 @@ uint32_t value_of(std::string_view bytes, const Form& form) {
     return value;
 }
 
-// Takes the first character of a text that is not empty; kNoCharacter, with nothing taken, for bytes that are none.
+} // namespace
+
 uint32_t take_character(std::string_view& text) {
     const auto* const form = std::find_if(
         kForms.begin(), kForms.end(), [first = byte_of(text[0])](const Form& f) { return (first & f.mask) == f.mark; });
@@ -55,6 +55,8 @@ uint32_t take_character(std::string_view& text) {
     text.remove_prefix(form->bytes);
     return value;
 }
+
+namespace {
 
 // Hands over each character; false when it comes to bytes that are none, or when `use` returns false.
 template <class Use>

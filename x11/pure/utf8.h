@@ -2,9 +2,15 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace grx {
+
+constexpr uint32_t kNoCharacter = UINT32_MAX;
+
+/// Takes the first character of a text that is not empty; kNoCharacter, with nothing taken, for bytes that are none.
+uint32_t take_character(std::string_view& text);
 
 /// True for characters of at most U+10FFFF, each in its shortest form, without surrogates.
 bool is_utf8(std::string_view text);
