@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
 #include "pure/text.h"
@@ -112,11 +113,10 @@ void FunctionTable::free_if_empty() {
 
 bool FunctionTable::set_text(MenuFunction& function, const char* text) {
     char* copy = nullptr;
-    if (!view(text).empty()) {
-        const std::size_t size = std::strlen(text) + 1;
-        copy = grx_malloc(static_cast<UNSIGNED_INT>(size));
+    if (const std::string_view given = view(text); !given.empty()) {
+        copy = grx_malloc(static_cast<UNSIGNED_INT>(given.size() + 1));
         if (copy == nullptr) return false;
-        std::memcpy(copy, text, size);
+        copy_text(copy, given.size() + 1, given);
     }
     if (function.text != nullptr) grx_free(function.text, static_cast<UNSIGNED_INT>(std::strlen(function.text) + 1));
     function.text = copy;

@@ -2,8 +2,11 @@
 #include "tests/display/menus/context_kit.h"
 #include "tests/support/toolkit_calls.h"
 
+#include <algorithm>
 #include <climits>
 #include <clocale>
+#include <cstdlib>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -264,6 +267,19 @@ TEST_F(EntryStates, MarksComeWhileTheMenuIsOpen) {
     EXPECT_TRUE(wait_for([&] { return chosen(20) == 1; }));
 }
 
+// A mark is faint like the text of its entry.
+TEST_F(EntryStates, MarksOfInsensitiveEntriesAreFaint) {
+    main_window(shared_menu);
+    grx_coche_entree_menu(20, 1, 0);
+    grx_desactive_entree_menu(20, 1, 0);
+    const Pixels picture = opened_menu(entry_named("Deux"));
+    const Widget entry = entry_named("Deux");
+    const int top = resource<Position>(entry, XmNy), column = resource<Dimension>(entry, XmNmarginLeft);
+    const Pixels mark = picture.part({4, 4 + top, column - 2, 16});
+    EXPECT_EQ(mark.count(static_cast<std::uint32_t>(resource<Pixel>(entry, XmNforeground))), 0);
+    EXPECT_GT(mark.count(static_cast<std::uint32_t>(resource<Pixel>(entry, XmNbottomShadowColor))), 8);
+}
+
 // --- asking, bad input, memory, cost
 
 TEST_F(EntryStates, UnknownNumbersAndBadRecordsAreTold) {
@@ -361,6 +377,38 @@ TEST_F(EntryStates, AChangeCostsTheSameAmongManyEntries) {
         return requests;
     };
     EXPECT_EQ(cost_among(500), cost_among(1000));
+}
+
+// 5,000 entries in a bar and in one menu: all of them made insensitive and ticked, twice as many in twice the time.
+TEST_F(EntryStates, TimeGrowsWithTheEntries) {
+    const auto milliseconds = [this](int entries, int in_menu) {
+        std::string lines;
+        for (int i = 0; i < entries; ++i) {
+            if (i % in_menu == 0) lines += (i > 0 ? "}\n" : "") + std::string("POPUP||M|\n{\n");
+            lines += "ITEM||e||" + std::to_string(i) + "|\n";
+        }
+        write_menu(menu_zone(lines + "}\n"));
+        const INT window = main_window();
+        grx_coche_entree_menu(0, 0, 0);
+        const std::clock_t start = std::clock(); // of this process: other programs share the machine
+        for (INT i = 0; i < entries; ++i) {
+            grx_desactive_entree_menu(i, 1, 0);
+            grx_coche_entree_menu(i, 1, 0);
+        }
+        const auto taken = static_cast<double>(std::clock() - start);
+        grx_detruit_fenetre(window);
+        drain();
+        return taken * 1000.0 / CLOCKS_PER_SEC;
+    };
+    for (const int in_menu : {50, 5000}) {
+        double half = milliseconds(2500, in_menu), whole = milliseconds(5000, in_menu);
+        for (int again = 0; again < 2; ++again) {
+            half = std::min(half, milliseconds(2500, in_menu));
+            whole = std::min(whole, milliseconds(5000, in_menu));
+        }
+        RecordProperty("ms_of_5000_by_" + std::to_string(in_menu), std::to_string(whole));
+        EXPECT_LT(whole, 3.2 * half + 20) << half << " and " << whole << " ms, " << in_menu << " in a menu";
+    }
 }
 
 } // namespace
