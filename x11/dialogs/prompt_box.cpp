@@ -46,7 +46,9 @@ bool asks_number(INT kind) {
 
 bool is_usable(const GRX_BOITE_SAISIE& prompt) {
     if (prompt.genre == GRX_SAISIE_TEXTE) return true;
-    const bool bounds = prompt.minimum <= prompt.maximum; // false for what is no number
+    bool bounds = prompt.minimum <= prompt.maximum; // false for what is no number
+    if (prompt.genre == GRX_SAISIE_ENTIER)
+        bounds = bounds && prompt.minimum <= DOUBLE{INT32_MAX} && prompt.maximum >= DOUBLE{INT32_MIN};
     return asks_number(prompt.genre) && bounds && prompt.nb_decimales >= -1 && prompt.nb_decimales <= kMostDecimals;
 }
 

@@ -2,6 +2,9 @@
 #include "tests/display/dialogs/box_kit.h"
 #include "bench/slow_line.h"
 #include "tests/support/counters.h"
+#include "tests/support/heap.h"
+
+#include "system/shut_down.h"
 #include "toolkit/hidden_shell.h"
 
 #include <clocale>
@@ -154,6 +157,34 @@ TEST_F(MessageInUtf8Locale, TextsReadTheSameInBothEncodings) {
         EXPECT_EQ(script_.run([&] { return grx_attend_boite_saisie(&asked, answer.data(), 100, nullptr); }), 1);
         EXPECT_STREQ(answer.c_str(), text);
     }
+}
+
+// --- at shut-down
+
+class BoxesAtShutDown : public Boxes<DisplayTest> {};
+
+TEST_F(BoxesAtShutDown, WhatIsOnShowGoesAndNothingIsTold) {
+    const NoLeak no_leak;
+    const GRX_BOITE_MESSAGE asked = message(GRX_BOITE_QUESTION, "Texte");
+    const GRX_BOITE_SAISIE wanted = prompt(GRX_SAISIE_TEXTE);
+    GRX_AVANCEMENT told{};
+    grx_init_avancement(&told);
+    told.delai = 0;
+    const INT first = grx_affiche_boite_message(&asked);
+    ASSERT_GT(first, 0);
+    ASSERT_GT(grx_affiche_boite_saisie(&wanted), first);
+    ASSERT_EQ(grx_avancement_commence(&told), 1);
+    grx_avancement_avance(1, nullptr);
+    ASSERT_NE(widget_called("avancement"), nullptr);
+    grx::run_shut_down();
+    drain();
+    EXPECT_EQ(box(), nullptr);
+    EXPECT_EQ(widget_called("avancement"), nullptr);
+    EXPECT_EQ(grx_avancement_finit(), GRX_ECHEC_ABSENT);
+    EXPECT_EQ(std::ranges::count(events.types(), GRX_EVT_MESSAGE), 0);
+    const INT again = grx_affiche_boite_message(&asked);
+    EXPECT_EQ(again, 1) << "as in a fresh process";
+    EXPECT_EQ(grx_detruit_boite(again), 1);
 }
 
 // --- beside menus

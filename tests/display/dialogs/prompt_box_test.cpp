@@ -285,6 +285,12 @@ TEST_F(PromptBox, BadRecordsShowNothing) {
         a.maximum = 1;
     }),
         GRX_ECHEC_PARAMETRE);
+    EXPECT_EQ(with([](auto& a) {
+        a.genre = GRX_SAISIE_ENTIER;
+        a.minimum = 3e9;
+    }),
+        GRX_ECHEC_PARAMETRE)
+        << "no integer is that large";
     EXPECT_EQ(with([](auto& a) { a.taille = 4; }), GRX_ECHEC_PARAMETRE);
     EXPECT_EQ(with([](auto& a) { a.nofen_mere = 97; }), GRX_ECHEC_NUMERO);
     EXPECT_EQ(box(), nullptr);
