@@ -16,7 +16,7 @@
  * close choose the button that is named for it. NumLock and CapsLock make no difference.
  *
  * nofen_mere, in all records: the window over which it is centred, in front of which it stays and with which
- * it goes; GRX_AUCUN or 0 for none: it is then centred on the screen, in front of the main window. Where the
+ * it goes; GRX_AUCUN or 0 for none: it is then centred on the screen's work area, in front of the main window. Where the
  * window is not on show (hidden, or minimised), the same. A number that names no window is
  * GRX_ECHEC_NUMERO. */
 #ifndef GRX_PLUS_MESSAGES_H

@@ -1,4 +1,4 @@
-// Places boxes: over a window of the application that can be seen, else on the screen.
+// Places boxes: over a window of the application that can be seen, else on the part of the screen that is free.
 #include "dialogs/box_place.h"
 
 #include <X11/StringDefs.h>
@@ -12,6 +12,7 @@
 #include "toolkit/args.h"
 #include "toolkit/hidden_shell.h"
 #include "toolkit/widgets.h"
+#include "windows/work_area.h"
 #include "dialogs/box_texts.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
@@ -24,8 +25,9 @@ struct Area {
     int x, y, width, height;
 };
 
-Area screen_area() {
-    return {0, 0, DisplayWidth(x11_disp, x11_screen), DisplayHeight(x11_disp, x11_screen)};
+Area free_area() {
+    const Box area = work_area();
+    return {area.x, area.y, area.width, area.height};
 }
 
 bool on_show(Widget w) {
@@ -55,7 +57,7 @@ int kept_within(int place, int start, int room, int size) {
 }
 
 void place(Widget box, Area over) {
-    const Area screen = screen_area();
+    const Area screen = free_area();
     const int x = middle(over.x, over.width, box->core.width), y = middle(over.y, over.height, box->core.height);
     Args args;
     args.set(XmNx, static_cast<Position>(kept_within(x, screen.x, screen.width, box->core.width)));
@@ -65,11 +67,11 @@ void place(Widget box, Area over) {
 
 void centre_on_parent(Widget box, XtPointer, XtPointer) {
     Widget parent = nearest_shell(XtParent(XtParent(box)));
-    place(box, window_of(parent) != None ? area_on_screen(parent) : screen_area());
+    place(box, window_of(parent) != None ? area_on_screen(parent) : free_area());
 }
 
 void centre_on_screen(Widget box, XtPointer, XtPointer) {
-    place(box, screen_area());
+    place(box, free_area());
 }
 
 } // namespace
