@@ -4,8 +4,7 @@
 #include <X11/StringDefs.h>
 #include <Xm/Xm.h>
 
-#include <algorithm>
-
+#include "pure/placement.h"
 #include "pure/text.h"
 #include "system/block.h"
 #include "display/pixmaps.h"
@@ -21,15 +20,6 @@ namespace grx {
 
 namespace {
 
-struct Area {
-    int x, y, width, height;
-};
-
-Area free_area() {
-    const Box area = work_area();
-    return {area.x, area.y, area.width, area.height};
-}
-
 bool on_show(Widget w) {
     Widget shell = nearest_shell(w);
     XWindowAttributes attributes{};
@@ -37,8 +27,8 @@ bool on_show(Widget w) {
     return XGetWindowAttributes(x11_disp, window_of(shell), &attributes) != 0 && attributes.map_state == IsViewable;
 }
 
-Area area_on_screen(Widget w) {
-    Area area{0, 0, w->core.width, w->core.height};
+Box area_on_screen(Widget w) {
+    Box area{0, 0, w->core.width, w->core.height};
     Window child = None;
     XTranslateCoordinates(x11_disp, window_of(w), DefaultRootWindow(x11_disp), 0, 0, &area.x, &area.y, &child);
     return area;
@@ -48,30 +38,21 @@ bool names_none(INT nofen) {
     return nofen == GRX_AUCUN || nofen == 0;
 }
 
-int middle(int start, int room, int size) {
-    return start + (room - size) / 2;
-}
-
-int kept_within(int place, int start, int room, int size) {
-    return std::max(start, std::min(place, start + room - size));
-}
-
-void place(Widget box, Area over) {
-    const Area screen = free_area();
-    const int x = middle(over.x, over.width, box->core.width), y = middle(over.y, over.height, box->core.height);
+void place(Widget box, const Box& over) {
+    const Box at = kept_within(centred({0, 0, box->core.width, box->core.height}, over), work_area());
     Args args;
-    args.set(XmNx, static_cast<Position>(kept_within(x, screen.x, screen.width, box->core.width)));
-    args.set(XmNy, static_cast<Position>(kept_within(y, screen.y, screen.height, box->core.height)));
+    args.set(XmNx, static_cast<Position>(at.x));
+    args.set(XmNy, static_cast<Position>(at.y));
     XtSetValues(box, args.list(), args.count());
 }
 
 void centre_on_parent(Widget box, XtPointer, XtPointer) {
     Widget parent = nearest_shell(XtParent(XtParent(box)));
-    place(box, window_of(parent) != None ? area_on_screen(parent) : free_area());
+    place(box, window_of(parent) != None ? area_on_screen(parent) : work_area());
 }
 
 void centre_on_screen(Widget box, XtPointer, XtPointer) {
-    place(box, free_area());
+    place(box, work_area());
 }
 
 } // namespace
