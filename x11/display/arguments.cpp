@@ -117,7 +117,7 @@ int64_t look_at(INT count, char** argv) {
     const auto taken = [&](const Option& option, const char* value) {
         const char* const fault = fault_of(option, value);
         if (fault != nullptr) note_refusal(option, value, fault);
-        if (fault == nullptr && option.kind == kResource) bytes += static_cast<int64_t>(std::strlen(value)) + 1;
+        if (fault == nullptr && option.kind == kResource) bytes += static_cast<int64_t>(grx::view(value).size()) + 1;
         return fault == nullptr;
     };
     return walk(count, argv, taken, [](const char*) {}) ? bytes : -1;

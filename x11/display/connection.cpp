@@ -10,11 +10,8 @@
 #include <cstdlib>
 #include <utility>
 
-#include "display/arguments.h"
-#include "display/identity.h"
 #include "display/last_error.h"
 #include "display/lost_connection.h"
-#include "grx_plus_application.h"
 #include "xt_ini_t.h"
 
 Display* x11_disp = nullptr;
@@ -109,19 +106,17 @@ void install_error_handlers() {
     install_end_handler();
 }
 
-bool open_display() {
+bool open_display(const Opening& how) {
     if (arguments[0] == nullptr) arguments[0] = static_cast<char*>(std::malloc(kNameBuffer));
     if (arguments[0] == nullptr) return false;
-    std::snprintf(arguments[0], kNameBuffer, "%s", application_name());
+    std::snprintf(arguments[0], kNameBuffer, "%s", how.name);
     int count = 1;
     at_lost_connection(hide_connection);
     XtToolkitInitialize();
     contexte = XtCreateApplicationContext();
-    x11_disp = XtOpenDisplay(
-        contexte, given_argument(GRX_ARG_DISPLAY), nullptr, application_class(), nullptr, 0, &count, arguments);
+    x11_disp = XtOpenDisplay(contexte, how.display, nullptr, how.application_class, nullptr, 0, &count, arguments);
     if (x11_disp == nullptr) return false;
     x11_screen = DefaultScreen(x11_disp);
-    put_given_resources(XtScreenDatabase(DefaultScreenOfDisplay(x11_disp)));
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
     return true;
 }

@@ -3,8 +3,15 @@
 
 namespace grx {
 
-/// Connects to the display of the environment; false when there is none.
-bool open_display();
+/// Where to connect to, and as whom.
+struct Opening {
+    const char* display;           // null: the one of the environment
+    const char* name;              // of the application, in resources
+    const char* application_class; // null: none
+};
+
+/// Connects to the display; false when there is none.
+bool open_display(const Opening& how);
 
 /// Installs the library's handlers of protocol errors and of the end of the connection. They call the application's.
 void install_error_handlers();

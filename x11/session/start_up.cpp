@@ -10,8 +10,10 @@
 #include <iterator>
 
 #include "system/inventory.h"
+#include "display/arguments.h"
 #include "display/connection.h"
 #include "display/exact_calls.h"
+#include "display/identity.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "registry/alive.h"
@@ -19,6 +21,7 @@
 #include "menus/alive_menus.h"
 #include "windows/manners.h"
 #include "windows/shell_place.h"
+#include "grx_plus_application.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -110,12 +113,21 @@ bool choose_pseudo_colour() {
     return true;
 }
 
+bool open_as_asked() {
+    if (!grx::open_display({.display = grx::given_argument(GRX_ARG_DISPLAY),
+            .name = grx::application_name(),
+            .application_class = grx::application_class()}))
+        return false;
+    grx::put_given_resources(XtScreenDatabase(DefaultScreenOfDisplay(x11_disp)));
+    return true;
+}
+
 } // namespace
 
 extern "C" {
 
 INT grx_init_application(void) {
-    if (!grx::open_display()) {
+    if (!open_as_asked()) {
         grx_erreur(GRX_ERR_DISPLAY);
         return 0;
     }

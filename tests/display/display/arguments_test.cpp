@@ -3,6 +3,8 @@
 #include "tests/support/controls.h"
 #include "tests/support/stdout_capture.h"
 
+#include "system/shut_down.h"
+
 #include <climits>
 
 namespace {
@@ -166,6 +168,17 @@ TEST_F(ArgumentsOn24, OnceStartedItIsTooLate) {
     EXPECT_EQ(arguments.take(), GRX_ECHEC_OCCUPE);
     EXPECT_EQ(arguments.count, 3);
     EXPECT_NE(refusal(), "");
+}
+
+TEST_F(ArgumentsOn24, AShutDownForgetsThem) {
+    ASSERT_EQ(Arguments({"plan", "-title", "t", "-name", "n", "-xrm", "*a: b"}).take(), 1);
+    const std::size_t blocks = heap().blocks();
+    grx::run_shut_down();
+    EXPECT_EQ(heap().blocks(), blocks - 1);
+    EXPECT_EQ(value_of(GRX_ARG_TITLE), std::to_string(GRX_ECHEC_ABSENT));
+    EXPECT_EQ(value_of(GRX_ARG_NAME), std::to_string(GRX_ECHEC_ABSENT));
+    ASSERT_EQ(Arguments({"plan", "-title", "u"}).take(), 1);
+    EXPECT_EQ(value_of(GRX_ARG_TITLE), "u");
 }
 
 // --- what they do -------------------------------------------------------------------------------------------

@@ -2,6 +2,8 @@
 #include "tests/display/windows/manners_kit.h"
 #include "tests/support/stdout_capture.h"
 
+#include "system/shut_down.h"
+
 #include <climits>
 
 namespace {
@@ -81,6 +83,16 @@ TEST_F(IdentityOn24, WhatIsRefused) {
     EXPECT_EQ(grx_affecte_identite(&who), 1);
     EXPECT_EQ(name(), longest);
     EXPECT_EQ(application(), longest);
+}
+
+TEST_F(IdentityOn24, AShutDownForgetsIt) {
+    const GRX_IDENTITE who = identity("plan", "Cad");
+    ASSERT_EQ(grx_affecte_identite(&who), 1);
+    grx::run_shut_down();
+    EXPECT_EQ(name(), "HB");
+    EXPECT_EQ(application(), "");
+    ASSERT_TRUE(start_up());
+    EXPECT_FALSE(property_of(test_display(), shell_window(make(GRX_FEN_ALPHA)), "_NET_WM_PID").there);
 }
 
 TEST_F(IdentityOn24, OnceStartedItIsTooLate) {

@@ -3,6 +3,7 @@
 #include "tests/support/counters.h"
 
 #include "pure/size.h"
+#include "system/shut_down.h"
 
 #include <climits>
 
@@ -234,6 +235,22 @@ TEST_F(Icons, MemoryThatFailsChangesNothingOrGoesOnInSmallPieces) {
         EXPECT_EQ(values(top).size(), result == 1 ? 1602U : 0U);
     });
     EXPECT_EQ(failures, 2);
+}
+
+TEST_F(Icons, AShutDownFreesThem) {
+    const INT top = make(GRX_FEN_ALPHA);
+    const auto pixmaps = [&] {
+        XSync(x11_disp, False);
+        return server_resources(test_display(), shell_window(top))["PIXMAP"];
+    };
+    const std::size_t blocks = heap().blocks();
+    const unsigned before = pixmaps();
+    add(top, 16, 16, 1);
+    add(GRX_AUCUN, 16, 16, 1);
+    EXPECT_EQ(heap().blocks(), blocks + 2);
+    grx::run_shut_down();
+    EXPECT_LE(heap().blocks(), blocks);
+    EXPECT_EQ(pixmaps(), before);
 }
 
 TEST_F(Icons, FiveHundredRoundsLeaveNothingBehind) {
