@@ -8,11 +8,12 @@
  * Positions count from 1 in all three, as in grx_recup_element_dans_liste, grx_lit_liste and the records of
  * dialog lists. Only the records of panel lists and Tab_liste count from 0: add 1 to what they say.
  *
- * Texts are of any length and come back as they went in, but an empty one (or null) is kept as one blank. A
- * line feed begins another line of the entry, a tab the next column. What is selected stays selected, wherever
- * other entries are put in, taken out or replaced. The functions of xt_bou_f.h, xt_msg_f.h and xt_pan_f.h go on
- * working with the list, and Tab_liste and grx_lit_liste tell what these functions did; only
- * grx_modif_items_liste brings back the entries of the host's tables.
+ * Texts are of any length and come back as they went in, but one without a character (empty, null, only
+ * tabs and line feeds) is kept with a blank at its end. A line feed begins another line of the entry, a tab
+ * the next column. What is selected stays selected, wherever other entries are put in, taken out or replaced.
+ * The functions of xt_bou_f.h, xt_msg_f.h and xt_pan_f.h go on working with the list, and Tab_liste and
+ * grx_lit_liste tell what these functions did; only grx_modif_items_liste brings back the entries of the
+ * host's tables.
  *
  * What the program changes or selects makes no record. Lists of controls and panels keep their size; one of a
  * dialog keeps its height, and gets as wide as its entries where the window has room.

@@ -31,12 +31,11 @@ void EntryTable::set(std::size_t i, const char* text) {
 }
 
 void EntryTable::set_in_columns(std::size_t i, const char* text) {
-    if (text == nullptr || text[0] == '\0')
-        set(i, kBlank);
-    else if (std::strchr(text, '\t') == nullptr)
-        set(i, text);
-    else
-        strings_[i] = string_in_columns(text);
+    if (text == nullptr) text = "";
+    strings_[i] = string_in_columns(text);
+    if (text[std::strspn(text, "\t\n")] == '\0')
+        strings_[i] = XmStringConcatAndFree(
+            strings_[i], XmStringCreateLtoR(const_cast<char*>(kBlank), const_cast<char*>(kFontTag)));
 }
 
 void EntryTable::free_strings() {
