@@ -91,9 +91,13 @@ bool handle_restricted(XEvent& event) {
     return !foreign;
 }
 
-// For an empty queue: a timer that is due may still post something.
+// For an empty queue: a timer that is due may still post something. What the toolkit has noted of the library's own
+// descriptor is taken as well, or it would say for ever that something is pending.
 INT poll_timers(GRX_EVENEMENT* evt, Added added) {
-    grx::run_due_timers();
+    if (grx::watched_set() >= 0)
+        grx::run_due_sources();
+    else
+        grx::run_due_timers();
     return evt_global.type_evenement != GRX_EVT_AUCUN || added_ready(added) ? deliver(evt, added)
                                                                             : deliver_nothing(evt);
 }
