@@ -21,6 +21,7 @@
 #include "controls/control_creation_state.h"
 #include "controls/control_kinds.h"
 #include "controls/looks.h"
+#include "controls/forget.h"
 #include "xt_bou_f.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
@@ -129,6 +130,15 @@ void put_on_screen(Widget w, const grx::Control& c, STRUCTURE_BOUTON* record) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_default_colours() {
+    Premier_bouton = 1;
+    Couleur_init_fond_bouton = Couleur_init_trace_bouton = 0;
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -44,6 +44,8 @@ INT error_count = 0;
 XErrorHandler application_errors = nullptr;
 XIOErrorHandler application_end = nullptr;
 
+bool lost = false;
+
 // The arguments of the application that the toolkit is given. It keeps their address.
 constexpr std::size_t kNameBuffer = 20;
 char* arguments[2] = {nullptr, nullptr};
@@ -58,6 +60,10 @@ const char* last_x_error_text() {
 
 INT x_error_count() {
     return error_count;
+}
+
+bool connection_lost() {
+    return lost;
 }
 
 } // namespace grx
@@ -80,6 +86,7 @@ int erreur_systeme(Display* disp, XErrorEvent* evt) {
 }
 
 int erreur_io_systeme(Display* disp) {
+    lost = true;
     if (application_end != nullptr) std::exchange(application_end, nullptr)(disp);
     return 0; // Xlib ends the process after this
 }
@@ -94,6 +101,28 @@ void install(Handler (*set)(Handler), Handler ours, Handler& application) {
     Handler before = set(nullptr);
     Handler of_xlib = set(ours);
     if (before != ours && before != of_xlib) application = before;
+}
+
+// Takes our handler away, unless the application has installed another since.
+template <class Handler>
+void put_back(Handler (*set)(Handler), Handler ours, Handler& application) {
+    Handler present = set(nullptr);
+    if (present != ours)
+        set(present);
+    else if (application != nullptr)
+        set(application);
+    application = nullptr;
+}
+
+void forget_screen() {
+    x11_disp = nullptr;
+    x11_vis = nullptr;
+    x11_cmap = None;
+    vtemp = XVisualInfo{};
+    prof_24 = 1;
+    for (INT* const number : {&x11_screen, &profondeur_ecran, &dec_red, &dec_green, &dec_blue, &lar_ecran, &hau_ecran,
+             &lar_ecran_mm, &hau_ecran_mm, &nbr_xpel_crt, &nbr_ypel_crt})
+        *number = 0;
 }
 
 } // namespace
@@ -117,6 +146,16 @@ bool open_display() {
     x11_screen = DefaultScreen(x11_disp);
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
     return true;
+}
+
+void close_display() {
+    if (contexte != nullptr) XtDestroyApplicationContext(std::exchange(contexte, nullptr)); // which closes its displays
+    put_back(XSetErrorHandler, erreur_systeme, application_errors);
+    put_back(XSetIOErrorHandler, erreur_io_systeme, application_end);
+    last_error_text[0] = '\0';
+    error_count = 0;
+    std::free(std::exchange(arguments[0], nullptr));
+    forget_screen();
 }
 
 } // namespace grx

@@ -16,6 +16,7 @@
 #include "display/screen.h"
 #include "toolkit/args.h"
 #include "drawing/control_pictures_state.h"
+#include "drawing/forget.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -228,6 +229,10 @@ Pixmap install_label_icon(char* nom_fic) {
 
 void forget_label_icon() {
     Mypixmap = XmUNSPECIFIED_PIXMAP;
+}
+
+void forget_control_pixmap() {
+    Mypixmap = None;
 }
 
 void share_picture(INT nobou) {

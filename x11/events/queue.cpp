@@ -23,6 +23,7 @@ bool queue_empty() {
 }
 
 void run_due_timers() {
+    const InLoop inside;
     constexpr int most = 32; // a timer that is always due must not hold the loop
     for (int i = 0; i < most && (XtAppPending(contexte) & XtIMTimer) != 0; ++i) XtAppProcessEvent(contexte, XtIMTimer);
 }
@@ -39,6 +40,7 @@ bool is_close_request(const XEvent& event) {
 extern "C" {
 
 INT grx_flush_tous_evenements(void) {
+    const grx::InLoop inside;
     XEvent event;
     grx::lay_out_pending();
     while (x11_disp != nullptr && XEventsQueued(x11_disp, QueuedAfterFlush) != 0) {

@@ -24,6 +24,7 @@
 #include "menus/menu_keys.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
+#include "menus/forget.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
@@ -252,6 +253,14 @@ bool is_open(const grx::MenuFile& file) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_spare_menu() {
+    board = spare = nullptr; // destroyed with the shell that they stand in
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -6,6 +6,7 @@
 #include "pure/menu_line.h"
 #include "pure/number.h"
 #include "pure/text.h"
+#include "menus/forget.h"
 #include "host_f.h"
 #include "host_g.h"
 #include "xt_fen_f.h"
@@ -92,6 +93,10 @@ FILE* open_menu_file() {
 } // namespace
 
 namespace grx {
+
+void forget_menu_zone() {
+    Debut_Menu = false;
+}
 
 MenuFile::MenuFile() : file_(open_menu_file()), line_(empty_line()) {}
 

@@ -4,6 +4,8 @@
 
 #include "pure/double_click.h"
 #include "events/queue.h"
+#include "session/forget.h"
+#include "session/loop_state.h"
 #include "xt_ent_f.h"
 #include "xt_ini_f.h"
 
@@ -14,7 +16,8 @@ constexpr INT kReach = 10; // pixels that the pointer may move
 
 INT Dep_double_click_x = 0;
 INT Dep_double_click_y = 0;
-unsigned long TEMPO_CLIC = 200 * kMicrosecondsPerUnit;
+constexpr unsigned long kUsual = 200 * kMicrosecondsPerUnit;
+unsigned long TEMPO_CLIC = kUsual;
 
 uint64_t microseconds_now() {
     timeval now{};
@@ -41,6 +44,15 @@ grx::SecondClick second_click(const GRX_EVENEMENT& evt, uint64_t start) {
 
 } // namespace
 
+namespace grx {
+
+void forget_double_click() {
+    Dep_double_click_x = Dep_double_click_y = 0;
+    TEMPO_CLIC = kUsual;
+}
+
+} // namespace grx
+
 extern "C" {
 
 INT grx_init_double_clic(void) {
@@ -63,7 +75,7 @@ INT grx_double_clic(INT mode, INT x, INT y, INT bouton) {
     if (x11_disp == nullptr) return static_cast<INT>(grx::ClickOutcome::TimeOut);
     for (;;) {
         GRX_EVENEMENT evt{};
-        const bool found = grx_digitaliseur(&evt, 0) != 0;
+        const bool found = grx::digitise_leaving_added(evt);
         const auto outcome = grx::judge_click(first, second_click(evt, start));
         if (outcome) return static_cast<INT>(*outcome);
         if (!found && grx::queue_empty()) grx::rest_until_input(grx::kPollRest);

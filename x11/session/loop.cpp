@@ -11,6 +11,7 @@
 #include "menus/menu_keys.h"
 #include "session/loop_state.h"
 #include "session/nested_loop.h"
+#include "session/forget.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
@@ -22,7 +23,13 @@ namespace {
 
 INT fenetre_a_digitaliser = GRX_AUCUN;
 
+bool leaving_added = false;
+
 constexpr DOUBLE kCreationWait = 1.0; // seconds
+
+bool added_due() {
+    return !leaving_added && grx::added_waiting();
+}
 
 INT deliver_nothing(GRX_EVENEMENT* evt) {
     if (evt != nullptr) evt->type_evenement = GRX_EVT_AUCUN;
@@ -38,7 +45,7 @@ INT deliver_added(GRX_EVENEMENT* evt) {
 }
 
 INT deliver(GRX_EVENEMENT* evt) {
-    if (evt_global.type_evenement == GRX_EVT_AUCUN && grx::added_waiting()) return deliver_added(evt);
+    if (evt_global.type_evenement == GRX_EVT_AUCUN && added_due()) return deliver_added(evt);
     if (evt != nullptr) *evt = evt_global;
     return evt_global.type_evenement != GRX_EVT_AUCUN ? 1 : 0;
 }
@@ -81,7 +88,7 @@ using Handling = INT (*)(XEvent&, GRX_EVENEMENT*);
 // For an empty queue: a timer that is due may still post something.
 INT poll_timers(GRX_EVENEMENT* evt) {
     grx::run_due_timers();
-    return evt_global.type_evenement != GRX_EVT_AUCUN || grx::added_waiting() ? deliver(evt) : deliver_nothing(evt);
+    return evt_global.type_evenement != GRX_EVT_AUCUN || added_due() ? deliver(evt) : deliver_nothing(evt);
 }
 
 // Posts the end of a window that happened while a dialog had the loop. False when there is none.
@@ -94,11 +101,12 @@ bool post_untold_end() {
 
 INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
+    const grx::InLoop inside;
     grx::lay_out_pending();
     grx_init_evenement(&evt_global);
     grx::forget_delivered_detail();
     if (post_untold_end()) return deliver(evt);
-    if (grx::added_waiting()) return deliver_added(evt);
+    if (added_due()) return deliver_added(evt);
     if (attente == 0 && grx::queue_empty()) return poll_timers(evt);
     XEvent event;
     XtAppNextEvent(contexte, &event);
@@ -111,6 +119,18 @@ INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling) {
 namespace grx {
 
 XEvent Memo_event{};
+
+bool digitise_leaving_added(GRX_EVENEMENT& evt) {
+    leaving_added = true;
+    const bool found = grx_digitaliseur(&evt, 0) != 0;
+    leaving_added = false;
+    return found;
+}
+
+void forget_digitized() {
+    fenetre_a_digitaliser = GRX_AUCUN;
+    Memo_event = XEvent{};
+}
 
 } // namespace grx
 
@@ -140,7 +160,7 @@ INT grx_attend_creation_fenetre(INT nofen) {
     chrono_top(&top);
     while (chrono_delai(top, kCreationWait) == 0) {
         GRX_EVENEMENT evt{};
-        const bool found = grx_digitaliseur(&evt, 0) != 0;
+        const bool found = grx::digitise_leaving_added(evt);
         if (found && evt.type_evenement == GRX_EVT_AFFICHAGE && evt.affichage.nofen == nofen) break;
         if (existed && grx_recup_objet_fen(nofen) == nullptr) break; // the user or another client has ended the window
         if (!found && grx::queue_empty()) grx::rest_until_input(grx::kPollRest);
@@ -158,6 +178,7 @@ INT grx_envoie_dernier_evenement_a_bouton(INT nobou) {
 }
 
 INT grx_gere_application(void) {
+    const grx::InLoop inside;
     if (contexte != nullptr && x11_disp != nullptr) XtAppMainLoop(contexte);
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 
+#include "session/forget.h"
 #include "xt_fen_f.h"
 
 namespace grx {
@@ -23,6 +24,10 @@ WindowNumbers windows_in_use() {
 
 void note_untold_ends(const WindowNumbers& gone) {
     untold_ends |= gone;
+}
+
+void forget_untold_ends() {
+    untold_ends.reset();
 }
 
 INT take_untold_end() {

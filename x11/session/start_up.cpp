@@ -14,6 +14,7 @@
 #include "toolkit/compound_string.h"
 #include "registry/window_table.h"
 #include "windows/shell_place.h"
+#include "session/forget.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -23,6 +24,9 @@
 namespace {
 
 XmFontListEntry font_entry = nullptr;
+XmFontList own_fontlist = nullptr;
+Display* font_display = nullptr;
+CH40 loaded = "";
 
 const Widget kReservedWindow = reinterpret_cast<Widget>(-2L);
 
@@ -62,16 +66,14 @@ void turn_off_drag_and_drop() {
 }
 
 void load_font() {
-    static Display* display = nullptr;
-    static CH40 loaded = "";
     CH40 name = "";
     grx_recup_font(name);
     if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns when the name is empty
-    if (fontlist != nullptr && display == x11_disp && std::strcmp(loaded, name) == 0) return;
-    display = x11_disp;
+    if (fontlist != nullptr && font_display == x11_disp && std::strcmp(loaded, name) == 0) return;
+    font_display = x11_disp;
     std::memcpy(loaded, name, sizeof loaded);
     font_entry = XmFontListEntryLoad(x11_disp, name, XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
-    fontlist = XmFontListAppendEntry(nullptr, font_entry);
+    fontlist = own_fontlist = XmFontListAppendEntry(nullptr, font_entry);
     if (font_entry == nullptr) return;
     XmFontType kind = XmFONT_IS_FONT;
     XtPointer font = XmFontListEntryGetFont(font_entry, &kind);
@@ -100,6 +102,20 @@ bool choose_pseudo_colour() {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_font() {
+    if (own_fontlist != nullptr) XmFontListFree(own_fontlist);
+    if (font_entry != nullptr) XmFontListEntryFree(&font_entry);
+    fontlist = own_fontlist = nullptr;
+    font_entry = nullptr;
+    fontstruct = nullptr; // the toolkit's
+    font_display = nullptr;
+    loaded[0] = '\0';
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -8,6 +8,7 @@
 #include "pure/number.h"
 #include "pure/text.h"
 #include "system/block.h"
+#include "system/forget.h"
 #include "host_f.h"
 #include "xt_dir_f.h"
 #include "xt_err_f.h"
@@ -69,6 +70,14 @@ INT path_of_variable(char* path) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_directories() {
+    adr_icones[0] = '\0';
+}
+
+} // namespace grx
 
 extern "C" {
 

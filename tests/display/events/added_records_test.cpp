@@ -1,5 +1,6 @@
 #include "events/added_records.h"
 
+#include "grx_plus_erreurs.h"
 #include "tests/support/display_test.h"
 #include "tests/support/heap.h"
 #include "tests/support/window_kit.h"
