@@ -1,4 +1,5 @@
 #include "events/added_records.h"
+#include "grx_plus_erreurs.h"
 
 #include "grx_plus_erreurs.h"
 #include "tests/support/display_test.h"
