@@ -46,6 +46,7 @@ void end_editor() {
     state.exit_status = 0;
     state.generation = 0;
     state.file = TextFile();
+    state.keys = AcceleratorTable();
     state.clipboard_text = SelectionText();
     memo_filename[0] = '\0';
 }

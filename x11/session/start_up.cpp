@@ -112,7 +112,7 @@ void forget_font() {
     font_entry = nullptr;
     fontstruct = nullptr; // the toolkit's
     font_display = nullptr;
-    loaded[0] = '\0';
+    std::memset(loaded, 0, sizeof loaded);
 }
 
 } // namespace grx

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "pure/number.h"
 #include "pure/text.h"
@@ -74,7 +75,7 @@ INT path_of_variable(char* path) {
 namespace grx {
 
 void forget_directories() {
-    adr_icones[0] = '\0';
+    std::fill(std::begin(adr_icones), std::end(adr_icones), '\0');
 }
 
 } // namespace grx

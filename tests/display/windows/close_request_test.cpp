@@ -20,6 +20,8 @@ class CloseRequest : public Digitizer {
 
     std::vector<INT> asked_for() {
         drain();
+        while (events.poll()) {
+        }
         std::vector<INT> numbers;
         for (const GRX_EVENEMENT& e : events.seen())
             if (e.type_evenement == GRX_EVT_FERMETURE) numbers.push_back(e.destruction.nofen);
@@ -252,6 +254,20 @@ class Managed : public WmTest {
         EXPECT_TRUE(visible(XtWindow(shell_of(window_))));
     }
 
+    long viewable() {
+        return std::ranges::count_if(children_of(test_display(), DefaultRootWindow(test_display())),
+            [this](Window window) { return visible(window); });
+    }
+
+    // Opens the manager's menu and waits until it is there.
+    void choose_close(KeySym key, unsigned modifiers) {
+        const long before = viewable();
+        keyboard().key(key, modifiers);
+        ASSERT_TRUE(wait_for([&] { return viewable() > before; }));
+        keyboard().key(XK_c);
+        expect_request();
+    }
+
     INT window_ = 0;
 };
 
@@ -264,9 +280,7 @@ TEST_F(MwmCloseWmTest, ByKey) {
 }
 
 TEST_F(MwmCloseWmTest, ByMenu) {
-    keyboard().key(XK_Escape, ShiftMask);
-    keyboard().key(XK_c);
-    expect_request();
+    choose_close(XK_Escape, ShiftMask);
 }
 
 TEST_F(OpenboxCloseWmTest, ByKey) {
@@ -278,9 +292,7 @@ TEST_F(OpenboxCloseWmTest, ByKey) {
 }
 
 TEST_F(OpenboxCloseWmTest, ByMenu) {
-    keyboard().key(XK_space, Mod1Mask);
-    keyboard().key(XK_c);
-    expect_request();
+    choose_close(XK_space, Mod1Mask);
 }
 
 } // namespace
