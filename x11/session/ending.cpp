@@ -57,7 +57,10 @@ bool called_from_inside() {
 
 void end_all() {
     grx::run_shut_down();
-    if (x11_disp != nullptr) grx::destroy_shells();
+    if (x11_disp != nullptr) {
+        grx::note_display_in_toolkit();
+        grx::destroy_shells();
+    }
     for (const Step step : kWithDisplay) step();
     if (x11_disp != nullptr) grx::forget_display_in_toolkit();
     grx::close_display();

@@ -12,6 +12,7 @@
 #include "display/connection.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
+#include "toolkit/forget.h"
 #include "registry/window_table.h"
 #include "windows/shell_place.h"
 #include "session/forget.h"
@@ -126,6 +127,7 @@ INT grx_init_application(void) {
     }
     intern_names_at_once();
     turn_off_drag_and_drop();
+    grx::renew_display_in_toolkit();
     keep_display_object();
     grx::watch_places_of_shells(x11_disp);
     if (grx_init_graphique() == 0) return 0;

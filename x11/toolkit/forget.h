@@ -5,6 +5,8 @@
 namespace grx {
 
 void forget_display_in_toolkit(); // before it is closed
+void note_display_in_toolkit();   // while its display object lives
+void renew_display_in_toolkit();  // for a display that has just been opened
 void forget_encoding();
 void forget_hidden_shell();
 void forget_layouts();

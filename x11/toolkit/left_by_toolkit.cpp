@@ -4,6 +4,13 @@
 #include <Xm/XmP.h>
 #include <Xm/ColorP.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <malloc.h>
+#include <span>
+
+#include "toolkit/args.h"
 #include "toolkit/forget.h"
 #include "xt_ini_t.h"
 
@@ -17,6 +24,64 @@ namespace grx {
 
 namespace {
 
+// The toolkit's default fonts of a display that was closed, which it goes on giving for a display at the same address.
+constexpr const char* kDefaultFont = "fixed"; // the toolkit's own
+
+struct Left {
+    Display* display;
+    XmRenderTable fonts;
+};
+constexpr std::size_t kMost = 64; // addresses that displays have had
+std::array<Left, kMost> left{};
+std::size_t count = 0;
+
+Left* left_by(const Display* display) {
+    const auto end = left.begin() + static_cast<std::ptrdiff_t>(count);
+    const auto found = std::find_if(left.begin(), end, [=](const Left& l) { return l.display == display; });
+    return found != end ? &*found : nullptr;
+}
+
+void note_default_fonts() {
+    if (left_by(x11_disp) != nullptr || count == kMost) return;
+    left[count++] = {x11_disp, XmeGetDefaultRenderTable(XmGetXmDisplay(x11_disp), 0)};
+}
+
+// The first font of a list, null when there is none.
+XFontStruct* font_in(XmFontListEntry entry) {
+    XmFontType kind = XmFONT_IS_FONT;
+    XtPointer const font = entry != nullptr ? XmFontListEntryGetFont(entry, &kind) : nullptr;
+    return kind == XmFONT_IS_FONT ? static_cast<XFontStruct*>(font) : nullptr;
+}
+
+XFontStruct* font_of(XmRendition rendition) {
+    XtPointer font = nullptr;
+    Args args;
+    args.set(XmNfont, &font);
+    XmRenditionRetrieve(rendition, args.list(), args.count());
+    return static_cast<XFontStruct*>(font);
+}
+
+// Writes the font into the record that all copies of a rendition share. XmRenditionUpdate would change a copy of its own, and
+// no header tells where the font stands.
+void replace_font(XmRendition rendition, XFontStruct* font) {
+    XFontStruct* const former = font_of(rendition);
+    if (former == nullptr) return;
+    auto** const words = *reinterpret_cast<XFontStruct***>(rendition);
+    const std::span record(words, malloc_usable_size(words) / sizeof *words);
+    std::replace(record.begin(), record.end(), former, font);
+}
+
+// Gives the default fonts of a former display a font of the present one.
+void renew_font(XmRenderTable fonts) {
+    XmRendition rendition = XmRenderTableGetRendition(fonts, const_cast<char*>(XmFONTLIST_DEFAULT_TAG));
+    XmFontListEntry fresh = XmFontListEntryLoad(
+        x11_disp, const_cast<char*>(kDefaultFont), XmFONT_IS_FONT, const_cast<char*>(XmFONTLIST_DEFAULT_TAG));
+    XFontStruct* const font = font_in(fresh);
+    if (rendition != nullptr && font != nullptr) replace_font(rendition, font);
+    if (rendition != nullptr) XmRenditionFree(rendition);
+    if (fresh != nullptr) XmFontListEntryFree(&fresh);
+}
+
 // The colours computed for a background, by the address of the screen. The next screen may have the same address and other
 // colours.
 void forget_colours_of(Screen* screen) {
@@ -27,6 +92,14 @@ void forget_colours_of(Screen* screen) {
 }
 
 } // namespace
+
+void renew_display_in_toolkit() {
+    if (const Left* const former = left_by(x11_disp)) renew_font(former->fonts);
+}
+
+void note_display_in_toolkit() {
+    note_default_fonts();
+}
 
 void forget_display_in_toolkit() {
     if (&_XmColorObjCacheDisplay != nullptr) _XmColorObjCacheDisplay = nullptr;

@@ -126,6 +126,8 @@ inline const std::set<std::string> staying{
     "guard variable for grx::(anonymous namespace)::shuffles()::can",
     "grx::editor::(anonymous namespace)::warning_image()::image", // the toolkit knows it by its name for good
     "grx::(anonymous namespace)::noted",                          // the list of those to be asked, beyond its count
+    "grx::(anonymous namespace)::left",                           // what the toolkit keeps of displays that were closed
+    "grx::(anonymous namespace)::count",                          //
     "(anonymous namespace)::tab_ind_page",                        // each its own place
     "(anonymous namespace)::short_edges",                         // rows of the triangle filled last
     "(anonymous namespace)::long_edge",
