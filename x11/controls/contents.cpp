@@ -18,7 +18,7 @@
 #include "toolkit/compound_string.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/locale_text.h"
-#include "controls/forget.h"
+#include "controls/forget_controls.h"
 #include "xt_bou_f.h"
 #include "xt_ini_f.h"
 

@@ -21,7 +21,7 @@
 #include "controls/control_creation_state.h"
 #include "controls/control_kinds.h"
 #include "controls/looks.h"
-#include "controls/forget.h"
+#include "controls/forget_controls.h"
 #include "xt_bou_f.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"

@@ -13,7 +13,7 @@
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "drawing/control_pictures.h"
-#include "controls/forget.h"
+#include "controls/forget_controls.h"
 #include "xt_bou_f.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"

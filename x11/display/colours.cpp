@@ -12,7 +12,7 @@
 #include "display/context.h"
 #include "display/palettes.h"
 #include "display/screen.h"
-#include "display/forget.h"
+#include "display/forget_display.h"
 #include "xt_ini_f.h"
 
 INT trace_pix[GRX_NB_COULEURS] = {};

@@ -10,7 +10,7 @@
 #include <array>
 
 #include "display/pixmaps.h"
-#include "display/forget.h"
+#include "display/forget_display.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
 

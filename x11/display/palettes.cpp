@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "pure/palette.h"
-#include "display/forget.h"
+#include "display/forget_display.h"
 #include "xt_ini_f.h"
 
 #define TEINTE(s, h)                                                                                                   \

@@ -16,7 +16,7 @@
 #include "display/screen.h"
 #include "toolkit/args.h"
 #include "drawing/control_pictures_state.h"
-#include "drawing/forget.h"
+#include "drawing/forget_drawing.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"

@@ -14,7 +14,7 @@
 #include "system/block.h"
 #include "display/connection.h"
 #include "display/images.h"
-#include "drawing/forget.h"
+#include "drawing/forget_drawing.h"
 #include "xt_ini_t.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include "pure/menu_line.h"
 #include "pure/number.h"
 #include "pure/text.h"
-#include "menus/forget.h"
+#include "menus/forget_menus.h"
 #include "host_f.h"
 #include "host_g.h"
 #include "xt_fen_f.h"

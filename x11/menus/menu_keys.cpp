@@ -15,7 +15,7 @@
 #include "menus/menu_keys_state.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
-#include "menus/forget.h"
+#include "menus/forget_menus.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
 

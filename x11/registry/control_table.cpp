@@ -7,7 +7,7 @@
 #include <array>
 
 #include "system/table.h"
-#include "registry/forget.h"
+#include "registry/forget_registry.h"
 #include "xt_bou_f.h"
 #include "xt_err_f.h"
 #include "xt_ini_f.h"

@@ -16,7 +16,7 @@
 #include "display/context.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"
-#include "registry/forget.h"
+#include "registry/forget_registry.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"

@@ -4,7 +4,7 @@
 
 #include "pure/double_click.h"
 #include "events/queue.h"
-#include "session/forget.h"
+#include "session/forget_session.h"
 #include "session/loop_state.h"
 #include "xt_ent_f.h"
 #include "xt_ini_f.h"

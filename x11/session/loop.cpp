@@ -11,7 +11,7 @@
 #include "menus/menu_keys.h"
 #include "session/loop_state.h"
 #include "session/nested_loop.h"
-#include "session/forget.h"
+#include "session/forget_session.h"
 #include "xt_bou_f.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"

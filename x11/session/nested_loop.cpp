@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "session/forget.h"
+#include "session/forget_session.h"
 #include "xt_fen_f.h"
 
 namespace grx {

@@ -8,7 +8,7 @@
 
 #include "pure/calendar.h"
 #include "pure/out.h"
-#include "system/forget.h"
+#include "system/forget_system.h"
 #include "xt_uti_f.h"
 
 namespace {

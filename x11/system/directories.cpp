@@ -9,7 +9,7 @@
 #include "pure/number.h"
 #include "pure/text.h"
 #include "system/block.h"
-#include "system/forget.h"
+#include "system/forget_system.h"
 #include "host_f.h"
 #include "xt_dir_f.h"
 #include "xt_err_f.h"

@@ -2,7 +2,7 @@
 #include <array>
 
 #include "pure/text.h"
-#include "system/forget.h"
+#include "system/forget_system.h"
 #include "xt_ini_f.h"
 
 namespace {

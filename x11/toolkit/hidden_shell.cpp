@@ -5,7 +5,7 @@
 #include <Xm/Xm.h>
 
 #include "toolkit/args.h"
-#include "toolkit/forget.h"
+#include "toolkit/forget_toolkit.h"
 #include "toolkit/look.h"
 #include "xt_ini_t.h"
 

@@ -13,7 +13,7 @@
 #include <cstring>
 #include <span>
 
-#include "toolkit/forget.h"
+#include "toolkit/forget_toolkit.h"
 
 namespace grx {
 

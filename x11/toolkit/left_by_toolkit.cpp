@@ -11,7 +11,7 @@
 #include <span>
 
 #include "toolkit/args.h"
-#include "toolkit/forget.h"
+#include "toolkit/forget_toolkit.h"
 #include "xt_ini_t.h"
 
 extern "C" {

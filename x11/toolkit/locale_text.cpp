@@ -6,7 +6,7 @@
 #include <cstring>
 #include <cwchar>
 
-#include "toolkit/forget.h"
+#include "toolkit/forget_toolkit.h"
 
 namespace grx {
 

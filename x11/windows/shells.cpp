@@ -16,7 +16,7 @@
 #include "registry/window_table.h"
 #include "windows/placing.h"
 #include "windows/window_build.h"
-#include "windows/forget.h"
+#include "windows/forget_windows.h"
 #include "xt_ini_t.h"
 
 namespace {

@@ -19,7 +19,7 @@
 #include "registry/window_table.h"
 #include "menus/menu_keys.h"
 #include "windows/shell_place.h"
-#include "windows/forget.h"
+#include "windows/forget_windows.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
