@@ -11,7 +11,7 @@ typedef void (*GRX_FONCTION_SECOURS)(void* donnee);
 /* What is known of the last error that the display has sent. */
 typedef struct GRX_ERREUR_AFFICHAGE {
     INT taille;             /* of this record in bytes */
-    INT nombre;             /* errors since the process began; also where there is no last one */
+    INT nombre;             /* errors since start-up; also where there is no last one */
     INT code;               /* of the X protocol: 3 BadWindow, 9 BadDrawable ...; 0 = none */
     INT requete;            /* major code of the request; from 128 up an extension's */
     INT sous_requete;       /* minor code, of extensions */

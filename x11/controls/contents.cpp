@@ -18,6 +18,7 @@
 #include "toolkit/compound_string.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/locale_text.h"
+#include "controls/forget_controls.h"
 #include "xt_bou_f.h"
 #include "xt_ini_f.h"
 
@@ -72,6 +73,10 @@ FieldContent::FieldContent(Widget w, INT nobou)
 
 void note_encoding(INT nobou, const char* text) {
     given_encoding[as_index(nobou)] = encoding_of(text);
+}
+
+void forget_encodings() {
+    given_encoding = {};
 }
 
 } // namespace grx

@@ -21,6 +21,7 @@
 #include "controls/control_creation_state.h"
 #include "controls/control_kinds.h"
 #include "controls/looks.h"
+#include "controls/forget_controls.h"
 #include "xt_bou_f.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
@@ -137,6 +138,11 @@ INT register_control_widget(Widget w, INT type, INT no_fo, INT nofen) {
     forget_look(nobou);
     XtAddCallback(w, XmNdestroyCallback, note_death, as_client_data(nobou));
     return nobou;
+}
+
+void forget_default_colours() {
+    Premier_bouton = 1;
+    Couleur_init_fond_bouton = Couleur_init_trace_bouton = 0;
 }
 
 } // namespace grx

@@ -13,6 +13,7 @@
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "drawing/control_pictures.h"
+#include "controls/forget_controls.h"
 #include "xt_bou_f.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
@@ -76,6 +77,10 @@ namespace grx {
 
 void forget_look(INT nobou) {
     shown_pressed[grx::as_index(nobou)] = false;
+}
+
+void forget_pressed() {
+    shown_pressed = {};
 }
 
 } // namespace grx

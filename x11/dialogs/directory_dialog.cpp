@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "pure/text.h"
+#include "system/shut_down.h"
 #include "toolkit/compound_string.h"
 #include "dialogs/file_parts.h"
 #include "xt_f.h"
@@ -33,6 +34,10 @@ Widget make_directory_dialog(Widget parent, const char* title, const char* direc
     return dialog;
 }
 
+void forget_directory_dialog() {
+    forget(directory_dialog);
+}
+
 } // namespace
 
 extern "C" {
@@ -40,6 +45,7 @@ extern "C" {
 INT select_repertoire_x11(char* titre, char* rep_def) {
     Widget parent = main_widget();
     if (parent == nullptr || one_is_on_show()) return 0;
+    grx::at_shut_down(forget_directory_dialog);
     start(directory_dialog);
     directory_dialog.widget = make_directory_dialog(parent, text_or_empty(titre), text_or_empty(rep_def));
     if (directory_dialog.widget == nullptr || run(directory_dialog) != kAccepted) return 0;

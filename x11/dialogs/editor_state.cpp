@@ -7,6 +7,7 @@
 
 #include "pure/text.h"
 #include "system/never_destroyed.h"
+#include "system/shut_down.h"
 #include "display/lost_connection.h"
 #include "session/nested_loop.h"
 #include "xt_f.h"
@@ -44,6 +45,16 @@ void take_shells_off_screen(const Block<Widget>& widgets) {
         if (w != nullptr && XtIsShell(w)) grx::take_off_screen(w);
     }
     grx::take_off_screen(nullptr);
+}
+
+void end_editor() {
+    grx_fin_editeur();
+    state.exit_status = 0;
+    state.generation = 0;
+    state.file = TextFile();
+    state.keys = AcceleratorTable();
+    state.clipboard_text = SelectionText();
+    memo_filename[0] = '\0';
 }
 
 } // namespace
@@ -129,6 +140,7 @@ extern "C" {
 
 INT grx_debut_editeur(void) {
     if (is_reserved()) return 0;
+    grx::at_shut_down(end_editor);
     state.widgets = grx::Block<Widget>(kComponents);
     grx::at_lost_connection(hide_editor_widgets);
     return is_reserved() ? 1 : 0;

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "pure/text.h"
+#include "system/shut_down.h"
 #include "display/pixmaps.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
@@ -245,7 +246,10 @@ INT ok_message(INT operation) {
     }
 }
 
+void forget_file_dialog();
+
 Widget make_file_dialog(Widget parent, const SCATAL& scat, const SFICHIER& proposed, const SFILTRE& given) {
+    grx::at_shut_down(forget_file_dialog);
     read_filters(given);
     const std::size_t count = filter_count(given);
     Widget dialog = make_dialog(parent, {text_or_empty(scat.titre.str), count > 0 ? filters[0].pattern : "*",
@@ -269,6 +273,12 @@ INT store_choice(SFICHIER& sfic) {
     keep_path(directory, before.empty() ? "/" : before);
     const INT result = string_realloc(&sfic.adrs, directory.data());
     return result != 0 ? result : ajout_sfichier(&sfic, slash + 1);
+}
+
+void forget_file_dialog() {
+    forget(file_dialog());
+    request = Request{};
+    filters.fill({});
 }
 
 } // namespace

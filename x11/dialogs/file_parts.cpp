@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "pure/text.h"
+#include "system/shut_down.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
@@ -141,6 +142,11 @@ void add_end_callbacks(Widget w, PathDialog& dialog) {
     XtAddCallback(w, XmNcancelCallback, on_cancel, &dialog);
     XtAddCallback(w, XmNunmapCallback, on_gone, &dialog);
     XtAddCallback(w, XmNdestroyCallback, on_death, &dialog);
+}
+
+void forget(PathDialog& dialog) {
+    destroy(dialog);
+    dialog = PathDialog();
 }
 
 void start(PathDialog& dialog) {

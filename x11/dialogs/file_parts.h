@@ -26,6 +26,9 @@ struct PathDialog {
     Path path{};
 };
 
+/// Destroys what a dialog has left, and forgets its answer: for the end of the library's work.
+void forget(PathDialog& dialog);
+
 /// The dialog for files: the question stands over it.
 PathDialog& file_dialog();
 

@@ -10,6 +10,7 @@
 #include "pure/question_text.h"
 #include "pure/text.h"
 #include "system/block.h"
+#include "system/shut_down.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/widgets.h"
@@ -89,6 +90,11 @@ int answer_of(Widget box) {
     return result;
 }
 
+void forget_question() {
+    answer = kWaiting;
+    alive = false;
+}
+
 } // namespace
 
 namespace grx {
@@ -102,6 +108,7 @@ bool question_on_show() {
 extern "C" {
 
 INT question_suppression(void) {
+    grx::at_shut_down(forget_question);
     answer = kWaiting;
     const QuestionTexts texts = question_texts();
     Widget parent = one_is_on_show() && file_dialog().widget != nullptr ? file_dialog().widget : main_widget();

@@ -5,12 +5,14 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 
 #include "pure/palette.h"
 #include "display/colours_state.h"
 #include "display/context.h"
 #include "display/palettes.h"
 #include "display/screen.h"
+#include "display/forget_display.h"
 #include "xt_ini_f.h"
 
 INT trace_pix[GRX_NB_COULEURS] = {};
@@ -112,6 +114,12 @@ XColor x_colour(INT pixel, const INT* rgb) {
     colour.blue = x_component(rgb[GRX_BLEU]);
     colour.flags = DoRed | DoGreen | DoBlue;
     return colour;
+}
+
+void forget_colours() {
+    for (auto* const table : {&trace_pix, &system_pix, &icone_pix, &pal_pix})
+        std::fill(std::begin(*table), std::end(*table), 0);
+    premier_index_rendu = dernier_index_rendu = memo_couleur_8 = 0;
 }
 
 } // namespace grx

@@ -42,6 +42,8 @@ namespace {
 XErrorHandler application_errors = nullptr;
 XIOErrorHandler application_end = nullptr;
 
+bool lost = false;
+
 // The arguments of the application that the toolkit is given. It keeps their address.
 constexpr std::size_t kNameBuffer = 80;
 char* arguments[2] = {nullptr, nullptr};
@@ -58,6 +60,14 @@ void hide_connection() {
 }
 
 } // namespace
+
+namespace grx {
+
+bool connection_lost() {
+    return lost;
+}
+
+} // namespace grx
 
 extern "C" {
 
@@ -76,6 +86,7 @@ int erreur_systeme(Display* disp, XErrorEvent* evt) {
 }
 
 int erreur_io_systeme(Display* disp) {
+    lost = true;
     grx::call_rescue();
     if (application_end != nullptr) std::exchange(application_end, nullptr)(disp);
     return 0; // Xlib ends the process after this
@@ -91,6 +102,28 @@ void install(Handler (*set)(Handler), Handler ours, Handler& application) {
     Handler before = set(nullptr);
     Handler of_xlib = set(ours);
     if (before != ours && before != of_xlib) application = before;
+}
+
+// Takes our handler away, unless the application has installed another since.
+template <class Handler>
+void put_back(Handler (*set)(Handler), Handler ours, Handler& application) {
+    Handler present = set(nullptr);
+    if (present != ours)
+        set(present);
+    else if (application != nullptr)
+        set(application);
+    application = nullptr;
+}
+
+void forget_screen() {
+    x11_disp = nullptr;
+    x11_vis = nullptr;
+    x11_cmap = None;
+    vtemp = XVisualInfo{};
+    prof_24 = 1;
+    for (INT* const number : {&x11_screen, &profondeur_ecran, &dec_red, &dec_green, &dec_blue, &lar_ecran, &hau_ecran,
+             &lar_ecran_mm, &hau_ecran_mm, &nbr_xpel_crt, &nbr_ypel_crt})
+        *number = 0;
 }
 
 } // namespace
@@ -119,6 +152,14 @@ bool open_display(const Opening& how) {
     x11_screen = DefaultScreen(x11_disp);
     install_error_handlers(); // Xlib's own would end the process on the first refused colour
     return true;
+}
+
+void close_display() {
+    if (contexte != nullptr) XtDestroyApplicationContext(std::exchange(contexte, nullptr)); // which closes its displays
+    put_back(XSetErrorHandler, erreur_systeme, application_errors);
+    put_back(XSetIOErrorHandler, erreur_io_systeme, application_end);
+    std::free(std::exchange(arguments[0], nullptr));
+    forget_screen();
 }
 
 } // namespace grx

@@ -6,9 +6,11 @@
 #include <X11/StringDefs.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
 #include <array>
 
 #include "display/pixmaps.h"
+#include "display/forget_display.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
 
@@ -111,6 +113,21 @@ void give_context(Widget shell) {
     GC const before = g_c;
     grx_init_gc(shell);
     if (g_c != before) XtAddCallback(shell, XmNdestroyCallback, release_context, g_c);
+}
+
+void forget_contexts() {
+    const std::array<GC, 4> all{contexts_left[0], contexts_left[1], g_c, gc};
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const bool new_one = all[i] != nullptr && std::find(all.begin(), all.begin() + i, all[i]) == all.begin() + i;
+        if (new_one) XFreeGC(x11_disp, all[i]);
+    }
+    former_g_c = g_c = gc = nullptr;
+    contexts_left = {};
+    memo_attrib = {};
+    context_stale = true;
+    grx_trace_memoire = grx_trace_memoire_bouton = 0;
+    image_redess = image_redess_bouton = nullptr;
+    win_bidon = win_bidon_bouton = None;
 }
 
 } // namespace grx

@@ -8,6 +8,7 @@
 #include "grx_plus_erreurs.h"
 #include "pure/sized_record.h"
 #include "system/public_call.h"
+#include "system/shut_down.h"
 #include "system/trace.h"
 
 #include <X11/Xlibint.h> // last: it has macros min and max
@@ -42,6 +43,10 @@ void name_request(Display* display, const XErrorEvent& error, std::span<char> na
     XGetErrorDatabaseText(display, "XRequest", key, plain, name.data(), room);
 }
 
+void forget_errors() {
+    last = kNone;
+}
+
 void trace_error(const Display* display) {
     const PublicCall call = public_call();
     const char* const name = call.name[0] != '\0' ? call.name.data() : "no call of the library";
@@ -53,6 +58,7 @@ void trace_error(const Display* display) {
 } // namespace
 
 void note_x_error(Display* display, const XErrorEvent& error) {
+    at_shut_down(forget_errors);
     const INT count = last.nombre + 1;
     last = kNone;
     last.nombre = count;

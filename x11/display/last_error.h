@@ -13,7 +13,7 @@ void note_x_error(Display* display, const XErrorEvent& error);
 /// The text of the last protocol error, empty when there was none. The library keeps it.
 const char* last_x_error_text();
 
-/// The number of protocol errors since the process began.
+/// The number of protocol errors since the library was started.
 INT x_error_count();
 
 } // namespace grx

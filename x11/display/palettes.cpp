@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 #include "pure/palette.h"
+#include "display/forget_display.h"
 #include "xt_ini_f.h"
 
 #define TEINTE(s, h)                                                                                                   \
@@ -17,17 +19,22 @@
         TEINTE(s, 8), TEINTE(s, 9), TEINTE(s, 10), TEINTE(s, 11), TEINTE(s, 12), TEINTE(s, 13), TEINTE(s, 14),         \
         TEINTE(s, 15)
 
+#define RESERVE                                                                                                        \
+    {134, 123, 66}, {0, 0, 0}, {0, 0, 0}, {228, 225, 159}, {119, 49, 49}, {255, 255, 255}, {255, 255, 0}, {            \
+        128, 128, 128                                                                                                  \
+    }
+
 // The palettes are full from the start. So an application that computes no palette has colours, and one that sets its
 // own before start-up keeps them.
 INT palette_icone[GRX_NB_COULEURS][3] = {SEIZE(ICONE)};
 INT palette_trace[GRX_NB_COULEURS][3] = {NUANCE(0), NUANCE(1), NUANCE(2), NUANCE(3), NUANCE(4), NUANCE(5), NUANCE(6),
     NUANCE(7), NUANCE(8), NUANCE(9), NUANCE(10), NUANCE(11), NUANCE(12), NUANCE(13), NUANCE(14), NUANCE(15)};
-INT palette_reserve[GRX_NB_COULEURS_RESERVE][3] = {{134, 123, 66}, {0, 0, 0}, {0, 0, 0}, {228, 225, 159}, {119, 49, 49},
-    {255, 255, 255}, {255, 255, 0}, {128, 128, 128}};
+INT palette_reserve[GRX_NB_COULEURS_RESERVE][3] = {RESERVE};
 
 namespace {
 
 constexpr INT kMostColours = 65536;
+constexpr INT kReserved[GRX_NB_COULEURS_RESERVE][3] = {RESERVE};
 
 } // namespace
 
@@ -35,6 +42,7 @@ constexpr INT kMostColours = 65536;
 #undef ICONE
 #undef SEIZE
 #undef NUANCE
+#undef RESERVE
 
 namespace grx {
 
@@ -44,6 +52,13 @@ INT drawing_colours() {
 
 INT rendering_colours() {
     return std::clamp<INT>(grx_recup_max_couleur_rendu(), 0, kMostColours);
+}
+
+void forget_palettes() {
+    std::memset(palette_icone, 0, sizeof palette_icone);
+    grx_determine_palette_icone();
+    grx_determine_palette_trace();
+    std::memcpy(palette_reserve, kReserved, sizeof kReserved);
 }
 
 } // namespace grx

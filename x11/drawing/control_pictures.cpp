@@ -17,6 +17,7 @@
 #include "toolkit/args.h"
 #include "registry/window_table.h"
 #include "drawing/control_pictures_state.h"
+#include "drawing/forget_drawing.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -229,6 +230,10 @@ Pixmap install_label_icon(char* nom_fic) {
 
 void forget_label_icon() {
     Mypixmap = XmUNSPECIFIED_PIXMAP;
+}
+
+void forget_control_pixmap() {
+    Mypixmap = None;
 }
 
 void share_picture(INT nobou) {

@@ -14,6 +14,7 @@
 #include "system/block.h"
 #include "display/last_error.h"
 #include "display/images.h"
+#include "drawing/forget_drawing.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -23,9 +24,10 @@ constexpr std::size_t kWorthSharing = 64 * 1024;
 constexpr int kSharedStripRows = 100; // the server reads one strip while the next is made
 
 // Two segments take turns, so that one picture is made while the server reads the other.
+grx::SharedSegment segments[2];
+bool second = false;
+
 grx::SharedSegment& next_segment() {
-    static grx::SharedSegment segments[2];
-    static bool second = false;
     second = !second;
     return segments[second ? 1 : 0];
 }
@@ -82,6 +84,16 @@ void SharedSegment::release() {
     shmdt(info_.shmaddr);
     size_ = 0;
     busy_until_ = 0;
+}
+
+void SharedSegment::forget() {
+    release();
+    *this = SharedSegment{};
+}
+
+void forget_shared_memory() {
+    for (SharedSegment& segment : segments) segment.forget();
+    second = false;
 }
 
 Transfer begin_shared(ImageSize size) {

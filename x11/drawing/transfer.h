@@ -27,6 +27,9 @@ class SharedSegment {
     void settle();
     void mark_busy() { busy_until_ = NextRequest(x11_disp) - 1; }
 
+    /// Gives the memory back; whether another server shares any is to be found out anew.
+    void forget();
+
   private:
     bool obtain(std::size_t bytes);
     bool create(std::size_t bytes);

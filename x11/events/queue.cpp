@@ -15,6 +15,7 @@ namespace grx {
 namespace {
 
 void run_due(XtInputMask kinds) {
+    const InLoop inside;
     constexpr int most = 32; // a timer that is always due must not hold the loop
     for (int i = 0; i < most && (XtAppPending(contexte) & kinds) != 0; ++i) XtAppProcessEvent(contexte, kinds);
 }
@@ -51,6 +52,7 @@ bool is_close_request(const XEvent& event) {
 extern "C" {
 
 INT grx_flush_tous_evenements(void) {
+    const grx::InLoop inside;
     XEvent event;
     grx::lay_out_pending();
     while (x11_disp != nullptr && XEventsQueued(x11_disp, QueuedAfterFlush) != 0) {

@@ -5,6 +5,21 @@
 
 namespace grx {
 
+/// While one lives the library waits for events or handles them: what is called then is called from inside. Timers of the
+/// toolkit run there too, which are no dispatching.
+class InLoop {
+  public:
+    InLoop() { ++running_; }
+    ~InLoop() { --running_; }
+    InLoop(const InLoop&) = delete;
+    InLoop& operator=(const InLoop&) = delete;
+
+    static bool any() { return running_ > 0; }
+
+  private:
+    static inline int running_ = 0;
+};
+
 constexpr int kPollRest = 1; // milliseconds that a polling loop rests
 
 /// Sleeps until something arrives on the connection, at most `ms` milliseconds.

@@ -6,6 +6,7 @@
 #include "pure/menu_line.h"
 #include "pure/number.h"
 #include "pure/text.h"
+#include "menus/forget_menus.h"
 #include "host_f.h"
 #include "host_g.h"
 #include "xt_fen_f.h"
@@ -99,6 +100,10 @@ bool is_marker(std::string_view line, std::string_view zone) {
 } // namespace
 
 namespace grx {
+
+void forget_menu_zone() {
+    Debut_Menu = false;
+}
 
 MenuFile::MenuFile() : file_(open_menu_file(menu_file_name())), line_(empty_line()) {}
 

@@ -17,6 +17,7 @@
 #include "menus/menu_keys_state.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
+#include "menus/forget_menus.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
 
@@ -263,6 +264,15 @@ void add_menu_key(Widget entry, const char* accelerator) {
 
 void forget_menu_key(Widget entry) {
     accelerators.forget(entry);
+}
+
+void forget_menu_state() {
+    accelerators = AcceleratorTable();
+    forwarded = ForwardedKeys();
+    evt_menu = XEvent{};
+    opening_menu = false;
+    opening_key = 0;
+    dispatch_press = dispatch_release = dispatch_mapping = nullptr; // the next display has its own
 }
 
 void clear_menu_keys(Widget top) {

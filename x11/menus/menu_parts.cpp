@@ -15,6 +15,7 @@
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
 #include "menus/entry_states.h"
+#include "menus/forget_menus.h"
 #include "menus/mnemonics.h"
 #include "xt_ini_t.h"
 
@@ -107,6 +108,10 @@ Widget make_entry(Widget parent, const EntryText& text, const char* translation,
     XtAddCallback(entry, XmNactivateCallback, chosen, as_client_data(nofo));
     XtAddCallback(entry, XmNdestroyCallback, on_entry_death, as_client_data(place));
     return entry;
+}
+
+void forget_spare_menu() {
+    board = spare = nullptr; // destroyed with the shell that they stand in
 }
 
 } // namespace grx

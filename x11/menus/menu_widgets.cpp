@@ -122,6 +122,7 @@ void forget_menu_widgets() {
     Tab_objet.reset();
     Nb_objet = 0;
     forget_menus();
+    Tab_cascade = Tab_pull = {};
 }
 
 } // namespace grx

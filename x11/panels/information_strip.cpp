@@ -6,6 +6,7 @@
 
 #include "pure/axis.h"
 #include "pure/out.h"
+#include "system/shut_down.h"
 #include "display/pixmaps.h"
 #include "toolkit/control_parts.h"
 #include "registry/control_table.h"
@@ -25,12 +26,15 @@ constexpr INT kSeparatorTop = 2; // below the line of text
 constexpr INT kSeparatorWidth = 4000;
 constexpr INT kSeparatorHeight = 2;
 
+void forget_own_controls();
+
 // A control of the strip that the application does not know: its number goes with its widget, and may be another's
 // then.
 class OwnControl {
   public:
     OwnControl() = default;
     explicit OwnControl(INT nobou) : nobou_(nobou), widget_(grx::control_widget_if_any(nobou)) {
+        grx::at_shut_down(forget_own_controls);
         grx::free_with_widget(nobou);
     }
     INT number() const {
@@ -139,6 +143,11 @@ void create_first_row(GRX_ZONE_INFO& zone) {
 
 void show_all(const GRX_ZONE_INFO& zone, INT (*show)(INT nobou)) {
     for (const Field field : kSecondRowAsShown) show((zone.*field).nobou);
+}
+
+void forget_own_controls() {
+    Bou_sep.fill({});
+    support_x = support_y = {};
 }
 
 } // namespace

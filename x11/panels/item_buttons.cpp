@@ -16,6 +16,7 @@
 #include "pure/out.h"
 #include "pure/size.h"
 #include "system/block.h"
+#include "system/shut_down.h"
 #include "toolkit/widgets.h"
 #include "xt_bou_f.h"
 #include "xt_ini_t.h"
@@ -153,11 +154,17 @@ bool find_row_box(const BOUTONS_PANEL* record, Box& box) {
     return true;
 }
 
+void forget_panels() {
+    grx_desalloue_base_items_panels();
+    Tab_pan = nullptr;
+}
+
 } // namespace
 
 extern "C" {
 
 INT grx_alloue_base_items_panels(INT nb_pan, PANEL* tab) {
+    grx::at_shut_down(forget_panels);
     if (Liste_btn != nullptr || Nb_item != nullptr) grx_desalloue_base_items_panels();
     Nb_pan = table_size = std::max<INT>(nb_pan, 0);
     if (Tab_pan == nullptr) Tab_pan = given_panels = tab;

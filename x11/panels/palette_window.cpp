@@ -5,6 +5,7 @@
 
 #include "pure/colour_model.h"
 #include "pure/text.h"
+#include "system/shut_down.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
 #include "xt_bou_f.h"
@@ -266,6 +267,15 @@ INT on_end(const GRX_DESTRUCTION& e) {
     return 1;
 }
 
+// The window itself is destroyed with all others.
+void forget_palette_window() {
+    for (INT* const number : kButtons) *number = GRX_AUCUN;
+    No_fen_mod_coul = former_window = GRX_AUCUN;
+    palette_widget = nullptr;
+    Couleur_active = 0;
+    for (INT* const triple : {rvb_glob, hls_glob, memo_rvb}) store(triple, {});
+}
+
 } // namespace
 
 extern "C" {
@@ -284,6 +294,7 @@ INT HLS_to_RVB(INT* hls, INT* rvb) {
 
 INT grx_affiche_fenetre_modif_palette_couleurs(INT a1, INT a2, char titre[256], INT a4) {
     if (is_open()) return grx_retrace_fenetre_modif_palette_couleurs();
+    grx::at_shut_down(forget_palette_window);
     if (!create_window(a1, a2, titre, a4)) return 0;
     create_controls();
     grx_affecte_couleur_active(Couleur_active);
@@ -314,6 +325,7 @@ INT grx_retrace_fenetre_modif_palette_couleurs(void) {
 }
 
 INT grx_affecte_couleur_active(INT couleur) {
+    grx::at_shut_down(forget_palette_window);
     Couleur_active = couleur;
     grx_recup_rgb(couleur, rvb_glob);
     store(memo_rvb, triple(rvb_glob));

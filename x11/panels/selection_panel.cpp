@@ -7,6 +7,7 @@
 #include "pure/out.h"
 #include "pure/size.h"
 #include "pure/text.h"
+#include "system/shut_down.h"
 #include "toolkit/field_text.h"
 #include "toolkit/widgets.h"
 #include "windows/frame.h"
@@ -57,6 +58,8 @@ bool both_set(INT first, INT second) {
 
 // -- the window
 
+void forget_place_and_size();
+
 void choose_size(GRX_FENETRE& fenetre, const PANEL& panel) {
     const bool saved = both_set(Taille_select_x, Taille_select_y);
     fenetre.droite = saved ? Taille_select_x : panel.tx;
@@ -68,6 +71,7 @@ INT centred(INT origin, INT room, INT size) {
 }
 
 void choose_position(GRX_FENETRE& fenetre) {
+    grx::at_shut_down(forget_place_and_size);
     if (!both_set(Pos_select_x, Pos_select_y)) {
         Pos_select_x = centred(grx_get_pos_appli_x(), grx_recup_lar_ecran(), fenetre.droite);
         Pos_select_y = centred(grx_get_pos_appli_y(), grx_recup_hau_ecran(), fenetre.haut);
@@ -229,6 +233,11 @@ void close_former(const PANEL& panel) {
     evt_global = pending;
 }
 
+void forget_place_and_size() {
+    Pos_select_x = Pos_select_y = Taille_select_x = Taille_select_y = GRX_AUCUN;
+    reference = last = Reference{};
+}
+
 } // namespace
 
 extern "C" {
@@ -249,6 +258,7 @@ INT grx_affiche_panel_selection(void) {
 }
 
 INT grx_affecte_position_taille_panel_selection(INT x, INT y, INT lar, INT hau) {
+    grx::at_shut_down(forget_place_and_size);
     Pos_select_x = x;
     Pos_select_y = y;
     Taille_select_x = lar;

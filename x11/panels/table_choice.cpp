@@ -9,6 +9,7 @@
 #include "pure/text.h"
 #include "system/block.h"
 #include "system/table.h"
+#include "system/shut_down.h"
 #include "display/lost_connection.h"
 #include "toolkit/args.h"
 #include "toolkit/option_menu.h"
@@ -49,7 +50,13 @@ bool known_table(INT ind) {
 
 // -- the numbers of the choices, in the table's record
 
+void forget_tables() {
+    Tab_option.fill(nullptr);
+    allocated.fill(0);
+}
+
 bool allocate_numbers(INT ind, INT count) {
+    grx::at_shut_down(forget_tables);
     TBL_TABLEUR_AFF& table = Taffiche[ind];
     table.nb_choix = std::max<INT>(count, 0);
     grx::Block<INT> numbers(grx::room_for(count));

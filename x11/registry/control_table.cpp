@@ -10,6 +10,7 @@
 #include "system/table.h"
 #include "system/trace.h"
 #include "display/lost_connection.h"
+#include "registry/forget_registry.h"
 #include "xt_bou_f.h"
 #include "xt_err_f.h"
 #include "xt_ini_f.h"
@@ -137,6 +138,13 @@ STRUCTURE_BOUTON* control_record_at(XtPointer data) {
         if (record == &structure_bouton[nobou]) return &structure_bouton[nobou];
     }
     return nullptr;
+}
+
+void forget_controls() {
+    free_control_table();
+    MAXOBJETBOUTON = 0;
+    No_bou_actif = GRX_AUCUN;
+    widget_dead = goes_with_widget = {};
 }
 
 } // namespace grx

@@ -18,6 +18,7 @@
 #include "display/lost_connection.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"
+#include "registry/forget_registry.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
@@ -205,6 +206,14 @@ Widget whole_of(INT nofen) {
 
 INT height_of(Widget w) {
     return size_of(w).height;
+}
+
+void forget_windows() {
+    grx_desalloue_base_fenetres();
+    MAXOBJETFEN = p_objet = 0;
+    no_fen_principale = nofen_active = GRX_AUCUN;
+    extras = {};
+    no_window = {};
 }
 
 } // namespace grx

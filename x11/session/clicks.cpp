@@ -4,6 +4,7 @@
 
 #include "pure/double_click.h"
 #include "events/queue.h"
+#include "session/forget_session.h"
 #include "session/loop.h"
 #include "xt_ent_f.h"
 #include "xt_ini_f.h"
@@ -15,7 +16,8 @@ constexpr INT kReach = 10; // pixels that the pointer may move
 
 INT Dep_double_click_x = 0;
 INT Dep_double_click_y = 0;
-unsigned long TEMPO_CLIC = 200 * kMicrosecondsPerUnit;
+constexpr unsigned long kUsual = 200 * kMicrosecondsPerUnit;
+unsigned long TEMPO_CLIC = kUsual;
 
 uint64_t microseconds_now() {
     timeval now{};
@@ -41,6 +43,15 @@ grx::SecondClick second_click(const GRX_EVENEMENT& evt, uint64_t start) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_double_click() {
+    Dep_double_click_x = Dep_double_click_y = 0;
+    TEMPO_CLIC = kUsual;
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -12,6 +12,7 @@
 #include "session/loop_state.h"
 #include "session/loop.h"
 #include "session/nested_loop.h"
+#include "session/forget_session.h"
 #include "session/source_records.h"
 #include "session/sources.h"
 #include "session/wake_up.h"
@@ -154,6 +155,7 @@ INT take_event(GRX_EVENEMENT* evt, Handling handling, Added added) {
 
 INT digitise(GRX_EVENEMENT* evt, INT attente, Handling handling, Added added = Added::Taken) {
     if (x11_disp == nullptr) return deliver_nothing(evt);
+    const grx::InLoop inside;
     grx::lay_out_pending();
     grx_init_evenement(&evt_global);
     grx::forget_delivered_detail();
@@ -202,6 +204,11 @@ XEvent Memo_event{};
 
 bool poll_event(GRX_EVENEMENT& evt) {
     return digitise(&evt, 0, handle_any, Added::Left) != 0;
+}
+
+void forget_digitized() {
+    fenetre_a_digitaliser = GRX_AUCUN;
+    Memo_event = XEvent{};
 }
 
 } // namespace grx
@@ -258,6 +265,7 @@ INT grx_envoie_dernier_evenement_a_bouton(INT nobou) {
 }
 
 INT grx_gere_application(void) {
+    const grx::InLoop inside;
     if (contexte != nullptr && x11_disp != nullptr) XtAppMainLoop(contexte);
     return 0;
 }

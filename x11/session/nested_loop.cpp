@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "registry/window_table.h"
+#include "session/forget_session.h"
 #include "xt_fen_f.h"
 
 namespace grx {
@@ -24,6 +25,10 @@ WindowNumbers windows_in_use() {
 
 void note_untold_ends(const WindowNumbers& gone) {
     untold_ends |= gone;
+}
+
+void forget_untold_ends() {
+    untold_ends.reset();
 }
 
 INT take_untold_end() {

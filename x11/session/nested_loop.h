@@ -5,6 +5,7 @@
 
 #include <bitset>
 
+#include "events/queue.h"
 #include "xt_ent_t.h"
 #include "xt_ini_t.h"
 
@@ -26,6 +27,7 @@ INT take_untold_end();
 /// happened since concerned the dialog. Ends of windows are remembered, so that the application is told later.
 template <class Done>
 void run_until(Done done) {
+    const InLoop inside;
     const GRX_EVENEMENT pending = evt_global;
     const WindowNumbers before = windows_in_use();
     while (!done()) XtAppProcessEvent(contexte, XtIMAll); // one at a time: a timer may end the loop

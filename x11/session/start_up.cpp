@@ -16,11 +16,13 @@
 #include "display/identity.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
+#include "toolkit/forget_toolkit.h"
 #include "registry/alive.h"
 #include "registry/window_table.h"
 #include "menus/alive_menus.h"
 #include "windows/manners.h"
 #include "windows/shell_place.h"
+#include "session/forget_session.h"
 #include "grx_plus_application.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
@@ -31,6 +33,9 @@
 namespace {
 
 XmFontListEntry font_entry = nullptr;
+XmFontList own_fontlist = nullptr;
+Display* font_display = nullptr;
+CH40 loaded = "";
 
 const Widget kReservedWindow = reinterpret_cast<Widget>(-2L);
 
@@ -76,16 +81,14 @@ void tell_what_is_alive() {
 }
 
 void load_font() {
-    static Display* display = nullptr;
-    static CH40 loaded = "";
     CH40 name = "";
     grx_recup_font(name);
     if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns when the name is empty
-    if (fontlist != nullptr && display == x11_disp && std::strcmp(loaded, name) == 0) return;
-    display = x11_disp;
+    if (fontlist != nullptr && font_display == x11_disp && std::strcmp(loaded, name) == 0) return;
+    font_display = x11_disp;
     std::memcpy(loaded, name, sizeof loaded);
     font_entry = XmFontListEntryLoad(x11_disp, name, XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
-    fontlist = XmFontListAppendEntry(nullptr, font_entry);
+    fontlist = own_fontlist = XmFontListAppendEntry(nullptr, font_entry);
     if (font_entry == nullptr) return;
     XmFontType kind = XmFONT_IS_FONT;
     XtPointer font = XmFontListEntryGetFont(font_entry, &kind);
@@ -124,6 +127,20 @@ bool open_as_asked() {
 
 } // namespace
 
+namespace grx {
+
+void forget_font() {
+    if (own_fontlist != nullptr) XmFontListFree(own_fontlist);
+    if (font_entry != nullptr) XmFontListEntryFree(&font_entry);
+    fontlist = own_fontlist = nullptr;
+    font_entry = nullptr;
+    fontstruct = nullptr; // the toolkit's
+    font_display = nullptr;
+    std::memset(loaded, 0, sizeof loaded);
+}
+
+} // namespace grx
+
 extern "C" {
 
 INT grx_init_application(void) {
@@ -135,6 +152,7 @@ INT grx_init_application(void) {
     tell_what_is_alive();
     intern_names_at_once();
     turn_off_drag_and_drop();
+    grx::renew_display_in_toolkit();
     keep_display_object();
     grx::watch_places_of_shells(x11_disp);
     grx::begin_manners();

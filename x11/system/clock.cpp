@@ -8,6 +8,7 @@
 
 #include "pure/calendar.h"
 #include "pure/out.h"
+#include "system/forget_system.h"
 #include "xt_uti_f.h"
 
 namespace {
@@ -31,6 +32,14 @@ void call_alarm_function(int) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_alarm() {
+    if (alarm_function.exchange(nullptr) != nullptr) alarm(0);
+}
+
+} // namespace grx
 
 extern "C" {
 

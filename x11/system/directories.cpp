@@ -4,10 +4,12 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "pure/number.h"
 #include "pure/text.h"
 #include "system/block.h"
+#include "system/forget_system.h"
 #include "host_f.h"
 #include "xt_dir_f.h"
 #include "xt_err_f.h"
@@ -69,6 +71,14 @@ INT path_of_variable(char* path) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_directories() {
+    std::fill(std::begin(adr_icones), std::end(adr_icones), '\0');
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -11,6 +11,7 @@
 #include "pure/out.h"
 #include "pure/text.h"
 #include "system/block.h"
+#include "system/forget_system.h"
 #include "host_f.h"
 #include "xt_dir_f.h"
 
@@ -55,6 +56,17 @@ mode_t remembered_mask = 0;
 bool has_remembered_mask = false;
 
 } // namespace
+
+namespace grx {
+
+void forget_listing() {
+    ferme_sysdir();
+    filter.fill('\0');
+    remembered_mask = 0;
+    has_remembered_mask = false;
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "pure/text.h"
+#include "system/forget_system.h"
 #include "xt_ini_f.h"
 
 namespace {
@@ -53,6 +54,14 @@ INT set(INT& setting, INT value) {
 }
 
 } // namespace
+
+namespace grx {
+
+void forget_settings() {
+    settings = Settings{};
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -5,13 +5,19 @@
 #include <Xm/Xm.h>
 
 #include "toolkit/args.h"
+#include "toolkit/forget_toolkit.h"
 #include "toolkit/look.h"
 #include "xt_ini_t.h"
 
 namespace grx {
 
+namespace {
+
+Widget shell = nullptr;
+
+} // namespace
+
 Widget hidden_shell() {
-    static Widget shell = nullptr;
     if (shell != nullptr) return shell;
     Args args;
     args.set(XmNwidth, 1).set(XmNheight, 1).set(XmNmappedWhenManaged, False);
@@ -19,6 +25,10 @@ Widget hidden_shell() {
     shell = XtAppCreateShell("hidden", "Hidden", topLevelShellWidgetClass, x11_disp, args.list(), args.count());
     XtRealizeWidget(shell);
     return shell;
+}
+
+void forget_hidden_shell() {
+    shell = nullptr; // destroyed with all others
 }
 
 } // namespace grx

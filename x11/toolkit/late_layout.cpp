@@ -13,6 +13,8 @@
 #include <cstring>
 #include <span>
 
+#include "toolkit/forget_toolkit.h"
+
 namespace grx {
 
 bool is_form(Widget container) {
@@ -31,6 +33,7 @@ class PendingLayouts {
     }
     void lay_out(Widget container);
     void lay_out_all();
+    void forget_all();
 
   private:
     static void on_timer(XtPointer, XtIntervalId*);
@@ -224,11 +227,21 @@ void PendingLayouts::lay_out(Widget container) {
 
 void PendingLayouts::lay_out_all() {
     while (count_ > 0) lay_out(containers_[count_ - 1]);
+    forget_all();
+}
+
+void PendingLayouts::forget_all() {
     if (timer_ != 0) XtRemoveTimeOut(timer_);
     timer_ = 0;
+    count_ = 0;
+    containers_.fill(nullptr);
 }
 
 } // namespace
+
+void forget_layouts() {
+    pending_layouts.forget_all();
+}
 
 void lay_out_pending() {
     pending_layouts.lay_out_all();

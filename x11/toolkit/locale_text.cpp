@@ -6,6 +6,8 @@
 #include <cstring>
 #include <cwchar>
 
+#include "toolkit/forget_toolkit.h"
+
 namespace grx {
 
 namespace {
@@ -33,6 +35,10 @@ LocaleText::LocaleText(const char* text) : text_(text != nullptr ? text : "") {
     if (valid_in_locale(text_)) return;
     application_is_latin1 = true;
     convert();
+}
+
+void forget_encoding() {
+    application_is_latin1 = false;
 }
 
 void LocaleText::convert() {

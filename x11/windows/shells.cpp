@@ -16,6 +16,7 @@
 #include "registry/window_table.h"
 #include "windows/placing.h"
 #include "windows/window_build.h"
+#include "windows/forget_windows.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -24,6 +25,8 @@ static_assert(grx::without::title == GRX_FEN_ATT_SANS_TITRE && grx::without::bor
               && grx::without::boxes == GRX_FEN_ATT_SANS_BOITES && grx::without::resizing == GRX_FEN_ATT_SANS_RESIZE
               && grx::without::maximising == GRX_FEN_ATT_SANS_MAXI
               && grx::without::minimising == GRX_FEN_ATT_SANS_MINI);
+
+Pixmap icon = None; // of minimised windows
 
 void set_decorations(grx::Args& args, INT attributes) {
     const auto masks = grx::decorations_for(attributes);
@@ -36,10 +39,7 @@ void set_decorations(grx::Args& args, INT attributes) {
 namespace grx {
 
 Pixmap minimised_icon() {
-    static Pixmap icon = None;
-    if (icon == None) {
-        icon = make_bitmap(iconif_bits, kIconSide);
-    }
+    if (icon == None) icon = make_bitmap(iconif_bits, kIconSide);
     return icon;
 }
 
@@ -60,6 +60,10 @@ void make_shell(WindowBuild& b) {
     }
     args.set(XmNiconPixmap, minimised_icon());
     b.shell = XtAppCreateShell(nullptr, "TopLevelShell", topLevelShellWidgetClass, x11_disp, args.list(), args.count());
+}
+
+void forget_minimised_icon() {
+    icon = None; // the server frees it with the connection
 }
 
 void make_main_window(WindowBuild& b, Widget container) {

@@ -20,6 +20,7 @@
 #include "registry/window_table.h"
 #include "menus/menu_keys.h"
 #include "windows/shell_place.h"
+#include "windows/forget_windows.h"
 #include "xt_ent_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -173,6 +174,10 @@ void key_over_part(Widget part, XtPointer, XEvent* event, Boolean* go_on) {
     key.xkey.x += x - work_x;
     key.xkey.y += y - work_y;
     on_key(*window_record(nofen), key, go_on);
+}
+
+void forget_held_button() {
+    held_in_window = 0;
 }
 
 } // namespace grx

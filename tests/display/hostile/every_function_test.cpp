@@ -5,6 +5,8 @@
 #include "tests/display/hostile/hostile_rows.h"
 #include "tests/support/stdout_capture.h"
 
+#include "grx_plus_session.h"
+
 #include <algorithm>
 #include <climits>
 #include <fstream>
@@ -177,6 +179,18 @@ TEST_F(Hostile, WithLiveWindows) {
     EXPECT_TRUE(without_windows_.empty()) << testing::PrintToString(without_windows_);
     windows_ = false;
     call_all(last_rows());
+}
+
+TEST_F(Hostile, AfterTheEnd) {
+    start();
+    windows_ = true;
+    call_all(own_rows());
+    windows_ = false;
+    ASSERT_EQ(grx_termine_application(), 1);
+    unsetenv("DISPLAY");
+    call_all(joined({plain_rows(), own_rows(), early_rows()}));
+    EXPECT_EQ(x11_disp, nullptr);
+    EXPECT_EQ(grx_termine_application(), 1);
 }
 
 TEST_F(Hostile, TheLibraryStillWorksAfterwards) {

@@ -1,0 +1,11 @@
+// What files of this room keep beyond the life of a window, brought back to what it is in a fresh process: for the end of
+// the library's work.
+#pragma once
+
+namespace grx {
+
+void forget_default_colours();
+void forget_encodings();
+void forget_pressed();
+
+} // namespace grx

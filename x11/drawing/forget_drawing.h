@@ -1,0 +1,10 @@
+// What files of this room keep beyond the life of a window, brought back to what it is in a fresh process: for the end of
+// the library's work.
+#pragma once
+
+namespace grx {
+
+void forget_shared_memory(); // lets it go
+void forget_control_pixmap();
+
+} // namespace grx
