@@ -22,11 +22,12 @@ build() {
     quiet cmake --preset "$1" && quiet cmake --build --preset "$1" -j "$jobs"
 }
 
-# run_tests PRESET [ctest arguments...]: ctest's own summary is the last thing printed.
+# run_tests PRESET [ctest arguments...]: ctest's own summary is the last thing printed. Tests wait for their servers, so one
+# more of them runs than there are processors.
 run_tests() {
     local preset=$1
     shift
-    ctest --preset "$preset" -j "$jobs" --no-label-summary --no-tests=error --output-on-failure "$@" |
+    ctest --preset "$preset" -j $((jobs + 1)) --no-label-summary --no-tests=error --output-on-failure "$@" |
         grep -vE '^ +Start +[0-9]+:|\.\.\. +Passed '
     return "${PIPESTATUS[0]}"
 }
