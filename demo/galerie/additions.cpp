@@ -153,7 +153,9 @@ INT ouvre_support(INT principale, INT x, INT y) {
     f.droite = 60;
     f.haut = 40;
     copie(f.titre, "-");
-    return grx_cree_fenetre(&f) == 0 ? f.nofen : -1;
+    if (grx_cree_fenetre(&f) != 0) return -1;
+    grx_attend_creation_fenetre(f.nofen); // or the box would not see where it is
+    return f.nofen;
 }
 
 // --- progress -------------------------------------------------------------------------------------------------------
@@ -220,9 +222,9 @@ void montre_menu(INT fenetre) {
 void montre_boites(INT principale) {
     for (INT i = 0; i < static_cast<INT>(kMessages.size()); ++i)
         montre_message(
-            ouvre_support(principale, 200 + i % 2 * 560, 760 - i / 2 * 250), kMessages[static_cast<std::size_t>(i)]);
-    montre_saisie(ouvre_support(principale, 200, 250), GRX_SAISIE_TEXTE);
-    montre_saisie(ouvre_support(principale, 760, 250), GRX_SAISIE_REEL);
+            ouvre_support(principale, 250 + i % 2 * 620, 800 - i / 2 * 280), kMessages[static_cast<std::size_t>(i)]);
+    montre_saisie(ouvre_support(principale, 250, 240), GRX_SAISIE_TEXTE);
+    montre_saisie(ouvre_support(principale, 870, 240), GRX_SAISIE_REEL);
 }
 
 void montre_travail(INT principale) {

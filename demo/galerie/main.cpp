@@ -2,6 +2,7 @@
 // controls and drawing, panels and dialogs, the strip and the palette (--dialogue: the editor and a file dialog), or the
 // colours by their indices (--couleurs). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
 #include "galerie.h"
+#include "grx_plus_evenements.h"
 
 #include <algorithm>
 #include <array>
@@ -172,9 +173,10 @@ int boucle(INT principale, Journal& journal) {
         if (grx_digitaliseur(&evenement, 1) == 0) continue;
         if (finit(evenement, principale)) return 0;
         grx_gere_action_modif_palette(evenement);
-        journal.note(evenement);
         const INT fonction = fonction_de(evenement);
-        if (action_additions(principale, evenement)) continue;
+        const bool pris = action_additions(principale, evenement);
+        if (evenement.type_evenement != GRX_EVT_MINUTERIE) journal.note(evenement);
+        if (pris) continue;
         if (!action_outil(principale, fonction)) action_fichiers(principale, fonction, journal);
     }
 }
