@@ -35,7 +35,7 @@ bool Carnet::peut_partir(INT mere) {
     grx_init_boite_message(&question);
     question.genre = GRX_BOITE_QUESTION;
     question.nofen_mere = mere;
-    question.titre = "atelier";
+    question.titre = "Quitter le plan";
     question.texte = texte.c_str();
     question.nb_boutons = kAnnuler;
     question.boutons[0] = "&Enregistrer";

@@ -29,7 +29,8 @@ class Visite {
             {"ouvrir un plan", &Visite::ouvrir}, {"liste des pieces dans l'editeur", &Visite::editeur},
             {"couleur d'une couche", &Visite::couleurs_de_couche}, {"trace", &Visite::trace},
             {"bande d'information", &Visite::bande}, {"titre et bord", &Visite::decorations},
-            {"fermeture par le gestionnaire", &Visite::fermeture}};
+            {"bulle et aide", &Visite::aide}, {"note par le menu de la feuille", &Visite::note},
+            {"notes pas enregistrees", &Visite::question}, {"fermeture par le gestionnaire", &Visite::fermeture}};
         for (const Etape& e : kEtapes) etape(e);
     }
 
@@ -541,6 +542,68 @@ class Visite {
     void decorations() {
         decoration(XK_F11, {kBord, kBord}, "33-sans-titre");
         decoration(XK_F12, {kBordSansResize, kBordSansResize + kTitre}, "34-sans-bord");
+    }
+
+    // The pointer rests on a tool: a tip comes, and goes with it; F1 says the same in a window.
+    void aide() {
+        const Cadre c = ecran_.place(fenetre_);
+        const int x = c.x + kIconePlus, y = c.y + kBarre + kIcones;
+        const Cadre dessous{x, y + kIcones, kOutils / 2, kIcones};
+        prend_clavier();
+        const Image avant = ecran_.image(dessous);
+        ecran_.va(x, y);
+        attend("la bulle", [&] { return ecran_.image(dessous) != avant; });
+        photo("35-bulle");
+        ecran_.touche(XK_F1);
+        panneau(kTitreAide);
+        photo("36-aide");
+        ecran_.touche(XK_Return);
+        attend("la fin de l'aide", [&] { return cherche(ecran_.racine(), kTitreAide) == None; });
+    }
+
+    // The menu at the pointer, its first entry, and a prompt; the note shows where the menu was opened.
+    void note() {
+        const Cadre c = feuille();
+        const int x = c.x + c.largeur / 2, y = c.y + c.hauteur / 2;
+        prend_clavier();
+        const Cadre autour{x - kEntree, y - kEntree, kGlissee, 2 * kEntree};
+        const Image avant = ecran_.image(autour);
+        ecran_.va(x, y);
+        ecran_.clic(3);
+        attend("le menu de la feuille", [&] { return ecran_.image(autour) != avant; });
+        photo("37-menu-de-la-feuille");
+        ecran_.touche(XK_Return);
+        panneau(kTitreNote);
+        tape("fissure");
+        photo("38-note");
+        ecran_.touche(XK_Return);
+        attend(
+            "la note", [&] { return cherche(ecran_.racine(), kTitreNote) == None && ecran_.image(autour) != avant; });
+        photo("39-note-posee");
+    }
+
+    // The close box asks first: given up, the window stays; then the notes are saved.
+    void question() {
+        prend_clavier();
+        ecran_.touche(XK_F4, XK_Alt_L);
+        panneau(kTitreQuitter);
+        photo("40-question");
+        ecran_.touche(XK_Escape);
+        attend("la fin de la question", [&] { return cherche(ecran_.racine(), kTitreQuitter) == None; });
+        attend("la fenetre", [&] { return ecran_.visible(fenetre_); });
+        if (!premiere_ligne(notes_ecrites()).empty()) throw Echec("les notes sont ecrites sans qu'on l'ait demande");
+        ouvre_fichier_notes();
+        attend("les notes dans leur fichier",
+            [&] { return premiere_ligne(notes_ecrites()).find("fissure") != std::string::npos; });
+    }
+
+    std::filesystem::path notes_ecrites() const { return plans_ / "maison.notes"; }
+
+    void ouvre_fichier_notes() {
+        prend_clavier();
+        ecran_.touche(XK_f, XK_Alt_L);
+        calme();
+        ecran_.touche(XK_s);
     }
 
     // With the strip and the palette open: they go with it.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "display/pixmaps.h"
@@ -45,10 +46,34 @@ Pixel pixel_of(INT colour) {
     return static_cast<Pixel>(grx_recup_couleur(colour));
 }
 
+// 0 black to 255 white.
+INT brightness(INT colour) {
+    const INT* const rgb = palette_reserve[colour];
+    return (30 * rgb[GRX_ROUGE] + 59 * rgb[GRX_VERT] + 11 * rgb[GRX_BLEU]) / 100;
+}
+
+struct Colours {
+    INT text = kText;
+    INT background = kBackground;
+};
+
+// Those of the library; in an application that has made others of them and of which the text could not be read, its
+// darkest on its brightest.
+Colours colours() {
+    constexpr INT readable = 110;
+    Colours chosen;
+    if (std::abs(brightness(kText) - brightness(kBackground)) >= readable) return chosen;
+    for (INT colour = 0; colour < GRX_NB_COULEURS_RESERVE; ++colour) {
+        if (brightness(colour) < brightness(chosen.text)) chosen.text = colour;
+        if (brightness(colour) > brightness(chosen.background)) chosen.background = colour;
+    }
+    return chosen;
+}
+
 // The colours of its shadows, of which it shows none, would else be asked of the server.
 Widget make_label(Widget parent) {
     constexpr int margin = 3;
-    const Pixel text = pixel_of(kText), background = pixel_of(kBackground);
+    const Pixel text = pixel_of(colours().text), background = pixel_of(colours().background);
     Args args;
     args.set(XmNfontList, fontlist).set(XmNalignment, XmALIGNMENT_BEGINNING);
     args.set(XmNmarginWidth, margin).set(XmNmarginHeight, margin).set(XmNhighlightThickness, 0);
@@ -70,8 +95,8 @@ void make_window() {
     if (shell != nullptr) return;
     at_shut_down(forget_window);
     Args args;
-    args.set(XmNallowShellResize, True).set(XmNborderWidth, kBorder).set(XmNborderColor, pixel_of(kText));
-    args.set(XmNbackground, pixel_of(kBackground)).set(XmNsaveUnder, True).set(XmNwidth, 1).set(XmNheight, 1);
+    args.set(XmNallowShellResize, True).set(XmNborderWidth, kBorder).set(XmNborderColor, pixel_of(colours().text));
+    args.set(XmNbackground, pixel_of(colours().background)).set(XmNsaveUnder, True).set(XmNwidth, 1).set(XmNheight, 1);
     set_screen(args);
     shell = XtCreatePopupShell("bulle", overrideShellWidgetClass, hidden_shell(), args.list(), args.count());
     label = make_label(shell);

@@ -290,6 +290,32 @@ class Managed : public Fixture {
     }
 };
 
+// An application may set the reserved colours as it likes: these are a dark sheet with light texts.
+class TipsOfOtherColoursTest : public TipsTest {
+    void before_start() override {
+        TipsTest::before_start();
+        constexpr INT sheet[] = {22, 27, 34}, light[] = {245, 245, 245}, grey[] = {225, 228, 232};
+        for (INT colour = 0; colour < GRX_NB_COULEURS_RESERVE; ++colour)
+            std::copy_n(colour == 0 ? sheet : colour == 1 ? light : grey, 3, palette_reserve[colour]);
+    }
+};
+
+TEST_F(TipsOfOtherColoursTest, CanBeReadAllTheSame) {
+    const INT button = control(GRX_BOU_SIMPLE, 20);
+    grx_affecte_delais_bulles(30, 0);
+    grx_affecte_bulle(button, "Text");
+    point_at(button);
+    ASSERT_TRUE(comes("Text"));
+    Pixel text = 0, background = 0;
+    XtVaGetValues(children_of(XtWindowToWidget(x11_disp, tip())).at(0), XmNforeground, &text, XmNbackground,
+        &background, nullptr);
+    XColor drawn[2] = {};
+    drawn[0].pixel = text;
+    drawn[1].pixel = background;
+    XQueryColors(x11_disp, x11_cmap, drawn, 2);
+    EXPECT_LT(drawn[0].green + 100 * 256, drawn[1].green);
+}
+
 class TipsWmTest : public Managed<WmTest> {};
 
 TEST_F(TipsWmTest, ATipIsNobodysBusiness) {
