@@ -82,7 +82,8 @@ GRX_API INT grx_init_identite(GRX_IDENTITE* identite);
  * manager sees, those of the library's own dialogs too, gets before it is shown:
  * - class and name (WM_CLASS), process and machine, its titles in UTF-8 beside the old ones, also when they
  *   change later (texts that are not UTF-8 are read as Latin-1);
- * - an answer to the manager's question whether the application still lives, given by the loop;
+ * - an answer to the manager's question whether the application still lives, given by the loop, and by
+ *   grx_avancement_avance while the work's window is on show;
  * - a kind: GRX_GENRE_NORMALE without parent, GRX_GENRE_DIALOGUE with one and for messages,
  *   GRX_GENRE_UTILITAIRE for menu windows with a parent;
  * - the window that it belongs to, when it has a parent;

@@ -148,7 +148,8 @@ GRX_API INT grx_detruit_boite(INT numero);
  * from their backing pictures. It delivers nothing: events of the application stay where they are for
  * grx_digitaliseur afterwards, each once, except that presses of keys and mouse buttons in other windows, their
  * releases, and movements of the pointer are dropped while the window is on show, as before a modal dialog. What was
- * typed or clicked before it came is kept. */
+ * typed or clicked before it came is kept. The loop may run between two calls, as for work done in idle turns
+ * (grx_cree_tache_oisive): timers, idle works and requests to close windows are told then as ever. */
 
 /* Begins work. Within work that has begun already it is a part of that: its text comes on a second line, its
  * progress moves the bar within `part`, and only abandon, texte, maximum and part are read; it can be cancelled

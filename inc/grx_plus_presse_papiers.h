@@ -133,7 +133,7 @@ GRX_API INT grx_affecte_suivi_presse_papiers(INT actif);
  * The field or list that has the keyboard has these keys before an entry of the menus with the same key,
  * and the application gets no record of the key; in every other place they are the menu's, or the
  * application's, as ever. Fields and lists are those of buttons, panels, the information strip, the
- * selection panel and the file dialogs. Windows of text and the editor keep their own keys. */
+ * selection panel, prompts and the file dialogs. Windows of text and the editor keep their own keys. */
 
 /* Switches these keys on (actif not 0) or off, for all fields and lists there are and will be. At first
  * they are off. Gives 1, or GRX_ECHEC_AFFICHAGE.

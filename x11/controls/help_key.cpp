@@ -12,6 +12,7 @@
 #include "grx_plus_aide.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_evenements.h"
+#include "grx_plus_menus.h"
 #include "menus/armed_entry.h"
 #include "menus/menu_widgets.h"
 #include "menus/posted_menu.h"
@@ -64,8 +65,10 @@ INT function_of(INT nobou) {
 
 void ask_about_menu() {
     const INT no_fo = grx::armed_entry();
-    const INT nofen = grx_recup_nofen_principale();
+    const INT context = grx_recup_fenetre_menu_contextuel();
+    const INT nofen = context != GRX_AUCUN ? context : grx_recup_nofen_principale();
     const grx::Detail detail = place_in(nofen, grx::pointer_alone());
+    grx_ferme_menu_contextuel();
     grx::close_menus(grx::menu_bar());
     grx::post_added(help_record(nofen, GRX_AUCUN, no_fo), detail);
 }
@@ -79,7 +82,7 @@ void ask_about_pointer(const XKeyEvent& event) {
 bool on_press(const XKeyEvent& event, bool of_entry) {
     const bool asked = (sources & GRX_AIDE_TOUCHE) != 0 && !of_entry && is_help_key(event);
     if (!asked) return false;
-    if (grx::menu_bar() != nullptr && grx::has_open_menu(grx::menu_bar()))
+    if (grx::open_context_menu() != nullptr || grx::has_open_menu(grx::menu_bar()))
         ask_about_menu();
     else
         ask_about_pointer(event);

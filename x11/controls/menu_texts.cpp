@@ -16,6 +16,7 @@
 #include "grx_plus_aide.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_evenements.h"
+#include "grx_plus_menus.h"
 #include "menus/armed_entry.h"
 #include "pure/text.h"
 #include "system/never_destroyed.h"
@@ -45,6 +46,7 @@ grx::Block<Entry>& entries = lasting_entries.value; // in no order; without text
 Field strip;
 Field chosen;
 bool told = false;
+INT told_window = GRX_AUCUN; // of the menu whose entry was told of last
 
 // What stands in the field while no entry is highlighted, and what is shown instead: compound strings of a label, texts
 // of a field.
@@ -123,11 +125,19 @@ Entry* entry_of(INT no_fo) {
     return nullptr;
 }
 
+// A context menu may have closed by the time at which its entry is no longer highlighted.
+INT window_of_menu(INT no_fo) {
+    if (no_fo == GRX_AUCUN && told_window != GRX_AUCUN) return told_window;
+    const INT context = grx_recup_fenetre_menu_contextuel();
+    return context != GRX_AUCUN ? context : grx_recup_nofen_principale();
+}
+
 void tell(INT no_fo, const char* text) {
+    told_window = window_of_menu(no_fo);
     GRX_EVENEMENT record{};
     GRX_EXEC_FONCTION& member = record.exec_fonction;
     member.type_evenement = GRX_EVT_AIDE;
-    member.nofen = grx_recup_nofen_principale();
+    member.nofen = told_window;
     member.nobou = GRX_AUCUN;
     member.no_fo = no_fo;
     member.valeur = GRX_AIDE_MENU;
@@ -148,6 +158,7 @@ void forget_texts() {
     entries.reset();
     strip = chosen = {};
     told = false;
+    told_window = GRX_AUCUN;
     grx::watch_armed_entry(nullptr);
 }
 

@@ -1,5 +1,7 @@
 // Tips of controls: when the pointer rests on one, sensitive or not, its text is shown. The toolkit gives insensitive
 // widgets no event, so crossings are seen before it dispatches them.
+#include "controls/tips.h"
+
 #include <X11/Intrinsic.h>
 #include <Xm/Xm.h>
 
@@ -23,6 +25,7 @@
 #include "system/table.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
+#include "toolkit/modality.h"
 #include "xt_bou_f.h"
 #include "xt_ini_t.h"
 
@@ -90,8 +93,10 @@ void leave() {
     hover.nobou = GRX_AUCUN;
 }
 
-bool menu_is_open() {
-    return grx::menu_bar() != nullptr && grx::has_open_menu(grx::menu_bar());
+// Whether the user can do something with the control that the tip is of.
+bool is_out_of_reach() {
+    if (grx::open_context_menu() != nullptr || grx::has_open_menu(grx::menu_bar())) return true;
+    return !grx::is_within_reach(tip_of(hover.nobou)->widget);
 }
 
 void show(const grx::UnderPointer& at) {
@@ -107,7 +112,7 @@ bool passed(INT ms) {
 // Looks whether the pointer rests; false when there is nothing more to look for.
 bool look_before() {
     const grx::UnderPointer at = grx::pointer_alone();
-    if ((at.state & kMouseButtons) != 0 || menu_is_open()) return false;
+    if ((at.state & kMouseButtons) != 0 || is_out_of_reach()) return false;
     if (at.x != hover.x || at.y != hover.y) {
         hover.x = at.x;
         hover.y = at.y;
@@ -122,7 +127,7 @@ bool look_before() {
 
 // Leaving may pass unseen, as when the window goes or another comes over it.
 bool look_after() {
-    const bool over = time_shown > 0 && passed(time_shown);
+    const bool over = (time_shown > 0 && passed(time_shown)) || is_out_of_reach();
     if (!over && grx::under_pointer().nobou == hover.nobou) return true;
     hide();
     return false;
@@ -184,19 +189,13 @@ Boolean on_leave(XEvent* event) {
     return dispatch_leave(event);
 }
 
-// It does not come again before the pointer has left the control.
-void end_tip() {
-    stop_looking();
-    hide();
-}
-
 bool on_key(const XKeyEvent&, bool) {
-    end_tip();
+    grx::end_tip();
     return false;
 }
 
 Boolean on_press(XEvent* event) {
-    end_tip();
+    grx::end_tip();
     return dispatch_press(event);
 }
 
@@ -268,6 +267,15 @@ INT or_default(INT ms, INT at_first) {
 }
 
 } // namespace
+
+namespace grx {
+
+void end_tip() {
+    stop_looking();
+    hide();
+}
+
+} // namespace grx
 
 extern "C" {
 

@@ -11,6 +11,7 @@
 #include "pure/text.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "controls/tips.h"
 #include "dialogs/box_place.h"
 #include "dialogs/progress_events.h"
 #include "dialogs/progress_window.h"
@@ -65,6 +66,7 @@ void cancel() {
 void show() {
     const grx::ProgressLook look{work.nofen, work.title.data(), work.cancel.data(), work.can_cancel[0], cancel};
     if (!work.window.show(look)) return;
+    grx::end_tip(); // its timer is not looked at
     work.texts_changed = true;
     work.events.begin(work.window.shell());
 }

@@ -6,9 +6,11 @@
 
 #include "drawing/attributes.h"
 #include "drawing/backing.h"
+#include "display/identity.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
+#include "windows/net_atoms.h"
 #include "xt_bou_f.h"
 #include "xt_ent_t.h"
 #include "xt_fen_f.h"
@@ -48,6 +50,12 @@ bool is_escape(const XEvent& event) {
 
 bool is_input(const XEvent& event) {
     return event.type >= KeyPress && event.type <= MotionNotify;
+}
+
+// The window manager asks whether the application lives. The atom is known by then: windows that may be asked have told.
+bool is_question_for_life(const XEvent& event) {
+    if (event.type != ClientMessage || event.xclient.format != 32 || !identity_declared()) return false;
+    return static_cast<Atom>(event.xclient.data.l[0]) == net_atom(NetAtom::ping);
 }
 
 // Keys, buttons and movements have their time at the same place.
@@ -110,7 +118,7 @@ ProgressEvents::Fate ProgressEvents::fate_of(const XEvent& event) const {
     Widget w = XtWindowToWidget(x11_disp, event.xany.window);
     if (w == nullptr || is_dying(w)) return Fate::Stays;
     if (is_escape(event) && is_new(time_of(event))) return Fate::Escape;
-    if (nearest_shell(w) == shell_) return Fate::Handled;
+    if (nearest_shell(w) == shell_ || is_question_for_life(event)) return Fate::Handled;
     if (is_input(event)) return fate_of_input(event);
     if (event.type != Expose) return Fate::Stays;
     if (redrawable_window(w) != GRX_AUCUN) return Fate::Redrawn;

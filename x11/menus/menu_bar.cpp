@@ -13,7 +13,6 @@
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
 #include "events/record.h"
-#include "menus/armed_entry.h"
 #include "menus/entry_states.h"
 #include "menus/menu_file.h"
 #include "menus/menu_keys.h"
@@ -62,7 +61,6 @@ Widget make_bar_entry(Widget parent, const grx::EntryText& text, INT nofo) {
     if (entry == nullptr) return nullptr;
     XtAddEventHandler(entry, ButtonPressMask, False, grx_menu_est_appuie, grx::as_client_data(nofo));
     grx::add_menu_key(entry, text.accelerator);
-    grx::follow_armed(entry, nofo);
     return entry;
 }
 

@@ -116,6 +116,10 @@ bool is_key_switched_off(const XKeyEvent& event) {
     return accelerators.is_of(event, grx::is_switched_off) && !accelerators.has(event) && menu_of(event) == nullptr;
 }
 
+bool is_of_entry(const XKeyEvent& event) {
+    return accelerators.has(event) || accelerators.is_of(event, grx::is_switched_off);
+}
+
 bool is_of_another_group(const XKeyEvent& event) {
     if (accelerators.is_of_another_group(event)) return true;
     return menu_with(event, grx::matches_somewhere) != nullptr && menu_with(event, grx::matches) == nullptr;
@@ -179,7 +183,7 @@ void follow_group(XKeyEvent& event) {
 Boolean on_key_press(XEvent* event) {
     if (forwarded.take(event->xkey)) return True;
     if (event->xkey.keycode == opening_key) opening_key = 0;
-    if (first_to_see != nullptr && first_to_see(event->xkey, accelerators.has(event->xkey))) return True;
+    if (first_to_see != nullptr && first_to_see(event->xkey, is_of_entry(event->xkey))) return True;
     is_kept(event->xkey);
     XEvent key = *event;
     follow_group(key.xkey);

@@ -19,8 +19,8 @@ void forget_menu_key(Widget entry); // of an entry that is destroyed
 void clear_menu_keys(
     Widget top); // all of them; null leaves the grabs: their window goes, or another bar stands in its place
 
-/// Shows every key press to `first` before anybody has it, and whether it is an entry's key; what it returns true for
-/// is taken. Null for nobody.
+/// Shows every key press to `first` before anybody has it, and whether it is an entry's key, sensitive or
+/// switched off; what it returns true for is taken. Null for nobody.
 void show_presses(bool (*first)(const XKeyEvent& event, bool of_entry));
 
 /// True when it chose an entry or opened a menu.

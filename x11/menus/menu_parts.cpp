@@ -14,6 +14,7 @@
 #include "toolkit/hidden_shell.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
+#include "menus/armed_entry.h"
 #include "menus/entry_states.h"
 #include "menus/forget_menus.h"
 #include "menus/mnemonics.h"
@@ -107,6 +108,7 @@ Widget make_entry(Widget parent, const EntryText& text, const char* translation,
     }
     XtAddCallback(entry, XmNactivateCallback, chosen, as_client_data(nofo));
     XtAddCallback(entry, XmNdestroyCallback, on_entry_death, as_client_data(place));
+    follow_armed(entry, nofo);
     return entry;
 }
 
