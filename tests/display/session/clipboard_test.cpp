@@ -2,7 +2,7 @@
 #include "tests/display/session/clipboard_kit.h"
 #include "tests/support/window_kit.h"
 
-#include "display/connection.h"
+#include "display/last_error.h"
 #include "system/shut_down.h"
 
 #include <chrono>
