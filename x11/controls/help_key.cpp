@@ -96,8 +96,7 @@ void forget_help() {
 extern "C" {
 
 INT grx_affecte_demande_aide(INT wanted) {
-    if ((wanted & ~(GRX_AIDE_TOUCHE | GRX_AIDE_MENU)) != 0)
-        return grx::refused(GRX_ECHEC_PARAMETRE, "sources", wanted);
+    if ((wanted & ~(GRX_AIDE_TOUCHE | GRX_AIDE_MENU)) != 0) return grx::refused(GRX_ECHEC_PARAMETRE, "sources", wanted);
     if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "sources", wanted);
     grx::at_shut_down(forget_help);
     sources = wanted;
