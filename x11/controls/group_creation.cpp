@@ -11,6 +11,7 @@
 #include "pure/axis.h"
 #include "pure/sized_record.h"
 #include "pure/text.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/look.h"
@@ -35,12 +36,14 @@ bool has_title(const GRX_GROUPE& group) {
 
 // 1, or why the group cannot be made.
 INT code_for(const GRX_GROUPE& group, Widget parent) {
-    if (group.nb < 1 || group.nb > GRX_GROUPE_MAX || group.textes == nullptr) return GRX_ECHEC_PARAMETRE;
-    if (group.choix < GRX_AUCUN || group.choix >= group.nb) return GRX_ECHEC_PARAMETRE;
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (parent == nullptr) return GRX_ECHEC_NUMERO;
-    if (!grx::can_hold_children(parent)) return GRX_ECHEC_GENRE;
-    return grx::has_free_control() ? 1 : GRX_ECHEC_PLEIN;
+    if (group.nb < 1 || group.nb > GRX_GROUPE_MAX) return grx::refused(GRX_ECHEC_PARAMETRE, "nb", group.nb);
+    if (group.textes == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "textes");
+    if (group.choix < GRX_AUCUN || group.choix >= group.nb)
+        return grx::refused(GRX_ECHEC_PARAMETRE, "choix", group.choix);
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "groupe");
+    if (parent == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nofen", group.nofen);
+    if (!grx::can_hold_children(parent)) return grx::refused(GRX_ECHEC_GENRE, "nofen", group.nofen);
+    return grx::has_free_control() ? 1 : grx::refused(GRX_ECHEC_PLEIN, "groupe");
 }
 
 // -- what happens to it
@@ -129,7 +132,7 @@ INT make_group(const GRX_GROUPE& group, Widget parent) {
 extern "C" {
 
 INT grx_init_groupe(GRX_GROUPE* groupe) {
-    if (groupe == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (groupe == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "groupe");
     *groupe = GRX_GROUPE{};
     groupe->taille = static_cast<INT>(sizeof *groupe);
     groupe->no_fo = GRX_AUCUN;
@@ -140,7 +143,7 @@ INT grx_init_groupe(GRX_GROUPE* groupe) {
 INT grx_cree_groupe(const GRX_GROUPE* groupe) {
     GRX_GROUPE group;
     grx_init_groupe(&group);
-    if (!grx::read_sized(groupe, group)) return GRX_ECHEC_PARAMETRE;
+    if (!grx::read_sized(groupe, group)) return grx::refused(GRX_ECHEC_PARAMETRE, "groupe");
     Widget parent = grx_recup_objet_fen(group.nofen);
     const INT code = code_for(group, parent);
     return code == 1 ? make_group(group, parent) : code;

@@ -20,6 +20,7 @@
 #include "registry/control_table.h"
 #include "registry/window_table.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_fen_f.h"
 #include "xt_ini_t.h"
 
@@ -98,8 +99,8 @@ void forget_help() {
 extern "C" {
 
 INT grx_affecte_demande_aide(INT wanted) {
-    if ((wanted & ~(GRX_AIDE_TOUCHE | GRX_AIDE_MENU)) != 0) return GRX_ECHEC_PARAMETRE;
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if ((wanted & ~(GRX_AIDE_TOUCHE | GRX_AIDE_MENU)) != 0) return grx::refused(GRX_ECHEC_PARAMETRE, "sources", wanted);
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "sources", wanted);
     grx::at_shut_down(forget_help);
     sources = wanted;
     if (wanted != 0) grx::watch_key_presses(on_press);

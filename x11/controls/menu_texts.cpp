@@ -21,6 +21,7 @@
 #include "pure/text.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "xt_bou_f.h"
@@ -195,7 +196,7 @@ void tell_armed_entries(bool tell) {
 extern "C" {
 
 INT grx_affecte_aide_menu(INT no_fo, const char* texte) {
-    if (no_fo < 0) return GRX_ECHEC_PARAMETRE;
+    if (no_fo < 0) return grx::refused(GRX_ECHEC_PARAMETRE, "no_fo", no_fo);
     Entry* entry = entry_of(no_fo);
     if (grx::view(texte).empty()) {
         if (entry != nullptr) entry->text.free();
@@ -210,9 +211,9 @@ INT grx_affecte_aide_menu(INT no_fo, const char* texte) {
 
 INT grx_affecte_bouton_aide_menu(INT nobou) {
     const Field field = field_of(nobou);
-    if (nobou != GRX_AUCUN && field.widget == nullptr) return GRX_ECHEC_NUMERO;
+    if (nobou != GRX_AUCUN && field.widget == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nobou", nobou);
     const bool fits = nobou == GRX_AUCUN || XmIsTextField(field.widget) || XtClass(field.widget) == xmLabelWidgetClass;
-    if (!fits) return GRX_ECHEC_GENRE;
+    if (!fits) return grx::refused(GRX_ECHEC_GENRE, "nobou", nobou);
     put_back();
     grx::at_shut_down(forget_texts);
     chosen = field;

@@ -23,6 +23,7 @@
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
 #include "system/table.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
 #include "toolkit/modality.h"
@@ -280,9 +281,9 @@ void end_tip() {
 extern "C" {
 
 INT grx_affecte_bulle(INT nobou, const char* texte) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "nobou", nobou);
     Widget w = grx_recup_objet_bout(nobou);
-    if (w == nullptr) return GRX_ECHEC_NUMERO;
+    if (w == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nobou", nobou);
     if (!grx::view(texte).empty()) return set_tip(nobou, w, texte);
     if (Tip* const tip = tip_of(nobou)) take_away(nobou, *tip);
     return 1;

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "system/block.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/widgets.h"
@@ -61,10 +62,10 @@ void note_choice(Widget box, INT choice) {
 }
 
 // 1 for a widget that can be what `can_be` says, else why not.
-INT code_for(Widget w, bool can_be) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (w == nullptr || grx::is_dying(w)) return GRX_ECHEC_NUMERO;
-    return can_be ? 1 : GRX_ECHEC_GENRE;
+INT code_for(INT nobou, Widget w, bool can_be) {
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "nobou", nobou);
+    if (w == nullptr || grx::is_dying(w)) return grx::refused(GRX_ECHEC_NUMERO, "nobou", nobou);
+    return can_be ? 1 : grx::refused(GRX_ECHEC_GENRE, "nobou", nobou);
 }
 
 // -- toggles and groups of the application
@@ -74,19 +75,19 @@ struct Found {
     INT code; // without a widget, why there is none
 };
 
-Found checked(Widget numbered, Widget found) {
-    const INT code = code_for(numbered, found != nullptr);
+Found checked(INT nobou, Widget numbered, Widget found) {
+    const INT code = code_for(nobou, numbered, found != nullptr);
     return {code == 1 ? found : nullptr, code};
 }
 
 Found find_toggle(INT nobou) {
     Widget w = grx_recup_objet_bout(nobou);
-    return checked(w, is_toggle(w) ? w : nullptr);
+    return checked(nobou, w, is_toggle(w) ? w : nullptr);
 }
 
 Found find_group(INT nobou) {
     Widget w = grx_recup_objet_bout(nobou);
-    return checked(w, grx::radio_box_of(w));
+    return checked(nobou, w, grx::radio_box_of(w));
 }
 
 INT set_toggle(Widget toggle, bool pressed) {
@@ -159,14 +160,14 @@ INT grx_recup_choix_groupe(INT nobou) {
 INT grx_affecte_choix_groupe(INT nobou, INT choix) {
     const Found box = find_group(nobou);
     if (box.widget == nullptr) return box.code;
-    return grx::choose_toggle(box.widget, choix) ? 1 : GRX_ECHEC_PARAMETRE;
+    return grx::choose_toggle(box.widget, choix) ? 1 : grx::refused(GRX_ECHEC_PARAMETRE, "choix", choix);
 }
 
 INT grx_desactive_choix_groupe(INT nobou, INT choix, INT bloquer) {
     const Found box = find_group(nobou);
     if (box.widget == nullptr) return box.code;
     Widget toggle = toggle_at(box.widget, choix);
-    if (toggle == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (toggle == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "choix", choix);
     XtSetSensitive(toggle, bloquer != 0 ? False : True);
     return 1;
 }

@@ -14,6 +14,7 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_evenements.h"
 #include "grx_plus_messages.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -66,13 +67,13 @@ bool build(grx::Box& box, const GRX_BOITE_MESSAGE& message, const grx::BoxParent
 
 // Makes and shows a message; gives its number or a code.
 INT show(const GRX_BOITE_MESSAGE* given, grx::Box*& box) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "boite");
     GRX_BOITE_MESSAGE message{};
-    if (!grx::read_sized(given, message) || !is_usable(message)) return GRX_ECHEC_PARAMETRE;
+    if (!grx::read_sized(given, message) || !is_usable(message)) return grx::refused(GRX_ECHEC_PARAMETRE, "boite");
     const auto parent = grx::box_parent(message.nofen_mere);
-    if (!parent) return GRX_ECHEC_NUMERO;
+    if (!parent) return grx::refused(GRX_ECHEC_NUMERO, "nofen_mere", message.nofen_mere);
     box = grx::take_box();
-    if (box == nullptr) return GRX_ECHEC_PLEIN;
+    if (box == nullptr) return grx::refused(GRX_ECHEC_PLEIN, "boite");
     if (build(*box, message, *parent)) return box->number;
     grx::remove_box(*box);
     return GRX_ECHEC_MEMOIRE;
@@ -102,7 +103,7 @@ bool is_answer_of(const GRX_EVENEMENT& record, const void* what) {
 extern "C" {
 
 INT grx_init_boite_message(GRX_BOITE_MESSAGE* boite) {
-    if (boite == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (boite == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "boite");
     *boite = GRX_BOITE_MESSAGE{};
     boite->taille = static_cast<INT>(sizeof *boite);
     boite->nofen_mere = GRX_AUCUN;
@@ -130,6 +131,6 @@ INT grx_detruit_boite(INT numero) {
         grx::remove_box(*box);
         found = true;
     }
-    return found ? 1 : GRX_ECHEC_NUMERO;
+    return found ? 1 : grx::refused(GRX_ECHEC_NUMERO, "numero", numero);
 }
 }

@@ -17,6 +17,7 @@
 #include "dialogs/progress_window.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_messages.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -115,7 +116,7 @@ extern "C" {
 
 INT grx_init_avancement(GRX_AVANCEMENT* avancement) {
     constexpr INT half_a_second = 500;
-    if (avancement == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (avancement == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "avancement");
     *avancement = GRX_AVANCEMENT{};
     avancement->taille = static_cast<INT>(sizeof *avancement);
     avancement->nofen_mere = GRX_AUCUN;
@@ -125,11 +126,12 @@ INT grx_init_avancement(GRX_AVANCEMENT* avancement) {
 }
 
 INT grx_avancement_commence(const GRX_AVANCEMENT* avancement) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "avancement");
     GRX_AVANCEMENT told{};
-    if (!grx::read_sized(avancement, told)) return GRX_ECHEC_PARAMETRE;
-    if (work.stack.empty() && !grx::can_be_parent(told.nofen_mere)) return GRX_ECHEC_NUMERO;
-    if (work.stack.full()) return GRX_ECHEC_PLEIN;
+    if (!grx::read_sized(avancement, told)) return grx::refused(GRX_ECHEC_PARAMETRE, "avancement");
+    if (work.stack.empty() && !grx::can_be_parent(told.nofen_mere))
+        return grx::refused(GRX_ECHEC_NUMERO, "nofen_mere", told.nofen_mere);
+    if (work.stack.full()) return grx::refused(GRX_ECHEC_PLEIN, "avancement");
     grx::at_shut_down(forget_work);
     begin(told);
     return 1;

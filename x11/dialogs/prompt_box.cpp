@@ -17,6 +17,7 @@
 #include "pure/sized_record.h"
 #include "pure/text.h"
 #include "pure/typed_number.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"
@@ -237,13 +238,13 @@ bool build(grx::Box& box, const GRX_BOITE_SAISIE& asked, const grx::BoxParent& p
 }
 
 INT show(const GRX_BOITE_SAISIE* given, grx::Box*& box) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "boite");
     GRX_BOITE_SAISIE asked{};
-    if (!grx::read_sized(given, asked) || !is_usable(asked)) return GRX_ECHEC_PARAMETRE;
+    if (!grx::read_sized(given, asked) || !is_usable(asked)) return grx::refused(GRX_ECHEC_PARAMETRE, "boite");
     const auto parent = grx::box_parent(asked.nofen_mere);
-    if (!parent) return GRX_ECHEC_NUMERO;
+    if (!parent) return grx::refused(GRX_ECHEC_NUMERO, "nofen_mere", asked.nofen_mere);
     box = grx::take_box();
-    if (box == nullptr) return GRX_ECHEC_PLEIN;
+    if (box == nullptr) return grx::refused(GRX_ECHEC_PLEIN, "boite");
     if (build(*box, asked, *parent)) return box->number;
     grx::remove_box(*box);
     return GRX_ECHEC_MEMOIRE;
@@ -254,7 +255,7 @@ INT show(const GRX_BOITE_SAISIE* given, grx::Box*& box) {
 extern "C" {
 
 INT grx_init_boite_saisie(GRX_BOITE_SAISIE* boite) {
-    if (boite == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (boite == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "boite");
     *boite = GRX_BOITE_SAISIE{};
     boite->taille = static_cast<INT>(sizeof *boite);
     boite->nofen_mere = GRX_AUCUN;

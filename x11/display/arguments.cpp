@@ -16,6 +16,7 @@
 #include "system/block.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -147,9 +148,9 @@ void note_program(const char* path) {
     grx::copy_text(given.value.program, whole.substr(whole.rfind('/') + 1));
 }
 
-INT refuse(INT code) {
+INT refuse(INT code, const char* argument) {
     grx::copy_text(given.value.refusal, code == GRX_ECHEC_OCCUPE ? "the library is started" : "no arguments");
-    return code;
+    return grx::refused(code, argument);
 }
 
 } // namespace
@@ -178,12 +179,12 @@ extern "C" {
 
 INT grx_arguments(INT* argc, char** argv) {
     grx::at_shut_down(forget_arguments);
-    if (argc == nullptr || argv == nullptr || *argc < 0) return refuse(GRX_ECHEC_PARAMETRE);
-    if (x11_disp != nullptr) return refuse(GRX_ECHEC_OCCUPE);
+    if (argc == nullptr || argv == nullptr || *argc < 0) return refuse(GRX_ECHEC_PARAMETRE, "argc, argv");
+    if (x11_disp != nullptr) return refuse(GRX_ECHEC_OCCUPE, "argv");
     given.value.refusal[0] = '\0';
     const INT count = real_count(*argc, argv);
     const int64_t more = look_at(count, argv);
-    if (more < 0) return GRX_ECHEC_FORMAT;
+    if (more < 0) return grx::refused(GRX_ECHEC_FORMAT, "argv");
     const std::size_t before = given.value.resources.size();
     if (more > 0 && !given.value.resources.resize(before + static_cast<std::size_t>(more))) {
         grx::copy_text(given.value.refusal, "no memory");
@@ -201,7 +202,7 @@ INT grx_recup_texte_arguments(char* texte, INT taille) {
 }
 
 INT grx_recup_argument(INT quel, char* texte, INT taille) {
-    if (quel < GRX_ARG_DISPLAY || quel > GRX_ARG_TITLE) return GRX_ECHEC_PARAMETRE;
+    if (quel < GRX_ARG_DISPLAY || quel > GRX_ARG_TITLE) return grx::refused(GRX_ECHEC_PARAMETRE, "quel", quel);
     const char* const text = grx::given_argument(quel);
     if (text == nullptr) return GRX_ECHEC_ABSENT;
     return grx::give_text(text, texte, taille);

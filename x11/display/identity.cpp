@@ -10,6 +10,7 @@
 #include "pure/text.h"
 #include "pure/text_out.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -71,7 +72,7 @@ bool keeps_to_work_area() {
 extern "C" {
 
 INT grx_init_identite(GRX_IDENTITE* identite) {
-    if (identite == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (identite == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "identite");
     *identite = GRX_IDENTITE{};
     identite->taille = sizeof(GRX_IDENTITE);
     identite->zone = 1;
@@ -80,9 +81,10 @@ INT grx_init_identite(GRX_IDENTITE* identite) {
 
 INT grx_affecte_identite(const GRX_IDENTITE* identite) {
     GRX_IDENTITE given{};
-    if (!grx::read_sized(identite, given)) return GRX_ECHEC_PARAMETRE;
-    if (!fits(given.nom) || !fits(given.classe)) return GRX_ECHEC_PARAMETRE;
-    if (x11_disp != nullptr) return GRX_ECHEC_OCCUPE;
+    if (!grx::read_sized(identite, given)) return grx::refused(GRX_ECHEC_PARAMETRE, "identite");
+    if (!fits(given.nom)) return grx::refused(GRX_ECHEC_PARAMETRE, "nom");
+    if (!fits(given.classe)) return grx::refused(GRX_ECHEC_PARAMETRE, "classe");
+    if (x11_disp != nullptr) return grx::refused(GRX_ECHEC_OCCUPE, "identite");
     identity.declared = true;
     identity.keeps_to_work_area = given.zone != 0;
     grx::copy_text(identity.name, grx::view(given.nom));

@@ -11,6 +11,7 @@
 #include "grx_plus_erreurs.h"
 #include "pure/sized_record.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 #include "xt_loc_f.h"
 
@@ -122,7 +123,7 @@ void drop_added(bool (*drop)(const GRX_EVENEMENT& record, const void* what), con
 extern "C" {
 
 INT grx_init_detail_evenement(GRX_DETAIL_EVENEMENT* detail) {
-    if (detail == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (detail == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "detail");
     *detail = GRX_DETAIL_EVENEMENT{};
     detail->taille = static_cast<INT>(sizeof *detail);
     return 1;
@@ -131,7 +132,7 @@ INT grx_init_detail_evenement(GRX_DETAIL_EVENEMENT* detail) {
 INT grx_recup_detail_evenement(GRX_DETAIL_EVENEMENT* detail) {
     const GRX_DETAIL_EVENEMENT none{};
     if (!grx::write_sized(detail, grx::delivered != nullptr ? grx::delivered->detail : none))
-        return GRX_ECHEC_PARAMETRE;
+        return grx::refused(GRX_ECHEC_PARAMETRE, "detail");
     return grx::delivered != nullptr ? 1 : GRX_ECHEC_ABSENT;
 }
 

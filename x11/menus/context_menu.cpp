@@ -18,6 +18,7 @@
 #include "system/shut_down.h"
 #include "display/pixmaps.h"
 #include "display/screen.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
@@ -217,7 +218,9 @@ using Point = std::optional<RootPoint>; // nothing: where the pointer is
 
 INT open_filled(INT nofen, Widget menu, grx::MenuZone& zone, const Point& point) {
     const auto entries = fill(menu, zone);
-    if (!entries) return GRX_ECHEC_NUMERO; // the application has ended the window in f_mess_menu_lire
+    if (!entries)
+        return grx::refused(
+            GRX_ECHEC_NUMERO, "nofen", nofen); // the application has ended the window in f_mess_menu_lire
     holder = nofen;
     if (*entries > 0 && post(menu, point ? *point : pointer_point())) {
         grx::held_in_window = 0;
@@ -229,11 +232,11 @@ INT open_filled(INT nofen, Widget menu, grx::MenuZone& zone, const Point& point)
 }
 
 INT refusal(INT nofen, const char* zone) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (grx::window_widget(nofen) == nullptr) return GRX_ECHEC_NUMERO;
-    if (filling != nullptr) return GRX_ECHEC_OCCUPE;
-    if (grx::trimmed(grx::view(zone)).empty()) return GRX_ECHEC_PARAMETRE;
-    return is_shown(grx::window_widget(nofen)) ? 1 : GRX_ECHEC_GENRE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "nofen", nofen);
+    if (grx::window_widget(nofen) == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nofen", nofen);
+    if (filling != nullptr) return grx::refused(GRX_ECHEC_OCCUPE, "nofen", nofen);
+    if (grx::trimmed(grx::view(zone)).empty()) return grx::refused(GRX_ECHEC_PARAMETRE, "zone");
+    return is_shown(grx::window_widget(nofen)) ? 1 : grx::refused(GRX_ECHEC_GENRE, "nofen", nofen);
 }
 
 void close_all_menus() {
@@ -244,7 +247,7 @@ void close_all_menus() {
 INT open_at(INT nofen, const char* fichier, const char* zone, const Point& point) {
     close_all_menus();
     grx::MenuZone lines(fichier, zone);
-    if (!lines) return GRX_ECHEC_FICHIER;
+    if (!lines) return grx::refused(GRX_ECHEC_FICHIER, "fichier");
     grx::at_shut_down(close_at_shut_down);
     Widget const menu = make_menu_of(grx::window_widget(nofen));
     return menu != nullptr ? open_filled(nofen, menu, lines, point) : GRX_ECHEC_MEMOIRE;

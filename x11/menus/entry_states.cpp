@@ -14,6 +14,7 @@
 #include "pure/text.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/locale_text.h"
@@ -257,7 +258,7 @@ INT grx_initialise_entrees_menu(void) {
 }
 
 INT grx_init_entree_menu(GRX_ENTREE_MENU* entree) {
-    if (entree == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (entree == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "entree");
     *entree = GRX_ENTREE_MENU{};
     entree->taille = static_cast<INT>(sizeof *entree);
     return 1;
@@ -265,7 +266,8 @@ INT grx_init_entree_menu(GRX_ENTREE_MENU* entree) {
 
 INT grx_recup_entree_menu(INT no_fo, GRX_ENTREE_MENU* entree) {
     const MenuFunction* const f = functions.find(no_fo);
-    if (!grx::write_sized(entree, described(f != nullptr ? *f : MenuFunction{}))) return GRX_ECHEC_PARAMETRE;
-    return f != nullptr ? 1 : GRX_ECHEC_NUMERO;
+    if (!grx::write_sized(entree, described(f != nullptr ? *f : MenuFunction{})))
+        return grx::refused(GRX_ECHEC_PARAMETRE, "entree");
+    return f != nullptr ? 1 : grx::refused(GRX_ECHEC_NUMERO, "no_fo", no_fo);
 }
 }

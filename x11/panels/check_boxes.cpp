@@ -8,6 +8,7 @@
 
 #include "pure/sized_record.h"
 #include "pure/text.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/option_menu.h"
 #include "toolkit/widgets.h"
@@ -34,18 +35,18 @@ bool is_item(const GRX_CASE& box) {
 INT code_for_item(const GRX_CASE& box) {
     if (!is_item(box)) return 1;
     const BOUTONS_PANEL* const item = grx::item_record(box.ipan, box.item);
-    if (item == nullptr) return GRX_ECHEC_NUMERO;
-    return item->nb_bout < grx::kMostButtons ? 1 : GRX_ECHEC_PLEIN;
+    if (item == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "item", box.item);
+    return item->nb_bout < grx::kMostButtons ? 1 : grx::refused(GRX_ECHEC_PLEIN, "item", box.item);
 }
 
 // 1, or why the box cannot be made.
 INT code_for(const GRX_CASE& box) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "boite");
     Widget parent = grx_recup_objet_fen(box.nofen);
-    if (parent == nullptr) return GRX_ECHEC_NUMERO;
-    if (!grx::can_hold_children(parent)) return GRX_ECHEC_GENRE;
+    if (parent == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nofen", box.nofen);
+    if (!grx::can_hold_children(parent)) return grx::refused(GRX_ECHEC_GENRE, "nofen", box.nofen);
     if (const INT code = code_for_item(box); code != 1) return code;
-    return grx::has_free_control() ? 1 : GRX_ECHEC_PLEIN;
+    return grx::has_free_control() ? 1 : grx::refused(GRX_ECHEC_PLEIN, "boite");
 }
 
 // Comes behind what makes the record of a toggle, and gives it the state.
@@ -72,7 +73,7 @@ GRX_BOUTON toggle_for(const GRX_CASE& box) {
 INT make_box(const GRX_CASE& box) {
     GRX_BOUTON toggle = toggle_for(box);
     const bool fits = grx::copy_text(toggle.titre, grx::view(box.texte));
-    if (grx_cree_bouton(&toggle) != 0) return GRX_ECHEC_GENRE;
+    if (grx_cree_bouton(&toggle) != 0) return grx::refused(GRX_ECHEC_GENRE, "nofen", box.nofen);
     Widget w = grx_recup_objet_bout(toggle.nobou);
     if (!fits) grx::show_long_text(w, box.texte);
     XtAddCallback(w, XmNvalueChangedCallback, on_tick, grx::control_record(toggle.nobou));
@@ -160,26 +161,33 @@ ItemChoice choice_of(INT ipan, INT item) {
     return found;
 }
 
-INT choose(const ItemChoice& item, INT choix) {
+// Why an item has no choice.
+INT no_choice_in(ItemKind kind, INT item) {
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "item", item);
+    return grx::refused(kind == ItemKind::Missing ? GRX_ECHEC_NUMERO : GRX_ECHEC_GENRE, "item", item);
+}
+
+INT choose(const ItemChoice& item, INT number, INT choix) {
     switch (item.kind) {
-    case ItemKind::Missing: return x11_disp != nullptr ? GRX_ECHEC_NUMERO : GRX_ECHEC_AFFICHAGE;
-    case ItemKind::Other: return GRX_ECHEC_GENRE;
-    case ItemKind::Group: return grx::choose_toggle(item.widget, choix) ? 1 : GRX_ECHEC_PARAMETRE;
+    case ItemKind::Missing:
+    case ItemKind::Other: return no_choice_in(item.kind, number);
+    case ItemKind::Group:
+        return grx::choose_toggle(item.widget, choix) ? 1 : grx::refused(GRX_ECHEC_PARAMETRE, "choix", choix);
     case ItemKind::Box:
-        if (choix != 0 && choix != 1) return GRX_ECHEC_PARAMETRE;
+        if (choix != 0 && choix != 1) return grx::refused(GRX_ECHEC_PARAMETRE, "choix", choix);
         return grx_affecte_etat_bascule(item.buttons.first(grx::kItemChoice), choix);
     case ItemKind::DropDown: break;
     }
     Widget choice = grx_recup_objet_bout(item.buttons.choice_at(choix));
-    if (!item.buttons.has_choice(choix) || choice == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (!item.buttons.has_choice(choix) || choice == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "choix", choix);
     grx::set_resource(item.widget, XmNmenuHistory, choice);
     return 1;
 }
 
-INT chosen_in(const ItemChoice& item) {
+INT chosen_in(const ItemChoice& item, INT number) {
     switch (item.kind) {
-    case ItemKind::Missing: return x11_disp != nullptr ? GRX_ECHEC_NUMERO : GRX_ECHEC_AFFICHAGE;
-    case ItemKind::Other: return GRX_ECHEC_GENRE;
+    case ItemKind::Missing:
+    case ItemKind::Other: return no_choice_in(item.kind, number);
     case ItemKind::Box: return XmToggleButtonGetState(item.widget) != False ? 1 : 0;
     case ItemKind::DropDown: return item.buttons.index_of(grx::resource<Widget>(item.widget, XmNmenuHistory));
     case ItemKind::Group: break;
@@ -193,7 +201,7 @@ INT chosen_in(const ItemChoice& item) {
 extern "C" {
 
 INT grx_init_case(GRX_CASE* boite) {
-    if (boite == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (boite == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "boite");
     *boite = GRX_CASE{};
     boite->taille = static_cast<INT>(sizeof *boite);
     boite->no_fo = boite->ipan = boite->item = GRX_AUCUN;
@@ -204,16 +212,16 @@ INT grx_init_case(GRX_CASE* boite) {
 INT grx_cree_case(const GRX_CASE* boite) {
     GRX_CASE box;
     grx_init_case(&box);
-    if (!grx::read_sized(boite, box)) return GRX_ECHEC_PARAMETRE;
+    if (!grx::read_sized(boite, box)) return grx::refused(GRX_ECHEC_PARAMETRE, "boite");
     const INT code = code_for(box);
     return code == 1 ? make_box(box) : code;
 }
 
 INT grx_recup_choix_item(INT ipan, INT item) {
-    return chosen_in(choice_of(ipan, item));
+    return chosen_in(choice_of(ipan, item), item);
 }
 
 INT grx_affecte_choix_item(INT ipan, INT item, INT choix) {
-    return choose(choice_of(ipan, item), choix);
+    return choose(choice_of(ipan, item), item, choix);
 }
 }

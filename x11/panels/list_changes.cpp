@@ -3,6 +3,7 @@
 #include <span>
 
 #include "system/block.h"
+#include "system/trace.h"
 #include "toolkit/list_columns.h"
 #include "toolkit/list_entries.h"
 #include "toolkit/lists.h"
@@ -38,7 +39,7 @@ bool read_texts(INT nb, const char* const* textes, Texts& texts) {
 // One change of a list by texts: checked, read, and done when there is room for `count` entries.
 template <class Change>
 INT change_by_texts(const grx::ListNumber& found, INT nb, const char* const* textes, int64_t count, Change change) {
-    if (!readable(nb, textes)) return GRX_ECHEC_PARAMETRE;
+    if (!readable(nb, textes)) return grx::refused(GRX_ECHEC_PARAMETRE, "nb, textes", nb);
     Texts texts;
     if (count > INT32_MAX || !read_texts(nb, textes, texts)) return GRX_ECHEC_MEMOIRE;
     if (!grx::make_room(found, static_cast<int>(count)) || !change(texts)) return GRX_ECHEC_MEMOIRE;
@@ -56,7 +57,7 @@ INT fill(const grx::ListNumber& found, INT nb, const char* const* textes) {
 
 INT insert(const grx::ListNumber& found, INT position, INT nb, const char* const* textes) {
     const int64_t count = grx::entry_count(found.list);
-    if (position < 1 || position > count + 1) return GRX_ECHEC_PARAMETRE;
+    if (position < 1 || position > count + 1) return grx::refused(GRX_ECHEC_PARAMETRE, "position", position);
     return change_by_texts(found, nb, textes, count + nb, [&](Texts& texts) {
         if (!grx::line_up_columns(found.list, texts.widths, count == 0)) return false;
         grx::insert_entries(found.list, position, texts.entries);
@@ -69,7 +70,7 @@ bool has_entries(Widget list, INT position, INT nb) {
 }
 
 INT replace(const grx::ListNumber& found, INT position, INT nb, const char* const* textes) {
-    if (!has_entries(found.list, position, nb)) return GRX_ECHEC_PARAMETRE;
+    if (!has_entries(found.list, position, nb)) return grx::refused(GRX_ECHEC_PARAMETRE, "position", position);
     return change_by_texts(found, nb, textes, grx::entry_count(found.list), [&](Texts& texts) {
         return grx::line_up_columns(found.list, texts.widths, false)
                && grx::replace_entries(found.list, position, texts.entries);
@@ -92,7 +93,7 @@ INT take_away(const grx::ListNumber& found, std::span<const INT> positions) {
 extern "C" {
 
 INT grx_recup_liste_panneau(INT ipan, INT clef) {
-    if (grx_recup_objet_item_liste(ipan, clef) == nullptr) return GRX_ECHEC_NUMERO;
+    if (grx_recup_objet_item_liste(ipan, clef) == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "clef", clef);
     return GRX_LISTE_PANNEAU + test_liste_deja_affichee(ipan, clef + GRX_BASE_CLEF_LISTE);
 }
 
@@ -124,7 +125,7 @@ INT grx_remplace_elements_liste(INT liste, INT position, INT nb, const char* con
 INT grx_supprime_elements_liste(INT liste, INT position, INT nb) {
     const grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr) return found.code;
-    if (!has_entries(found.list, position, nb)) return GRX_ECHEC_PARAMETRE;
+    if (!has_entries(found.list, position, nb)) return grx::refused(GRX_ECHEC_PARAMETRE, "position", position);
     grx::delete_entries(found.list, position, nb);
     grx::note_change(found);
     return 1;
@@ -133,7 +134,7 @@ INT grx_supprime_elements_liste(INT liste, INT position, INT nb) {
 INT grx_supprime_positions_liste(INT liste, INT nb, const INT* positions) {
     const grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr) return found.code;
-    if (!grx::are_positions(found, nb, positions)) return GRX_ECHEC_PARAMETRE;
+    if (!grx::are_positions(found, nb, positions)) return grx::refused(GRX_ECHEC_PARAMETRE, "positions");
     return nb > 0 ? take_away(found, {positions, static_cast<std::size_t>(nb)}) : 1;
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "system/trace.h"
 #include "toolkit/list_entries.h"
 #include "toolkit/widgets.h"
 #include "controls/list_choices.h"
@@ -28,10 +29,10 @@ ListNumber locate(INT liste) {
     return {grx_recup_objet_bout(liste), 0, ListKind::Control, liste};
 }
 
-INT code_for(Widget w) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (w == nullptr || is_dying(w)) return GRX_ECHEC_NUMERO;
-    return XmIsList(w) ? 1 : GRX_ECHEC_GENRE;
+INT code_for(INT liste, Widget w) {
+    if (x11_disp == nullptr) return refused(GRX_ECHEC_AFFICHAGE, "liste", liste);
+    if (w == nullptr || is_dying(w)) return refused(GRX_ECHEC_NUMERO, "liste", liste);
+    return XmIsList(w) ? 1 : refused(GRX_ECHEC_GENRE, "liste", liste);
 }
 
 // Where several are selected with Shift and Ctrl, that is told as where a click turns one round.
@@ -46,7 +47,7 @@ void on_extended(Widget list, XtPointer, XtPointer call) {
 
 ListNumber find_list(INT liste) {
     ListNumber found = locate(liste);
-    found.code = code_for(found.list);
+    found.code = code_for(liste, found.list);
     if (found.code < 0) found.list = nullptr;
     return found;
 }

@@ -9,6 +9,7 @@
 
 #include "pure/out.h"
 #include "pure/text.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/list_columns.h"
@@ -30,14 +31,14 @@ grx::ListNumber find_entry(INT liste, INT position) {
     grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr || grx::are_positions(found, 1, &position)) return found;
     found.list = nullptr;
-    found.code = GRX_ECHEC_PARAMETRE;
+    found.code = grx::refused(GRX_ECHEC_PARAMETRE, "position", position);
     return found;
 }
 
 INT select(INT liste, INT nb, const INT* positions, bool selected) {
     const grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr) return found.code;
-    if (!grx::are_positions(found, nb, positions)) return GRX_ECHEC_PARAMETRE;
+    if (!grx::are_positions(found, nb, positions)) return grx::refused(GRX_ECHEC_PARAMETRE, "positions");
     grx::select_entries(found.list, {positions, static_cast<std::size_t>(nb)}, selected);
     grx::note_change(found);
     return 1;
@@ -123,7 +124,7 @@ INT grx_is_element_selectionne(INT liste, INT position) {
 INT grx_affecte_mode_liste(INT liste, INT mode) {
     const grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr) return found.code;
-    if (mode < GRX_LISTE_UNE || mode > GRX_LISTE_ETENDUE) return GRX_ECHEC_PARAMETRE;
+    if (mode < GRX_LISTE_UNE || mode > GRX_LISTE_ETENDUE) return grx::refused(GRX_ECHEC_PARAMETRE, "mode", mode);
     grx::tell_several(found);
     grx::set_selection_policy(found.list, policy_for(found, mode));
     grx::note_change(found);
@@ -174,10 +175,11 @@ INT grx_recup_vue_liste(INT liste, INT* position, INT* nb) {
 INT grx_affecte_colonnes_liste(INT liste, INT nb, const INT* arrets, INT unite) {
     const grx::ListNumber found = grx::find_list(liste);
     if (found.list == nullptr) return found.code;
-    if (unite != GRX_COLONNE_PIXELS && unite != GRX_COLONNE_CARACTERES) return GRX_ECHEC_PARAMETRE;
+    if (unite != GRX_COLONNE_PIXELS && unite != GRX_COLONNE_CARACTERES)
+        return grx::refused(GRX_ECHEC_PARAMETRE, "unite", unite);
     Stops stops{};
     const INT unit = unite == GRX_COLONNE_PIXELS ? 1 : grx_recup_lar_carac_alpha();
-    if (!read_stops(nb, arrets, unit, stops)) return GRX_ECHEC_PARAMETRE;
+    if (!read_stops(nb, arrets, unit, stops)) return grx::refused(GRX_ECHEC_PARAMETRE, "arrets");
     const bool done = grx::set_column_stops(found.list, std::span(stops).first(static_cast<std::size_t>(nb)));
     return done ? 1 : GRX_ECHEC_MEMOIRE;
 }

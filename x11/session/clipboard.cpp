@@ -18,6 +18,7 @@
 #include "events/selection_wait.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_presse_papiers.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -159,12 +160,12 @@ INT content_of_targets(const grx::SelectionFetch& fetch) {
 namespace grx {
 
 INT selection_fault(INT selection) {
-    if (selection < 0 || selection >= kSelections) return GRX_ECHEC_PARAMETRE;
-    return x11_disp != nullptr ? 1 : GRX_ECHEC_AFFICHAGE;
+    if (selection < 0 || selection >= kSelections) return grx::refused(GRX_ECHEC_PARAMETRE, "selection", selection);
+    return x11_disp != nullptr ? 1 : grx::refused(GRX_ECHEC_AFFICHAGE, "selection", selection);
 }
 
 INT fetch_target(INT selection, const char* target, SelectionFetch& fetch) {
-    if (waiting) return GRX_ECHEC_OCCUPE;
+    if (waiting) return grx::refused(GRX_ECHEC_OCCUPE, "selection", selection);
     if (!is_owned(selection)) return GRX_ECHEC_ABSENT;
     waiting = true;
     fetch.ask(selection_atom(selection), XInternAtom(x11_disp, target, False), server_time());
@@ -190,12 +191,13 @@ INT fetch_text(INT selection, INT encoding, Block<char>& text) {
 
 INT offer_block(INT selection, Content content, Block<char>&& bytes) {
     if (!bytes) return GRX_ECHEC_MEMOIRE;
-    return offer(selection, content, std::move(bytes)) ? 1 : GRX_ECHEC_OCCUPE;
+    return offer(selection, content, std::move(bytes)) ? 1 : grx::refused(GRX_ECHEC_OCCUPE, "selection", selection);
 }
 
 INT offer_text(INT selection, INT encoding, std::string_view text) {
     const bool utf8 = encoding == GRX_CODAGE_UTF8;
-    if (text.find('\0') != std::string_view::npos || (utf8 && !is_utf8(text))) return GRX_ECHEC_FORMAT;
+    if (text.find('\0') != std::string_view::npos || (utf8 && !is_utf8(text)))
+        return grx::refused(GRX_ECHEC_FORMAT, "texte");
     return offer_block(selection, Content::Text, utf8 ? copy_of(text) : utf8_of(text));
 }
 
@@ -205,7 +207,8 @@ extern "C" {
 
 INT grx_affecte_texte_presse_papiers(INT selection, INT codage, const char* texte, INT longueur) {
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
-    if (!is_encoding(codage) || longueur < -1) return GRX_ECHEC_PARAMETRE;
+    if (!is_encoding(codage)) return grx::refused(GRX_ECHEC_PARAMETRE, "codage", codage);
+    if (longueur < -1) return grx::refused(GRX_ECHEC_PARAMETRE, "longueur", longueur);
     const bool counted = texte != nullptr && longueur >= 0;
     return grx::offer_text(
         selection, codage, counted ? std::string_view(texte, static_cast<std::size_t>(longueur)) : grx::view(texte));
@@ -213,7 +216,8 @@ INT grx_affecte_texte_presse_papiers(INT selection, INT codage, const char* text
 
 INT grx_recup_texte_presse_papiers(INT selection, INT codage, const char** texte, INT* longueur) {
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
-    if (!is_encoding(codage) || texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (!is_encoding(codage)) return grx::refused(GRX_ECHEC_PARAMETRE, "codage", codage);
+    if (texte == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "texte");
     Block<char> text;
     const INT result = grx::fetch_text(selection, codage, text);
     if (result != 1) return result;
@@ -244,7 +248,7 @@ INT grx_vide_presse_papiers(INT selection) {
 }
 
 INT grx_affecte_suivi_presse_papiers(INT actif) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "actif", actif);
     grx::tell_losses(actif != 0);
     return 1;
 }

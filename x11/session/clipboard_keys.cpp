@@ -13,6 +13,7 @@
 #include "pure/utf8.h"
 #include "system/block.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/lists.h"
@@ -221,7 +222,7 @@ void forget_keys() {
 extern "C" {
 
 INT grx_affecte_touches_presse_papiers(INT actif) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "actif", actif);
     grx::at_shut_down(forget_keys);
     switched_on = actif != 0;
     grx::keep_from_menus(switched_on ? keeps : nullptr);

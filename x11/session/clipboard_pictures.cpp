@@ -10,6 +10,7 @@
 
 #include "system/block.h"
 #include "session/clipboard.h"
+#include "system/trace.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_presse_papiers.h"
 
@@ -98,9 +99,9 @@ extern "C" {
 
 INT grx_affecte_png_presse_papiers(INT selection, const unsigned char* octets, INT nombre) {
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
-    if (octets == nullptr || nombre < 1) return GRX_ECHEC_PARAMETRE;
+    if (octets == nullptr || nombre < 1) return grx::refused(GRX_ECHEC_PARAMETRE, "octets, nombre", nombre);
     const std::string_view bytes(reinterpret_cast<const char*>(octets), static_cast<std::size_t>(nombre));
-    if (!is_png(bytes)) return GRX_ECHEC_FORMAT;
+    if (!is_png(bytes)) return grx::refused(GRX_ECHEC_FORMAT, "octets");
     Block<char> file(bytes.size() + 1);
     if (file) bytes.copy(file.data(), bytes.size());
     return grx::offer_block(selection, grx::Content::Png, std::move(file));
@@ -108,7 +109,7 @@ INT grx_affecte_png_presse_papiers(INT selection, const unsigned char* octets, I
 
 INT grx_recup_png_presse_papiers(INT selection, const unsigned char** octets, INT* nombre) {
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
-    if (octets == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (octets == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "octets");
     Block<char> file;
     std::size_t size = 0;
     const INT result = fetch_png(selection, file, size);
@@ -120,14 +121,16 @@ INT grx_recup_png_presse_papiers(INT selection, const unsigned char** octets, IN
 
 INT grx_affecte_image_presse_papiers(INT selection, const unsigned char* rvb, INT largeur, INT hauteur) {
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
-    if (rvb == nullptr || !usable_sides(largeur, hauteur)) return GRX_ECHEC_PARAMETRE;
+    if (rvb == nullptr || !usable_sides(largeur, hauteur))
+        return grx::refused(GRX_ECHEC_PARAMETRE, "rvb, largeur, hauteur");
     Picture picture(largeur, hauteur);
     return grx::offer_block(selection, grx::Content::Png, file_of(picture, rvb));
 }
 
 INT grx_recup_image_presse_papiers(INT selection, const unsigned char** rvb, INT* largeur, INT* hauteur) {
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
-    if (rvb == nullptr || largeur == nullptr || hauteur == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (rvb == nullptr || largeur == nullptr || hauteur == nullptr)
+        return grx::refused(GRX_ECHEC_PARAMETRE, "rvb, largeur, hauteur");
     Block<char> file;
     std::size_t size = 0;
     const INT result = fetch_png(selection, file, size);

@@ -18,6 +18,7 @@
 #include "system/shut_down.h"
 #include "display/pixmaps.h"
 #include "display/quiet_errors.h"
+#include "system/trace.h"
 #include "toolkit/widgets.h"
 #include "events/added_records.h"
 #include "events/selection_fetch.h"
@@ -355,11 +356,13 @@ void open_window(INT nofen, INT genres) {
 extern "C" {
 
 INT grx_affecte_depots_fenetre(INT nofen, INT genres) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (grx::window_widget(nofen) == nullptr || grx::shell_of(nofen) == nullptr) return GRX_ECHEC_NUMERO;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "nofen", nofen);
+    if (grx::window_widget(nofen) == nullptr || grx::shell_of(nofen) == nullptr)
+        return grx::refused(GRX_ECHEC_NUMERO, "nofen", nofen);
     const STRUCTURE_FENETRE* const window = grx::window_record(nofen);
-    if (window == nullptr || window->type != GRX_FEN_GRAPHIQUE) return GRX_ECHEC_GENRE;
-    if (genres < 0 || genres > (GRX_DEPOT_FICHIERS | GRX_DEPOT_TEXTE)) return GRX_ECHEC_PARAMETRE;
+    if (window == nullptr || window->type != GRX_FEN_GRAPHIQUE) return grx::refused(GRX_ECHEC_GENRE, "nofen", nofen);
+    if (genres < 0 || genres > (GRX_DEPOT_FICHIERS | GRX_DEPOT_TEXTE))
+        return grx::refused(GRX_ECHEC_PARAMETRE, "genres", genres);
     if (genres == open_for[static_cast<std::size_t>(nofen)]) return 1;
     grx::at_shut_down(forget_drops);
     open_window(nofen, genres);

@@ -6,6 +6,7 @@
 #include "session/wake_up.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -50,7 +51,7 @@ INT grx_cree_tache_oisive(void) {
 }
 
 INT grx_detruit_tache_oisive(INT tache) {
-    if (works.at(tache) == nullptr) return GRX_ECHEC_NUMERO;
+    if (works.at(tache) == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "tache", tache);
     works.release(tache);
     return 1;
 }

@@ -3,6 +3,7 @@
 #include <X11/Intrinsic.h>
 
 #include "display/pixmaps.h"
+#include "system/trace.h"
 #include "toolkit/late_layout.h"
 #include "events/added_records.h"
 #include "events/queue.h"
@@ -186,7 +187,7 @@ INT digitise_until(GRX_EVENEMENT* evt, int64_t end, Handling handling) {
 
 INT digitise_for(GRX_EVENEMENT* evt, INT delai, Handling handling) {
     deliver_nothing(evt);
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "delai", delai);
     if (delai == 0) return digitise_waiting(evt, handling);
     if (!grx::start_wake_up()) return GRX_ECHEC_MEMOIRE;
     const int64_t end = delai > 0 ? grx::moment_now() + delai * grx::kMillisecond : grx::kNever;

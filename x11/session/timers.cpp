@@ -12,6 +12,7 @@
 #include "session/wake_up.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -109,8 +110,8 @@ void deliver_timer(GRX_EVENEMENT& record) {
 extern "C" {
 
 INT grx_cree_minuterie(INT duree, INT repetee) {
-    if (duree < 0 || (repetee != 0 && duree == 0)) return GRX_ECHEC_PARAMETRE;
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
+    if (duree < 0 || (repetee != 0 && duree == 0)) return grx::refused(GRX_ECHEC_PARAMETRE, "duree", duree);
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "duree", duree);
     if (!grx::start_wake_up()) return GRX_ECHEC_MEMOIRE;
     grx::at_shut_down(forget_timers);
     grx::on_due(serve_timers);
@@ -121,7 +122,7 @@ INT grx_cree_minuterie(INT duree, INT repetee) {
 }
 
 INT grx_detruit_minuterie(INT minuterie) {
-    if (timers.at(minuterie) == nullptr) return GRX_ECHEC_NUMERO;
+    if (timers.at(minuterie) == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "minuterie", minuterie);
     timers.release(minuterie);
     grx::drop_source_record(GRX_EVT_MINUTERIE, minuterie);
     schedule();

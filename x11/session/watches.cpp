@@ -13,6 +13,7 @@
 #include "session/wake_up.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -151,9 +152,10 @@ void deliver_watch(const GRX_EVENEMENT& record) {
 extern "C" {
 
 INT grx_surveille_descripteur(INT descripteur, INT conditions) {
-    if (conditions == 0 || !are_conditions(conditions)) return GRX_ECHEC_PARAMETRE;
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (descripteur < 0) return GRX_ECHEC_NUMERO;
+    if (conditions == 0 || !are_conditions(conditions))
+        return grx::refused(GRX_ECHEC_PARAMETRE, "conditions", conditions);
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, "descripteur", descripteur);
+    if (descripteur < 0) return grx::refused(GRX_ECHEC_NUMERO, "descripteur", descripteur);
     if (!grx::start_wake_up()) return GRX_ECHEC_MEMOIRE;
     grx::at_shut_down(forget_watches);
     grx::on_ready(watch_ready);
@@ -171,18 +173,18 @@ INT grx_surveille_descripteur(INT descripteur, INT conditions) {
 
 INT grx_change_surveillance(INT surveillance, INT conditions) {
     Watch* const watch = watches.at(surveillance);
-    if (watch == nullptr) return GRX_ECHEC_NUMERO;
-    if (!are_conditions(conditions)) return GRX_ECHEC_PARAMETRE;
+    if (watch == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "surveillance", surveillance);
+    if (!are_conditions(conditions)) return grx::refused(GRX_ECHEC_PARAMETRE, "conditions", conditions);
     grx::drop_source_record(GRX_EVT_DESCRIPTEUR, surveillance);
     watch->conditions = conditions;
     if (restart(surveillance, *watch)) return 1;
     watch->state = State::Resting;
-    return GRX_ECHEC_NUMERO;
+    return grx::refused(GRX_ECHEC_NUMERO, "surveillance", surveillance);
 }
 
 INT grx_arrete_surveillance(INT surveillance) {
     const Watch* const watch = watches.at(surveillance);
-    if (watch == nullptr) return GRX_ECHEC_NUMERO;
+    if (watch == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "surveillance", surveillance);
     take_out(*watch);
     watches.release(surveillance);
     grx::drop_source_record(GRX_EVT_DESCRIPTEUR, surveillance);

@@ -4,16 +4,23 @@
 #include "display/pixmaps.h"
 #include "grx_plus_erreurs.h"
 #include "registry/window_table.h"
+#include "system/trace.h"
 #include "xt_ini_t.h"
 
 namespace grx {
 
-INT find_own_shell(INT nofen, Widget& shell) {
-    if (x11_disp == nullptr) return GRX_ECHEC_AFFICHAGE;
-    if (window_widget(nofen) == nullptr) return GRX_ECHEC_NUMERO;
-    if (outer_widget(nofen) != nullptr) return GRX_ECHEC_GENRE;
-    shell = shell_of(nofen);
-    return window_of(shell) != None ? 1 : GRX_ECHEC_NUMERO;
+Widget own_shell(INT nofen) {
+    if (x11_disp == nullptr || window_widget(nofen) == nullptr || outer_widget(nofen) != nullptr) return nullptr;
+    Widget shell = shell_of(nofen);
+    return window_of(shell) != None ? shell : nullptr;
+}
+
+INT find_own_shell(INT nofen, Widget& shell, const char* argument) {
+    if (x11_disp == nullptr) return grx::refused(GRX_ECHEC_AFFICHAGE, argument, nofen);
+    if (window_widget(nofen) == nullptr) return grx::refused(GRX_ECHEC_NUMERO, argument, nofen);
+    if (outer_widget(nofen) != nullptr) return grx::refused(GRX_ECHEC_GENRE, argument, nofen);
+    shell = own_shell(nofen);
+    return shell != nullptr ? 1 : grx::refused(GRX_ECHEC_NUMERO, argument, nofen);
 }
 
 } // namespace grx

@@ -7,7 +7,10 @@
 
 namespace grx {
 
-/// Finds the shell of a window that has one of its own; 1, or the code of why not.
-INT find_own_shell(INT nofen, Widget& shell);
+/// The shell of a window that has one of its own, else null; says nothing in the trace.
+Widget own_shell(INT nofen);
+
+/// Finds the shell of a window that has one of its own; 1, or the code of why not, told to the trace.
+INT find_own_shell(INT nofen, Widget& shell, const char* argument = "nofen");
 
 } // namespace grx

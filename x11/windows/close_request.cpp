@@ -10,6 +10,7 @@
 #include "grx_plus_evenements.h"
 #include "grx_plus_session.h"
 #include "system/table.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "events/added_records.h"
@@ -83,15 +84,15 @@ extern "C" {
 
 INT grx_affecte_demande_fermeture(INT nofen, INT etat) {
     Widget shell = grx::shell_of(nofen);
-    if (shell == nullptr) return GRX_ECHEC_NUMERO;
-    if (grx::outer_widget(nofen) != nullptr) return GRX_ECHEC_GENRE;
+    if (shell == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nofen", nofen);
+    if (grx::outer_widget(nofen) != nullptr) return grx::refused(GRX_ECHEC_GENRE, "nofen", nofen);
     if (etat != 0 && !asks(nofen)) begin_to_ask(nofen, shell);
     if (etat == 0 && asks(nofen)) ask_no_more(nofen, shell);
     return 1;
 }
 
 INT grx_recup_demande_fermeture(INT nofen) {
-    if (grx_recup_objet_fen(nofen) == nullptr) return GRX_ECHEC_NUMERO;
+    if (grx_recup_objet_fen(nofen) == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "nofen", nofen);
     return grx::outer_widget(nofen) == nullptr && asks(nofen) ? 1 : 0;
 }
 }

@@ -13,6 +13,7 @@
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
 #include "display/pixmaps.h"
+#include "system/trace.h"
 #include "toolkit/args.h"
 #include "registry/window_table.h"
 #include "windows/addressed_window.h"
@@ -105,10 +106,10 @@ void tell_icon_of_new(Widget shell) {
 // The windows that have the icon of this number.
 template <class Call>
 void for_each_shell_of(INT nofen, const Call& call) {
-    Widget shell = nullptr;
     for (INT n = 1; n < MAXOBJETFEN; ++n) {
         const bool its = nofen == GRX_AUCUN ? own_icon(n).pictures.empty() : n == nofen;
-        if (its && grx::find_own_shell(n, shell) == 1) call(shell);
+        Widget shell = its ? grx::own_shell(n) : nullptr;
+        if (shell != nullptr) call(shell);
     }
 }
 
@@ -158,7 +159,8 @@ INT grx_ajoute_icone_fenetre(INT nofen, INT largeur, INT hauteur, const UNSIGNED
     Widget shell = nullptr;
     Icon* icon = nullptr;
     if (const INT refusal = find_icon(nofen, shell, icon); refusal != 1) return refusal;
-    if (!is_side(largeur) || !is_side(hauteur) || pixels == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (!is_side(largeur) || !is_side(hauteur) || pixels == nullptr)
+        return grx::refused(GRX_ECHEC_PARAMETRE, "largeur, hauteur, pixels");
     const bool first = icon->pictures.empty();
     if (const INT refusal = icon->pictures.add({largeur, hauteur}, pixels); refusal != 1) return refusal;
     note_use(nofen, shell, first);

@@ -11,6 +11,7 @@
 #include "display/pixmaps.h"
 #include "display/properties.h"
 #include "display/screen.h"
+#include "system/trace.h"
 #include "toolkit/widgets.h"
 #include "registry/window_table.h"
 #include "windows/addressed_window.h"
@@ -111,7 +112,8 @@ extern "C" {
 INT grx_affecte_genre_fenetre(INT nofen, INT genre) {
     Widget shell = nullptr;
     if (const INT refusal = grx::find_own_shell(nofen, shell); refusal != 1) return refusal;
-    if (genre < GRX_GENRE_NORMALE || genre > GRX_GENRE_ACCUEIL) return GRX_ECHEC_PARAMETRE;
+    if (genre < GRX_GENRE_NORMALE || genre > GRX_GENRE_ACCUEIL)
+        return grx::refused(GRX_ECHEC_PARAMETRE, "genre", genre);
     grx::tell_kind(grx::window_of(shell), genre);
     return 1;
 }
@@ -123,8 +125,9 @@ INT grx_rattache_fenetre(INT nofen, INT maitresse) {
         XDeleteProperty(x11_disp, grx::window_of(shell), XA_WM_TRANSIENT_FOR);
         return 1;
     }
-    if (const INT refusal = grx::find_own_shell(maitresse, master); refusal != 1) return refusal;
-    if (belongs_to(grx::window_of(master), grx::window_of(shell))) return GRX_ECHEC_PARAMETRE;
+    if (const INT refusal = grx::find_own_shell(maitresse, master, "maitresse"); refusal != 1) return refusal;
+    if (belongs_to(grx::window_of(master), grx::window_of(shell)))
+        return grx::refused(GRX_ECHEC_PARAMETRE, "maitresse", maitresse);
     XSetTransientForHint(x11_disp, grx::window_of(shell), grx::window_of(master));
     return 1;
 }
@@ -132,7 +135,8 @@ INT grx_rattache_fenetre(INT nofen, INT maitresse) {
 INT grx_marque_place_fenetre(INT nofen, INT marque) {
     Widget shell = nullptr;
     if (const INT refusal = grx::find_own_shell(nofen, shell); refusal != 1) return refusal;
-    if (marque < GRX_PLACE_LIBRE || marque > GRX_PLACE_UTILISATEUR) return GRX_ECHEC_PARAMETRE;
+    if (marque < GRX_PLACE_LIBRE || marque > GRX_PLACE_UTILISATEUR)
+        return grx::refused(GRX_ECHEC_PARAMETRE, "marque", marque);
     grx::mark_place(shell, marque);
     return 1;
 }
@@ -141,7 +145,7 @@ INT grx_centre_fenetre(INT nofen, INT sur) {
     Widget shell = nullptr, on = nullptr;
     if (const INT refusal = grx::find_own_shell(nofen, shell); refusal != 1) return refusal;
     if (sur != GRX_AUCUN)
-        if (const INT refusal = grx::find_own_shell(sur, on); refusal != 1) return refusal;
+        if (const INT refusal = grx::find_own_shell(sur, on, "sur"); refusal != 1) return refusal;
     grx::lay_out_pending();
     const grx::Box area = grx::work_area();
     const grx::Box target = on != nullptr ? frame_box(on, nullptr) : area;

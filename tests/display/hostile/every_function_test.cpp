@@ -8,6 +8,7 @@
 #include "grx_plus_session.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <fstream>
 #include <memory>
@@ -45,17 +46,30 @@ std::set<std::string> names_of(const std::string& file) {
     return names;
 }
 
-TEST(HostileTableOn24, NamesEveryExport) {
-    const auto exported = names_of("GRX_1.0.txt");
-    ASSERT_GT(exported.size(), 500U);
+void expect_whole(const std::set<std::string>& exported, const std::vector<Row>& table) {
     std::set<std::string> named;
-    for (const Row& row : joined({plain_rows(), own_rows(), early_rows(), last_rows()})) {
+    for (const Row& row : table) {
         EXPECT_TRUE(named.insert(row.name).second) << row.name << " twice";
         EXPECT_TRUE(exported.contains(row.name)) << row.name << " is not exported";
     }
     for (const std::string& name : exported)
         EXPECT_TRUE(named.contains(name) || globals.contains(name)) << name << " has no row";
 }
+
+TEST(HostileTableOn24, NamesEveryExport) {
+    const auto exported = names_of("GRX_1.0.txt");
+    ASSERT_GT(exported.size(), 500U);
+    expect_whole(exported, joined({plain_rows(), own_rows(), early_rows(), last_rows()}));
+}
+
+TEST(HostileTableOn24, NamesEveryAddition) {
+    const auto exported = names_of("GRX_1.1.txt");
+    ASSERT_GT(exported.size(), 100U);
+    expect_whole(exported, joined({addition_rows(), share_rows(), ending_rows()}));
+}
+
+// Kinds of the controls 0, 1 ... beside live windows; list_number knows which is the list.
+constexpr std::array control_kinds{GRX_BOU_LABEL, GRX_BOU_TEXTE, GRX_BOU_LISTE, GRX_BOU_BASCULE};
 
 // --- the calls ------------------------------------------------------------------------------------------------------------------
 
@@ -75,11 +89,11 @@ class Hostile : public XTest {
         if (!windows_) return;
         for (INT kind : all_kinds) ensure_kind(kind);
         if (!live_form()) return;
-        for (INT type : {GRX_BOU_LABEL, GRX_BOU_TEXTE}) {
-            if (grx_recup_objet_bout(type == GRX_BOU_LABEL ? 0 : 1)) continue;
+        for (INT n = 0; n < static_cast<INT>(control_kinds.size()); ++n) {
+            if (grx_recup_objet_bout(n)) continue;
             GRX_BOUTON button{};
             grx_init_bouton(&button);
-            button.type = type;
+            button.type = control_kinds[static_cast<std::size_t>(n)];
             button.ref_fen_mere = live_form();
             grx_cree_bouton(&button);
         }
@@ -92,6 +106,12 @@ class Hostile : public XTest {
             call(row);
             settle();
         }
+    }
+
+    // The functions of the additions, in both halves.
+    void call_additions() {
+        call_all(addition_rows());
+        call_all(share_rows());
     }
 
     static bool all_kinds_live() {
@@ -193,10 +213,60 @@ TEST_F(Hostile, AfterTheEnd) {
     EXPECT_EQ(grx_termine_application(), 1);
 }
 
+TEST_F(Hostile, AdditionsWithoutDisplay) {
+    unsetenv("DISPLAY");
+    call_additions();
+    call_all(early_rows());
+    call_additions();
+    EXPECT_EQ(x11_disp, nullptr);
+    call_all(ending_rows());
+}
+
+TEST_F(Hostile, AdditionsAfterStartUp) {
+    start();
+    call_additions();
+    call_all(ending_rows());
+    EXPECT_EQ(x11_disp, nullptr);
+}
+
+TEST_F(Hostile, AdditionsAfterStartUpWithATrace) {
+    start();
+    ASSERT_EQ(grx_ouvre_journal("/dev/null", 0), 1);
+    call_additions();
+    EXPECT_EQ(grx_ferme_journal(), 1);
+}
+
+TEST_F(Hostile, AdditionsWithLiveWindows) {
+    start();
+    windows_ = true;
+    call_additions();
+    EXPECT_TRUE(without_windows_.empty()) << testing::PrintToString(without_windows_);
+    windows_ = false;
+    for (INT n = 0; n < GRX_NB_BOUTONS; ++n) grx_detruit_bouton(n);
+    for (INT n = 1; n < MAXOBJETFEN; ++n) grx_detruit_fenetre(n);
+    call_additions(); // their numbers name what is gone
+    call_all(ending_rows());
+    EXPECT_EQ(x11_disp, nullptr);
+}
+
+TEST_F(Hostile, AdditionsAfterTheEnd) {
+    start();
+    windows_ = true;
+    call_additions();
+    windows_ = false;
+    ASSERT_EQ(grx_termine_application(), 1);
+    unsetenv("DISPLAY");
+    call_additions();
+    call_all(early_rows());
+    EXPECT_EQ(x11_disp, nullptr);
+    EXPECT_EQ(grx_termine_application(), 1);
+}
+
 TEST_F(Hostile, TheLibraryStillWorksAfterwards) {
     start();
     windows_ = true;
     call_all(own_rows());
+    call_additions();
     for (INT n = 1; n < MAXOBJETFEN; ++n) grx_detruit_fenetre(n);
     const INT window = make(GRX_FEN_ALPHA);
     ASSERT_GT(window, 0);

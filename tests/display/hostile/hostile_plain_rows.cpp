@@ -250,7 +250,7 @@ constexpr Row rows[] = {
     ROW(grx_selectionne_champ_focus),
     ROW(grx_calc_larg_saisie, anything),
     ROW(grx_ajoute_element_dans_liste),
-    ROW(grx_recup_nombre_elements_dans_list, 0, -1),
+    ROW(grx_recup_nombre_elements_dans_list, a_number, -1),
     ROW(grx_recup_element_dans_liste, 0, 1, -1),
     ROW(grx_change_couleur_bouton),
     ROW(grx_change_couleur_trace_bouton),

@@ -16,7 +16,8 @@ namespace grxtest::hostile {
 
 using Answer = std::optional<long long>; // nothing when the function gives nothing, or no number
 
-inline constexpr long long anything = LLONG_MIN; // every answer is right: it depends on what was set before
+inline constexpr long long anything = LLONG_MIN;     // every answer is right: it depends on what was set before
+inline constexpr long long a_number = LLONG_MIN + 1; // 0 or more: a count, a length, the number of a thing
 
 // What a function may give; 0 unless said otherwise.
 class Answers {
@@ -25,8 +26,9 @@ class Answers {
         std::ranges::copy(list, values_.begin());
     }
     constexpr bool permit(long long answer) const {
-        return std::any_of(values_.begin(), values_.begin() + count_,
-            [=](long long value) { return value == answer || value == anything; });
+        return std::any_of(values_.begin(), values_.begin() + count_, [=](long long value) {
+            return value == answer || value == anything || (value == a_number && answer >= 0);
+        });
     }
 
   private:
@@ -102,5 +104,10 @@ std::span<const Row> plain_rows(); // any mixture of values may be given to them
 std::span<const Row> own_rows();   // their arguments must fit each other
 std::span<const Row> early_rows(); // wait for the user, or are called once: only without a display
 std::span<const Row> last_rows();  // take the tables away from under everything: last, and put back
+
+// The functions of the additions.
+std::span<const Row> addition_rows();
+std::span<const Row> share_rows();  // lists, the clipboard, drops
+std::span<const Row> ending_rows(); // end the library's work: last of all
 
 } // namespace grxtest::hostile
