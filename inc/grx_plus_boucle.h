@@ -36,7 +36,7 @@ GRX_DEBUT_C
 GRX_API INT grx_digitaliseur_delai(GRX_EVENEMENT* evt, INT delai);
 
 /* The same of grx_digitaliseur_fenetre. The beep for the close request of another window is no record:
- * the wait goes on.
+ * the wait goes on. Gives what grx_digitaliseur_delai gives.
  * Depuis 1.1 */
 GRX_API INT grx_digitaliseur_fenetre_delai(GRX_EVENEMENT* evt, INT delai);
 

@@ -89,7 +89,7 @@ GRX_API INT grx_init_groupe(GRX_GROUPE* groupe);
  * Depuis 1.1 */
 GRX_API INT grx_cree_groupe(const GRX_GROUPE* groupe);
 
-/* The chosen alternative, from 0; GRX_ECHEC_ABSENT when none is.
+/* The chosen alternative, from 0; GRX_ECHEC_ABSENT when none is, or another code.
  * Depuis 1.1 */
 GRX_API INT grx_recup_choix_groupe(INT nobou);
 
@@ -105,7 +105,8 @@ GRX_API INT grx_desactive_choix_groupe(INT nobou, INT choix, INT bloquer);
 /* --- items of panels --------------------------------------------------------------------- */
 
 /* The same for a panel's item: a group of toggles, a drop-down choice (GRX_ITEM_CHOIX, which cannot show
- * none: -1 is GRX_ECHEC_PARAMETRE), or a check box (0 = not ticked, 1 = ticked). ipan, item: as in
+ * none: -1 is GRX_ECHEC_PARAMETRE), or a check box (0 = not ticked, 1 = ticked). The first gives the choice,
+ * the second 1; else a code. ipan, item: as in
  * xt_pan_f.h. GRX_ECHEC_NUMERO when there is no such item or it has no buttons, GRX_ECHEC_GENRE for an item
  * of another kind.
  * Depuis 1.1 */

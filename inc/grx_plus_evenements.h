@@ -43,8 +43,8 @@ GRX_API INT grx_init_detail_evenement(GRX_DETAIL_EVENEMENT* detail);
  * Depuis 1.1 */
 GRX_API INT grx_recup_detail_evenement(GRX_DETAIL_EVENEMENT* detail);
 
-/* One text of these details, rang from 0: whole, where a member of the record had to cut it. It is the
- * library's and stays until the next record is delivered. Null when there is none of this rank.
+/* One text of these details, rang from 0: whole, where a member of the record had to cut it. Gives a text
+ * that is the library's and stays until the next record is delivered; null when there is none of this rank.
  * Depuis 1.1 */
 GRX_API const char* grx_recup_texte_detail_evenement(INT rang);
 

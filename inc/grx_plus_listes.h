@@ -3,7 +3,7 @@
  * liste names a list of any of the three kinds:
  * - a button of type GRX_BOU_LISTE: its button number;
  * - a list in a panel: grx_recup_liste_panneau, or GRX_LISTE_PANNEAU + the no_fo of its type 32;
- * - a list of a dialog (grx_cree_liste): GRX_LISTE_DIALOGUE + its slot, which is -1 - nofen of its type 32.
+ * - a list of a dialog (grx_cree_liste): GRX_LISTE_DIALOGUE + its slot, 0 to 9, which is -1 - nofen of its type 32.
  *
  * Positions count from 1 in all three, as in grx_recup_element_dans_liste, grx_lit_liste and the records of
  * dialog lists. Only the records of panel lists and Tab_liste count from 0: add 1 to what they say.
@@ -104,8 +104,8 @@ GRX_API INT grx_recup_selection_liste(INT liste, INT nb_max, INT* positions);
 GRX_API INT grx_is_element_selectionne(INT liste, INT position);
 
 /* How many entries the user can select: GRX_LISTE_UNE, GRX_LISTE_PLUSIEURS, GRX_LISTE_ETENDUE. Each choice of
- * the user in a list button posts type 32 then as in a list of one, with the text of the entry in chaine;
- * read the selection. Going back to one keeps the first selected entry. The first gives 1 or a code
+ * the user in a list button posts type 32 then as in a list of one: nobou the list, no_fo -1 (never that of its
+ * record), the text of the entry in chaine; read the selection. Going back to one keeps the first selected entry. The first gives 1 or a code
  * (GRX_ECHEC_PARAMETRE for another mode), the second the mode.
  * Depuis 1.1 */
 GRX_API INT grx_affecte_mode_liste(INT liste, INT mode);

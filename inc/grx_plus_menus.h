@@ -81,7 +81,7 @@ GRX_API INT grx_recup_entree_menu(INT no_fo, GRX_ENTREE_MENU* entree);
  * before the bar's own, which goes to the end of the file.
  *
  * An entry chosen comes like one of the bar: a record of type 2 with nobou -1, the entry's no_fo, and
- * nofen, the window given here. Without a choice (Escape, a click elsewhere) nothing comes. While it is
+ * nofen, the window given here; its bouton, x and y say nothing. Without a choice (Escape, a click elsewhere) nothing comes. While it is
  * open it has pointer and keyboard: arrows, Return, mnemonics, Escape. A button that is held when it
  * opens chooses where it is released; released where it was, or at once, it leaves the menu open. The
  * release is the menu's and gives no record. One that is open is closed first, and so are menus of the bar. It goes with its window.
@@ -99,7 +99,8 @@ GRX_API INT grx_recup_entree_menu(INT no_fo, GRX_ENTREE_MENU* entree);
  * Depuis 1.1 */
 GRX_API INT grx_ouvre_menu_contextuel(INT nofen, const char* fichier, const char* zone, INT x, INT y);
 
-/* The same where the pointer is, wherever that is, as for a menu over a control.
+/* The same where the pointer is, wherever that is, as for a menu over a control. Gives what
+ * grx_ouvre_menu_contextuel gives.
  * Depuis 1.1 */
 GRX_API INT grx_ouvre_menu_contextuel_souris(INT nofen, const char* fichier, const char* zone);
 

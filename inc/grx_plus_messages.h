@@ -9,7 +9,7 @@
  * Texts are bytes in the application's encoding, which may be Latin-1 or UTF-8, whatever the locale; they
  * are copied. Labels of buttons: a letter after & is underlined and chosen by Alt and that letter; && is
  * one &, and an & before a blank or at the end stands for itself. Null or "" is the usual label in French,
- * or what the application's messages 1250 (OK), 1246 (Annuler) and 83 (Oui, Non) say.
+ * or what the application's messages 1250 (OK), 1246 (Annuler) and 83 (Oui, Non) say; it has no letter for Alt.
  *
  * Keys: Tab and the arrows move between the controls; Return and KP_Enter choose the button with the
  * keyboard, in a field the default; the space bar the one with the keyboard; Escape and the window manager's

@@ -56,12 +56,26 @@ void cut_to_width(char* line) {
     }
 }
 
+// The label waits for an exposure of its own to draw a new text. This comes with the next look at the events, just
+// before the text after it: a text that changes with each look would never be seen.
+void draw_now(Widget label) {
+    if (window_of(label) == None) return;
+    XEvent event{};
+    event.xexpose.type = Expose;
+    event.xexpose.display = x11_disp;
+    event.xexpose.window = window_of(label);
+    event.xexpose.width = resource<Dimension>(label, XmNwidth);
+    event.xexpose.height = resource<Dimension>(label, XmNheight);
+    XtDispatchEvent(&event);
+}
+
 void set_line(Widget label, const char* text) {
     Block<char> line = shown_line(text);
     if (!line) return;
     cut_to_width(line.data());
     const CompoundString string(line[0] != '\0' ? line.data() : " ");
     set_resource(label, XmNlabelString, string.get());
+    draw_now(label);
 }
 
 Widget make_line(Widget form, Widget over) {

@@ -111,6 +111,26 @@ TEST_F(Progress, SaysTextAndShare) {
     EXPECT_NE(grab(x11_disp, XtWindow(part("barre"))).at(60, 3), fill) << "it goes back as well";
 }
 
+TEST_F(Progress, ATextThatChangesWithEachStepIsSeen) {
+    begin(work(0));
+    ASSERT_TRUE(compute_until([&] { return shown(); }));
+    const auto written = [&] {
+        const Pixels label = grab(x11_disp, XtWindow(part("texte")));
+        int ink = 0;
+        for (int y = 0; y < label.height; ++y)
+            for (int x = 0; x < label.width; ++x) ink += label.at(x, y) != label.at(label.width - 1, 0) ? 1 : 0;
+        return ink;
+    };
+    int looks = 0, seen = 0;
+    const auto start = Clock::now();
+    while (Clock::now() - start < Milliseconds(400)) {
+        grx_avancement_avance(0, ("Piece " + std::to_string(++looks)).c_str());
+        seen += written() > 50 ? 1 : 0;
+    }
+    EXPECT_GT(looks, 5);
+    EXPECT_GT(seen, looks * 3 / 4);
+}
+
 TEST_F(Progress, AnUnknownEndKeepsTheBarMoving) {
     begin(work(0));
     ASSERT_TRUE(compute_until([&] { return shown(); }));

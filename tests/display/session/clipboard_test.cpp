@@ -1,6 +1,5 @@
 // Texts on the clipboard: put for other programs, got from them, whatever they do.
 #include "tests/display/session/clipboard_kit.h"
-#include "display/last_error.h"
 #include "tests/support/window_kit.h"
 
 #include "display/last_error.h"
