@@ -63,7 +63,9 @@ void end_all() {
     }
     for (const Step step : kWithDisplay) step();
     if (x11_disp != nullptr) grx::forget_display_in_toolkit();
+    if (x11_disp != nullptr) grx::forget_pixmaps_in_toolkit();
     grx::close_display();
+    grx::run_shut_down(); // of what was noted meanwhile, as of the last errors
     for (const Step step : kAfterwards) step();
     grx_definit_tous_curseurs(); // the server has freed them
     evt_global = GRX_EVENEMENT{};

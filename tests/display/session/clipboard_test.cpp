@@ -3,6 +3,7 @@
 #include "tests/support/window_kit.h"
 
 #include "display/connection.h"
+#include "display/last_error.h"
 #include "system/shut_down.h"
 
 #include <chrono>
