@@ -25,7 +25,8 @@ void let_go_of(Screen* screen) {
     const XID count = numbers_given();
     for (XID i = 0; i < count; ++i) {
         const Pixmap pixmap = x11_disp->resource_base + (i << x11_disp->resource_shift);
-        while (XmDestroyPixmap(screen, pixmap) != False) {} // each gives back one use
+        while (XmDestroyPixmap(screen, pixmap) != False) {
+        } // each gives back one use
     }
 }
 

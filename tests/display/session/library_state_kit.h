@@ -132,6 +132,9 @@ inline const std::set<std::string> staying{
     "(anonymous namespace)::short_edges",                         // rows of the triangle filled last
     "(anonymous namespace)::long_edge",
     "(anonymous namespace)::ending", // of this very moment
+    "grx::trace_wanted",             // the trace goes on: it tells of the process
+    "grx::(anonymous namespace)::environment_read",
+    "grx::(anonymous namespace)::last_line",
 };
 
 class LibraryState {
