@@ -122,6 +122,8 @@ inline const std::set<std::string> staying{
     "guard variable for grx::(anonymous namespace)::bulletin_board_class()::record",
     "grx::(anonymous namespace)::line_feed_mapping()::mapping", // the toolkit loses its parts
     "guard variable for grx::(anonymous namespace)::line_feed_mapping()::mapping",
+    "grx::(anonymous namespace)::plain_text_mappings()::mappings", //
+    "guard variable for grx::(anonymous namespace)::plain_text_mappings()::mappings",
     "grx::(anonymous namespace)::shuffles()::can", // of the processor
     "guard variable for grx::(anonymous namespace)::shuffles()::can",
     "grx::editor::(anonymous namespace)::warning_image()::image", // the toolkit knows it by its name for good
