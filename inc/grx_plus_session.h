@@ -45,6 +45,9 @@ GRX_API INT grx_recup_demande_fermeture(INT nofen);
  *
  * - Settings (colours, sizes, font, directories of icons, what INI_SYST.DAT said) are back at their
  *   defaults: an application that has set or read them does so again.
+ * - What was said before start-up is forgotten too and must be said again: identity, icons, arguments, the
+ *   rescue function. grx_arguments takes its words out of argv: keep a copy of argv, or what
+ *   grx_recup_argument gives, to say them again; without that DISPLAY counts. The trace goes on.
  * - The globals are what they are at first: x11_disp, contexte, x11_vis, fontlist, fontstruct, gc, g_c null,
  *   MAXOBJETFEN 0, evt_global without type. What an application has kept of them, and any widget, pixmap or
  *   number, must not be used again.

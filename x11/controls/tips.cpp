@@ -241,6 +241,7 @@ void watch(INT nobou, Widget w) {
 
 void forget_tips() {
     leave();
+    hover = Hover{};
     for (Tip& tip : tips.span()) forget_tip(tip);
     tips.reset();
     gone_at = {};

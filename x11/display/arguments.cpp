@@ -56,7 +56,8 @@ grx::NeverDestroyed<Given> given;
 
 void forget_arguments() {
     given.value.values = {};
-    given.value.program[0] = given.value.refusal[0] = '\0';
+    std::memset(given.value.program, 0, sizeof given.value.program);
+    std::memset(given.value.refusal, 0, sizeof given.value.refusal);
     given.value.resources.reset();
 }
 

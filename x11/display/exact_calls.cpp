@@ -4,6 +4,7 @@
 
 #include <X11/Xlib.h>
 
+#include "display/forget_display.h"
 #include "grx_plus_diagnostic.h"
 #include "grx_plus_erreurs.h"
 #include "system/trace.h"
@@ -23,6 +24,10 @@ void follow_exact_calls() {
     if (exact != nullptr && exact == x11_disp) XSynchronize(exact, False);
     if (wanted != nullptr) XSynchronize(wanted, True);
     exact = wanted;
+}
+
+void forget_exact_calls() {
+    exact = nullptr;
 }
 
 } // namespace grx

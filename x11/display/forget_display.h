@@ -5,7 +5,9 @@
 namespace grx {
 
 void forget_colours();
-void forget_contexts(); // frees those that are left
+void forget_contexts();        // frees those that are left
+void forget_exact_calls();     // of the connection that is closed
+void forget_lost_connection(); // the application's rescue function
 void forget_palettes();
 
 } // namespace grx

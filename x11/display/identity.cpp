@@ -29,7 +29,7 @@ char class_in_force[kRoom] = "";
 
 void forget_identity() {
     identity = {};
-    class_in_force[0] = '\0';
+    std::memset(class_in_force, 0, sizeof class_in_force);
 }
 
 bool fits(const char* text) {

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "display/forget_display.h"
 #include "system/inventory.h"
 #include "system/trace.h"
 
@@ -44,6 +45,13 @@ bool set_rescue(GRX_FONCTION_SECOURS function, void* data) {
     rescue = function;
     rescue_data = data;
     return true;
+}
+
+void forget_lost_connection() {
+    noted = {};
+    count = 0;
+    rescue = nullptr;
+    rescue_data = nullptr;
 }
 
 void call_rescue() {

@@ -145,6 +145,7 @@ void forget_controls() {
     MAXOBJETBOUTON = 0;
     No_bou_actif = GRX_AUCUN;
     widget_dead = goes_with_widget = {};
+    ranks.fill(0);
 }
 
 } // namespace grx

@@ -7,6 +7,7 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_session.h"
 #include "system/forget_system.h"
+#include "system/inventory.h"
 #include "system/shut_down.h"
 #include "display/connection.h"
 #include "display/forget_display.h"
@@ -44,11 +45,12 @@ using Step = void (*)();
 constexpr std::array kWithDisplay{Step{free_controls}, Step{grx::forget_windows}, Step{free_icons},
     Step{grx::forget_shared_memory}, Step{grx::forget_contexts}, Step{grx::forget_font}, Step{grx::forget_layouts}};
 
-constexpr std::array kAfterwards{grx::forget_alarm, grx::forget_directories, grx::forget_listing, grx::forget_settings,
-    grx::forget_colours, grx::forget_palettes, grx::forget_encoding, grx::forget_hidden_shell,
-    grx::forget_control_pixmap, grx::forget_menu_zone, grx::forget_spare_menu, grx::forget_menu_state,
-    grx::forget_held_button, grx::forget_minimised_icon, grx::forget_default_colours, grx::forget_encodings,
-    grx::forget_pressed, grx::forget_digitized, grx::forget_double_click, grx::forget_untold_ends};
+constexpr std::array kAfterwards{grx::forget_alarm, grx::forget_directories, grx::forget_inventory, grx::forget_listing,
+    grx::forget_settings, grx::forget_colours, grx::forget_palettes, grx::forget_exact_calls,
+    grx::forget_lost_connection, grx::forget_encoding, grx::forget_hidden_shell, grx::forget_control_pixmap,
+    grx::forget_menu_zone, grx::forget_spare_menu, grx::forget_menu_state, grx::forget_held_button,
+    grx::forget_minimised_icon, grx::forget_default_colours, grx::forget_encodings, grx::forget_pressed,
+    grx::forget_digitized, grx::forget_double_click, grx::forget_untold_ends};
 
 bool called_from_inside() {
     if (ending || grx::connection_lost() || grx::InLoop::any()) return true;
@@ -56,6 +58,7 @@ bool called_from_inside() {
 }
 
 void end_all() {
+    grx::list_before_end_of_work();
     grx::run_shut_down();
     if (x11_disp != nullptr) {
         grx::note_display_in_toolkit();
@@ -63,7 +66,9 @@ void end_all() {
     }
     for (const Step step : kWithDisplay) step();
     if (x11_disp != nullptr) grx::forget_display_in_toolkit();
+    if (x11_disp != nullptr) grx::forget_pixmaps_in_toolkit();
     grx::close_display();
+    grx::run_shut_down(); // of what was noted meanwhile, as of the last errors
     for (const Step step : kAfterwards) step();
     grx_definit_tous_curseurs(); // the server has freed them
     evt_global = GRX_EVENEMENT{};

@@ -29,6 +29,7 @@
 namespace {
 
 INT fenetre_a_digitaliser = GRX_AUCUN;
+unsigned int idle_turn = 0; // of idle work and the toolkit's work procedures
 
 constexpr DOUBLE kCreationWait = 1.0; // seconds
 
@@ -121,8 +122,7 @@ bool something_posted() {
 bool turn_of_work_procedures(INT attente) {
     constexpr unsigned int turns = 8;
     constexpr int64_t moment = grx::kMillisecond / 5;
-    static unsigned int turn = 0;
-    if (attente == 0 || ++turn % turns != 0) return false;
+    if (attente == 0 || ++idle_turn % turns != 0) return false;
     grx::set_alarm(grx::Alarm::Limit, grx::moment_now() + moment);
     return true;
 }
@@ -209,6 +209,7 @@ bool poll_event(GRX_EVENEMENT& evt) {
 
 void forget_digitized() {
     fenetre_a_digitaliser = GRX_AUCUN;
+    idle_turn = 0;
     Memo_event = XEvent{};
 }
 

@@ -39,6 +39,7 @@ constexpr int kNumberBits = 32;
 
 void forget_watches() {
     watches.reset();
+    last_serial = 0;
 }
 
 // 0 is the clock's.

@@ -17,6 +17,7 @@
 
 #include "grx_plus_erreurs.h"
 #include "pure/sized_record.h"
+#include "system/forget_system.h"
 #include "system/quiet_write.h"
 #include "system/trace.h"
 
@@ -123,6 +124,16 @@ void list_before_freeing(const char* kind) {
 
 void cancel_inventory() {
     owner = 0;
+}
+
+void list_before_end_of_work() {
+    if (inventory_wanted()) write_wanted("not released before the end of the library's work", list_all);
+}
+
+void forget_inventory() {
+    kinds = {};
+    kind_count = 0;
+    last_rank = 0;
 }
 
 } // namespace grx

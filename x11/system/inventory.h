@@ -39,6 +39,9 @@ bool inventory_wanted();
 /// Writes what is there of a kind that is about to be freed as a whole, if the environment asks for lists.
 void list_before_freeing(const char* kind);
 
+/// Writes the list of what the application has not released, if it is wanted: the end of the library's work frees it.
+void list_before_end_of_work();
+
 /// Writes no list at the end of the process.
 void cancel_inventory();
 

@@ -5,6 +5,7 @@
 namespace grx {
 
 void forget_display_in_toolkit(); // before it is closed
+void forget_pixmaps_in_toolkit(); // before it is closed, when nothing of the library uses them
 void note_display_in_toolkit();   // while its display object lives
 void renew_display_in_toolkit();  // for a display that has just been opened
 void forget_encoding();

@@ -7,6 +7,7 @@
 #include <Xm/ColorObjP.h>
 #include <Xm/Display.h>
 #include <Xm/Xm.h>
+#include <Xm/XmIm.h>
 
 #include "toolkit/args.h"
 #include "toolkit/hidden_shell.h"
@@ -54,6 +55,8 @@ bool toolkit_is_busy() {
 
 void destroy_shells() {
     for (int rank = 0; rank <= 3; ++rank) {
+        if (rank == 3)
+            XmImCloseXIM(XmGetXmDisplay(x11_disp)); // the toolkit would leave it open, with its table of keys
         while (Widget shell = shell_of_rank(rank)) XtDestroyWidget(shell);
     }
 }

@@ -1,11 +1,8 @@
-// The end of the library's work from where it may not be asked for, with displays that change or fail, and fifty times.
+// The end of the library's work from where it may not be asked for, and with displays that change or fail.
 #include "tests/display/session/ending_kit.h"
 
-#include <malloc.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <fstream>
 #include <functional>
 
 namespace {
@@ -197,37 +194,6 @@ TEST_F(EndingHandlers, AreTheApplicationsAgain) {
         EXPECT_EQ(XSetErrorHandler(host_errors), host_errors);
     }
     XSetErrorHandler(at_first);
-}
-
-// --- rounds
-
-class EndingRounds : public Sessions {
-  protected:
-    static long in_use() {
-        const auto info = mallinfo2();
-        return static_cast<long>(info.uordblks + info.hblkhd);
-    }
-};
-
-TEST_F(EndingRounds, FiftyAreFlat) {
-    constexpr int rounds = 50;
-    constexpr int warm = 10;
-    long before = 0, descriptors = 0;
-    for (int i = 0; i <= rounds; ++i) {
-        end();
-        ASSERT_EQ(heap().bytes(), 0U) << "round " << i;
-        if (i == warm) {
-            before = in_use();
-            descriptors = open_descriptors();
-        }
-        if (i == rounds) break;
-        start_again();
-        ASSERT_FALSE(HasFatalFailure());
-    }
-    EXPECT_EQ(open_descriptors(), descriptors);
-    const long kept = (in_use() - before) / (rounds - warm);
-    std::printf("kept of a round: %ld bytes\n", kept);
-    EXPECT_LT(kept, 1000000);
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 // After the library's work has ended, every variable of the library holds what it held before the first start.
-#include "tests/display/session/ending_kit.h"
+#include "tests/display/session/ending_additions_kit.h"
 #include "tests/display/session/library_state_kit.h"
 
 namespace {
 
 using namespace grxtest;
 
-class EndingState : public Sessions {
+class EndingState : public AddingSessions {
   protected:
     // Everything that an application can set, to what it is not at first.
     static void set_everything() {
@@ -45,9 +45,22 @@ TEST_F(EndingState, IsThatOfAFreshProcess) {
     ASSERT_GT(before_.count(), 100U);
     everything();
     set_everything();
+    EXPECT_GT(before_.changed().size(), before_.count() / 3);
+    end();
+    EXPECT_EQ(before_.changed(), std::vector<std::string>{});
+}
+
+TEST_F(EndingState, IsThatOfAFreshProcessAfterAdditionsToo) {
+    end();
+    say_who();
+    start_again();
+    everything();
+    set_everything();
+    use_additions();
     EXPECT_GT(before_.changed().size(), before_.count() / 2);
     end();
     EXPECT_EQ(before_.changed(), std::vector<std::string>{});
+    EXPECT_EQ(heap().bytes(), 0U);
 }
 
 TEST_F(EndingState, AlsoWhenNothingButTheTablesWereMade) {

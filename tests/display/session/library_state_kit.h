@@ -122,6 +122,8 @@ inline const std::set<std::string> staying{
     "guard variable for grx::(anonymous namespace)::bulletin_board_class()::record",
     "grx::(anonymous namespace)::line_feed_mapping()::mapping", // the toolkit loses its parts
     "guard variable for grx::(anonymous namespace)::line_feed_mapping()::mapping",
+    "grx::(anonymous namespace)::plain_text_mappings()::mappings", //
+    "guard variable for grx::(anonymous namespace)::plain_text_mappings()::mappings",
     "grx::(anonymous namespace)::shuffles()::can", // of the processor
     "guard variable for grx::(anonymous namespace)::shuffles()::can",
     "grx::editor::(anonymous namespace)::warning_image()::image", // the toolkit knows it by its name for good
@@ -132,6 +134,9 @@ inline const std::set<std::string> staying{
     "(anonymous namespace)::short_edges",                         // rows of the triangle filled last
     "(anonymous namespace)::long_edge",
     "(anonymous namespace)::ending", // of this very moment
+    "grx::trace_wanted",             // the trace goes on: it tells of the process
+    "grx::(anonymous namespace)::environment_read",
+    "grx::(anonymous namespace)::last_line",
 };
 
 class LibraryState {
