@@ -430,7 +430,7 @@ TEST(Casse, EntitiesWithoutTheirNumbersAreNoTrouble) {
 
 std::string beaucoup() {
     std::string entites;
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 8000; ++i) {
         const std::string n = std::to_string(i);
         entites += (i > 0 ? "|" : "") + ("0 LINE|8 0|10 " + n + "|20 0|11 " + n + "|21 5");
     }
