@@ -35,6 +35,7 @@ if [ -n "$manager" ]; then
     [ "$manager" != fvwm ] || command+=(-f /dev/null)
     "${command[@]}" >/dev/null 2>&1 &
     wm=$!
+    disown # nobody wants to hear of its end
     sign=_MOTIF_WM_INFO
     [ "$manager" = mwm ] || sign=_NET_SUPPORTING_WM_CHECK
     for _ in $(seq 200); do

@@ -180,8 +180,9 @@ void commence_travail(INT principale) {
     grx_avancement_avance(0, nullptr);
 }
 
+constexpr double kFin = 62; // it stays there: a picture shows a bar that is under way
+
 void continue_travail() {
-    constexpr double kFin = 62; // it stays there: a picture shows a bar that is under way
     travail.fait = travail.fait < kFin ? travail.fait + 1 : kFin;
     if (grx_avancement_avance(travail.fait, nullptr) == 1) return;
     grx_avancement_finit();
@@ -229,6 +230,10 @@ void montre_boites(INT principale) {
 
 void montre_travail(INT principale) {
     commence_travail(principale);
+}
+
+bool travail_avance() {
+    return travail.minuterie >= 0 && travail.fait < kFin;
 }
 
 bool action_additions(INT fenetre, const GRX_EVENEMENT& e) {

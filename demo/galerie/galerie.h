@@ -80,6 +80,7 @@ void montre_bulle(INT fenetre);
 void montre_menu(INT fenetre);
 void montre_boites(INT principale);
 void montre_travail(INT principale);
+bool travail_avance(); // still on its way
 bool action_additions(INT fenetre, const GRX_EVENEMENT& e);
 
 } // namespace galerie

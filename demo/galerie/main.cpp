@@ -83,7 +83,8 @@ bool tout_est_la(INT principale) {
 // Creates the file once all windows are there and everything asked for was drawn; looks again a little later else.
 void signale_dessine(XtPointer fichier, XtIntervalId*) {
     constexpr unsigned long kEncore = 20; // milliseconds
-    if (!tout_est_la(grx_recup_nofen_principale()) || XEventsQueued(x11_disp, QueuedAfterReading) > 0) {
+    if (!tout_est_la(grx_recup_nofen_principale()) || travail_avance()
+        || XEventsQueued(x11_disp, QueuedAfterReading) > 0) {
         XtAppAddTimeOut(contexte, kEncore, signale_dessine, fichier);
         return;
     }
