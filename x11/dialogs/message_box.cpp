@@ -76,6 +76,7 @@ INT show(const GRX_BOITE_MESSAGE* given, grx::Box*& box) {
     if (box == nullptr) return grx::refused(GRX_ECHEC_PLEIN, "boite");
     if (build(*box, message, *parent)) return box->number;
     grx::remove_box(*box);
+    box = nullptr;
     return GRX_ECHEC_MEMOIRE;
 }
 
@@ -113,13 +114,13 @@ INT grx_init_boite_message(GRX_BOITE_MESSAGE* boite) {
 INT grx_attend_boite_message(const GRX_BOITE_MESSAGE* boite) {
     grx::Box* box = nullptr;
     const INT shown = show(boite, box);
-    return shown > 0 ? grx::wait_for_box(*box) : shown;
+    return box != nullptr ? grx::wait_for_box(*box) : shown;
 }
 
 INT grx_affiche_boite_message(const GRX_BOITE_MESSAGE* boite) {
     grx::Box* box = nullptr;
     const INT shown = show(boite, box);
-    if (shown > 0) box->tell = post_answer;
+    if (box != nullptr) box->tell = post_answer;
     return shown;
 }
 

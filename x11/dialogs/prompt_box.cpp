@@ -247,6 +247,7 @@ INT show(const GRX_BOITE_SAISIE* given, grx::Box*& box) {
     if (box == nullptr) return grx::refused(GRX_ECHEC_PLEIN, "boite");
     if (build(*box, asked, *parent)) return box->number;
     grx::remove_box(*box);
+    box = nullptr;
     return GRX_ECHEC_MEMOIRE;
 }
 
@@ -268,7 +269,7 @@ INT grx_init_boite_saisie(GRX_BOITE_SAISIE* boite) {
 INT grx_attend_boite_saisie(const GRX_BOITE_SAISIE* boite, char* texte, INT taille_texte, DOUBLE* valeur) {
     grx::Box* box = nullptr;
     const INT shown = show(boite, box);
-    if (shown <= 0) return shown;
+    if (box == nullptr) return shown;
     box->prompt.text = texte;
     box->prompt.text_size = taille_texte;
     box->prompt.value = valeur;
@@ -278,7 +279,7 @@ INT grx_attend_boite_saisie(const GRX_BOITE_SAISIE* boite, char* texte, INT tail
 INT grx_affiche_boite_saisie(const GRX_BOITE_SAISIE* boite) {
     grx::Box* box = nullptr;
     const INT shown = show(boite, box);
-    if (shown > 0) box->tell = post_answer;
+    if (box != nullptr) box->tell = post_answer;
     return shown;
 }
 }

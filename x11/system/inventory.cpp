@@ -86,6 +86,7 @@ void InventoryList::line(INT rank, const char* format, ...) {
     if (rank > 0) length = static_cast<std::size_t>(std::snprintf(text.data(), text.size(), "#%-5d ", rank));
     va_list arguments;
     va_start(arguments, format);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the analyzer does not see va_start
     std::vsnprintf(text.data() + length, text.size() - length - 1, format, arguments);
     va_end(arguments);
     std::replace_if(

@@ -160,6 +160,7 @@ void trace_line(const char* format, ...) {
     std::array<char, kLine> line{};
     va_list arguments;
     va_start(arguments, format);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the analyzer does not see va_start
     std::vsnprintf(line.data(), line.size(), format, arguments);
     va_end(arguments);
     if (line == last_line) return;
