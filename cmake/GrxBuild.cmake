@@ -71,11 +71,11 @@ function(grx_version_script file)
   file(CONFIGURE OUTPUT "${file}" CONTENT "${script}" @ONLY)
 endfunction()
 
-# grx_library(NAME OBJECTS target [PUBLIC library...] [PRIVATE library...]): lib<NAME>.so and lib<NAME>.a of the
-# same objects. PUBLIC names what the public headers show.
+# grx_library(NAME OBJECTS target [ON name] [PUBLIC library...] [PRIVATE library...]): lib<NAME>.so and lib<NAME>.a of the
+# same objects. PUBLIC names what the public headers show, ON another such library that this one calls.
 # Symbols of the host stay undefined in the shared library: the application brings them.
 function(grx_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "OBJECTS" "PUBLIC;PRIVATE")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "OBJECTS;ON" "PUBLIC;PRIVATE")
   add_library(${name} SHARED $<TARGET_OBJECTS:${arg_OBJECTS}>)
   add_library(${name}_static STATIC $<TARGET_OBJECTS:${arg_OBJECTS}>)
   set_target_properties(${name} PROPERTIES
@@ -84,6 +84,10 @@ function(grx_library name)
   target_link_options(${name} PRIVATE -Wl,--as-needed)
   target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} $<BUILD_INTERFACE:grx_strict>)
   target_link_libraries(${name}_static PUBLIC ${arg_PUBLIC} ${arg_PRIVATE})
+  if(arg_ON)
+    target_link_libraries(${name} PUBLIC ${arg_ON})
+    target_link_libraries(${name}_static PUBLIC ${arg_ON}_static)
+  endif()
   foreach(target ${name} ${name}_static)
     target_include_directories(${target} INTERFACE
       $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/inc>

@@ -19,6 +19,7 @@
 #define GRX_ECHEC_ABSENT (-109)    /* nothing there to give */
 #define GRX_ECHEC_DELAI (-110)     /* another program has not answered in time */
 #define GRX_ECHEC_OCCUPE (-111)    /* not now: what the function would do is going on already */
+#define GRX_ECHEC_COMMANDE (-112)  /* a command of the system is not there or has failed */
 
 GRX_DEBUT_C
 

@@ -18,14 +18,15 @@ gate_shell() {
 }
 
 gate_exports() {
-    build default && python3 scripts/exports.py --check build/default/libgrx.so
+    build default && python3 scripts/exports.py --check build/default/libgrx.so &&
+        python3 scripts/exports.py --check build/default/libgrxpapier.so
 }
 
 gate_clang() { build clang; }
 
 gate_tidy() {
     quiet cmake --preset clang || return 1
-    sources 'x11/*.cpp' 'host/standalone/*.cpp' |
+    sources 'x11/*.cpp' 'papier/*.cpp' 'host/standalone/*.cpp' |
         xargs -r -P "$jobs" -n 1 clang-tidy-14 --quiet -p build/clang 2>&1 |
         grep -vE '^[0-9]+ warnings? (and [0-9]+ errors? )?generated|^Suppressed |^Use -header-filter'
     return "${PIPESTATUS[1]}"

@@ -5,8 +5,8 @@ exports.py --check LIB [--host HOSTLIB]   say what is wrong; status 1 when anyth
 exports.py --update                       rewrite the lists of cmake/symbols
 
 Every name marked GRX_API in inc/ must be exported, and nothing else, under the symbol version of its
-header: GRX_1.1 for the additions of grx_plus*.h, GRX_1.0 for the contract.  cmake/symbols has a sorted
-list for each.  Imported names that no linked library brings must be the host's, declared in host/host_f.h
+header: GRX_1.1 for the additions of grx_plus*.h, GRX_1.0 for the contract, GRXPAPIER_1.1 for what the
+library of the paper exports.  cmake/symbols has a sorted list for each.  Imported names that no linked library brings must be the host's, declared in host/host_f.h
 and host/host_g.h.
 """
 import argparse
@@ -44,11 +44,15 @@ def names_in(paths, *marks):
     return sorted({declared_name(d) for path in sorted(paths) for d in declarations(path, marks)})
 
 
-def public_names():
-    """The names of the public headers with their symbol versions, as name@version."""
+def public_names(library=None):
+    """The names of the public headers by their symbol versions: of one library, or of all."""
     headers = set((ROOT / "inc").glob("*.h"))
     additions = set((ROOT / "inc").glob("grx_plus*.h"))
-    places = {"GRX_1.0": headers - additions, "GRX_1.1": additions}
+    paper = {ROOT / "inc" / "grx_plus_papier.h"}
+    places = {"GRX_1.0": headers - additions, "GRX_1.1": additions - paper, "GRXPAPIER_1.1": paper}
+    if library:
+        of_paper = library.name.startswith("libgrxpapier")
+        places = {v: paths for v, paths in places.items() if v.startswith("GRXPAPIER") == of_paper}
     return {version: names_in(paths, "GRX_API") for version, paths in places.items()}
 
 
@@ -79,9 +83,9 @@ def read_list(path):
 
 def findings(library, host):
     """Pairs of a complaint and the names that it is about."""
-    public = versioned(public_names())
+    public = versioned(public_names(library))
     exported = defined_names(library)
-    listed = versioned({version: read_list(SYMBOLS / f"{version}.txt") for version in public_names()})
+    listed = versioned({version: read_list(SYMBOLS / f"{version}.txt") for version in public_names(library)})
     yield "exported, but not declared in inc/", exported - public
     yield "declared in inc/, but not exported", public - exported
     yield "declared in inc/, but not in cmake/symbols", public - listed
@@ -95,7 +99,7 @@ def check(library, host):
     wrong = [(complaint, sorted(names)) for complaint, names in findings(library, host) if names]
     for complaint, names in wrong:
         print(f"{complaint}:", *(f"  {name}" for name in names), sep="\n")
-    print(f"{len(versioned(public_names()))} public names, {len(wrong)} complaints")
+    print(f"{len(versioned(public_names(library)))} public names, {len(wrong)} complaints")
     return 1 if wrong else 0
 
 

@@ -10,7 +10,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-ROOMS = ["pure", "system", "display", "toolkit", "events", "registry", "drawing",
+ROOMS = ["pure", "system", "display", "fonts", "toolkit", "events", "registry", "drawing",
          "menus", "windows", "controls", "session", "panels", "dialogs"]
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 SEARCH = ("inc", "host", "x11", ".")
@@ -21,6 +21,7 @@ RULES = {
     "inc": ({"inc", "host"}, True),
     "host": ({"host"}, False),
     "standalone": ({"standalone", "host"}, False),
+    "papier": ({"papier"} | PUBLIC, True),
     "tools": ({"tools", "pure"} | PUBLIC, False),
     "demo": ({"demo"} | PUBLIC, True),
 }
@@ -190,7 +191,7 @@ def main():
         print(file_list(), end="")
         return 0
     build = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ROOT / "build/default").resolve()
-    files = [path for folder in ("inc", "host", "x11", "tools", "demo")
+    files = [path for folder in ("inc", "host", "x11", "papier", "tools", "demo")
              for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".c", ".cpp")]
     found = [line for path in files if place(path) for line in include_complaints(path)]
     found += [*name_complaints(files), *call_complaints(build), *list_complaints()]

@@ -6,9 +6,10 @@ packages=(
     # building
     build-essential g++ cmake ninja-build pkg-config python3 git
     libx11-dev libxext-dev libxt-dev libmotif-dev libpng-dev libdxflib-dev
+    libxft-dev libxrender-dev libfontconfig-dev libfreetype-dev libcairo2-dev fonts-dejavu-core
     # testing
     libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev
-    xvfb mwm openbox fvwm x11-utils x11-xkb-utils xkb-data xfonts-base imagemagick
+    xvfb mwm openbox fvwm x11-utils x11-xkb-utils xkb-data xfonts-base imagemagick poppler-utils
     # checking
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev
 )

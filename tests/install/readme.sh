@@ -7,7 +7,9 @@ programs=0
 for block in "$place"/block*.c; do
     grep -q "^int main(" "$block" || continue
     programs=$((programs + 1))
-    cc -std=c11 $strict $flags "$block" -o "$place/program" $(pkg-config --cflags --libs grx grx-host)
+    libraries=(grx grx-host)
+    ! grep -q 'grx_plus_papier\.h' "$block" || libraries=(grx-papier "${libraries[@]}")
+    cc -std=c11 $strict $flags "$block" -o "$place/program" $(pkg-config --cflags --libs "${libraries[@]}")
     code=0
     told=$(timeout 20 "$place/program" </dev/null) || code=$?
     [ "$code" -lt 124 ] || { echo "$block: without a display it ends with $code"; exit 1; }

@@ -12,7 +12,7 @@ struct FailureText {
     const char* text;
 };
 
-inline constexpr std::array<FailureText, 12> kFailureTexts{{
+inline constexpr std::array<FailureText, 13> kFailureTexts{{
     {1, "done"},
     {GRX_ECHEC_NUMERO, "the number names nothing"},
     {GRX_ECHEC_GENRE, "the function is not for things of this kind"},
@@ -25,6 +25,7 @@ inline constexpr std::array<FailureText, 12> kFailureTexts{{
     {GRX_ECHEC_ABSENT, "nothing there to give"},
     {GRX_ECHEC_DELAI, "no answer in time"},
     {GRX_ECHEC_OCCUPE, "not now, it is going on already"},
+    {GRX_ECHEC_COMMANDE, "a command of the system is not there or has failed"},
 }};
 
 constexpr const char* failure_text(INT code) {
