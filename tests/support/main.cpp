@@ -1,4 +1,5 @@
 // The main program of every test executable: guards that hold for each single test.
+#include "tests/support/apart.h"
 #include "tests/support/heap.h"
 
 #include <gtest/gtest.h>
@@ -69,12 +70,17 @@ class Guards : public testing::EmptyTestEventListener {
 
 } // namespace
 
-int main(int argc, char** argv) {
-    // The leak sanitizer ends the process before buffers are written.
-    std::setvbuf(stdout, nullptr, _IONBF, 0);
-    testing::InitGoogleTest(&argc, argv);
+static int run_tests() {
     auto* guards = new Guards; // gtest owns it
     testing::UnitTest::GetInstance()->listeners().Append(guards);
     const int result = RUN_ALL_TESTS();
     return guards->skipped_wrongly() ? 1 : result;
+}
+
+int main(int argc, char** argv) {
+    // The leak sanitizer ends the process before buffers are written.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    const bool apart = grxtest::takes_apart(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return apart ? grxtest::run_apart(run_tests) : run_tests();
 }
