@@ -237,6 +237,7 @@ bool Atelier::fichiers_font(INT fonction) {
     case kFonctionImage: dit(fichiers_.enregistre_image(feuille_)); return true;
     case kFonctionPieces: dit(fichiers_.edite_pieces(annexes_.critere())); return true;
     case kFonctionCopierPieces: dit(fichiers_.copie_pieces(annexes_.critere())); return true;
+    case kFonctionPapier: dit(fichiers_.exporte(feuille_.vue().visible())); return true;
     case kFonctionTracer: dit(fichiers_.trace(feuille_.vue().visible())); return true;
     default: return false;
     }

@@ -1,9 +1,10 @@
-// The rubber band over a window, between the corner where the button went down and the pointer. It is drawn with
-// exclusive or on the screen only: the same again removes it.
+// The rubber band over a window, between the point where the button went down and the pointer: a frame that is zoomed into, or
+// a line that measures. It lies on a layer above the drawing, with its length or sizes.
 #ifndef ATELIER_ELASTIQUE_H
 #define ATELIER_ELASTIQUE_H
 
 #include <optional>
+#include <string>
 
 #include "geometrie.h"
 #include "host_t.h"
@@ -12,22 +13,30 @@ namespace atelier {
 
 class Elastique {
   public:
-    bool tendu() const { return coins_.has_value(); }
+    enum class Forme { Cadre, Ligne };
 
-    void debut(INT nofen, Point p);
-    void tend(Point p);
-    // Takes it away. Returns its box, nothing when it is so small that the user clicked.
+    bool tendu() const { return coins_.has_value(); }
+    Forme forme() const { return forme_; }
+    // Pixels of the window; defined while it is stretched.
+    Point fixe() const { return coins_->fixe; }
+
+    void debut(INT nofen, Point p, Forme forme);
+    // cote: what is written beside the pointer.
+    void tend(Point p, const std::string& cote);
+    // Takes a frame away, and leaves a line on show. Returns the box of both ends, nothing when it is so small that the
+    // user clicked.
     std::optional<Boite> fin();
-    // What it lay on was drawn anew.
-    void oublie() { coins_.reset(); }
+    // Takes it away, stretched or left on show.
+    void efface();
 
   private:
     struct Coins {
         Point fixe, mobile;
     };
-    void trace() const;
+    void trace(const std::string& cote) const;
 
     INT nofen_ = -1;
+    Forme forme_ = Forme::Cadre;
     std::optional<Coins> coins_;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "bandeau.h"
 #include "fonctions.h"
@@ -70,7 +71,7 @@ void Feuille::appui(const GRX_BOUTON_APPUI& e) {
     switch (e.bouton) {
     case GRX_SOURIS_GAUCHE: // over a picture that shows what is true
         if (peint()) annonce_image();
-        return elastique_.debut(nofen_, p);
+        return elastique_.debut(nofen_, p, a_mesurer_ ? Elastique::Forme::Ligne : Elastique::Forme::Cadre);
     case GRX_SOURIS_DROITE: return ouvre_menu(e);
     case GRX_SOURIS_MILIEU:
         prise_ = p;
@@ -91,7 +92,7 @@ void Feuille::ouvre_menu(const GRX_BOUTON_APPUI& e) {
 void Feuille::bouge(const GRX_SOURIS_BOUGE& e) {
     const Point p = du_haut(e.x, e.y);
     pointeur_ = p;
-    if (elastique_.tendu()) elastique_.tend(p);
+    if (elastique_.tendu()) elastique_.tend(p, cote(p));
     if (!prise_) return;
     vue_.deplace(p - *prise_);
     prise_ = p;
@@ -100,7 +101,9 @@ void Feuille::bouge(const GRX_SOURIS_BOUGE& e) {
 
 bool Feuille::relache(const GRX_BOUTON_RELACHE& e) {
     if (e.bouton == GRX_SOURIS_GAUCHE && elastique_.tendu()) {
-        if (const auto boite = elastique_.fin()) zoome_dans(*boite);
+        const auto boite = elastique_.fin();
+        if (std::exchange(a_mesurer_, false)) grx_change_curseur(GRX_CURS_CROIX_X, mere_);
+        if (boite && elastique_.forme() == Elastique::Forme::Cadre) zoome_dans(*boite);
         return true;
     }
     if (e.bouton != GRX_SOURIS_MILIEU || !prise_) return false;
@@ -114,10 +117,24 @@ void Feuille::zoome_dans(const Boite& pixels) {
     perime();
 }
 
+// What the rubber band measures: the sizes of a frame, the length of a line.
+std::string Feuille::cote(Point p) const {
+    const Point a = cotes().lues(vue_.vers_dessin(elastique_.fixe())), b = cotes().lues(vue_.vers_dessin(p));
+    if (elastique_.forme() == Elastique::Forme::Ligne) return cotes().texte(norme(b - a)) + cotes().unite();
+    return cotes().texte(std::abs(b.x - a.x)) + " x " + cotes().texte(std::abs(b.y - a.y)) + cotes().unite();
+}
+
+// The next press begins a line instead of a frame.
+void Feuille::mesure() {
+    elastique_.efface();
+    a_mesurer_ = true;
+    grx_change_curseur(GRX_CURS_CROIX, mere_);
+}
+
 // Any key gives a rubber band up.
 bool Feuille::touche(INT carac) {
     const double dx = kPasTouche * vue_.largeur(), dy = kPasTouche * vue_.hauteur();
-    if (elastique_.tendu()) elastique_.fin();
+    elastique_.efface();
     switch (carac) {
     case kGauche: vue_.deplace({dx, 0}); break;
     case kDroite: vue_.deplace({-dx, 0}); break;
@@ -131,6 +148,7 @@ bool Feuille::touche(INT carac) {
 
 bool Feuille::action(INT fonction) {
     switch (fonction) {
+    case kFonctionMesurer: mesure(); return true;
     case kFonctionToutVoir: cadre_tout(); break;
     case kFonctionAgrandir: vue_.zoome(kZoomTouche, vue_.milieu()); break;
     case kFonctionReduire: vue_.zoome(1 / kZoomTouche, vue_.milieu()); break;
@@ -186,8 +204,9 @@ void Feuille::place() {
 // Drawn at once: the exposure that follows shows the backing picture, which a new size has emptied.
 void Feuille::prend_taille() {
     INT largeur = 0, hauteur = 0;
-    elastique_.oublie();
+    elastique_.efface();
     grx_recup_taille_fenetre_fille(nofen_, &largeur, &hauteur);
+    largeur_fenetre_ = largeur;
     hauteur_fenetre_ = hauteur;
     vue_.taille(largeur, hauteur - Bandeau::kHauteur);
     if (!cadree_) vue_.cadre_tout(plan_.dessin.boite);
@@ -217,31 +236,40 @@ void Feuille::annonce_image() {
 
 // Unseen into the backing picture, then shown at once; exposures show it again without asking.
 void Feuille::redessine() {
+    elastique_.efface();
+    redessine_partie(toute());
+    a_jour();
+}
+
+// The strip at the foot covers some of the window; moving the picture may uncover that.
+Boite Feuille::toute() const {
+    return Boite::entre({}, {1.0 * largeur_fenetre_, 1.0 * hauteur_fenetre_});
+}
+
+void Feuille::redessine_partie(const Boite& partie) {
     grx_affecte_nofen_active(nofen_);
     grx_alloue_image(nofen_);
-    trace(tout_l_ecran(vue_));
+    trace(partie);
     grx_desalloue_image();
-    montre();
+    grx_affiche_bitmap_backingstore(nofen_);
 }
 
 // The picture moves, and only what comes to light is drawn.
 void Feuille::glisse() {
     const auto ecart = peinte_ ? vue_.deplacement_depuis(*peinte_) : std::nullopt;
-    if (!ecart || !glisse_image(nofen_, vue_, *ecart)) return redessine();
-    grx_affecte_nofen_active(nofen_);
-    for (const Boite& partie : parties_decouvertes(vue_, *ecart)) {
-        const Decoupe decoupe(partie);
-        grx_alloue_image(nofen_);
-        trace(partie);
-        grx_desalloue_image();
+    const auto parties = ecart ? glisse_image(nofen_, *ecart) : std::nullopt;
+    if (!parties) return redessine();
+    elastique_.efface();
+    for (const Boite& partie : *parties) {
+        const Decoupe decoupe(nofen_, partie);
+        redessine_partie(partie);
     }
-    montre();
+    a_jour();
 }
 
-void Feuille::montre() {
+void Feuille::a_jour() {
     a_redessiner_ = a_glisser_ = false;
     peinte_ = vue_;
-    grx_affiche_bitmap_backingstore(nofen_);
 }
 
 void Feuille::trace(const Boite& partie) const {

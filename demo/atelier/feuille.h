@@ -4,6 +4,7 @@
 #define ATELIER_FEUILLE_H
 
 #include <optional>
+#include <string>
 
 #include "apercu.h"
 #include "cotes.h"
@@ -66,21 +67,26 @@ class Feuille {
     void place();
     void prend_taille();
     void zoome_dans(const Boite& pixels);
+    std::string cote(Point p) const;
+    void mesure();
     Point du_haut(INT x, INT y) const;
 
     // --- picture ---
+    Boite toute() const;
     void redessine();
+    void redessine_partie(const Boite& partie);
     void glisse();
-    void montre();
+    void a_jour();
     void trace(const Boite& partie) const;
 
     const Plan& plan_;
     INT mere_ = -1, nofen_ = -1;
-    int gauche_ = 0, hauteur_fenetre_ = 1;
+    int gauche_ = 0, largeur_fenetre_ = 1, hauteur_fenetre_ = 1;
 
     Vue vue_;
     bool cadree_ = false;
     Elastique elastique_;
+    bool a_mesurer_ = false; // the next rubber band is a line
     Point menu_;                 // of the last menu, in pixels
     std::optional<Point> prise_; // where the hand holds the drawing
     std::optional<Point> pointeur_;

@@ -10,12 +10,13 @@
 
 #include "apercu.h"
 #include "dialogues.h"
+#include "grx_plus_images.h"
 #include "grx_plus_messages.h"
 #include "grx_plus_presse_papiers.h"
 #include "host_g.h"
-#include "hpgl.h"
 #include "ouverture.h"
 #include "palette.h"
+#include "papier.h"
 #include "xt_f.h"
 
 namespace atelier {
@@ -25,11 +26,27 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::array<Filtre, 2> kPlans{{{"Plans DXF", "dxf"}, {"Tous les fichiers", "*"}}};
-constexpr std::array<Filtre, 1> kImages{{{"Images BMP", "BMP"}}};
+constexpr std::array<Filtre, 2> kImages{{{"Images BMP", "BMP"}, {"Images PNG", "PNG"}}};
+constexpr std::array<Filtre, 1> kPdf{{{"Feuilles PDF", "pdf"}}};
 
 bool ecrit_image(const std::string& chemin, Image image) {
     std::string rien, nom = chemin;
     return ecrit_fichier_bitmap_256(rien.data(), nom.data(), image.points.data(), image.largeur, image.hauteur) == 0;
+}
+
+// What a window shows, in the colours of the screen.
+bool ecrit_png(const std::string& chemin, INT nofen) {
+    GRX_IMAGE image;
+    grx_init_image(&image);
+    const bool ecrite =
+        grx_recup_image_fenetre(nofen, &image) == 1 && grx_ecrit_image(chemin.c_str(), &image, GRX_IMAGE_PNG) == 1;
+    grx_libere_image(&image);
+    return ecrite;
+}
+
+bool est_png(const fs::path& chemin) {
+    const std::string fin = chemin.extension().string();
+    return fin == ".png" || fin == ".PNG";
 }
 
 // Where the file dialog looks for the picture of a file.
@@ -116,7 +133,8 @@ std::string Fichiers::enregistre_image(Feuille& feuille) const {
     const auto choisi = choisit_fichier(
         HOST_CATAL_ECRITURE, "Enregistrer l'image", kImages, fs::path(plan_.chemin).replace_extension(".BMP"));
     if (!reprend_() || !choisi) return {};
-    if (!ecrit_image(choisi->string(), image)) return "Image pas \u00e9crite : " + choisi->string();
+    const bool ecrite = est_png(*choisi) ? ecrit_png(choisi->string(), feuille.nofen()) : ecrit_image(choisi->string(), image);
+    if (!ecrite) return "Image pas \u00e9crite : " + choisi->string();
     const std::string apercu = chemin_apercu(plan_.chemin.string());
     const bool avec_apercu = apercu == choisi->string() || ecrit_image(apercu, reduite(image, kCoteApercu, kCoulFond));
     return "Image : " + choisi->string() + (avec_apercu ? "" : ", sans aper\u00e7u");
@@ -153,10 +171,19 @@ std::string Fichiers::trace(const Boite& visible) {
     if (!reprend_() || !choisi) return {};
     repertoire_traces_ = choisi->has_filename() ? *choisi : choisi->parent_path();
     const fs::path trace = repertoire_traces_ / fs::path(plan_.nom()).replace_extension(".plt");
-    if (!ecrit_texte(trace, hpgl(plan_.dessin, visible))) return "Trac\u00e9 pas \u00e9crit : " + trace.string();
+    if (const std::string raison = met_sur_papier(plan_, visible, Papier::Traceur, trace); !raison.empty())
+        return "Trac\u00e9 pas \u00e9crit, " + raison + " : " + trace.string();
     const int code = envoie(trace);
     return code == 0 ? "Trac\u00e9 envoy\u00e9 : " + trace.string()
                      : "Trac\u00e9 pas envoy\u00e9 (pltspool, code " + std::to_string(code) + ") : " + trace.string();
+}
+
+std::string Fichiers::exporte(const Boite& visible) const {
+    const auto choisi = choisit_fichier(
+        HOST_CATAL_ECRITURE, "Exporter en PDF", kPdf, fs::path(plan_.chemin).replace_extension(".pdf"));
+    if (!reprend_() || !choisi) return {};
+    const std::string raison = met_sur_papier(plan_, visible, Papier::Pdf, *choisi);
+    return raison.empty() ? "Feuille : " + choisi->string() : "Feuille pas \u00e9crite, " + raison + " : " + choisi->string();
 }
 
 } // namespace atelier

@@ -36,6 +36,8 @@ class Fichiers {
     std::string edite_pieces(Critere critere) const;
     // Plots what is seen. The directory is proposed again the next time.
     std::string trace(const Boite& visible);
+    // What is seen, on a sheet of paper in a PDF.
+    std::string exporte(const Boite& visible) const;
 
   private:
     const Plan& plan_;

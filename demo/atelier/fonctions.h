@@ -13,9 +13,11 @@ enum Fonction {
     kFonctionNotesEnregistrer = 206,
     kFonctionCopierPieces = 207,
     kFonctionNoteIci = 208, // of the menu over the sheet
+    kFonctionPapier = 209,
     kFonctionToutVoir = 301,
     kFonctionAgrandir = 302,
     kFonctionReduire = 303,
+    kFonctionMesurer = 304,
     kFonctionCouchesToutes = 311,
     kFonctionCouchesAucune = 312,
     kFonctionReglages = 321,

@@ -1,61 +1,29 @@
 #include "glissement.h"
 
-#include <X11/Xlib.h>
+#include <array>
+#include <span>
 
-#include <algorithm>
-#include <cstdlib>
-
-#include "xt_fen_f.h"
-#include "xt_gfx_f.h"
-#include "xt_ini_t.h"
+#include "grx_plus_calques.h"
 
 namespace atelier {
 
-namespace {
-
-struct Bande {
-    int debut, fin;
-};
-
-// Between 0 and taille, what nothing comes from when all moves by ecart.
-Bande decouverte(int ecart, int taille) {
-    return ecart > 0 ? Bande{0, std::min(ecart, taille)} : Bande{std::max(taille + ecart, 0), taille};
-}
-
-Boite boite(Bande x, Bande y) {
-    return {{1.0 * x.debut, 1.0 * y.debut}, {1.0 * x.fin, 1.0 * y.fin}};
-}
-
-} // namespace
-
-// A copy onto itself. The library's context draws plainly after grx_reinit_gc.
-bool glisse_image(INT nofen, const Vue& vue, Ecart ecart) {
-    STRUCTURE_FENETRE* fenetre = nullptr;
-    grx_recup_structure_fenetre(nofen, &fenetre);
-    if (fenetre == nullptr || fenetre->image == nullptr || g_c == nullptr) return false;
-    const int largeur = vue.largeur() - std::abs(ecart.x), hauteur = vue.hauteur() - std::abs(ecart.y);
-    if (largeur <= 0 || hauteur <= 0) return false;
-    grx_reinit_gc();
-    XCopyArea(x11_disp, *fenetre->image, *fenetre->image, g_c, std::max(-ecart.x, 0), std::max(-ecart.y, 0),
-        static_cast<unsigned>(largeur), static_cast<unsigned>(hauteur), std::max(ecart.x, 0), std::max(ecart.y, 0));
-    return true;
-}
-
-std::vector<Boite> parties_decouvertes(const Vue& vue, Ecart ecart) {
+std::optional<std::vector<Boite>> glisse_image(INT nofen, Ecart ecart) {
+    std::array<GRX_ZONE, 2> zones{};
+    INT nombre = 0;
+    if (grx_defile_fenetre(nofen, ecart.x, ecart.y, zones.data(), &nombre) != 1) return std::nullopt;
     std::vector<Boite> r;
-    if (ecart.x != 0) r.push_back(boite(decouverte(ecart.x, vue.largeur()), {0, vue.hauteur()}));
-    if (ecart.y != 0) r.push_back(boite({0, vue.largeur()}, decouverte(ecart.y, vue.hauteur())));
+    for (const GRX_ZONE& z : std::span(zones).first(static_cast<std::size_t>(nombre)))
+        r.push_back({{1.0 * z.x, 1.0 * z.y}, {1.0 * z.x + z.lar, 1.0 * z.y + z.hau}});
     return r;
 }
 
-Decoupe::Decoupe(const Boite& partie) {
-    XRectangle r{static_cast<short>(partie.min.x), static_cast<short>(partie.min.y),
-        static_cast<unsigned short>(partie.largeur()), static_cast<unsigned short>(partie.hauteur())};
-    XSetClipRectangles(x11_disp, g_c, 0, 0, &r, 1, Unsorted);
+Decoupe::Decoupe(INT nofen, const Boite& partie) {
+    grx_limite_trace(nofen, static_cast<INT>(partie.min.x), static_cast<INT>(partie.min.y),
+        static_cast<INT>(partie.largeur()), static_cast<INT>(partie.hauteur()));
 }
 
 Decoupe::~Decoupe() {
-    XSetClipMask(x11_disp, g_c, None);
+    grx_libere_limite_trace();
 }
 
 } // namespace atelier

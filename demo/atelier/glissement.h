@@ -1,7 +1,8 @@
-// The backing picture of a window moved, and drawn anew only where that uncovers it.
+// The picture of a window moved, and drawn anew only where that uncovers it.
 #ifndef ATELIER_GLISSEMENT_H
 #define ATELIER_GLISSEMENT_H
 
+#include <optional>
 #include <vector>
 
 #include "geometrie.h"
@@ -10,16 +11,13 @@
 
 namespace atelier {
 
-// Moves what the upper left part of the picture shows, as large as the view. Returns false when there is no picture.
-bool glisse_image(INT nofen, const Vue& vue, Ecart ecart);
+// Moves what a window shows. Returns what comes to light, to be drawn; nothing when the window cannot be moved so.
+std::optional<std::vector<Boite>> glisse_image(INT nofen, Ecart ecart);
 
-// What a move uncovers of the screen: nothing, or one strip or two.
-std::vector<Boite> parties_decouvertes(const Vue& vue, Ecart ecart);
-
-// As long as it lives, all that the library draws, and empties, is held to this part of the target.
+// As long as it lives, all that is drawn into the window, emptied and shown is held to this part of it.
 class Decoupe {
   public:
-    explicit Decoupe(const Boite& partie);
+    Decoupe(INT nofen, const Boite& partie);
     ~Decoupe();
     Decoupe(const Decoupe&) = delete;
     Decoupe& operator=(const Decoupe&) = delete;

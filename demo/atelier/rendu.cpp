@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "decoupe.h"
+#include "grx_plus_textes.h"
 #include "ordre.h"
 #include "pinceau.h"
 #include "police.h"
@@ -189,12 +190,14 @@ void trace_grille(const Plume& plume, const Vue& vue, double pas) {
 }
 
 double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur) {
-    const double k = hauteur / police::kHauteur;
-    const Matrice m = Matrice::translation(debut) * Matrice::echelle(k, -k);
-    const Point fin{debut.x + k * police::largeur(texte), debut.y};
-    const Point marge{kDebord, kDebord};
-    trace_chemin(plume, police::ecrit(texte), m, Boite::entre(debut - marge, fin + marge));
-    return fin.x;
+    police::morceaux(texte, hauteur, [&](GRX_TEXTE& t, double x) {
+        t.nofen = plume.nofen;
+        t.x = static_cast<INT>(std::lround(debut.x + x));
+        t.y = static_cast<INT>(std::lround(debut.y));
+        t.attrib = plume.attrib;
+        grx_trace_texte_dessin(&t);
+    });
+    return debut.x + police::largeur(texte) * hauteur / police::kHauteur;
 }
 
 // On whole pixels of the sheet, so that a moved picture is the one drawn anew.

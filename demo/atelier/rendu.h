@@ -44,7 +44,7 @@ void trace_chemin(const Plume& plume, const Trace& chemin, const Matrice& m, con
 // Notes: a cross at each place, and its text beside it.
 void trace_notes(const Plume& plume, const std::vector<Note>& notes, const Vue& vue);
 
-// Text in the program's own font: capitals of hauteur pixels, the baseline starting at x, y. Returns where it ends.
+// Text in the single-stroke font: capitals of hauteur pixels, the baseline starting at x, y. Returns where it ends.
 double ecrit_texte(const Plume& plume, std::u32string_view texte, Point debut, double hauteur);
 
 } // namespace atelier

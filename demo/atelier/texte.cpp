@@ -194,8 +194,12 @@ std::u32string en_unicode(std::string_view octets) {
 }
 
 std::string en_utf8(std::string_view octets) {
+    return en_utf8(en_unicode(octets));
+}
+
+std::string en_utf8(std::u32string_view caracteres) {
     std::string r;
-    for (const char32_t c : en_unicode(octets)) {
+    for (const char32_t c : caracteres) {
         constexpr char32_t kUnOctet = 0x80, kDeuxOctets = 0x800, kTroisOctets = 0x10000;
         const auto suite = [&](int decale) { r += static_cast<char>(0x80 | (c >> decale & 0x3F)); };
         if (c < kUnOctet) {

@@ -15,6 +15,7 @@ std::u32string en_unicode(std::string_view octets);
 
 // UTF-8 of the same.
 std::string en_utf8(std::string_view octets);
+std::string en_utf8(std::u32string_view caracteres);
 
 struct TexteSimple {
     std::u32string texte;

@@ -107,9 +107,10 @@ class Table {
     void neuve(const Vue& vue) const { trace(vue, tout_l_ecran(vue)); }
     bool glisse(const Vue& avant, const Vue& vue) const {
         const auto ecart = vue.deplacement_depuis(avant);
-        if (!ecart || !glisse_image(fenetre, vue, *ecart)) return false;
-        for (const Boite& partie : parties_decouvertes(vue, *ecart)) {
-            const Decoupe decoupe(partie);
+        const auto parties = ecart ? glisse_image(fenetre, *ecart) : std::nullopt;
+        if (!parties) return false;
+        for (const Boite& partie : *parties) {
+            const Decoupe decoupe(fenetre, partie);
             trace(vue, partie);
         }
         return true;
@@ -259,7 +260,7 @@ TEST(Rendu, APartLeavesTheRestAsItWas) {
     ailleurs.zoome(2, {10, 10});
     const Boite partie{{300, 200}, {400, 280}};
     {
-        const Decoupe decoupe(partie);
+        const Decoupe decoupe(fenetre, partie);
         table.trace(ailleurs, partie);
     }
     const Image apres = image();
