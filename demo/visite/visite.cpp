@@ -28,6 +28,7 @@ class Visite {
             {"nomenclature", &Visite::nomenclature}, {"image et apercu", &Visite::image},
             {"ouvrir un plan", &Visite::ouvrir}, {"liste des pieces dans l'editeur", &Visite::editeur},
             {"couleur d'une couche", &Visite::couleurs_de_couche}, {"trace", &Visite::trace},
+            {"feuille en PDF", &Visite::pdf}, {"mesure", &Visite::mesure},
             {"bande d'information", &Visite::bande}, {"titre et bord", &Visite::decorations},
             {"bulle et aide", &Visite::aide}, {"note par le menu de la feuille", &Visite::note},
             {"notes pas enregistrees", &Visite::question}, {"fermeture par le gestionnaire", &Visite::fermeture}};
@@ -479,6 +480,43 @@ class Visite {
         attend_fichier("traceur/maison.plt");
         attend("la nouvelle", [&] { return ecran_.image(bandeau()) != avant; });
         photo("30-trace");
+    }
+
+    void pdf() {
+        ecran_.touche(XK_p, XK_Control_L);
+        panneau(kTitrePdf);
+        const Image avant = ecran_.image(bandeau());
+        ecran_.touche(XK_Return);
+        attend_fichier("maison.pdf");
+        attend("la nouvelle", [&] { return ecran_.image(bandeau()) != avant; });
+    }
+
+    // A line with its length above the drawing, which is the same again once a key takes the line away.
+    void mesure() {
+        const Cadre c = feuille();
+        const int x1 = c.x + c.largeur * 3 / 10, y1 = c.y + c.hauteur * 3 / 10;
+        const int x2 = c.x + c.largeur * 6 / 10, y2 = c.y + c.hauteur * 6 / 10;
+        prend_clavier();
+        ecran_.va(x1, y1);
+        const Image avant = calme();
+        ecran_.touche(XK_F2);
+        ecran_.bouton(1, true);
+        ecran_.glisse(x1, y1, x2, y2);
+        const auto change = [&] {
+            const Image image = dessin();
+            const int x = (x1 + x2) / 2 - c.x, y = (y1 + y2) / 2 - c.y;
+            for (int d = -2; d <= 2; ++d) {
+                if (image.en(x + d, y) != avant.en(x + d, y)) return true;
+            }
+            return false;
+        };
+        attend("la ligne", change);
+        ecran_.bouton(1, false);
+        calme();
+        attend("la ligne encore", change);
+        photo("30-mesure");
+        ecran_.touche(XK_space);
+        attend("le dessin d'avant", [&] { return retrouves(avant, dessin(), 0, 0) > 0.999; });
     }
 
     void bande() {
