@@ -35,10 +35,6 @@ Widget make_cascade(Widget support, const char* text, Widget submenu) {
     return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
 }
 
-void on_entry_death(Widget, XtPointer place, XtPointer) {
-    forget_menu_entry(number_in(place));
-}
-
 Widget make_push_button(Widget parent, const EntryText& text, const char* translation) {
     const CompoundString label(text.label);
     const CompoundString shown(text.accelerator);
@@ -101,14 +97,12 @@ Widget make_separator(Widget parent) {
 Widget make_entry(Widget parent, const EntryText& text, const char* translation, INT nofo, XtCallbackProc chosen) {
     Widget entry = make_push_button(parent, text, translation);
     if (entry == nullptr) return nullptr;
-    const int place = note_menu_entry(nofo, entry);
-    if (place < 0) {
+    if (!note_menu_entry(nofo, entry)) {
         XtDestroyWidget(entry);
         return nullptr;
     }
     XtAddCallback(entry, XmNactivateCallback, chosen, as_client_data(nofo));
-    XtAddCallback(entry, XmNdestroyCallback, on_entry_death, as_client_data(place));
-    follow_armed(entry, nofo);
+    note_armed(entry, nofo);
     return entry;
 }
 
