@@ -26,7 +26,6 @@
 #include "events/record.h"
 #include "registry/window_table.h"
 #include "menus/first_release.h"
-#include "menus/living_entries.h"
 #include "menus/menu_file.h"
 #include "menus/menu_keys.h"
 #include "menus/menu_parts.h"
@@ -54,6 +53,13 @@ struct Levels {
     LI_MENU& line(INT depth) { return opened_by[static_cast<std::size_t>(depth) - 1]; }
 };
 
+void on_chosen(Widget, XtPointer nofo, XtPointer) {
+    GRX_DIGIT& record = grx::post(evt_global.bouton_appui, GRX_EVT_BOUTON_APPUI, holder);
+    record.nobou = GRX_AUCUN;
+    record.bouton = GRX_SOURIS_GAUCHE;
+    record.no_fo = grx::number_in(nofo);
+}
+
 void manage_children(Widget menu) {
     const auto children = grx::children_of(menu);
     XtManageChildren(const_cast<WidgetList>(children.data()), static_cast<Cardinal>(children.size()));
@@ -74,7 +80,7 @@ void add_entry(Levels& levels, const LI_MENU& line, Widget menu) {
     const grx::EntryText text = grx::entry_text(line.nom_fonction, line.accelerateur, line.mneumonic);
     if (grx::is_separator(text)) {
         grx::make_separator(menu);
-    } else if (grx::make_entry(menu, text, nullptr, line.no_fo, grx::context_entry_chosen) != nullptr) {
+    } else if (grx::make_entry(menu, text, nullptr, line.no_fo, on_chosen) != nullptr) {
         ++levels.entries;
     }
 }
@@ -248,17 +254,6 @@ INT open_at(INT nofen, const char* fichier, const char* zone, const Point& point
 }
 
 } // namespace
-
-namespace grx {
-
-void context_entry_chosen(Widget, XtPointer no_fo, XtPointer) {
-    GRX_DIGIT& record = post(evt_global.bouton_appui, GRX_EVT_BOUTON_APPUI, holder);
-    record.nobou = GRX_AUCUN;
-    record.bouton = GRX_SOURIS_GAUCHE;
-    record.no_fo = number_in(no_fo);
-}
-
-} // namespace grx
 
 extern "C" {
 

@@ -5,12 +5,14 @@
 #include <Xm/PushB.h>
 #include <Xm/Xm.h>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 
+#include "system/shut_down.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "menus/menu_widgets.h"
-#include "xt_fen_f.h"
 #include "xt_ini_t.h"
 
 namespace grx {
@@ -29,8 +31,14 @@ const XtCallbackRec* callback_of(Widget w, const char* name, Wanted wanted) {
     return nullptr;
 }
 
+std::array<XtCallbackProc, 2> choosers{}; // of the bar and of context menus
+
 bool is_chooser(XtCallbackProc callback) {
-    return callback == grx_menu_est_active || callback == context_entry_chosen;
+    return std::find(choosers.begin(), choosers.end(), callback) != choosers.end();
+}
+
+void forget_choosers() {
+    choosers = {};
 }
 
 // Push buttons of the application have other names, or call something else.
@@ -57,6 +65,13 @@ void for_each_living_entry(void (*call)(Widget entry, INT no_fo)) {
     args.set(XtNshells, &shells).set(XtNnumShells, &count);
     XtGetValues(XtHooksOfDisplay(x11_disp), args.list(), args.count());
     for (Cardinal i = 0; i < count; ++i) call_inside(shells[i], call);
+}
+
+void note_chooser(XtCallbackProc chosen) {
+    if (is_chooser(chosen)) return;
+    at_shut_down(forget_choosers);
+    auto* const free = std::find(choosers.begin(), choosers.end(), nullptr);
+    if (free != choosers.end()) *free = chosen;
 }
 
 bool has_callback(Widget w, const char* name, XtCallbackProc callback) {

@@ -14,7 +14,7 @@ void for_each_living_entry(void (*call)(Widget entry, INT no_fo));
 /// True when `callback` is among those of `name`, which is one of the widget's lists of callbacks.
 bool has_callback(Widget w, const char* name, XtCallbackProc callback);
 
-/// What is called when an entry of a context menu is chosen, with its number as client data.
-void context_entry_chosen(Widget entry, XtPointer no_fo, XtPointer call);
+/// Entries are told from other push buttons by what is called, with their number, when they are chosen.
+void note_chooser(XtCallbackProc chosen);
 
 } // namespace grx

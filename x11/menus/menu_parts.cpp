@@ -17,6 +17,7 @@
 #include "menus/armed_entry.h"
 #include "menus/entry_states.h"
 #include "menus/forget_menus.h"
+#include "menus/living_entries.h"
 #include "menus/mnemonics.h"
 #include "xt_ini_t.h"
 
@@ -101,6 +102,7 @@ Widget make_entry(Widget parent, const EntryText& text, const char* translation,
         XtDestroyWidget(entry);
         return nullptr;
     }
+    note_chooser(chosen);
     XtAddCallback(entry, XmNactivateCallback, chosen, as_client_data(nofo));
     note_armed(entry, nofo);
     return entry;

@@ -112,9 +112,7 @@ class Program {
     std::span<const Elf64_Sym> symbols() const {
         return table<Elf64_Sym>(symbol_section().sh_offset, symbol_section().sh_size);
     }
-    const char* text(Elf64_Word place) const {
-        return bytes_ + sections()[symbol_section().sh_link].sh_offset + place;
-    }
+    const char* text(Elf64_Word place) const { return bytes_ + sections()[symbol_section().sh_link].sh_offset + place; }
     bool is_writable(const Elf64_Shdr& section) const {
         const std::string_view name = bytes_ + sections()[header().e_shstrndx].sh_offset + section.sh_name;
         return name == ".data" || name == ".bss";
