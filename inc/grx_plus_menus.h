@@ -69,7 +69,8 @@ GRX_API INT grx_init_entree_menu(GRX_ENTREE_MENU* entree);
 
 /* The state of the entries of a function number. entree: out, its taille set before. Gives 1;
  * GRX_ECHEC_NUMERO for a number that no entry carries and for which nothing is set (the record then says
- * 0 entries, sensitive, not ticked); GRX_ECHEC_PARAMETRE for null or a taille that is none.
+ * 0 entries, sensitive, not ticked); GRX_ECHEC_MEMOIRE when memory does not suffice to find the entries;
+ * GRX_ECHEC_PARAMETRE for null or a taille that is none.
  * Depuis 1.1 */
 GRX_API INT grx_recup_entree_menu(INT no_fo, GRX_ENTREE_MENU* entree);
 

@@ -104,6 +104,7 @@ INT grx_affecte_demande_aide(INT wanted) {
     grx::at_shut_down(forget_help);
     sources = wanted;
     if (wanted != 0) grx::watch_key_presses(on_press);
+    if ((wanted & GRX_AIDE_TOUCHE) != 0) grx::follow_armed_entries();
     grx::tell_armed_entries((wanted & GRX_AIDE_MENU) != 0);
     return 1;
 }

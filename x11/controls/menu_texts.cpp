@@ -38,6 +38,7 @@ struct Entry {
 // A control by number and widget: the number may be another's later.
 struct Field {
     INT nobou = GRX_AUCUN;
+    INT filler = 0; // no gap: one that was forgotten is that of a fresh process, byte by byte
     Widget widget = nullptr;
     Widget live() const { return widget != nullptr && grx_recup_objet_bout(nobou) == widget ? widget : nullptr; }
 };
@@ -56,7 +57,7 @@ XtPointer before = nullptr;
 XtPointer shown = nullptr;
 
 Field field_of(INT nobou) {
-    return {nobou, grx_recup_objet_bout(nobou)};
+    return {nobou, 0, grx_recup_objet_bout(nobou)};
 }
 
 // -- contents of labels and fields alike

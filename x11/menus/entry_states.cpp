@@ -21,6 +21,7 @@
 #include "toolkit/widgets.h"
 #include "menus/entry_marks.h"
 #include "menus/function_table.h"
+#include "menus/living_entries.h"
 #include "menus/mnemonics.h"
 
 namespace {
@@ -31,6 +32,7 @@ using grx::MenuSetting;
 
 grx::NeverDestroyed<grx::FunctionTable> lasting_functions;
 grx::FunctionTable& functions = lasting_functions.value;
+bool noting = false; // entries are in the table
 
 // -- texts
 
@@ -144,8 +146,34 @@ void unset_all(bool kept_as_well) {
     });
 }
 
+// -- the entries in the table
+
+void on_entry_death(Widget, XtPointer client, XtPointer) {
+    const int place = grx::number_in(client);
+    if (!functions.holds(place)) return;
+    free_label_of_file(functions.entry(place));
+    functions.remove_entry(place);
+}
+
+bool add(INT number, Widget entry) {
+    const int place = functions.add_entry(number, entry);
+    if (place < 0) return false;
+    XtAddCallback(entry, XmNdestroyCallback, on_entry_death, grx::as_client_data(place));
+    MenuFunction& f = functions.function_of(place);
+    for (const Kind& kind : kKinds) {
+        if ((f.*kind.setting).is_set) kind.show(f, functions.entry(place));
+    }
+    return true;
+}
+
+void add_living(Widget entry, INT number) {
+    if (!noting || grx::has_callback(entry, XmNdestroyCallback, on_entry_death)) return;
+    noting = add(number, entry);
+}
+
 // The entries stand until their windows go, and then find their places empty of settings.
 void forget_at_shut_down() {
+    noting = false;
     functions.for_each_function([](MenuFunction& f) {
         functions.for_each_entry(f, free_label_of_file);
         for (const Kind& kind : kKinds) f.*kind.setting = MenuSetting{};
@@ -154,10 +182,18 @@ void forget_at_shut_down() {
     });
 }
 
+// False when memory is short: the rest is looked for the next time.
+bool has_all_entries() {
+    if (noting) return true;
+    grx::at_shut_down(forget_at_shut_down);
+    noting = true;
+    grx::for_each_living_entry(add_living);
+    return noting;
+}
+
 // The function that is to be changed, null when memory is short.
 MenuFunction* to_change(INT no_fo) {
-    grx::at_shut_down(forget_at_shut_down);
-    return functions.find_or_add(no_fo);
+    return has_all_entries() ? functions.find_or_add(no_fo) : nullptr;
 }
 
 INT set(INT no_fo, const Kind& kind, INT value, INT garde) {
@@ -199,20 +235,8 @@ GRX_ENTREE_MENU described(const MenuFunction& f) {
 
 namespace grx {
 
-int note_menu_entry(INT number, Widget entry) {
-    const int place = functions.add_entry(number, entry);
-    if (place < 0) return place;
-    MenuFunction& f = functions.function_of(place);
-    for (const Kind& kind : kKinds) {
-        if ((f.*kind.setting).is_set) kind.show(f, functions.entry(place));
-    }
-    return place;
-}
-
-void forget_menu_entry(int place) {
-    if (!functions.holds(place)) return;
-    free_label_of_file(functions.entry(place));
-    functions.remove_entry(place);
+bool note_menu_entry(INT number, Widget entry) {
+    return !noting || add(number, entry);
 }
 
 void forget_unkept_states() {
@@ -265,9 +289,11 @@ INT grx_init_entree_menu(GRX_ENTREE_MENU* entree) {
 }
 
 INT grx_recup_entree_menu(INT no_fo, GRX_ENTREE_MENU* entree) {
+    const bool complete = has_all_entries();
     const MenuFunction* const f = functions.find(no_fo);
     if (!grx::write_sized(entree, described(f != nullptr ? *f : MenuFunction{})))
         return grx::refused(GRX_ECHEC_PARAMETRE, "entree");
+    if (!complete) return GRX_ECHEC_MEMOIRE;
     return f != nullptr ? 1 : grx::refused(GRX_ECHEC_NUMERO, "no_fo", no_fo);
 }
 }

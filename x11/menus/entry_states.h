@@ -8,12 +8,9 @@
 
 namespace grx {
 
-/// Notes an entry by its number, and shows on it what is set for that. Its place for forget_menu_entry, negative when memory
-/// is short.
-int note_menu_entry(INT number, Widget entry);
-
-/// Of an entry that is destroyed.
-void forget_menu_entry(int place);
+/// Notes an entry that was made by its number, and shows on it what is set for that. Before anything was set or asked for,
+/// nothing is noted: entries are looked for then. False when memory is short.
+bool note_menu_entry(INT number, Widget entry);
 
 /// Forgets what is not to outlive the bar.
 void forget_unkept_states();

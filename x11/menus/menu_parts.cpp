@@ -17,6 +17,7 @@
 #include "menus/armed_entry.h"
 #include "menus/entry_states.h"
 #include "menus/forget_menus.h"
+#include "menus/living_entries.h"
 #include "menus/mnemonics.h"
 #include "xt_ini_t.h"
 
@@ -33,10 +34,6 @@ Widget make_cascade(Widget support, const char* text, Widget submenu) {
     args.set(XmNlabelString, label.get()).set(XmNfontList, fontlist).set(XmNsubMenuId, submenu);
     set_menu_look(args);
     return XmCreateCascadeButton(support, const_cast<char*>("Fin sous_menu"), args.list(), args.count());
-}
-
-void on_entry_death(Widget, XtPointer place, XtPointer) {
-    forget_menu_entry(number_in(place));
 }
 
 Widget make_push_button(Widget parent, const EntryText& text, const char* translation) {
@@ -101,14 +98,13 @@ Widget make_separator(Widget parent) {
 Widget make_entry(Widget parent, const EntryText& text, const char* translation, INT nofo, XtCallbackProc chosen) {
     Widget entry = make_push_button(parent, text, translation);
     if (entry == nullptr) return nullptr;
-    const int place = note_menu_entry(nofo, entry);
-    if (place < 0) {
+    if (!note_menu_entry(nofo, entry)) {
         XtDestroyWidget(entry);
         return nullptr;
     }
+    note_chooser(chosen);
     XtAddCallback(entry, XmNactivateCallback, chosen, as_client_data(nofo));
-    XtAddCallback(entry, XmNdestroyCallback, on_entry_death, as_client_data(place));
-    follow_armed(entry, nofo);
+    note_armed(entry, nofo);
     return entry;
 }
 

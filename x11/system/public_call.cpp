@@ -98,7 +98,9 @@ PublicCall public_call() {
     static const Home home;
     const Stack stack;
     bool first = true;
-    for (int at = 0; at < stack.depth; skip_others(stack, at, home)) {
+    int at = 0;
+    skip_others(stack, at, home); // what stands in front of backtrace()
+    for (; at < stack.depth; skip_others(stack, at, home)) {
         PublicCall call = through_home(stack, at, home);
         if (call.direct && call.name[0] != '\0') {
             call.direct = first;

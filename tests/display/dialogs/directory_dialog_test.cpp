@@ -1,5 +1,6 @@
 // The directory dialog.
 #include "tests/display/dialogs/file_dialog_kit.h"
+#include "tests/support/sanitized.h"
 
 namespace {
 
@@ -125,7 +126,7 @@ TEST_F(DirectoryDialog, HundredTimesLeaveNothing) {
         });
         EXPECT_EQ(choose_directory("/tmp"), way == 0 ? 1 : 0);
     };
-    expect_no_growth(once, 100);
+    expect_no_growth(once, amount(100));
 }
 
 } // namespace

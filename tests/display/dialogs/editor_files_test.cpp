@@ -2,6 +2,7 @@
 #include "tests/support/bells.h"
 #include "tests/display/dialogs/editor_kit.h"
 #include "tests/support/descriptors.h"
+#include "tests/support/sanitized.h"
 
 #include <clocale>
 #include <cstring>
@@ -143,7 +144,8 @@ TEST_F(Editor, AFileWithZerosIsNeverDamaged) {
 
 TEST_F(Editor, TwentyMegabytes) {
     std::string bytes;
-    while (bytes.size() < 20U << 20) bytes += "line " + std::to_string(bytes.size()) + " of a long report\n";
+    while (bytes.size() < static_cast<std::size_t>(amount(20)) << 20)
+        bytes += "line " + std::to_string(bytes.size()) + " of a long report\n";
     edit("big.txt", bytes);
     EXPECT_EQ(XmTextGetLastPosition(text()), static_cast<XmTextPosition>(bytes.size()));
     pointer().click_in(text(), 8, 8);

@@ -2,6 +2,7 @@
 // it was, leave nothing on the screen or the heap, and stand on unusual screens.
 #include "tests/display/dialogs/file_dialog_kit.h"
 #include "tests/support/fake_visual.h"
+#include "tests/support/sanitized.h"
 
 #include <cstring>
 #include <optional>
@@ -352,7 +353,7 @@ TEST_F(FileDialog, TwoHundredTimesLeaveNothing) {
         });
         EXPECT_EQ(choose({}).result, way == 0 ? 1 : 0);
     };
-    expect_no_growth(once, 200);
+    expect_no_growth(once, amount(200));
 }
 
 // --- unusual screens, window manager ---------------------------------------------------------------------------------

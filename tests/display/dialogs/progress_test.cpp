@@ -3,6 +3,7 @@
 #include "tests/support/controls.h"
 #include "tests/support/counters.h"
 #include "tests/support/heap.h"
+#include "tests/support/sanitized.h"
 
 #include <cmath>
 #include <limits>
@@ -441,7 +442,7 @@ TEST_F(Progress, ManyLeaveNothing) {
     drain();
     const auto before = server_resources(test_display(), x_window(main_));
     const std::size_t widgets = whole_tree().size(), blocks = heap().blocks();
-    for (int i = 0; i < 500; ++i) once(i);
+    for (int i = 0; i < amount(500); ++i) once(i);
     drain();
     EXPECT_EQ(server_resources(test_display(), x_window(main_)), before);
     EXPECT_EQ(whole_tree().size(), widgets);

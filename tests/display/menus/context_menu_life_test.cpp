@@ -1,6 +1,7 @@
 // Context menus: screen edges, ends, states, bad input, memory, other clients and window managers.
 #include "tests/display/menus/context_kit.h"
 #include "tests/support/host_calls.h"
+#include "tests/support/sanitized.h"
 
 #include <climits>
 #include <cstdlib>
@@ -280,7 +281,7 @@ TEST_F(ContextMenuTest, FiveHundredRoundsLeaveNothing) {
     const auto bytes = heap().bytes();
     const auto before = server_resources(test_display(), x_window(window));
     const auto popups = widget_of(window)->core.num_popups;
-    for (int i = 0; i < 500; ++i) round(i);
+    for (int i = 0; i < amount(500); ++i) round(i);
     drain();
     EXPECT_EQ(heap().bytes(), bytes);
     EXPECT_EQ(server_resources(test_display(), x_window(window)), before);

@@ -1,5 +1,6 @@
 // What is remembered of each panel item: its buttons, which are changed, measured and removed through it.
 #include "tests/display/panels/item_kit.h"
+#include "tests/support/sanitized.h"
 
 namespace {
 
@@ -307,11 +308,7 @@ class PanelLife : public PanelsTest {
     std::unique_ptr<HostList> plain;
 };
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr int rounds = 150; // each takes several times as long there
-#else
-constexpr int rounds = 1000;
-#endif
+constexpr int rounds = sanitized ? 60 : 1000; // each takes several times as long there
 
 TEST_F(PanelLife, OpeningAndClosingAThousandTimesLeavesNothing) {
     plain_icon("pen.bmp", 4);

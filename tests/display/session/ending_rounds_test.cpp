@@ -1,5 +1,6 @@
 // The library's work ended and begun fifty times: what each round leaves in the process, beside what the toolkit alone leaves.
 #include "tests/display/session/ending_additions_kit.h"
+#include "tests/support/sanitized.h"
 
 #include <Xm/CascadeB.h>
 #include <Xm/DrawingA.h>
@@ -11,19 +12,27 @@
 
 #include <cstdio>
 
+#ifdef __SANITIZE_ADDRESS__
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // the compiler's headers do not declare it
+#endif
+
 namespace {
 
 using namespace grxtest;
 
 class EndingRounds : public AddingSessions {
   protected:
-    static constexpr int rounds = 50;
     static constexpr int warm = 10;
+    static constexpr int rounds = warm + amount(40);
     static constexpr long share = 8; // a session has so many more widgets, fonts and names than the toolkit's window
 
     static long in_use() {
+#ifdef __SANITIZE_ADDRESS__
+        return static_cast<long>(__sanitizer_get_current_allocated_bytes());
+#else
         const auto info = mallinfo2();
         return static_cast<long>(info.uordblks + info.hblkhd);
+#endif
     }
 
     // Bytes that a round keeps, after the first ones.

@@ -3,7 +3,11 @@
 #pragma once
 
 #include <elf.h>
+#include <fcntl.h>
 #include <link.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -55,13 +59,24 @@ inline int first_object(dl_phdr_info* info, std::size_t, void* base) {
     return 1; // the program itself comes first
 }
 
+// Looked at where it stands: with sanitizers it is far too large to be copied.
 class Program {
   public:
     Program() {
-        std::ifstream file("/proc/self/exe", std::ios::binary);
-        bytes_.assign(std::istreambuf_iterator<char>(file), {});
+        const int file = open("/proc/self/exe", O_RDONLY | O_CLOEXEC);
+        struct stat status {};
+        fstat(file, &status);
+        size_ = static_cast<std::size_t>(status.st_size);
+        void* const place = mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, file, 0);
+        close(file);
+        if (place == MAP_FAILED) std::abort();
+        bytes_ = static_cast<const char*>(place);
         dl_iterate_phdr(first_object, &base_);
+        for (const Elf64_Shdr& section : sections()) writable_.push_back(is_writable(section));
     }
+    ~Program() { munmap(const_cast<char*>(bytes_), size_); }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
 
     std::vector<Variable> variables_of_the_library() const {
         std::vector<Variable> result;
@@ -85,9 +100,9 @@ class Program {
   private:
     template <class T>
     std::span<const T> table(Elf64_Off offset, std::size_t size) const {
-        return {reinterpret_cast<const T*>(bytes_.data() + offset), size / sizeof(T)};
+        return {reinterpret_cast<const T*>(bytes_ + offset), size / sizeof(T)};
     }
-    const Elf64_Ehdr& header() const { return *reinterpret_cast<const Elf64_Ehdr*>(bytes_.data()); }
+    const Elf64_Ehdr& header() const { return *reinterpret_cast<const Elf64_Ehdr*>(bytes_); }
     std::span<const Elf64_Shdr> sections() const {
         return table<Elf64_Shdr>(header().e_shoff, header().e_shnum * sizeof(Elf64_Shdr));
     }
@@ -97,20 +112,18 @@ class Program {
     std::span<const Elf64_Sym> symbols() const {
         return table<Elf64_Sym>(symbol_section().sh_offset, symbol_section().sh_size);
     }
-    const char* text(Elf64_Word place) const {
-        return bytes_.data() + sections()[symbol_section().sh_link].sh_offset + place;
-    }
-    std::string section_name(std::size_t index) const {
-        const auto all = sections();
-        return bytes_.data() + all[header().e_shstrndx].sh_offset + all[index].sh_name;
+    const char* text(Elf64_Word place) const { return bytes_ + sections()[symbol_section().sh_link].sh_offset + place; }
+    bool is_writable(const Elf64_Shdr& section) const {
+        const std::string_view name = bytes_ + sections()[header().e_shstrndx].sh_offset + section.sh_name;
+        return name == ".data" || name == ".bss";
     }
     bool writable(const Elf64_Sym& symbol) const {
-        if (symbol.st_shndx == SHN_UNDEF || symbol.st_shndx >= SHN_LORESERVE) return false;
-        const std::string section = section_name(symbol.st_shndx);
-        return section == ".data" || section == ".bss";
+        return symbol.st_shndx < writable_.size() && writable_[symbol.st_shndx];
     }
 
-    std::vector<char> bytes_;
+    const char* bytes_ = nullptr;
+    std::size_t size_ = 0;
+    std::vector<bool> writable_; // for each section
     ElfW(Addr) base_ = 0;
 };
 

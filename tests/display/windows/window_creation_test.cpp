@@ -1,5 +1,6 @@
 // The creation of windows: the description, shown or not, refusals, main windows, memory.
 #include "tests/display/windows/window_creation_kit.h"
+#include "tests/support/sanitized.h"
 #include "tests/support/stdout_capture.h"
 
 #include <climits>
@@ -257,7 +258,7 @@ TEST_F(Creation, TwoHundredWindowsOfEachKindLeaveNothing) {
         const auto bytes = heap().bytes();
         const auto before = resources();
         ASSERT_GT(before.size(), 0U);
-        for (int i = 0; i < 200; ++i) round();
+        for (int i = 0; i < amount(200); ++i) round();
         EXPECT_EQ(heap().blocks(), blocks);
         EXPECT_EQ(heap().bytes(), bytes);
         EXPECT_EQ(resources(), before);
@@ -277,7 +278,7 @@ TEST_F(Creation, TwoHundredNestedWindowsLeaveNothing) {
         for (int i = 0; i < 3; ++i) round();
         const auto blocks = heap().blocks();
         const auto before = resources();
-        for (int i = 0; i < 200; ++i) round();
+        for (int i = 0; i < amount(200); ++i) round();
         EXPECT_EQ(heap().blocks(), blocks) << kind;
         EXPECT_EQ(resources(), before) << kind;
     }
