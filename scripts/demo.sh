@@ -24,7 +24,7 @@ code=$?
 for planes in 24 8; do
     scripts/with_x.sh --planes $planes --mwm demo/galerie/photo.sh build/demo/demo/galerie \
         demo-output/galerie-$planes.png || code=1
-    for page in panneaux fichiers dialogue additions menu boites travail; do
+    for page in panneaux fichiers dialogue additions menu boites travail textes papier; do
         scripts/with_x.sh --planes $planes --mwm demo/galerie/photo.sh build/demo/demo/galerie \
             demo-output/$page-$planes.png --$page || code=1
     done

@@ -86,7 +86,7 @@ class Feuille {
     Vue vue_;
     bool cadree_ = false;
     Elastique elastique_;
-    bool a_mesurer_ = false; // the next rubber band is a line
+    bool a_mesurer_ = false;     // the next rubber band is a line
     Point menu_;                 // of the last menu, in pixels
     std::optional<Point> prise_; // where the hand holds the drawing
     std::optional<Point> pointeur_;

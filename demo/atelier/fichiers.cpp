@@ -133,7 +133,8 @@ std::string Fichiers::enregistre_image(Feuille& feuille) const {
     const auto choisi = choisit_fichier(
         HOST_CATAL_ECRITURE, "Enregistrer l'image", kImages, fs::path(plan_.chemin).replace_extension(".BMP"));
     if (!reprend_() || !choisi) return {};
-    const bool ecrite = est_png(*choisi) ? ecrit_png(choisi->string(), feuille.nofen()) : ecrit_image(choisi->string(), image);
+    const bool ecrite =
+        est_png(*choisi) ? ecrit_png(choisi->string(), feuille.nofen()) : ecrit_image(choisi->string(), image);
     if (!ecrite) return "Image pas \u00e9crite : " + choisi->string();
     const std::string apercu = chemin_apercu(plan_.chemin.string());
     const bool avec_apercu = apercu == choisi->string() || ecrit_image(apercu, reduite(image, kCoteApercu, kCoulFond));
@@ -179,11 +180,12 @@ std::string Fichiers::trace(const Boite& visible) {
 }
 
 std::string Fichiers::exporte(const Boite& visible) const {
-    const auto choisi = choisit_fichier(
-        HOST_CATAL_ECRITURE, "Exporter en PDF", kPdf, fs::path(plan_.chemin).replace_extension(".pdf"));
+    const auto choisi =
+        choisit_fichier(HOST_CATAL_ECRITURE, "Exporter en PDF", kPdf, fs::path(plan_.chemin).replace_extension(".pdf"));
     if (!reprend_() || !choisi) return {};
     const std::string raison = met_sur_papier(plan_, visible, Papier::Pdf, *choisi);
-    return raison.empty() ? "Feuille : " + choisi->string() : "Feuille pas \u00e9crite, " + raison + " : " + choisi->string();
+    return raison.empty() ? "Feuille : " + choisi->string()
+                          : "Feuille pas \u00e9crite, " + raison + " : " + choisi->string();
 }
 
 } // namespace atelier

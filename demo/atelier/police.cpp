@@ -11,9 +11,9 @@ namespace atelier::police {
 
 namespace {
 
-constexpr double kEspacement = 2;      // units between letters
-constexpr double kFin = 100;           // pixels of a unit, where outlines are asked for
-constexpr double kTolerance = 4;       // of these pixels
+constexpr double kEspacement = 2;       // units between letters
+constexpr double kFin = 100;            // pixels of a unit, where outlines are asked for
+constexpr double kTolerance = 4;        // of these pixels
 constexpr std::size_t kCaracteres = 60; // of a record: of four bytes each at most
 
 double longueur(const GRX_TEXTE& t) {

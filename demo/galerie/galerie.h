@@ -83,4 +83,8 @@ void montre_travail(INT principale);
 bool travail_avance(); // still on its way
 bool action_additions(INT fenetre, const GRX_EVENEMENT& e);
 
+// The page of texts in drawings, of a layer and of icons with transparency; a drawing beside the PDF made of it.
+void cree_textes(INT principale);
+void cree_papier(INT principale);
+
 } // namespace galerie

@@ -1,4 +1,4 @@
-// galerie [--panneaux | --fichiers | --dialogue | --couleurs | --additions | --menu | --boites | --travail] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
+// galerie [--panneaux | --fichiers | --dialogue | --couleurs | --additions | --menu | --boites | --travail | --textes | --papier] [--config DIRECTORY] [--pret FILE]: shows what the library has to offer:
 // controls and drawing, panels and dialogs, the strip and the palette (--dialogue: the editor and a file dialog), or the
 // colours by their indices (--couleurs). DIRECTORY holds the settings; FILE is created when everything on the screen was drawn.
 #include "galerie.h"
@@ -103,15 +103,27 @@ bool finit(const GRX_EVENEMENT& e, INT principale) {
     return fonction_de(e) == kFonctionQuitter;
 }
 
-enum Page { kControles, kPanneaux, kFichiers, kDialogue, kCouleurs, kAdditions, kMenu, kBoites, kTravail };
+enum Page {
+    kControles,
+    kPanneaux,
+    kFichiers,
+    kDialogue,
+    kCouleurs,
+    kAdditions,
+    kMenu,
+    kBoites,
+    kTravail,
+    kTextes,
+    kPapier
+};
 
 struct NomDePage {
     std::string_view option;
     Page page;
 };
-constexpr std::array<NomDePage, 8> kPages{
-    {{"--panneaux", kPanneaux}, {"--fichiers", kFichiers}, {"--dialogue", kDialogue}, {"--couleurs", kCouleurs},
-        {"--additions", kAdditions}, {"--menu", kMenu}, {"--boites", kBoites}, {"--travail", kTravail}}};
+constexpr std::array<NomDePage, 10> kPages{{{"--panneaux", kPanneaux}, {"--fichiers", kFichiers},
+    {"--dialogue", kDialogue}, {"--couleurs", kCouleurs}, {"--additions", kAdditions}, {"--menu", kMenu},
+    {"--boites", kBoites}, {"--travail", kTravail}, {"--textes", kTextes}, {"--papier", kPapier}}};
 
 struct Options {
     Page page = kControles;
@@ -153,6 +165,8 @@ void montre_page(Page page, INT principale) {
     case kMenu:
     case kBoites:
     case kTravail: return cree_additions(principale);
+    case kTextes: return cree_textes(principale);
+    case kPapier: return cree_papier(principale);
     default: return cree_fichiers(principale, page == kDialogue);
     }
 }

@@ -28,10 +28,10 @@ class Visite {
             {"nomenclature", &Visite::nomenclature}, {"image et apercu", &Visite::image},
             {"ouvrir un plan", &Visite::ouvrir}, {"liste des pieces dans l'editeur", &Visite::editeur},
             {"couleur d'une couche", &Visite::couleurs_de_couche}, {"trace", &Visite::trace},
-            {"feuille en PDF", &Visite::pdf}, {"mesure", &Visite::mesure},
-            {"bande d'information", &Visite::bande}, {"titre et bord", &Visite::decorations},
-            {"bulle et aide", &Visite::aide}, {"note par le menu de la feuille", &Visite::note},
-            {"notes pas enregistrees", &Visite::question}, {"fermeture par le gestionnaire", &Visite::fermeture}};
+            {"feuille en PDF", &Visite::pdf}, {"mesure", &Visite::mesure}, {"bande d'information", &Visite::bande},
+            {"titre et bord", &Visite::decorations}, {"bulle et aide", &Visite::aide},
+            {"note par le menu de la feuille", &Visite::note}, {"notes pas enregistrees", &Visite::question},
+            {"fermeture par le gestionnaire", &Visite::fermeture}};
         for (const Etape& e : kEtapes) etape(e);
     }
 
