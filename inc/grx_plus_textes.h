@@ -26,7 +26,7 @@
  * A font that is not there, or a file that is none, does not keep a text from being seen: the built-in font takes its place,
  * in drawing and in asking, and the result is GRX_TEXTE_REMPLACE instead of 1. grx_verifie_fonte_texte tells why.
  * Below, "gives 1" means 1 or GRX_TEXTE_REMPLACE. Other codes: GRX_ECHEC_PARAMETRE, also for null; GRX_ECHEC_MEMOIRE, with
- * nothing drawn and nothing written. */
+ * nothing written, and letters missing in what is drawn. */
 #ifndef GRX_PLUS_TEXTES_H
 #define GRX_PLUS_TEXTES_H
 
@@ -50,7 +50,8 @@ GRX_API INT grx_init_texte_dessin(struct GRX_TEXTE* texte);
 
 /* Draw a text into window, or button, nofen: on the screen, or in memory while memory drawing is on, as the other primitives
  * (grx_alloue_image). Where the server has RENDER and the screen more than 8 planes, filled letters are antialiased; elsewhere, and
- * in exclusive or, their pixels are set or not. Letters out of the target cost nothing. Nothing is waited for but, at the
+ * in exclusive or, their pixels are set or not. Letters out of the
+ * target are not sent. Erasing takes away every pixel that antialiased letters have touched. Nothing is waited for but, at the
  * first text, what the server can do. Give 1 or a code: GRX_ECHEC_NUMERO for a number that names nothing,
  * GRX_ECHEC_AFFICHAGE before start-up, and before there is a drawing context.
  * Depuis 1.1 */
