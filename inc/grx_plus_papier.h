@@ -162,7 +162,7 @@ GRX_API INT grx_commence_papier(const GRX_PAPIER* papier);
 GRX_API INT grx_page_papier(void);
 
 /* Makes a rectangle of pixels a link to a URI, in PDF; other kinds have none, and give 1 as well. uri: ASCII without
- * blanks and control characters, up to 2000 bytes. Gives 1, GRX_ECHEC_ABSENT when no paper has been begun, or
+ * blanks and control characters, up to 2000 bytes; quotes, backslashes and parentheses become %27, %5C, %28, %29. Gives 1, GRX_ECHEC_ABSENT when no paper has been begun, or
  * GRX_ECHEC_PARAMETRE.
  * Depuis 1.1 */
 GRX_API INT grx_lien_papier(INT x, INT y, INT largeur, INT hauteur, const char* uri);

@@ -284,12 +284,15 @@ bool add_characters(Growing<char>& to, std::string_view text) {
     return to.append(std::span<const char>(text.data(), text.size()));
 }
 
-// Text between quotes, where these and the character before are marked.
-bool add_quoted(Growing<char>& to, const char* text) {
+// A URI between quotes. What would end it, for cairo or in the file, is written as its code.
+bool add_uri(Growing<char>& to, const char* uri) {
+    constexpr std::string_view special = "'\\()";
     bool complete = to.append('\'');
-    for (; *text != '\0'; ++text) {
-        if (*text == '\'' || *text == '\\') complete = to.append('\\') && complete;
-        complete = to.append(*text) && complete;
+    for (; *uri != '\0'; ++uri) {
+        std::array<char, 12> code{*uri};
+        if (special.find(*uri) != std::string_view::npos)
+            std::snprintf(code.data(), code.size(), "%%%02X", static_cast<unsigned>(*uri));
+        complete = add_characters(to, code.data()) && complete;
     }
     return to.append('\'') && complete;
 }
@@ -305,7 +308,7 @@ void CairoPaper::link(const Box& place, std::span<const char> uri) {
     work_.clear();
     bool complete = add_characters(work_, "rect=[");
     for (const double number : {x, y, width, height}) complete = add_number(work_, number) && complete;
-    complete = add_characters(work_, "] uri=") && add_quoted(work_, uri.data()) && work_.append('\0') && complete;
+    complete = add_characters(work_, "] uri=") && add_uri(work_, uri.data()) && work_.append('\0') && complete;
     if (!complete) {
         status_ = CAIRO_STATUS_NO_MEMORY;
         return;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "grx_plus_erreurs.h"
+#include "papier/held_signal.h"
 #include "papier/print_command.h"
 #include "papier/utf8.h"
 
@@ -85,6 +86,7 @@ INT Job::code_so_far() const {
 }
 
 INT Job::next_page() {
+    const HeldSignal signal; // cairo has files of its own meanwhile
     end_page();
     begin_page();
     return code_so_far();
@@ -108,16 +110,17 @@ INT Job::deliver(std::span<char> told) {
 }
 
 INT Job::finish(std::span<char> told) {
+    const HeldSignal signal;
     end_page();
     INT code = 1;
     if (plotted()) {
         hpgl_.finish();
     } else {
         code = cairo_.finish();
-        if (code == GRX_ECHEC_FORMAT) std::snprintf(told.data(), told.size(), "%s", cairo_.status_text());
+        if (code != 1) std::snprintf(told.data(), told.size(), "%s", cairo_.status_text());
     }
     if (const INT so_far = code_so_far(); so_far != 1) code = so_far;
-    if (code == GRX_ECHEC_FICHIER) tell_error(file_, told);
+    if (code == GRX_ECHEC_FICHIER) tell_error(file_, told); // which says more than cairo
     return code == 1 ? deliver(told) : code;
 }
 

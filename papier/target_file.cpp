@@ -7,14 +7,13 @@
 
 #include <cerrno>
 #include <climits>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <string_view>
 
 #include "grx_plus_erreurs.h"
+#include "papier/held_signal.h"
 
 namespace papier {
 
@@ -23,28 +22,6 @@ namespace {
 constexpr std::size_t kAtOnce = 65536;
 constexpr mode_t kNewFile = 0666, kRights = 0777;
 constexpr char kPattern[] = ".grx-papier-XXXXXX";
-
-// Holds back the signal of the limit of file sizes, and takes away the one that a write has caused.
-class SignalHeldBack {
-  public:
-    SignalHeldBack() {
-        sigemptyset(&held_);
-        sigaddset(&held_, SIGXFSZ);
-        pthread_sigmask(SIG_BLOCK, &held_, &before_);
-    }
-    SignalHeldBack(const SignalHeldBack&) = delete;
-    SignalHeldBack& operator=(const SignalHeldBack&) = delete;
-    ~SignalHeldBack() {
-        if (sigismember(&before_, SIGXFSZ) == 0) {
-            const timespec at_once{};
-            sigtimedwait(&held_, nullptr, &at_once);
-        }
-        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-    }
-
-  private:
-    sigset_t held_{}, before_{};
-};
 
 bool set_text(Growing<char>& into, std::string_view a, std::string_view b = {}) {
     into.clear();
@@ -112,7 +89,7 @@ INT TargetFile::open(const char* target) {
 }
 
 bool TargetFile::put(std::span<const unsigned char> bytes) {
-    const SignalHeldBack signal;
+    const HeldSignal signal;
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
