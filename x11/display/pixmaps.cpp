@@ -5,6 +5,7 @@
 
 #include "pure/axis.h"
 #include "pure/size.h"
+#include "display/render.h"
 #include "xt_ini_f.h"
 #include "xt_ini_t.h"
 
@@ -24,7 +25,9 @@ Size pixmap_size(Pixmap pixmap) {
 }
 
 void free_pixmap(Pixmap pixmap) {
-    if (x11_disp != nullptr && pixmap != None) XFreePixmap(x11_disp, pixmap);
+    if (x11_disp == nullptr || pixmap == None) return;
+    forget_target_picture(pixmap);
+    XFreePixmap(x11_disp, pixmap);
 }
 
 void set_backing_store(Window window, int mode) {
