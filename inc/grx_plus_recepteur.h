@@ -60,7 +60,8 @@ typedef struct GRX_RECEPTEUR {
     /* grx_ecrit_fenetre: x, y begin the baseline, colours coul_trace and coul_fond. grx_trace_texte_bouton: x, y
      * are the bottom left of its box, colours those of attrib. */
     void (*texte)(void* donnee, INT cible, const struct GRX_TEXTE* texte);
-    /* A text by its label fields: grx_recup_contours_texte gives its outlines. */
+    /* A text by its label fields (grx_plus_textes.h): grx_recup_contours_texte gives its outlines. The record is
+     * not looked at before; grx_trace_texte_dessin gives 1. */
     void (*texte_dessin)(void* donnee, INT cible, const struct GRX_TEXTE* texte);
     void (*image)(void* donnee, INT cible, const GRX_IMAGE_RECUE* image);
     /* grx_efface_zone_graphique and its like. numero: window or control. */

@@ -67,7 +67,7 @@ class Drafter {
     void take_row(const GRX_IMAGE_RECUE& picture, std::size_t first, uint32_t* out);
     void add_contours(const GRX_CONTOURS_TEXTE& contours);
     void letters(const GRX_TEXTE& text, Point base, double height, double width, INT colour);
-    void plotted_letters(GRX_TEXTE text, INT x, INT y, double height, INT colour);
+    void plotted_letters(GRX_TEXTE text, INT x, INT y, double height, double width, INT colour);
 
     Marked* marks_ = nullptr;
     Layout layout_{};

@@ -9,16 +9,13 @@
 #include "papier/utf8.h"
 #include "xt_gfx_f.h"
 
-#pragma weak grx_recup_contours_texte
-
 namespace {
 
 using papier::Box;
 using papier::Point;
 
-constexpr char kStrokeFont[] = "grx-trait"; // the library's own, of single strokes
-constexpr double kTolerance = .01;          // mm by which letters' curves may be off
-constexpr INT kUsualHeight = 13;            // pixels of the application's font where there is none to measure
+constexpr double kTolerance = .01; // mm by which letters' curves may be off
+constexpr INT kUsualHeight = 13;   // pixels of the application's font where there is none to measure
 constexpr INT kUsualDescent = 3;
 constexpr double kCapital = .62;   // of the height of a font, above and below its baseline together
 constexpr INT kMostPixels = 32767; // of a side of a picture that cairo takes
@@ -39,6 +36,15 @@ Measured measured(const GRX_TEXTE& text) {
     grx_recup_taille_chaine(chaine, &width, &above, &below);
     if (above + below <= 0) return {};
     return {width, above + below, below};
+}
+
+// How much wider than its font has it a text must be for a length.
+double stretch(const GRX_TEXTE& text, double length) {
+    constexpr double least = .25, most = 4;
+    GRX_BOITE_TEXTE box;
+    grx_init_boite_texte(&box);
+    const bool known = grx_recup_boite_texte(&text, &box) >= 1 && box.longueur > 0;
+    return known ? std::clamp(length / box.longueur, least, most) : 1;
 }
 
 uint32_t premultiplied(uint32_t alpha, uint32_t rgb) {
@@ -66,16 +72,17 @@ void Drafter::letters(const GRX_TEXTE& text, Point base, double height, double w
 }
 
 // A plotter writes with the font of single strokes.
-void Drafter::plotted_letters(GRX_TEXTE text, INT x, INT y, double height, INT colour) {
+void Drafter::plotted_letters(GRX_TEXTE text, INT x, INT y, double height, double width, INT colour) {
     text.x = x;
     text.y = y;
     std::memset(text.fontlabel, 0, sizeof text.fontlabel);
-    std::memcpy(text.fontlabel, kStrokeFont, sizeof kStrokeFont);
+    std::memcpy(text.fontlabel, GRX_FONTE_TRAIT, sizeof GRX_FONTE_TRAIT);
     text.hauteurlabel = height / layout_.mm_per_pixel * kCapital;
     text.largeurlabel = text.sinuslabel = text.slantlabel = 0;
     text.cosinuslabel = 1;
     text.mirorlabel = text.filllabel = 0;
     std::fill(std::begin(text.extentslabel), std::end(text.extentslabel), 0.0);
+    if (width > 0) text.largeurlabel = text.hauteurlabel * stretch(text, width / layout_.mm_per_pixel);
     text.attrib = {text.attrib.coul_fond, colour, GRX_MODE_NORMAL, 0, GRX_TRAIT_CONTINU, 0};
     drawing_text(text);
 }
@@ -89,10 +96,11 @@ void Drafter::text(INT target, const GRX_TEXTE& text) {
     const auto y = static_cast<INT>(std::max<int64_t>(lowered, INT32_MIN));
     const bool own = text_height_ > 0;
     const double height = own ? text_height_ : size.height * layout_.mm_per_pixel;
+    const double width = own ? 0 : size.width * layout_.mm_per_pixel;
     if (strokes_only_) {
-        plotted_letters(text, text.x, y, height, colour);
+        plotted_letters(text, text.x, y, height, width, colour);
     } else {
-        letters(text, at(text.x, y), height, own ? 0 : size.width * layout_.mm_per_pixel, colour);
+        letters(text, at(text.x, y), height, width, colour);
     }
 }
 
@@ -111,9 +119,9 @@ void Drafter::add_contours(const GRX_CONTOURS_TEXTE& contours) {
 }
 
 void Drafter::drawing_text(const GRX_TEXTE& text) {
-    if (!Inks::draws(text.attrib) || grx_recup_contours_texte == nullptr) return;
-    GRX_CONTOURS_TEXTE contours{};
-    contours.taille = static_cast<INT>(sizeof contours);
+    if (!Inks::draws(text.attrib)) return;
+    GRX_CONTOURS_TEXTE contours;
+    grx_init_contours_texte(&contours);
     const INT code = grx_recup_contours_texte(&text, kTolerance / layout_.mm_per_pixel, &contours);
     if (code == GRX_ECHEC_MEMOIRE) complete_ = false;
     if (code < 1 || contours.nb_contours <= 0) return;

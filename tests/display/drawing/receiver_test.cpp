@@ -5,6 +5,7 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_recepteur.h"
 #include "grx_plus_session.h"
+#include "grx_plus_textes.h"
 
 #include <algorithm>
 #include <functional>
@@ -65,6 +66,9 @@ GRX_RECEPTEUR noting(Log& log) {
         log_of(d).note({"polygon", t, p->nofen, {p->npoints, p->points[0].x, p->points[0].y, p->attrib.coul_trace}});
     };
     r.texte = [](void* d, INT t, const GRX_TEXTE* s) { log_of(d).note({s->chaine, t, s->nofen, {s->x, s->y}}); };
+    r.texte_dessin = [](void* d, INT t, const GRX_TEXTE* s) {
+        log_of(d).note({s->chaine, t, s->nofen, {s->x, s->y, static_cast<INT>(s->hauteurlabel)}});
+    };
     r.image = [](void* d, INT t, const GRX_IMAGE_RECUE* p) {
         log_of(d).picture = *p;
         log_of(d).note({"picture", t, p->numero, {p->x, p->y, p->largeur_finale, p->hauteur_finale}});
@@ -115,6 +119,11 @@ void draw_everything(INT window, INT button) {
     remplit_tableau_triangles({5, 6}, corners[1], corners[2], 14);
     grx_ecrit_fenetre(text_at(window, 7, 8, "mur", 3));
     grx_trace_texte_bouton(text_at(button, 7, 8, "toit", 3));
+    GRX_TEXTE text = text_at(window, 9, 10, "cote", 3);
+    text.hauteurlabel = 25;
+    EXPECT_EQ(grx_trace_texte_dessin(&text), 1);
+    text.nofen = button;
+    EXPECT_EQ(grx_trace_texte_dessin_bouton(&text), 1);
     grx_efface_zone_graphique(window);
     grx_efface_zone_graphique_bouton(button);
 }
@@ -128,7 +137,8 @@ std::vector<Taken> everything(INT window, INT button) {
         {"polygon", on_window, window, {3, 1, 2, 12}}, {"polygon", on_button, button, {3, 1, 2, 12}},
         {"polygon", on_window, window, {3, 1, 2, 12}}, {"polyline", on_window, window, {2, 1, 2, 14}},
         {"polygon", on_window, window, {3, 5, 6, 14}}, {"mur", on_window, window, {7, 8}},
-        {"toit", on_button, button, {7, 8}}, {"clear", on_window, window, {}}, {"clear", on_button, button, {}}};
+        {"toit", on_button, button, {7, 8}}, {"cote", on_window, window, {9, 10, 25}},
+        {"cote", on_button, button, {9, 10, 25}}, {"clear", on_window, window, {}}, {"clear", on_button, button, {}}};
 }
 
 class ReceiverTest : public DrawingTest {

@@ -15,7 +15,10 @@ class PaperPrinterOn24 : public PaperOn24 {
         path_ = std::getenv("PATH");
         setenv("TMPDIR", folder().text().c_str(), 1);
     }
-    void TearDown() override { setenv("PATH", path_.c_str(), 1); }
+    void TearDown() override {
+        setenv("PATH", path_.c_str(), 1);
+        unsetenv("TMPDIR");
+    }
 
     // The command that takes its place in the search path.
     void command(const std::string& script) {
@@ -46,8 +49,9 @@ class PaperPrinterOn24 : public PaperOn24 {
 };
 
 TEST_F(PaperPrinterOn24, TheCommandGetsTheWholeFile) {
-    command("cd \"$TMPDIR\"; for w in \"$@\"; do echo \"$w\" >> words; file=$w; done; cp \"$file\" printed.pdf\n"
-            "echo request id is 7\n");
+    command(
+        "cd \"$TMPDIR\"; for w in \"$@\"; do printf '%s\\n' \"$w\" >> words; file=$w; done; cp \"$file\" printed.pdf\n"
+        "echo request id is 7\n");
     EXPECT_EQ(print_on("trac; touch hurt $HOME", "-o Plan de l'\xe9tage"), 1) << told_of_paper();
     const std::string words = folder().read("words");
     const std::string expected = "-c\n-n\n3\n-d\ntrac; touch hurt $HOME\n-t\n-o Plan de l'\xe9tage\n--\n";
