@@ -11,6 +11,7 @@ title() {
     case $1 in
         primitives) echo "Drawing, beside plain Xlib" ;;
         screen_saving) echo "Drawing on a screen that the server saves" ;;
+        texts) echo "Texts in drawings, beside plain Xlib" ;;
         pictures) echo "Pictures, beside plain Xlib" ;;
         startup) echo "Start to first exposure, beside plain Motif" ;;
         far_display) echo "A display behind a line of 50 ms, beside plain Motif" ;;

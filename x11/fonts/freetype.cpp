@@ -1,12 +1,16 @@
 // The one instance of FreeType, for texts in drawings. It gets its memory from the application's allocator, which wants
-// the size of a block back: each is noted in front of it.
+// the size of a block back: each is noted in front of it. With some fonts FreeType does not survive being refused memory.
+// So it gets what the application cannot give from the C library, and what it then says does not count.
 #include "fonts/freetype.h"
 
 #include FT_MODULE_H
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <utility>
 
 #include "xt_loc_f.h"
@@ -15,50 +19,47 @@ namespace grx {
 
 namespace {
 
-constexpr std::size_t kHead = alignof(std::max_align_t);
+// What stands in front of each block.
+struct alignas(std::max_align_t) Head {
+    UNSIGNED_INT size; // with the head
+    bool spare;        // from the C library
+};
 
 FT_Library library = nullptr;
 bool refused = false;
 
-UNSIGNED_INT with_head(std::size_t size) {
-    return static_cast<UNSIGNED_INT>(size + kHead);
-}
-
-void* give(char* block, std::size_t size) {
-    if (block == nullptr) {
-        refused = true;
-        return nullptr;
-    }
-    std::memcpy(block, &size, sizeof size);
-    return block + kHead;
-}
-
-bool fits(long size) {
-    return size >= 0 && static_cast<std::size_t>(size) < std::numeric_limits<UNSIGNED_INT>::max() - kHead;
+Head* head_of(void* memory) {
+    return static_cast<Head*>(memory) - 1;
 }
 
 void* allocate(FT_Memory, long size) {
-    return give(
-        fits(size) ? grx_malloc(with_head(static_cast<std::size_t>(size))) : nullptr, static_cast<std::size_t>(size));
-}
-
-char* block_of(void* memory, std::size_t& size) {
-    char* const block = static_cast<char*>(memory) - kHead;
-    std::memcpy(&size, block, sizeof size);
-    return block;
+    if (size < 0 || static_cast<std::size_t>(size) >= std::numeric_limits<UNSIGNED_INT>::max() - sizeof(Head))
+        return nullptr;
+    const auto whole = static_cast<UNSIGNED_INT>(static_cast<std::size_t>(size) + sizeof(Head));
+    void* block = grx_malloc(whole);
+    const bool spare = block == nullptr;
+    if (spare) {
+        refused = true;
+        block = std::malloc(whole);
+        if (block == nullptr) return nullptr;
+    }
+    return new (block) Head{whole, spare} + 1;
 }
 
 void release(FT_Memory, void* memory) {
-    std::size_t size = 0;
-    char* const block = block_of(memory, size);
-    grx_free(block, with_head(size));
+    Head* const head = head_of(memory);
+    if (head->spare)
+        std::free(head);
+    else
+        grx_free(reinterpret_cast<char*>(head), head->size);
 }
 
-void* resize(FT_Memory, long, long wanted, void* memory) {
-    std::size_t size = 0;
-    char* const block = block_of(memory, size);
-    const auto now = static_cast<std::size_t>(wanted);
-    return give(fits(wanted) ? grx_realloc(block, with_head(size), with_head(now)) : nullptr, now);
+void* resize(FT_Memory owner, long before, long wanted, void* memory) {
+    void* const moved = allocate(owner, wanted);
+    if (moved == nullptr) return nullptr;
+    std::memcpy(moved, memory, static_cast<std::size_t>(std::min(before, wanted)));
+    release(owner, memory);
+    return moved;
 }
 
 FT_MemoryRec_ memory{nullptr, allocate, release, resize};

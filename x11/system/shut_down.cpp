@@ -10,7 +10,7 @@ namespace grx {
 
 namespace {
 
-constexpr std::size_t kMost = 64; // more than there are files with a state
+constexpr std::size_t kMost = 128; // more than there are files with a state
 std::array<void (*)(), kMost> noted{};
 std::size_t count = 0;
 

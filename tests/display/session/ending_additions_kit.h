@@ -130,10 +130,36 @@ class AddingSessions : public Sessions {
         EXPECT_EQ(grx_recup_texte_presse_papiers(GRX_SEL_PRESSE_PAPIERS, GRX_CODAGE_UTF8, &text, &length), 1);
     }
 
+    // Soft or hard letters, large ones, strokes, and what is asked without drawing.
+    void texts() {
+        GRX_TEXTE text;
+        ASSERT_EQ(grx_init_texte_dessin(&text), 1);
+        text.nofen = window_;
+        text.x = text.y = 150;
+        text.attrib = {0, 9, 0, 0, 0, 0};
+        std::strcpy(text.chaine, "Mur \xC3\xA9 12");
+        for (const char* font : {"", "DejaVu Serif", GRX_FONTE_TRAIT, "Pas Une Fonte"}) {
+            std::strcpy(text.fontlabel, font);
+            for (const double height : {10.0, 200.0}) {
+                text.hauteurlabel = text.largeurlabel = height;
+                for (const INT mode : {0, GRX_MODE_XOR, GRX_MODE_EFFACE}) {
+                    text.attrib.mode = mode;
+                    ASSERT_GE(grx_trace_texte_dessin(&text), 1);
+                }
+            }
+        }
+        GRX_CONTOURS_TEXTE contours;
+        grx_init_contours_texte(&contours);
+        ASSERT_GE(grx_recup_contours_texte(&text, 0, &contours), 1);
+        ASSERT_GT(grx_recup_nombre_fontes_texte(), 1);
+        char name[100];
+        ASSERT_GT(grx_recup_nom_fonte_texte(1, name, sizeof name), 0);
+    }
+
     // Everything that stays until the end is left as it is.
     void use_additions() {
         for (auto part : {&AddingSessions::sources, &AddingSessions::window_with_tip, &AddingSessions::living_menus,
-                 &AddingSessions::list, &AddingSessions::clipboard, &AddingSessions::boxes}) {
+                 &AddingSessions::list, &AddingSessions::texts, &AddingSessions::clipboard, &AddingSessions::boxes}) {
             (this->*part)();
             if (HasFatalFailure()) return;
         }
