@@ -10,6 +10,7 @@
 #include "registry/window_table.h"
 #include "drawing/attributes.h"
 #include "drawing/control_pictures.h"
+#include "drawing/receiver.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -25,6 +26,7 @@ void set_backing_store(INT nofen, int mode) {
 
 // The background colour may have changed since, so it is sent again before the fill.
 void clear_picture(Pixmap picture, grx::Size size) {
+    if (grx::receiver != nullptr) return; // nothing is drawn into it
     grx::forget_background();
     grx::apply_background();
     grx::fill_drawable(picture, g_c, size);
@@ -32,6 +34,7 @@ void clear_picture(Pixmap picture, grx::Size size) {
 
 // Shows what was drawn in memory. The picture is cleared afterwards when the caller wants that.
 void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT efface_pas) {
+    if (grx::receiver != nullptr) return; // what was drawn is not in it
     grx::forget_background();
     grx::apply_background();
     grx::copy_drawable(picture, window, g_c, size);

@@ -14,6 +14,7 @@
 #include "display/screen.h"
 #include "drawing/attributes.h"
 #include "drawing/backing.h"
+#include "drawing/receiver.h"
 #include "drawing/transfer.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_t.h"
@@ -230,6 +231,7 @@ bool usable_picture(const uchar* pixels, INT width, INT height) {
 extern "C" {
 
 void grx_alloue_image_reel(INT type, INT bou_fen) {
+    if (grx::receiver != nullptr) return;
     PictureTarget target;
     select_picture_target(type, bou_fen, target);
 }
@@ -239,6 +241,10 @@ void grx_desalloue_image_reel(INT, INT) {
 }
 
 void grx_trace_image_dans_widget(INT type, INT bou_fen, uchar* tab_pix_fac, INT largeur, INT hauteur, INT x, INT y) {
+    const bool deep = grx::deep_screen();
+    if (grx::received_picture(type, {0, bou_fen, largeur, hauteur, x, y, largeur, hauteur, deep ? tab_pix_fac : nullptr,
+                                        deep ? nullptr : tab_pix_fac, nullptr}))
+        return;
     PictureTarget target;
     if (!select_picture_target(type, bou_fen, target)) return;
     if (target.backing == nullptr || !grx::usable_picture(tab_pix_fac, largeur, hauteur)) return;
@@ -248,12 +254,18 @@ void grx_trace_image_dans_widget(INT type, INT bou_fen, uchar* tab_pix_fac, INT 
 
 void grx_trace_image_reel_xy(
     INT type, INT bou_fen, uchar* tab_pixfac_24, uchar* tab_pixfac_8, INT largeur, INT hauteur, INT x, INT y) {
+    if (grx::received_picture(
+            type, {0, bou_fen, largeur, hauteur, x, y, largeur, hauteur, tab_pixfac_24, tab_pixfac_8, nullptr}))
+        return;
     grx_trace_image_dans_widget(
         type, bou_fen, grx::deep_screen() ? tab_pixfac_24 : tab_pixfac_8, largeur, hauteur, x, y);
 }
 
 void grx_stretch_image(INT type, INT bou_fen, uchar* tab_pix_fac_24, uchar* tab_pix_fac_8, INT largeur, INT hauteur,
     INT dx, INT dy, INT l_finale, INT h_finale) {
+    if (grx::received_picture(
+            type, {0, bou_fen, largeur, hauteur, dx, dy, l_finale, h_finale, tab_pix_fac_24, tab_pix_fac_8, nullptr}))
+        return;
     if (l_finale == largeur && h_finale == hauteur) {
         grx_trace_image_reel_xy(type, bou_fen, tab_pix_fac_24, tab_pix_fac_8, largeur, hauteur, dx, dy);
         return;

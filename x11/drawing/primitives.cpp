@@ -10,6 +10,7 @@
 #include "drawing/attributes.h"
 #include "drawing/batch.h"
 #include "drawing/outlines.h"
+#include "drawing/receiver.h"
 #include "drawing/target.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
@@ -117,35 +118,43 @@ void fill_polygon(Drawable target, const GRX_POLY& poly, int shape) {
 extern "C" {
 
 void grx_trace_point(GRX_POINT point) {
+    if (grx::received(&GRX_RECEPTEUR::point, GRX_CIBLE_FENETRE, point)) return;
     const Drawable target = grx::window_target(point.nofen, point.attrib);
     if (target != None && grx::fits16({point.x, point.y})) grx::draw_point(target, point.x, point.y);
 }
 
 void grx_trace_segment(GRX_SEGMENT segment) {
+    if (grx::received(&GRX_RECEPTEUR::segment, GRX_CIBLE_FENETRE, segment)) return;
     draw_segment(grx::window_target(segment.nofen, segment.attrib), segment);
 }
 
 void grx_trace_segment_bouton(GRX_SEGMENT segment) {
+    if (grx::received(&GRX_RECEPTEUR::segment, GRX_CIBLE_BOUTON, segment)) return;
     draw_segment(grx::button_target(segment.nofen, segment.attrib), segment);
 }
 
 void grx_trace_rectangle(GRX_RECTANGLE rectangle) {
+    if (grx::received(&GRX_RECEPTEUR::rectangle, GRX_CIBLE_FENETRE, rectangle)) return;
     outline_rectangle(grx::window_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_trace_rectangle_bouton(GRX_RECTANGLE rectangle) {
+    if (grx::received(&GRX_RECEPTEUR::rectangle, GRX_CIBLE_BOUTON, rectangle)) return;
     outline_rectangle(grx::button_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_remplit_rectangle(GRX_RECTANGLE rectangle) {
+    if (grx::received(&GRX_RECEPTEUR::rectangle_plein, GRX_CIBLE_FENETRE, rectangle)) return;
     fill_rectangle(grx::window_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_remplit_rectangle_bouton(GRX_RECTANGLE rectangle) {
+    if (grx::received(&GRX_RECEPTEUR::rectangle_plein, GRX_CIBLE_BOUTON, rectangle)) return;
     fill_rectangle(grx::button_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
 void grx_trace_arc(GRX_ARC arc) {
+    if (grx::received(&GRX_RECEPTEUR::arc, GRX_CIBLE_FENETRE, arc)) return;
     const Drawable target = grx::window_target(arc.nofen, arc.attrib);
     if (target == None) return;
     if (!box_fits(arc)) {
@@ -156,30 +165,36 @@ void grx_trace_arc(GRX_ARC arc) {
 }
 
 void grx_remplit_arc(GRX_ARC arc) {
+    if (grx::received(&GRX_RECEPTEUR::arc_plein, GRX_CIBLE_FENETRE, arc)) return;
     const Drawable target = grx::window_target(arc.nofen, arc.attrib);
     if (target == None || !box_fits(arc)) return;
     grx::fill_arc(target, box_of(arc));
 }
 
 void grx_trace_polyline(GRX_POLY poly) {
+    if (grx::received_points(&GRX_RECEPTEUR::polyline, GRX_CIBLE_FENETRE, poly)) return;
     const Drawable target = grx::window_target(poly.nofen, poly.attrib);
     if (target == None || !has_points(poly)) return;
     grx::draw_polyline(target, {points_of(poly), static_cast<std::size_t>(poly.npoints)});
 }
 
 void grx_remplit_polygone(GRX_POLY poly) {
+    if (grx::received_points(&GRX_RECEPTEUR::polygone, GRX_CIBLE_FENETRE, poly)) return;
     fill_polygon(grx::window_target(poly.nofen, poly.attrib), poly, Complex);
 }
 
 void grx_remplit_polygone_bouton(GRX_POLY poly) {
+    if (grx::received_points(&GRX_RECEPTEUR::polygone, GRX_CIBLE_BOUTON, poly)) return;
     fill_polygon(grx::button_target(poly.nofen, poly.attrib), poly, Complex);
 }
 
 void grx_remplit_triangle(GRX_POLY poly) {
+    if (grx::received_points(&GRX_RECEPTEUR::polygone, GRX_CIBLE_FENETRE, poly)) return;
     fill_polygon(grx::window_target(poly.nofen, poly.attrib), poly, Nonconvex);
 }
 
 void grx_efface_zone_graphique(INT nofen) {
+    if (grx::received_clearing(GRX_CIBLE_FENETRE, nofen)) return;
     const Window window = grx::window_of(grx_recup_objet_fen(nofen));
     if (window == None) return;
     test_trace_memoire(window);
@@ -187,6 +202,7 @@ void grx_efface_zone_graphique(INT nofen) {
 }
 
 void grx_efface_zone_graphique_bouton(INT nobou) {
+    if (grx::received_clearing(GRX_CIBLE_BOUTON, nobou)) return;
     if (const Window window = grx::window_of(grx_recup_objet_bout(nobou))) XClearWindow(x11_disp, window);
 }
 

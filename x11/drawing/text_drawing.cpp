@@ -13,6 +13,7 @@
 #include "drawing/bit_runs.h"
 #include "drawing/large_letters.h"
 #include "drawing/outlines.h"
+#include "drawing/receiver.h"
 #include "drawing/strikes.h"
 #include "drawing/text_target.h"
 #include "fonts/text_layout.h"
@@ -231,11 +232,13 @@ extern "C" {
 
 INT grx_trace_texte_dessin(const GRX_TEXTE* texte) {
     if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (grx::received(&GRX_RECEPTEUR::texte_dessin, GRX_CIBLE_FENETRE, *texte)) return 1;
     return draw_text(*texte, grx::text_target(texte->nofen, texte->attrib));
 }
 
 INT grx_trace_texte_dessin_bouton(const GRX_TEXTE* texte) {
     if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (grx::received(&GRX_RECEPTEUR::texte_dessin, GRX_CIBLE_BOUTON, *texte)) return 1;
     return draw_text(*texte, grx::button_text_target(texte->nofen, texte->attrib));
 }
 }

@@ -8,6 +8,7 @@
 #include "display/context.h"
 #include "display/pixmaps.h"
 #include "drawing/attributes.h"
+#include "drawing/receiver.h"
 #include "drawing/target.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
@@ -28,6 +29,7 @@ INT font_descent() {
 extern "C" {
 
 void grx_trace_texte_bouton(GRX_TEXTE texte) {
+    if (grx::received(&GRX_RECEPTEUR::texte, GRX_CIBLE_BOUTON, texte)) return;
     const Drawable target = grx::button_target(texte.nofen, texte.attrib);
     if (target == None || !grx::fits16({texte.x, texte.y})) return;
     XDrawString(x11_disp, target, g_c, texte.x, texte.y - font_descent(), texte.chaine, text_length(texte));
@@ -38,6 +40,7 @@ void grx_trace_texte(GRX_TEXTE) {
 }
 
 void grx_ecrit_fenetre(GRX_TEXTE texte) {
+    if (grx::received(&GRX_RECEPTEUR::texte, GRX_CIBLE_FENETRE, texte)) return;
     constexpr unsigned long low_byte = 0xFF; // KEEP: only the low eight bits of a pixel of a deep screen are used
     const Window window = g_c != nullptr ? grx::window_of(grx_recup_objet_fen(texte.nofen)) : None;
     if (window == None) return;
