@@ -45,8 +45,8 @@ GRX_DEBUT_C
  * It is called from wherever the loss was noticed: in any call of the library, also inside one that has
  * called the application. It may read and write the application's data and files, and may end the process
  * itself. It has no display: functions of the library that it calls, and those called in functions
- * of atexit after it, answer as before start-up, as if no window, button or list had ever been made; it must not
- * call X, Xt or Motif. It is never called twice, even if it causes another loss or calls this function.
+ * of atexit after it, answer as before start-up, as if no window, button or list had ever been made, and
+ * grx_init_application gives 0, even where another server is there; it must not call X, Xt or Motif. It is never called twice, even if it causes another loss or calls this function.
  * fonction: null takes it back. donnee: given to it unread. Gives 1; GRX_ECHEC_OCCUPE once the connection
  * is lost.
  * An I/O error handler that the application installs in Xlib after start-up takes the library's place, and

@@ -140,6 +140,7 @@ void install_error_handlers() {
 }
 
 bool open_display(const Opening& how) {
+    if (rescue_was_called()) return false;
     if (arguments[0] == nullptr) arguments[0] = static_cast<char*>(std::malloc(kNameBuffer));
     if (arguments[0] == nullptr) return false;
     std::snprintf(arguments[0], kNameBuffer, "%s", how.name);

@@ -26,6 +26,7 @@ std::size_t hidden_count = 0;
 GRX_FONCTION_SECOURS rescue = nullptr;
 void* rescue_data = nullptr;
 bool lost = false;
+bool called = false;
 
 } // namespace
 
@@ -60,7 +61,12 @@ void call_rescue() {
     cancel_inventory();
     if (rescue == nullptr) return;
     while (count > 0) noted[--count]();
+    called = true;
     rescue(rescue_data);
+}
+
+bool rescue_was_called() {
+    return called;
 }
 
 } // namespace grx

@@ -19,4 +19,8 @@ bool set_rescue(GRX_FONCTION_SECOURS function, void* data);
 /// Has the rooms forget and calls the application's function, the first time and if there is one.
 void call_rescue();
 
+/// Whether the application's function was called: from then on no display opens, not even where another server has taken
+/// the place of the lost one.
+bool rescue_was_called();
+
 } // namespace grx

@@ -1,6 +1,8 @@
 // The application's function for the end of the connection: the server is killed at fifty moments.
 #include "tests/display/display/rescue_kit.h"
 
+#include "tests/support/stdout_capture.h"
+
 #include "host_f.h"
 
 namespace {
@@ -310,6 +312,12 @@ void leave(void*) {
     std::exit(7);
 }
 
+// Another server is there, perhaps under the name of the lost one.
+void start_again(void* name) {
+    setenv("DISPLAY", static_cast<const char*>(name), 1);
+    say(grx_init_application() == 0 && x11_disp == nullptr && contexte == nullptr ? "none\n" : "connected\n");
+}
+
 void say_rescue(void*) {
     say("rescue\n");
 }
@@ -352,6 +360,20 @@ TEST_F(RescueTest, IsCalledOnceWhateverItDoes) {
         else
             EXPECT_EXIT(meet_with(server, m.rescue, m.own), testing::ExitedWithCode(m.status), m.printed);
     }
+}
+
+[[noreturn]] void meet_beside(const XServer& server, std::string other) {
+    begin_application(server);
+    StdoutCapture no_message; // that no display opens is printed
+    if (grx_affecte_fonction_secours(start_again, other.data()) != 1 || !start_up()) std::_Exit(3);
+    take_server_away();
+    XSync(x11_disp, False);
+    std::_Exit(4);
+}
+
+TEST_F(RescueTest, FindsNoOtherServerEither) {
+    const XServer server({.planes = test_planes(), .arguments = {}}), other({.planes = test_planes(), .arguments = {}});
+    EXPECT_EXIT(meet_beside(server, other.name()), testing::ExitedWithCode(1), "^none\n$");
 }
 
 [[noreturn]] void meet_without(const XServer& server) {
