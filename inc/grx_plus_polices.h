@@ -46,7 +46,7 @@ GRX_API INT grx_recup_genre_police(void);
 
 /* The resolution of the screen in dots per inch: Xft.dpi of the resources (xrdb, -xrm), which desktops set, else
  * the screen's pixels by its millimetres; 96 where that is not between 40 and 1000. Rounded to a whole number.
- * It is read at start-up and asks nothing of the server. GRX_ECHEC_AFFICHAGE before start-up.
+ * Asks nothing of the server. GRX_ECHEC_AFFICHAGE before start-up.
  * Depuis 1.1 */
 GRX_API INT grx_recup_resolution_ecran(void);
 
