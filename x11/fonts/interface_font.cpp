@@ -44,8 +44,10 @@ FcPattern* parsed(std::string_view text) {
     if (!name) return nullptr;
     text.copy(name.data(), text.size());
     FcPattern* const pattern = FcNameParse(reinterpret_cast<const FcChar8*>(name.data()));
+    if (pattern == nullptr) return nullptr;
+    FcPatternDel(pattern, FC_MATRIX); // letters of no size have the server refuse them
     FcValue given;
-    if (pattern != nullptr && FcPatternGet(pattern, FC_DPI, 0, &given) != FcResultMatch)
+    if (FcPatternGet(pattern, FC_DPI, 0, &given) != FcResultMatch)
         FcPatternAddDouble(pattern, FC_DPI, screen_resolution());
     return pattern;
 }
@@ -150,6 +152,10 @@ void draw_outlines(Window window, unsigned long pixel, XRectangle part, XPoint a
 } // namespace
 
 Outline open_outline_font(std::string_view pattern, int& height) {
+    // Known before Xft is: what is known last is let go first when the display is closed, and Xft, which gives its glyphs
+    // back then, would have RENDER known again, for good.
+    int event = 0, error = 0;
+    XRenderQueryExtension(x11_disp, &event, &error);
     XftFont* const font = open_matching(pattern);
     if (font == nullptr) return Outline::not_there;
     height = font->ascent + font->descent;
