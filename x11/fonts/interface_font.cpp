@@ -171,6 +171,10 @@ XftFont* outline_font() {
     return opened;
 }
 
+XftFont* shared_outline_font() {
+    return opened != nullptr ? XftFontCopy(x11_disp, opened) : nullptr;
+}
+
 void close_outline_font() {
     if (opened != nullptr && x11_disp != nullptr) XftFontClose(x11_disp, opened);
     opened = nullptr;

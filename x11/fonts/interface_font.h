@@ -21,6 +21,9 @@ Outline open_outline_font(std::string_view pattern, int& height);
 /// The one that is open, else null.
 XftFont* outline_font();
 
+/// The same for somebody who will close it once more than it was opened, as the toolkit does with each record of it.
+XftFont* shared_outline_font();
+
 /// Closes it, while there is a display.
 void close_outline_font();
 

@@ -58,15 +58,14 @@ void load_from_server(const char* name) {
 
 // -- outline fonts
 
-// What the toolkit frees it closes.
-XmRendition rendition_of(XftFont* font, const char* tag) {
+XmRendition rendition_with(const char* tag) {
     grx::Args args;
-    args.set(XmNfontType, XmFONT_IS_XFT).set(XmNxftFont, XftFontCopy(x11_disp, font));
+    args.set(XmNfontType, XmFONT_IS_XFT).set(XmNxftFont, grx::shared_outline_font());
     return XmRenditionCreate(XmGetXmDisplay(x11_disp), const_cast<char*>(tag), args.list(), args.count());
 }
 
-XmRenderTable table_of(XftFont* font) {
-    std::array renditions{rendition_of(font, grx::kFontTag), rendition_of(font, grx::kGivenTag)};
+XmRenderTable outline_table() {
+    std::array renditions{rendition_with(grx::kFontTag), rendition_with(grx::kGivenTag)};
     XmRenderTable table = XmRenderTableAddRenditions(nullptr, renditions.data(), renditions.size(), XmMERGE_NEW);
     for (XmRendition rendition : renditions) XmRenditionFree(rendition);
     return table;
@@ -90,7 +89,7 @@ XFontStruct* load_near(int height) {
 }
 
 void take_outline_font(int height) {
-    fontlist = own_fontlist = table_of(grx::outline_font());
+    fontlist = own_fontlist = outline_table();
     fontstruct = own_fontstruct = load_near(height);
     grx::use_multibyte_locale();
     watch_ends_of_widgets();

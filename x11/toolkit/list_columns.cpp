@@ -111,6 +111,7 @@ XmRenderTable with_tabs(XmRenderTable table, const char* tag, XmTabList tabs) {
     if (font == nullptr) return table;
     Args args;
     args.set(XmNtabList, tabs);
+    shared_outline_font(); // by the copy that is made, for the list's table shares its fonts with others
     XmRenditionUpdate(font, args.list(), args.count());
     table = XmRenderTableAddRenditions(table, &font, 1, XmMERGE_REPLACE);
     XmRenditionFree(font);

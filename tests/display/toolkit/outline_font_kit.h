@@ -29,7 +29,7 @@ inline INT labelled(INT type, INT window, const char* text) {
     GRX_BOUTON button = button_at(type, window, {20, 20, 220, 80});
     button.attrib |= GRX_BOU_ATT_VISIBLE;
     if (type == GRX_BOU_ECHELLE) {
-        button.attrib |= GRX_BOU_ATT_ECHELLE_HORIZ;
+        button.attrib |= GRX_BOU_ATT_ECHELLE_HORIZ | GRX_BOU_ATT_ECHELLE_VALEUR;
         button.tabi[1] = 0;
         button.tabi[2] = 8888;
         button.tabi[3] = 6804;
