@@ -62,8 +62,8 @@ TEST_F(OutlineFontOn24, EveryKindOfControlBlends) {
         const INT window = make(GRX_FEN_ALPHA, GRX_FEN_ATT_VISIBLE, 400, 300);
         ASSERT_TRUE(wait_visible(grx_recup_objet_fen(window)));
         ASSERT_GE(labelled(kind.type, window, "Gabarit"), 0) << kind.name;
-        EXPECT_TRUE(wait_for([&] { return blended_colours(grab(x11_disp, XtWindow(grx_recup_objet_fen(window)))) > 8; }))
-            << kind.name << " " << blended_colours(grab(x11_disp, XtWindow(grx_recup_objet_fen(window))));
+        const auto seen = [&] { return grab(x11_disp, XtWindow(grx_recup_objet_fen(window)), {20, 20, 220, 80}); };
+        EXPECT_TRUE(wait_for([&] { return blended_colours(seen()) > 8; })) << kind.name << " " << blended_colours(seen());
         grx_detruit_fenetre(window);
     }
 }
