@@ -101,8 +101,8 @@ INT grx_affecte_champ_bouton(INT ind, char* s) {
     Widget w = grx_recup_objet_bout(ind);
     if (w == nullptr) return 0;
     // KEEP: the tag of the application font is not used; with an outline font it tells the encoding
-    const auto label = grx::outline_font() != nullptr ? grx::CompoundString(s)
-                                                      : grx::CompoundString(s, XmFONTLIST_DEFAULT_TAG);
+    const auto label =
+        grx::outline_font() != nullptr ? grx::CompoundString(s) : grx::CompoundString(s, XmFONTLIST_DEFAULT_TAG);
     set_label(w, label.get());
     return 0;
 }

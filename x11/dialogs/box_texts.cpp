@@ -118,7 +118,8 @@ Block<char> button_text(const char* given, UsualLabel usual) {
     constexpr std::size_t most = 40; // characters that a button can show
     const Block<char> text = view(given).empty() ? usual_text(usual) : copy_of(given);
     Block<char> label = text ? shown_line(text.data()) : Block<char>();
-    if (label && std::strlen(label.data()) > most) std::memcpy(label.data() + whole_characters(view(label.data()), most - 3), "...", 4);
+    if (label && std::strlen(label.data()) > most)
+        std::memcpy(label.data() + whole_characters(view(label.data()), most - 3), "...", 4);
     return label;
 }
 

@@ -266,8 +266,8 @@ void ProgressWindow::draw_percents(int filled) {
         if (right <= left) return;
         const XRectangle clip{static_cast<short>(left), 0, static_cast<unsigned short>(right - left),
             static_cast<unsigned short>(bar_height())};
-        draw_interface_text(window_of(bar_), context_, pixel, clip, {static_cast<short>(x), static_cast<short>(y)},
-            view(text.data()));
+        draw_interface_text(
+            window_of(bar_), context_, pixel, clip, {static_cast<short>(x), static_cast<short>(y)}, view(text.data()));
     };
     part(fill_text_, 0, filled);
     part(resource<Pixel>(bar_, XmNforeground), filled, kWidth);

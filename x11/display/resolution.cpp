@@ -26,8 +26,7 @@ int resolution_of_resources() {
 
 int screen_resolution() {
     const int told = resolution_of_resources();
-    return told > 0 ? told
-                    : resolution_of(DisplayHeight(x11_disp, x11_screen), DisplayHeightMM(x11_disp, x11_screen));
+    return told > 0 ? told : resolution_of(DisplayHeight(x11_disp, x11_screen), DisplayHeightMM(x11_disp, x11_screen));
 }
 
 } // namespace grx

@@ -139,8 +139,8 @@ XftColor blended(unsigned long pixel) {
 }
 
 void draw_outlines(Window window, unsigned long pixel, XRectangle part, XPoint at, std::string_view text) {
-    XftDraw* const target = XftDrawCreate(
-        x11_disp, window, DefaultVisual(x11_disp, x11_screen), DefaultColormap(x11_disp, x11_screen));
+    XftDraw* const target =
+        XftDrawCreate(x11_disp, window, DefaultVisual(x11_disp, x11_screen), DefaultColormap(x11_disp, x11_screen));
     if (target == nullptr) return;
     const XftColor colour = blended(pixel);
     XftDrawSetClipRectangles(target, 0, 0, &part, 1);

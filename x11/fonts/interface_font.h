@@ -44,6 +44,7 @@ inline int interface_line_height() {
 int interface_text_width(std::string_view text);
 
 /// Writes a text of ASCII as the interface does, in the pixel given and within a part of the window.
-void draw_interface_text(Window window, GC context, unsigned long pixel, XRectangle part, XPoint at, std::string_view text);
+void draw_interface_text(
+    Window window, GC context, unsigned long pixel, XRectangle part, XPoint at, std::string_view text);
 
 } // namespace grx

@@ -44,7 +44,8 @@ using Step = void (*)();
 
 // In this order: what is freed with the help of the display comes before its end.
 constexpr std::array kWithDisplay{Step{free_controls}, Step{grx::forget_windows}, Step{free_icons},
-    Step{grx::forget_shared_memory}, Step{grx::forget_contexts}, Step{grx::forget_application_font}, Step{grx::forget_layouts}};
+    Step{grx::forget_shared_memory}, Step{grx::forget_contexts}, Step{grx::forget_application_font},
+    Step{grx::forget_layouts}};
 
 constexpr std::array kAfterwards{grx::forget_alarm, grx::forget_directories, grx::forget_inventory, grx::forget_listing,
     grx::forget_settings, grx::forget_font_setting, grx::forget_colours, grx::forget_palettes, grx::forget_exact_calls,

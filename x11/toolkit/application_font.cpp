@@ -48,7 +48,8 @@ void note_loaded(std::string_view name) {
 }
 
 void load_from_server(const char* name) {
-    font_entry = XmFontListEntryLoad(x11_disp, const_cast<char*>(name), XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
+    font_entry =
+        XmFontListEntryLoad(x11_disp, const_cast<char*>(name), XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
     fontlist = own_fontlist = XmFontListAppendEntry(nullptr, font_entry);
     if (font_entry == nullptr) return;
     XmFontType kind = XmFONT_IS_FONT;

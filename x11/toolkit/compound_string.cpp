@@ -32,7 +32,8 @@ std::array<XmParseMapping, 2>& plain_text_mappings() {
 
 bool is_ascii(std::string_view text) {
     constexpr unsigned char first_beyond_ascii = 0x80;
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < first_beyond_ascii; });
+    return std::all_of(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < first_beyond_ascii; });
 }
 
 // That of segments with this tag, of all without one.
@@ -83,7 +84,8 @@ char* plain_text_of(XmString string) {
 XmString string_in_columns(const char* text) {
     auto& mappings = plain_text_mappings();
     FontText encoded(text);
-    return XmStringParseText(encoded.bytes(), nullptr, encoded.tag(), XmCHARSET_TEXT, mappings.data(), static_cast<Cardinal>(mappings.size()), nullptr);
+    return XmStringParseText(encoded.bytes(), nullptr, encoded.tag(), XmCHARSET_TEXT, mappings.data(),
+        static_cast<Cardinal>(mappings.size()), nullptr);
 }
 
 } // namespace grx

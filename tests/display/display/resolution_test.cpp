@@ -20,8 +20,9 @@ class ResolutionTest : public XTest {
     }
 
     INT told_with(const std::string& resources) {
-        XChangeProperty(test_display(), DefaultRootWindow(test_display()), XA_RESOURCE_MANAGER, XA_STRING, 8, PropModeReplace,
-            reinterpret_cast<const unsigned char*>(resources.data()), static_cast<int>(resources.size()));
+        XChangeProperty(test_display(), DefaultRootWindow(test_display()), XA_RESOURCE_MANAGER, XA_STRING, 8,
+            PropModeReplace, reinterpret_cast<const unsigned char*>(resources.data()),
+            static_cast<int>(resources.size()));
         XSync(test_display(), False);
         EXPECT_EQ(grx_recup_resolution_ecran(), GRX_ECHEC_AFFICHAGE);
         EXPECT_TRUE(start_up());
@@ -39,8 +40,8 @@ TEST_F(ResolutionTest, IsThatOfTheResourcesElseThatOfTheScreen) {
         INT told;
     };
     for (const Row& row : {Row{"", 144}, {"Xft.dpi: 192\n", 192}, {"Xft.dpi:\t119.6\n", 120}, {"Xft.dpi: much\n", 144},
-             {"Xft.dpi: 0\n", 144}, {"Xft.dpi: -96\n", 144}, {"Xft.dpi: 99999999999999999999\n", 144}, {"*dpi: 110\n", 110},
-             {"Xft.dpi:\n", 144}, {"XTerm*dpi: 110\n", 144}})
+             {"Xft.dpi: 0\n", 144}, {"Xft.dpi: -96\n", 144}, {"Xft.dpi: 99999999999999999999\n", 144},
+             {"*dpi: 110\n", 110}, {"Xft.dpi:\n", 144}, {"XTerm*dpi: 110\n", 144}})
         EXPECT_EQ(told_with(row.resources), row.told) << row.resources;
 }
 

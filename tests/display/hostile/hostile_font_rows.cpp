@@ -9,16 +9,14 @@ namespace grxtest::hostile {
 namespace {
 
 constexpr Row font_table[] = {
-    own(
-        NAMED(grx_affecte_police), rounds,
+    own(NAMED(grx_affecte_police), rounds,
         [](Bench& bench, unsigned n) -> Answer {
             const INT answer = grx_affecte_police(text(bench, 0, n));
             grx_affecte_police(nullptr); // the next start is for another test
             return answer;
         },
         {1, GRX_ECHEC_MEMOIRE}),
-    own(
-        NAMED(grx_recup_police), rounds,
+    own(NAMED(grx_recup_police), rounds,
         [](Bench& bench, unsigned n) -> Answer {
             constexpr std::array rooms{0, 1, 2, 40, -1, INT_MIN};
             char* const room = n % 3 ? bench.texts[0].data() : nullptr;

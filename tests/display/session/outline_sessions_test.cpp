@@ -17,7 +17,8 @@ class OutlineSessionsOn24 : public AddingSessions {
     static int greys(const Pixels& picture) {
         std::set<std::uint32_t> seen;
         for (const std::uint32_t pixel : picture.values)
-            if ((pixel & 0xFFU) == (pixel >> 8U & 0xFFU) && (pixel & 0xFFU) == (pixel >> 16U & 0xFFU)) seen.insert(pixel);
+            if ((pixel & 0xFFU) == (pixel >> 8U & 0xFFU) && (pixel & 0xFFU) == (pixel >> 16U & 0xFFU))
+                seen.insert(pixel);
         return static_cast<int>(seen.size());
     }
 

@@ -63,7 +63,8 @@ TEST_F(OutlineFontOn24, EveryKindOfControlBlends) {
         ASSERT_TRUE(wait_visible(grx_recup_objet_fen(window)));
         ASSERT_GE(labelled(kind.type, window, "Gabarit"), 0) << kind.name;
         const auto seen = [&] { return grab(x11_disp, XtWindow(grx_recup_objet_fen(window)), {20, 20, 220, 80}); };
-        EXPECT_TRUE(wait_for([&] { return blended_colours(seen()) > 8; })) << kind.name << " " << blended_colours(seen());
+        EXPECT_TRUE(wait_for([&] { return blended_colours(seen()) > 8; }))
+            << kind.name << " " << blended_colours(seen());
         grx_detruit_fenetre(window);
     }
 }
@@ -167,7 +168,8 @@ TEST_F(OutlineFontOn24, ShortMemoryHarmsNothing) {
         const INT number = labelled(GRX_BOU_SIMPLE, window, "\311t\351");
         drain();
         if (number >= 0) grx_detruit_bouton(number);
-    }), 0);
+    }),
+        0);
 }
 
 // --- names
@@ -202,8 +204,9 @@ TEST_F(FontByName, OneThatIsNotThereIsError9AndTheDefault) {
 }
 
 TEST_F(FontByName, PatternsOfNobodyStartAllTheSame) {
-    for (const char* const name : {"xft:", "xft:::::", "xft:\\", "xft:-", "xft:\377\376", "xft:DejaVu Sans:lang=xx:slant=99:rgba=7",
-             "xft:DejaVu Sans:matrix=0 0 0 0", "xft:,,,", "xft:DejaVu Sans-", "xft:sans:size=nan"}) {
+    for (const char* const name :
+        {"xft:", "xft:::::", "xft:\\", "xft:-", "xft:\377\376", "xft:DejaVu Sans:lang=xx:slant=99:rgba=7",
+            "xft:DejaVu Sans:matrix=0 0 0 0", "xft:,,,", "xft:DejaVu Sans-", "xft:sans:size=nan"}) {
         EXPECT_EQ(started_with(name).result, 1) << name;
         EXPECT_NE(fontstruct, nullptr) << name;
         EXPECT_GT(grx_recup_lar_carac_alpha(), 0) << name;
@@ -295,8 +298,8 @@ TEST_F(FontCostOn24, NothingDiffersWithoutTheirPrefix) {
     const unsigned long outline = x_totals().round_trips;
     const unsigned long with_outline = requests_of_start();
     const unsigned long more_trips = x_totals().round_trips - outline;
-    std::printf("start-up: %lu requests and %lu round trips, with an outline font %lu and %lu\n", requests, trips, with_outline,
-        more_trips);
+    std::printf("start-up: %lu requests and %lu round trips, with an outline font %lu and %lu\n", requests, trips,
+        with_outline, more_trips);
     EXPECT_LE(with_outline, requests + 80);
     EXPECT_LE(more_trips, trips + 8);
 }

@@ -22,19 +22,21 @@ TEST(FontName, OutlineFontsHaveTheirPrefix) {
 TEST(FontName, GenericFamilies) {
     for (const char* const family : {"sans", "Sans", "SANS-SERIF", "Serif", "monospace", "Mono"})
         EXPECT_TRUE(grx::is_generic_family(family)) << family;
-    for (const char* const family : {"", "sansa", "san", "DejaVu Sans"}) EXPECT_FALSE(grx::is_generic_family(family)) << family;
+    for (const char* const family : {"", "sansa", "san", "DejaVu Sans"})
+        EXPECT_FALSE(grx::is_generic_family(family)) << family;
 }
 
 TEST(FontName, HeightIsTheSeventhField) {
     EXPECT_EQ(grx::pixel_height_in("-misc-fixed-medium-r-normal--13-120-75-75-c-70-iso8859-1"), 13);
     EXPECT_EQ(grx::pixel_height_in("-misc-fixed-medium-r-normal--0-0-75-75-c-0-iso8859-1"), 0);
-    for (const char* const name : {"", "9x15", "-------", "-a-b-c-d-e-f-x-", "-a-b-c-d-e-f-13x-", "-a-b-c-d-e-f--7-", "-a-b-c-d-e-f-99999999999-"})
+    for (const char* const name : {"", "9x15", "-------", "-a-b-c-d-e-f-x-", "-a-b-c-d-e-f-13x-", "-a-b-c-d-e-f--7-",
+             "-a-b-c-d-e-f-99999999999-"})
         EXPECT_EQ(grx::pixel_height_in(name), 0) << name;
 }
 
 TEST(FontName, TheNearestHeightWinsThenTheFamilyFixed) {
-    const std::array names{"-x-helvetica-medium-r-normal--14-", "-m-fixed-medium-r-normal--14-", "-m-fixed-medium-r-normal--20-", "9x15",
-        "-x-helvetica-medium-r-normal--17-"};
+    const std::array names{"-x-helvetica-medium-r-normal--14-", "-m-fixed-medium-r-normal--14-",
+        "-m-fixed-medium-r-normal--20-", "9x15", "-x-helvetica-medium-r-normal--17-"};
     struct Row {
         int height;
         std::size_t place;
@@ -49,7 +51,8 @@ TEST(FontName, TheNearestHeightWinsThenTheFamilyFixed) {
 TEST(Resolution, OfAScreen) {
     EXPECT_EQ(grx::resolution_of(1024, 271), 96);
     EXPECT_EQ(grx::resolution_of(2160, 286), 192);
-    for (const auto& [pixels, millimetres] : {std::pair{0, 0}, {1024, 0}, {1024, -3}, {-5, 100}, {1024, 1}, {10, 1000}, {INT_MAX, 1}})
+    for (const auto& [pixels, millimetres] :
+        {std::pair{0, 0}, {1024, 0}, {1024, -3}, {-5, 100}, {1024, 1}, {10, 1000}, {INT_MAX, 1}})
         EXPECT_EQ(grx::resolution_of(pixels, millimetres), 96) << pixels << " on " << millimetres;
 }
 
