@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# with_x.sh [--planes 24|8|16] [--mwm|--openbox|--fvwm] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
+# with_x.sh [--planes 24|8|16] [--dpi N] [--mwm|--openbox|--fvwm] COMMAND...: runs COMMAND on an X server of its own, which ends with it.
+# --dpi N: a screen of that resolution, with as many pixels as a screen of the same size has then.
 set -euo pipefail
 
 planes=24
+dpi=96
 manager=
 while [ $# -gt 0 ]; do
     case $1 in
         --planes) planes=$2; shift 2 ;;
+        --dpi) dpi=$2; shift 2 ;;
         --mwm | --openbox | --fvwm) manager=${1#--}; shift ;;
         *) break ;;
     esac
@@ -25,7 +28,7 @@ trap finish EXIT
 trap 'exit 130' INT TERM
 
 mkfifo "$place/number"
-Xvfb -displayfd 3 -screen 0 "1280x1024x$planes" -noreset -nolisten tcp 3>"$place/number" 2>"$place/log" &
+Xvfb -displayfd 3 -screen 0 "$((1280 * dpi / 96))x$((1024 * dpi / 96))x$planes" -dpi "$dpi" -noreset -nolisten tcp 3>"$place/number" 2>"$place/log" &
 server=$!
 read -r -t 30 number <"$place/number" || { cat "$place/log" >&2; exit 1; }
 export DISPLAY=":$number"

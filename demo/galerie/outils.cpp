@@ -17,7 +17,7 @@ struct Classe {
     const char* nom;
 };
 constexpr std::array<Classe, 3> kClasses{
-    {{GRX_FORMAT_ICONE_S, 24, "S"}, {GRX_FORMAT_ICONE_M, 32, "M"}, {GRX_FORMAT_ICONE_L, 40, "L"}}};
+    {{GRX_FORMAT_ICONE_S, 24, "S"}, {GRX_FORMAT_ICONE_M, 32, "M"}, {GRX_FORMAT_ICONE_L, 56, "L"}}};
 
 void cree_rangee(INT fenetre, const Classe& classe, INT x, INT y) {
     grx_affecte_format_icone(classe.format);

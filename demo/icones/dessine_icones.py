@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the icons of the sample applications: 16-colour bitmap files in three sizes, S (16), M (24) and L (32 pixels).
+"""Draws the icons of the sample applications: 16-colour bitmap files in three sizes, S (16), M (24) and L (48 pixels).
 
 Colour index 8 is the background of the button that shows the icon."""
 import math
@@ -7,7 +7,7 @@ import os
 import struct
 import sys
 
-SIZES = {"S": 16, "M": 24, "L": 32}
+SIZES = {"S": 16, "M": 24, "L": 48}
 BACKGROUND, BLACK, BLUE, RED, YELLOW, WHITE, GREY, GREEN = 8, 0, 9, 12, 14, 15, 7, 10
 # A colour index of the library is stored as the index of the standard palette: red and blue change places.
 STORED = [0, 4, 2, 6, 1, 5, 3, 7, 8, 12, 10, 14, 9, 13, 11, 15]

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "pure/font_name.h"
 #include "pure/ini_line.h"
 #include "pure/number.h"
 #include "pure/text.h"
@@ -44,10 +45,11 @@ class IniCheck {
         const auto value = grx::ini_value(line, grx::kIniFontKey);
         if (!value) return false;
         const auto font = trimmed(*value);
-        auto text = std::string(grx::kIniFontKey) + " \"" + font.substr(0, longest_font) + '"';
+        const bool cut = font.size() > longest_font && !grx::names_outline_font(font);
+        auto text = std::string(grx::kIniFontKey) + " \"" + (cut ? font.substr(0, longest_font) : font) + '"';
         if (font.empty()) text += ", no font name";
         say(Verdict::taken, text + replaced(grx::kIniFontKey));
-        if (font.size() > longest_font) say(Verdict::refused, what_is_cut_of(font));
+        if (cut) say(Verdict::refused, what_is_cut_of(font));
         return true;
     }
 

@@ -14,6 +14,7 @@
 
 #include "pure/axis.h"
 #include "system/table.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/control_parts.h"
@@ -99,7 +100,9 @@ INT grx_change_texte(INT nobou, char* texte) {
 INT grx_affecte_champ_bouton(INT ind, char* s) {
     Widget w = grx_recup_objet_bout(ind);
     if (w == nullptr) return 0;
-    const grx::CompoundString label(s, XmFONTLIST_DEFAULT_TAG); // KEEP: the tag of the application font is not used
+    // KEEP: the tag of the application font is not used; with an outline font it tells the encoding
+    const auto label =
+        grx::outline_font() != nullptr ? grx::CompoundString(s) : grx::CompoundString(s, XmFONTLIST_DEFAULT_TAG);
     set_label(w, label.get());
     return 0;
 }

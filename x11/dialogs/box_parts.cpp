@@ -15,6 +15,7 @@
 #include "pure/button_label.h"
 #include "pure/text.h"
 #include "pure/wrapped_text.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"
@@ -35,13 +36,12 @@ constexpr std::size_t kMostInLine = 250; // characters, however narrow
 
 int line_height() {
     constexpr int without_font = 16;
-    return fontstruct != nullptr ? fontstruct->ascent + fontstruct->descent : without_font;
+    return has_interface_font() ? interface_line_height() : without_font;
 }
 
 int text_width(std::string_view text) {
     constexpr int without_font = 8;
-    const int length = static_cast<int>(text.size());
-    return fontstruct != nullptr ? XTextWidth(fontstruct, text.data(), length) : without_font * length;
+    return has_interface_font() ? interface_text_width(text) : without_font * static_cast<int>(text.size());
 }
 
 int widest_line() {

@@ -11,6 +11,8 @@
 #include "pure/latin1.h"
 #include "pure/question_text.h"
 #include "pure/text.h"
+#include "pure/utf8.h"
+#include "fonts/interface_font.h"
 #include "dialogs/file_parts.h"
 
 namespace grx {
@@ -43,6 +45,14 @@ Block<char> from_latin1(const char* text) {
     return utf8;
 }
 
+// Outline fonts have letters that Latin-1 lacks.
+void write_shown(std::string_view text, char* out) {
+    const bool lossless = outline_font() == nullptr || !is_utf8(text) || fits_latin1(text);
+    if (lossless) return to_latin1(text, out);
+    text.copy(out, text.size());
+    out[text.size()] = '\0';
+}
+
 bool one_byte_locale() {
     return MB_CUR_MAX == 1;
 }
@@ -68,7 +78,7 @@ Block<char> usual_text(UsualLabel usual) {
 Block<char> shown_text(const char* text) {
     Block<char> shown(view(text).size() + 1);
     if (!shown) return shown;
-    to_latin1(view(text), shown.data());
+    write_shown(view(text), shown.data());
     char* const end = shown.data() + std::strlen(shown.data());
     char* const kept = std::remove(shown.data(), end, '\r');
     *kept = '\0';
@@ -108,7 +118,8 @@ Block<char> button_text(const char* given, UsualLabel usual) {
     constexpr std::size_t most = 40; // characters that a button can show
     const Block<char> text = view(given).empty() ? usual_text(usual) : copy_of(given);
     Block<char> label = text ? shown_line(text.data()) : Block<char>();
-    if (label && std::strlen(label.data()) > most) std::memcpy(label.data() + most - 3, "...", 4);
+    if (label && std::strlen(label.data()) > most)
+        std::memcpy(label.data() + whole_characters(view(label.data()), most - 3), "...", 4);
     return label;
 }
 

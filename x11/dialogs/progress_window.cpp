@@ -17,8 +17,10 @@
 #include <utility>
 
 #include "pure/button_label.h"
+#include "pure/text.h"
 #include "system/block.h"
 #include "display/pixmaps.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/option_menu.h"
@@ -38,11 +40,11 @@ constexpr int kSteps = 40;  // of the moving block, there and back
 
 int bar_height() {
     constexpr int around_text = 10, without_font = 24;
-    return fontstruct != nullptr ? fontstruct->ascent + fontstruct->descent + around_text : without_font;
+    return has_interface_font() ? interface_line_height() + around_text : without_font;
 }
 
 int width_of(const char* text) {
-    return fontstruct != nullptr ? XTextWidth(fontstruct, text, static_cast<int>(std::strlen(text))) : 0;
+    return interface_text_width(text);
 }
 
 // Cuts a line to the width of the bar.
@@ -255,18 +257,17 @@ void ProgressWindow::draw() {
 
 // In the middle, white on the filled part.
 void ProgressWindow::draw_percents(int filled) {
-    if (fontstruct == nullptr) return;
+    if (!has_interface_font()) return;
     std::array<char, 16> text{};
-    const int length = std::snprintf(text.data(), text.size(), "%d %%", percent_);
+    std::snprintf(text.data(), text.size(), "%d %%", percent_);
     const int x = (kWidth - width_of(text.data())) / 2;
-    const int y = (bar_height() + fontstruct->ascent - fontstruct->descent) / 2;
+    const int y = (bar_height() + interface_ascent() - interface_descent()) / 2;
     const auto part = [&](unsigned long pixel, int left, int right) {
         if (right <= left) return;
-        XRectangle clip{static_cast<short>(left), 0, static_cast<unsigned short>(right - left),
+        const XRectangle clip{static_cast<short>(left), 0, static_cast<unsigned short>(right - left),
             static_cast<unsigned short>(bar_height())};
-        XSetForeground(x11_disp, context_, pixel);
-        XSetClipRectangles(x11_disp, context_, 0, 0, &clip, 1, YXBanded);
-        XDrawString(x11_disp, window_of(bar_), context_, x, y, text.data(), length);
+        draw_interface_text(
+            window_of(bar_), context_, pixel, clip, {static_cast<short>(x), static_cast<short>(y)}, view(text.data()));
     };
     part(fill_text_, 0, filled);
     part(resource<Pixel>(bar_, XmNforeground), filled, kWidth);

@@ -9,6 +9,7 @@
 #include <cstddef>
 
 #include "display/pixmaps.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/widgets.h"
 #include "xt_ini_t.h"
@@ -22,7 +23,7 @@ constexpr int kGap = 4; // between mark and text
 // As large as a capital of the application's font.
 int mark_size() {
     constexpr int least = 7, most = 31;
-    return fontstruct != nullptr ? std::clamp(fontstruct->ascent - 1, least, most) : least;
+    return std::clamp(interface_ascent() - 1, least, most);
 }
 
 int column_width() {

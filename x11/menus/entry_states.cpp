@@ -15,6 +15,7 @@
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
 #include "system/trace.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "toolkit/locale_text.h"
@@ -53,9 +54,9 @@ void copy_label(TextBytes& to, std::string_view text) {
     grx::copy_text(to + length, sizeof to - length, label.behind);
 }
 
-// The application's font has the letters of Latin-1.
+// A font of the server has the letters of Latin-1.
 grx::ApplicationText for_font(const char* text) {
-    const bool of_locale = grx::encoding_of(text) == grx::TextEncoding::Locale;
+    const bool of_locale = grx::outline_font() == nullptr && grx::encoding_of(text) == grx::TextEncoding::Locale;
     return grx::ApplicationText(text, of_locale ? grx::TextEncoding::Latin1 : grx::TextEncoding::Locale);
 }
 

@@ -13,6 +13,7 @@
 #include "system/inventory.h"
 #include "system/never_destroyed.h"
 #include "display/lost_connection.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/field_text.h"
 #include "toolkit/lists.h"
@@ -89,8 +90,8 @@ void on_list_death(Widget list, XtPointer, XtPointer) {
 
 // As many entries as a window can be high.
 int visible_entries(INT count) {
-    const int line = fontstruct != nullptr ? fontstruct->ascent + fontstruct->descent : 1;
-    return std::min<int>(count, INT16_MAX / std::max(2 * line, 1));
+    const int line = std::max(grx::interface_line_height(), 1);
+    return std::min<int>(count, INT16_MAX / (2 * line));
 }
 
 Widget make_list(Widget parent, const GRX_MSG& message, grx::EntryTable& entries) {

@@ -11,6 +11,7 @@
 #include "system/shut_down.h"
 #include "display/connection.h"
 #include "display/forget_display.h"
+#include "toolkit/application_font.h"
 #include "toolkit/forget_toolkit.h"
 #include "toolkit/shells_of_display.h"
 #include "events/queue.h"
@@ -43,10 +44,11 @@ using Step = void (*)();
 
 // In this order: what is freed with the help of the display comes before its end.
 constexpr std::array kWithDisplay{Step{free_controls}, Step{grx::forget_windows}, Step{free_icons},
-    Step{grx::forget_shared_memory}, Step{grx::forget_contexts}, Step{grx::forget_font}, Step{grx::forget_layouts}};
+    Step{grx::forget_shared_memory}, Step{grx::forget_contexts}, Step{grx::forget_application_font},
+    Step{grx::forget_layouts}};
 
 constexpr std::array kAfterwards{grx::forget_alarm, grx::forget_directories, grx::forget_inventory, grx::forget_listing,
-    grx::forget_settings, grx::forget_colours, grx::forget_palettes, grx::forget_exact_calls,
+    grx::forget_settings, grx::forget_font_setting, grx::forget_colours, grx::forget_palettes, grx::forget_exact_calls,
     grx::forget_lost_connection, grx::forget_encoding, grx::forget_hidden_shell, grx::forget_control_pixmap,
     grx::forget_menu_zone, grx::forget_spare_menu, grx::forget_menu_state, grx::forget_held_button,
     grx::forget_minimised_icon, grx::forget_default_colours, grx::forget_encodings, grx::forget_pressed,

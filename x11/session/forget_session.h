@@ -6,7 +6,6 @@ namespace grx {
 
 void forget_digitized(); // the window chosen, the last key
 void forget_double_click();
-void forget_font(); // frees it
 void forget_untold_ends();
 
 } // namespace grx

@@ -5,8 +5,6 @@
 #include <Xm/DropSMgrP.h>
 #include <Xm/Xm.h>
 
-#include <cstdio>
-#include <cstring>
 #include <iterator>
 
 #include "system/inventory.h"
@@ -14,15 +12,14 @@
 #include "display/connection.h"
 #include "display/exact_calls.h"
 #include "display/identity.h"
+#include "toolkit/application_font.h"
 #include "toolkit/args.h"
-#include "toolkit/compound_string.h"
 #include "toolkit/forget_toolkit.h"
 #include "registry/alive.h"
 #include "registry/window_table.h"
 #include "menus/alive_menus.h"
 #include "windows/manners.h"
 #include "windows/shell_place.h"
-#include "session/forget_session.h"
 #include "grx_plus_application.h"
 #include "xt_err_f.h"
 #include "xt_fen_f.h"
@@ -31,11 +28,6 @@
 #include "xt_mot_t.h"
 
 namespace {
-
-XmFontListEntry font_entry = nullptr;
-XmFontList own_fontlist = nullptr;
-Display* font_display = nullptr;
-CH40 loaded = "";
 
 const Widget kReservedWindow = reinterpret_cast<Widget>(-2L);
 
@@ -80,21 +72,6 @@ void tell_what_is_alive() {
     grx::inventory_wanted();
 }
 
-void load_font() {
-    CH40 name = "";
-    grx_recup_font(name);
-    if (name[0] == '\0') std::snprintf(name, sizeof name, "fixed"); // the toolkit warns when the name is empty
-    if (fontlist != nullptr && font_display == x11_disp && std::strcmp(loaded, name) == 0) return;
-    font_display = x11_disp;
-    std::memcpy(loaded, name, sizeof loaded);
-    font_entry = XmFontListEntryLoad(x11_disp, name, XmFONT_IS_FONT, const_cast<char*>(grx::kFontTag));
-    fontlist = own_fontlist = XmFontListAppendEntry(nullptr, font_entry);
-    if (font_entry == nullptr) return;
-    XmFontType kind = XmFONT_IS_FONT;
-    XtPointer font = XmFontListEntryGetFont(font_entry, &kind);
-    if (kind == XmFONT_IS_FONT) fontstruct = static_cast<XFontStruct*>(font);
-}
-
 bool choose_true_colour() {
     constexpr int planes = 24;
     if (prof_24 == 0 || !XMatchVisualInfo(x11_disp, x11_screen, planes, TrueColor, &vtemp)) return false;
@@ -127,20 +104,6 @@ bool open_as_asked() {
 
 } // namespace
 
-namespace grx {
-
-void forget_font() {
-    if (own_fontlist != nullptr) XmFontListFree(own_fontlist);
-    if (font_entry != nullptr) XmFontListEntryFree(&font_entry);
-    fontlist = own_fontlist = nullptr;
-    font_entry = nullptr;
-    fontstruct = nullptr; // the toolkit's
-    font_display = nullptr;
-    std::memset(loaded, 0, sizeof loaded);
-}
-
-} // namespace grx
-
 extern "C" {
 
 INT grx_init_application(void) {
@@ -168,7 +131,7 @@ INT grx_init_application(void) {
 
 INT grx_init_graphique(void) {
     if (x11_disp == nullptr) return 0;
-    load_font();
+    grx::load_application_font();
     if (!choose_true_colour() && !choose_pseudo_colour()) {
         grx_erreur(GRX_ERR_TABLE_COULEURS);
         return 0;

@@ -1,7 +1,4 @@
 // The settings of the library: the application and INI_SYST.DAT change them, all of the library reads them.
-#include <array>
-
-#include "pure/text.h"
 #include "system/forget_system.h"
 #include "xt_ini_f.h"
 
@@ -14,7 +11,6 @@ constexpr INT kColourOfNeutral = 4;
 constexpr INT kColourOfContrasting = 2;
 
 struct Settings {
-    std::array<char, GRX_FONTE_MAX> font{};
     INT character_width = 0;
     INT character_height = 0;
     INT exact_character_height = 0;
@@ -65,17 +61,7 @@ void forget_settings() {
 
 extern "C" {
 
-// -- fonts and sizes
-
-INT grx_recup_font(char* font) {
-    grx::copy_text(font, settings.font.size(), settings.font.data());
-    return 0;
-}
-
-INT grx_affecte_font(char* font) {
-    grx::copy_text(settings.font.data(), settings.font.size(), grx::view(font));
-    return 0;
-}
+// -- sizes
 
 INT grx_recup_lar_carac_alpha(void) {
     return settings.character_width;

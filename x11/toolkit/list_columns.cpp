@@ -8,6 +8,7 @@
 #include "pure/text.h"
 #include "system/block.h"
 #include "system/shut_down.h"
+#include "fonts/interface_font.h"
 #include "toolkit/args.h"
 #include "toolkit/compound_string.h"
 #include "xt_ini_f.h"
@@ -74,8 +75,8 @@ Columns* columns_made_for(Widget list) {
 
 INT text_width(std::string_view text) {
     const auto length = static_cast<int>(std::min<std::size_t>(text.size(), INT16_MAX));
-    if (fontstruct == nullptr) return length * grx_recup_lar_carac_alpha();
-    return XTextWidth(fontstruct, text.data(), length);
+    if (!has_interface_font()) return length * grx_recup_lar_carac_alpha();
+    return interface_text_width(text.substr(0, static_cast<std::size_t>(length)));
 }
 
 // Each column begins behind the widest text before it, or where it is wanted if that is further right.
@@ -105,17 +106,23 @@ XmTabList tab_list_of(std::span<const INT> stops) {
     return list;
 }
 
-// The application's font with these stops.
-XmRenderTable font_with_stops(std::span<const INT> stops) {
-    XmRenderTable table = XmRenderTableCopy(fontlist, nullptr, 0);
-    XmRendition font = XmRenderTableGetRendition(table, const_cast<char*>(kFontTag));
+XmRenderTable with_tabs(XmRenderTable table, const char* tag, XmTabList tabs) {
+    XmRendition font = XmRenderTableGetRendition(table, const_cast<char*>(tag));
     if (font == nullptr) return table;
-    XmTabList tabs = tab_list_of(stops);
     Args args;
     args.set(XmNtabList, tabs);
+    shared_outline_font(); // by the copy that is made, for the list's table shares its fonts with others
     XmRenditionUpdate(font, args.list(), args.count());
     table = XmRenderTableAddRenditions(table, &font, 1, XmMERGE_REPLACE);
     XmRenditionFree(font);
+    return table;
+}
+
+// The application's font with these stops.
+XmRenderTable font_with_stops(std::span<const INT> stops) {
+    XmTabList tabs = tab_list_of(stops);
+    XmRenderTable table = with_tabs(XmRenderTableCopy(fontlist, nullptr, 0), kFontTag, tabs);
+    if (outline_font() != nullptr) table = with_tabs(table, kGivenTag, tabs);
     XmTabListFree(tabs);
     return table;
 }

@@ -27,7 +27,7 @@ EntryTable& EntryTable::operator=(EntryTable&& other) noexcept {
 }
 
 void EntryTable::set(std::size_t i, const char* text) {
-    strings_[i] = XmStringCreateLtoR(const_cast<char*>(text != nullptr ? text : ""), const_cast<char*>(kFontTag));
+    strings_[i] = string_in_font(text);
 }
 
 void EntryTable::set_in_columns(std::size_t i, const char* text) {

@@ -2,10 +2,13 @@
 // back.
 #include "toolkit/locale_text.h"
 
+#include <array>
+#include <clocale>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
 
+#include "pure/text.h"
 #include "toolkit/forget_toolkit.h"
 
 namespace grx {
@@ -15,6 +18,9 @@ namespace {
 // Set once the application has given a text that is Latin-1 in a multibyte locale: what the user types then goes
 // back to it in Latin-1 as well, unless the field holds a text of the locale's own encoding.
 bool application_is_latin1 = false;
+
+// The locale of characters that the application had, while the library has put another in its place.
+std::array<char, 128> former_locale{};
 
 bool valid_in_locale(const char* text) {
     return MB_CUR_MAX == 1 || std::mbstowcs(nullptr, text, 0) != static_cast<std::size_t>(-1);
@@ -37,8 +43,20 @@ LocaleText::LocaleText(const char* text) : text_(text != nullptr ? text : "") {
     convert();
 }
 
+void use_multibyte_locale() {
+    if (MB_CUR_MAX > 1) return;
+    std::array<char, 128> present{};
+    const char* const name = std::setlocale(LC_CTYPE, nullptr);
+    if (!copy_text(present.data(), present.size(), view(name))) return;
+    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) return;
+    former_locale = present;
+    application_is_latin1 = true;
+}
+
 void forget_encoding() {
     application_is_latin1 = false;
+    if (former_locale[0] != '\0') std::setlocale(LC_CTYPE, former_locale.data());
+    former_locale = {};
 }
 
 void LocaleText::convert() {

@@ -6,6 +6,10 @@
 
 namespace grx {
 
+/// Has the process take a locale in which texts are UTF-8, when characters have one byte in the present one: the toolkit
+/// draws outline fonts in UTF-8 only. The application's texts are then taken for Latin-1.
+void use_multibyte_locale();
+
 /// What a text tells of its encoding.
 enum class TextEncoding : char { Unknown, Locale, Latin1 };
 

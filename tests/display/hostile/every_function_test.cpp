@@ -31,7 +31,8 @@ const std::set<std::string> globals{"Bleu", "Bou_h", "Bou_l", "Bou_reset", "Bou_
     "nbr_xpel_crt", "nbr_ypel_crt", "palette_icone", "palette_reserve", "palette_trace", "prof_24", "profondeur_ecran",
     "rvb_glob", "trace_pix", "vtemp", "x11_cmap", "x11_disp", "x11_screen", "x11_vis"};
 
-std::vector<Row> joined(std::initializer_list<std::span<const Row>> tables) {
+template <class Tables = std::initializer_list<std::span<const Row>>>
+std::vector<Row> joined(const Tables& tables) {
     std::vector<Row> all;
     for (const auto& table : tables) all.insert(all.end(), table.begin(), table.end());
     return all;
@@ -65,7 +66,7 @@ TEST(HostileTableOn24, NamesEveryExport) {
 TEST(HostileTableOn24, NamesEveryAddition) {
     const auto exported = names_of("GRX_1.1.txt");
     ASSERT_GT(exported.size(), 100U);
-    expect_whole(exported, joined({addition_rows(), share_rows(), text_rows(), ending_rows()}));
+    expect_whole(exported, joined({joined(rows_of_additions()), ending_rows()}));
 }
 
 // Kinds of the controls 0, 1 ... beside live windows; list_number knows which is the list.
@@ -110,9 +111,7 @@ class Hostile : public XTest {
 
     // The functions of the additions, in both halves.
     void call_additions() {
-        call_all(addition_rows());
-        call_all(share_rows());
-        call_all(text_rows());
+        for (const auto rows : rows_of_additions()) call_all(rows);
     }
 
     static bool all_kinds_live() {

@@ -29,9 +29,7 @@ void call_everything(void*) {
     call_rows(own_rows());
     call_rows(early_rows());
     call_rows(last_rows());
-    call_rows(addition_rows());
-    call_rows(share_rows());
-    call_rows(text_rows());
+    for (const auto rows : rows_of_additions()) call_rows(rows);
     call_rows(ending_rows());
     std::fprintf(stderr, "done\n");
 }

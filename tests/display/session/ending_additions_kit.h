@@ -29,6 +29,7 @@ class AddingSessions : public Sessions {
         ASSERT_EQ(grx_arguments(&count, words), 1);
         ASSERT_EQ(count, 1);
         grx_affecte_fonction_secours([](void*) {}, &events);
+        write_ini("FONT_CARACTERE xft:DejaVu Sans:size=11:weight=medium:antialias=true\n");
     }
 
     void sources() {
