@@ -64,15 +64,21 @@ class IconPixels {
   public:
     IconPixels() : screen_(grx::window_colours()), nearest_(icon_cells(screen_)) {}
 
-    unsigned long laid_on(const grx::Bgra& pixel, Pixel background) {
+    unsigned long laid_on(const grx::Bgra& pixel, Pixel background, int x, int y) {
         if (pixel.alpha == 0) return background;
         const grx::Bgr mixed = grx::over(pixel, screen_.colour_of(background));
-        if (!grx::deep_screen()) return nearest_.value_of(mixed);
+        if (!grx::deep_screen()) return pattern_pixel(mixed, x, y);
         const INT rgb[3] = {mixed.red, mixed.green, mixed.blue};
         return static_cast<UNSIGNED_INT>(grx::compose_pixel(grx::component_shifts(), rgb));
     }
 
   private:
+    // A colour that no cell has becomes a pattern of those around it: the few cells have no light ones.
+    unsigned long pattern_pixel(const grx::Bgr& wanted, int x, int y) {
+        const unsigned long exact = nearest_.value_of(wanted);
+        return screen_.colour_of(exact) == wanted ? exact : nearest_.value_of(grx::shifted(wanted, x, y));
+    }
+
     grx::PixelColours screen_;
     grx::NearestColour nearest_;
 };
@@ -107,7 +113,7 @@ Pixmap make_look(const IconSource& icon, IconLook look, Pixel background, IconPi
         image->data = room.data();
         for (int y = 0; y < icon.size.height; ++y)
             for (int x = 0; x < icon.size.width; ++x)
-                XPutPixel(image, x, y, pixels.laid_on(grx::in_look(icon.at(x, y), look), background));
+                XPutPixel(image, x, y, pixels.laid_on(grx::in_look(icon.at(x, y), look), background, x, y));
         pixmap = grx::make_pixmap(on, icon.size);
         put_image(pixmap, image);
     }
@@ -196,12 +202,20 @@ void show_nothing_else(Widget w) {
     changing = false;
 }
 
+// The toolkit does not redraw a drawn button whose picture changes in these callbacks.
+void show_in_callback(Widget w, const Icon* icon, bool pressed) {
+    if (icon == nullptr) return;
+    show_looks(w, icon->looks, pressed);
+    XClearArea(x11_disp, grx::window_of(w), 0, 0, 0, 0, True);
+}
+
 void is_armed(Widget w, XtPointer number, XtPointer) {
-    if (const Icon* const icon = icon_of(grx::number_in(number))) show_looks(w, icon->looks, true);
+    show_in_callback(w, icon_of(grx::number_in(number)), true);
 }
 
 void is_disarmed(Widget w, XtPointer number, XtPointer) {
-    if (const Icon* const icon = icon_of(grx::number_in(number))) show_looks(w, icon->looks, icon->held);
+    const Icon* const icon = icon_of(grx::number_in(number));
+    show_in_callback(w, icon, icon != nullptr && icon->held);
 }
 
 void destroy(INT nobou) {

@@ -1,7 +1,7 @@
 // Pictures written and read: every form, both formats, whole and by bands; bad files; targets that are whole or absent.
 #include <gtest/gtest.h>
 
-#include "tests/unit/system/image_kit.h"
+#include "tests/support/image_kit.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

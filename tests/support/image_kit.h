@@ -6,6 +6,8 @@
 #include "tests/support/heap.h"
 #include "tests/support/temp_dir.h"
 
+#include <gtest/gtest.h>
+
 #include <cstring>
 #include <random>
 #include <string>
