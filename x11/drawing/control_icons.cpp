@@ -76,7 +76,7 @@ class IconPixels {
     // A colour that no cell has becomes a pattern of those around it: the few cells have no light ones.
     unsigned long pattern_pixel(const grx::Bgr& wanted, int x, int y) {
         const unsigned long exact = nearest_.value_of(wanted);
-        return screen_.colour_of(exact) == wanted ? exact : nearest_.value_of(grx::shifted(wanted, x, y));
+        return grx::alike(screen_.colour_of(exact), wanted) ? exact : nearest_.value_of(grx::shifted(wanted, x, y));
     }
 
     grx::PixelColours screen_;
@@ -89,7 +89,8 @@ struct IconSource {
     grx::Size size;
 
     grx::Bgra at(int x, int y) const {
-        const auto place = static_cast<std::size_t>(y) * static_cast<std::size_t>(size.width) + static_cast<std::size_t>(x);
+        const auto place =
+            static_cast<std::size_t>(y) * static_cast<std::size_t>(size.width) + static_cast<std::size_t>(x);
         return grx::bgra_at(pixels.data() + grx::kAlphaBytes * place);
     }
 };
@@ -479,7 +480,8 @@ INT grx_affecte_icone_image_bouton(INT nobou, const GRX_IMAGE* image) {
 
 INT grx_supprime_icone_bouton(INT nobou) {
     Widget w = nullptr;
-    if (const INT fault = find_control(nobou, w); fault != 1) return fault == GRX_ECHEC_GENRE ? GRX_ECHEC_ABSENT : fault;
+    if (const INT fault = find_control(nobou, w); fault != 1)
+        return fault == GRX_ECHEC_GENRE ? GRX_ECHEC_ABSENT : fault;
     if (icon_of(nobou) == nullptr) return GRX_ECHEC_ABSENT;
     let_go(nobou);
     grx::Args args;

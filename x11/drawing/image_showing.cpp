@@ -82,8 +82,8 @@ std::size_t row_bytes(const GRX_IMAGE& image) {
 // The colours that drawing has on 8 planes, by their indices.
 grx::NearestColour drawing_colours(const grx::PixelColours& screen) {
     grx::NearestColour nearest;
-    const INT count = std::clamp<INT>(
-        grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace(), 0, GRX_NB_COULEURS);
+    const INT count =
+        std::clamp<INT>(grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace(), 0, GRX_NB_COULEURS);
     for (INT i = 0; i < count; ++i)
         if (trace_pix[i] >= 0)
             nearest.add(screen.colour_of(static_cast<unsigned long>(trace_pix[i])), static_cast<unsigned int>(i));
@@ -94,7 +94,8 @@ grx::NearestColour drawing_colours(const grx::PixelColours& screen) {
 class RowMaker {
   public:
     RowMaker(const GRX_IMAGE& image, const Target& target, const Area& shown)
-        : image_(image), target_(target), shown_(shown), part_(part_on(target.size, shown)), through_(lets_through(image)) {}
+        : image_(image), target_(target), shown_(shown), part_(part_on(target.size, shown)),
+          through_(lets_through(image)) {}
 
     const Area& part() const { return part_; }
     std::size_t bytes() const { return grx::deep_screen() ? grx::kTrueBytes : 1; }
@@ -184,8 +185,7 @@ INT show(const GRX_IMAGE& image, const Target& target, const Area& shown) {
 
 extern "C" {
 
-INT grx_affiche_image_etiree(
-    INT type, INT bou_fen, const GRX_IMAGE* image, INT x, INT y, INT largeur, INT hauteur) {
+INT grx_affiche_image_etiree(INT type, INT bou_fen, const GRX_IMAGE* image, INT x, INT y, INT largeur, INT hauteur) {
     Target target{type, bou_fen, None, {}};
     if (const INT fault = find_target(target); fault != 1) return fault;
     const bool sides = largeur >= 1 && hauteur >= 1 && largeur <= kLongestShown && hauteur <= kLongestShown;

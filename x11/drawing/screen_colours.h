@@ -15,8 +15,7 @@ class PixelColours {
   public:
     PixelColours(const Visual& visual, Colormap colormap);
     Bgr colour_of(unsigned long pixel) const {
-        return by_cells_ ? cells_[pixel & 255UL]
-                         : Bgr{level(pixel, 0), level(pixel, 1), level(pixel, 2)};
+        return by_cells_ ? cells_[pixel & 255UL] : Bgr{level(pixel, 0), level(pixel, 1), level(pixel, 2)};
     }
     /// A row of an image, as blue, green, red.
     void row(uchar* out, const XImage* image, int y) const;

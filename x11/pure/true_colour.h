@@ -55,11 +55,19 @@ constexpr Bgra in_look(const Bgra& pixel, IconLook look) {
     return pixel;
 }
 
+/// True for colours that nobody tells apart.
+constexpr bool alike(const Bgr& a, const Bgr& b) {
+    const auto near = [](int first, int second) { return first - second <= 4 && second - first <= 4; };
+    return near(a.blue, b.blue) && near(a.green, b.green) && near(a.red, b.red);
+}
+
 /// A colour made lighter or darker by its place, in a pattern whose mean is the colour, for screens of few colours.
 constexpr Bgr shifted(const Bgr& colour, int x, int y) {
     constexpr int pattern[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
     const int by = (2 * pattern[y & 3][x & 3] - 15) * 5;
-    const auto level = [by](int given) { return static_cast<uchar>(given + by < 0 ? 0 : given + by > 255 ? 255 : given + by); };
+    const auto level = [by](int given) {
+        return static_cast<uchar>(given + by < 0 ? 0 : given + by > 255 ? 255 : given + by);
+    };
     return {level(colour.blue), level(colour.green), level(colour.red)};
 }
 

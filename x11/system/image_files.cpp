@@ -238,8 +238,7 @@ INT grx_ouvre_image(const char* fichier, GRX_IMAGE* image) {
 }
 
 INT grx_ouvre_ecriture_image(const char* fichier, const GRX_IMAGE* image, INT format) {
-    if (!may_begin(fichier, image, format))
-        return grx::refused(GRX_ECHEC_PARAMETRE, "fichier, image, format", format);
+    if (!may_begin(fichier, image, format)) return grx::refused(GRX_ECHEC_PARAMETRE, "fichier, image, format", format);
     return open_numbered([=](Open& open) { return begin_writing(fichier, *image, format, open); });
 }
 
@@ -272,7 +271,7 @@ INT grx_ferme_image(INT noimage) {
     if (open == nullptr) return grx::refused(GRX_ECHEC_NUMERO, "noimage", noimage);
     INT result = 1;
     if (open->writer != nullptr) {
-        result = open->failed                      ? GRX_ECHEC_FICHIER
+        result = open->failed                     ? GRX_ECHEC_FICHIER
                  : open->writer->rows_left() != 0 ? GRX_ECHEC_ABSENT
                                                   : open->writer->finish();
     }

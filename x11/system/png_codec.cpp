@@ -177,7 +177,9 @@ PngWriter::~PngWriter() {
 }
 
 INT PngWriter::fault() const {
-    return no_memory_ ? GRX_ECHEC_MEMOIRE : target_ != nullptr && target_->failed ? GRX_ECHEC_FICHIER : GRX_ECHEC_FORMAT;
+    return no_memory_                              ? GRX_ECHEC_MEMOIRE
+           : target_ != nullptr && target_->failed ? GRX_ECHEC_FICHIER
+                                                   : GRX_ECHEC_FORMAT;
 }
 
 INT PngWriter::begin(PngBytes* target, const PictureForm& form) {

@@ -46,8 +46,7 @@ class ImageShowingTest : public PictureTest {
     static int nearest_distance(const Colour& wanted) {
         int least = INT_MAX;
         const INT count = grx_recup_max_couleur_reserve() + grx_recup_max_couleur_trace();
-        for (INT i = 0; i < count; ++i)
-            least = std::min(least, distance(colour_of(drawn_pixel(i)), wanted));
+        for (INT i = 0; i < count; ++i) least = std::min(least, distance(colour_of(drawn_pixel(i)), wanted));
         return least;
     }
 
@@ -166,7 +165,8 @@ TEST_F(ImageShowingTest, WhatCannotBeShownIsAnswered) {
     EXPECT_GT(fail_each_allocation([&] {
         const INT result = grx_affiche_image(GRX_CIBLE_FENETRE, window, image.get(), 0, 0);
         EXPECT_TRUE(result == 1 || result == GRX_ECHEC_MEMOIRE);
-    }), 1);
+    }),
+        1);
     drain();
 }
 
@@ -177,7 +177,7 @@ TEST_F(ImageShowingTest, AWindowIsTakenWhateverCoversIt) {
     draw(window, filled(attributes(3), 20, 20, 60, 60));
     grx_memorise_bitmap_backingstore(window);
     draw(window, filled(attributes(4), 100, 20, 120, 60)); // on the screen only
-    graphic_window({30, 40, 300, 250}); // covers it
+    graphic_window({30, 40, 300, 250});                    // covers it
     Image image;
     ASSERT_EQ(grx_recup_image_fenetre(window, image.get()), 1);
     EXPECT_EQ(image->octets_par_pixel, 3);
@@ -185,7 +185,8 @@ TEST_F(ImageShowingTest, AWindowIsTakenWhateverCoversIt) {
     ASSERT_EQ(image->largeur, kept.width);
     ASSERT_EQ(image->hauteur, kept.height);
     for (INT y = 0; y < kept.height; y += 5)
-        for (INT x = 0; x < kept.width; x += 5) EXPECT_EQ(taken_at(image, x, y), colour_of(kept.at(x, y))) << x << "," << y;
+        for (INT x = 0; x < kept.width; x += 5)
+            EXPECT_EQ(taken_at(image, x, y), colour_of(kept.at(x, y))) << x << "," << y;
     EXPECT_EQ(taken_at(image, 30, 30), colour_of(drawn_pixel(3)));
     EXPECT_EQ(taken_at(image, 110, 30), colour_of(background()));
     EXPECT_EQ(grx_recup_image_fenetre(window, image.get()), GRX_ECHEC_PARAMETRE) << "its pixels would be lost";

@@ -50,8 +50,9 @@ inline void check_bands(const std::string& name, const GRX_IMAGE& whole) {
     for (INT y = 0; y < whole.hauteur;) {
         const INT got = grx_lit_bande_image(number, 3, band.data());
         require(got > 0);
-        require(std::memcmp(band.data(), whole.pixels + row * static_cast<std::size_t>(y),
-                    row * static_cast<std::size_t>(got)) == 0);
+        require(std::memcmp(
+                    band.data(), whole.pixels + row * static_cast<std::size_t>(y), row * static_cast<std::size_t>(got))
+                == 0);
         y += got;
     }
     require(grx_lit_bande_image(number, 1, band.data()) == 0 && grx_ferme_image(number) == 1);

@@ -16,8 +16,7 @@ void set_checksums(std::uint8_t* data, std::size_t size) {
         const std::size_t length = four(data + at);
         if (length > size - at - kAround) return;
         const auto sum = static_cast<std::uint32_t>(crc32(0, data + at + 4, static_cast<uInt>(length + 4)));
-        for (std::size_t i = 0; i < 4; ++i)
-            data[at + 8 + length + i] = static_cast<std::uint8_t>(sum >> (24 - 8 * i));
+        for (std::size_t i = 0; i < 4; ++i) data[at + 8 + length + i] = static_cast<std::uint8_t>(sum >> (24 - 8 * i));
         at += length + kAround;
     }
 }

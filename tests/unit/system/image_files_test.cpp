@@ -256,9 +256,7 @@ TEST_F(ImageFilesTest, EachFailingAllocationIsAnswered) {
 TEST_F(ImageFilesTest, FiveHundredRoundsLeaveNothing) {
     write_random("a.png", 30, 20, 4);
     const NoLeak no_leak;
-    const auto descriptors = [] {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-    };
+    const auto descriptors = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
     const auto before = descriptors();
     for (int i = 0; i < 500; ++i) {
         Image image;

@@ -22,7 +22,8 @@ class ImageFormatsTest : public testing::Test {
 
     // Red, green, blue and alpha of each pixel as ImageMagick reads the file.
     PictureRows read_elsewhere(const std::string& name) const {
-        FILE* const pipe = popen(("convert " + path(name) + " -colorspace sRGB -alpha on -depth 8 rgba:-").c_str(), "r");
+        FILE* const pipe =
+            popen(("convert " + path(name) + " -colorspace sRGB -alpha on -depth 8 rgba:-").c_str(), "r");
         PictureRows rows;
         std::array<unsigned char, 4096> some{};
         for (std::size_t got = 0; (got = std::fread(some.data(), 1, some.size(), pipe)) > 0;)
@@ -44,7 +45,8 @@ class ImageFormatsTest : public testing::Test {
                 if (bytes == 4) ASSERT_NEAR(got[3], alpha, tolerance) << name << ", alpha of pixel " << i;
                 if (bytes == 4 && alpha <= tolerance) continue; // a colour that nobody sees
                 for (std::size_t c = 0; c < 3; ++c) {
-                    const int level = bytes == 4 ? wanted[2 - c] : (wanted[2 - c] * alpha + 255 * (255 - alpha) + 127) / 255;
+                    const int level =
+                        bytes == 4 ? wanted[2 - c] : (wanted[2 - c] * alpha + 255 * (255 - alpha) + 127) / 255;
                     ASSERT_NEAR(got[c], level, tolerance) << name << ", " << bytes << " bytes, pixel " << i;
                 }
             }
@@ -60,7 +62,8 @@ struct Made {
 
 TEST_F(ImageFormatsTest, KindsOfPng) {
     run("convert -size 37x29 plasma:red-blue -depth 8 plain.ppm");
-    run("convert plain.ppm '(' -size 37x29 gradient: ')' -alpha off -compose CopyOpacity -composite -depth 8 alpha.miff");
+    run("convert plain.ppm '(' -size 37x29 gradient: ')' -alpha off -compose CopyOpacity -composite -depth 8 "
+        "alpha.miff");
     constexpr std::array<Made, 16> kinds{{{"rgb8.png", "plain.ppm -define png:format=png24"},
         {"rgb16.png", "plain.ppm -blur 0x2 -depth 16 -define png:format=png48"},
         {"rgba8.png", "alpha.miff -define png:format=png32"},
@@ -111,11 +114,10 @@ TEST_F(ImageFormatsTest, EightBitsAreExact) {
 TEST_F(ImageFormatsTest, KindsOfBitmaps) {
     run("convert -size 37x29 plasma:red-blue -depth 8 plain.ppm");
     run("convert -size 37x29 xc:none -fill red -draw 'circle 15,15 20,20' alpha.png");
-    constexpr std::array<Made, 6> kinds{{{"b24.bmp", "plain.ppm -type truecolor"},
-        {"b8.bmp", "plain.ppm -colors 200 -compress none -type palette"},
-        {"b4.bmp", "plain.ppm -colors 16 -compress none -type palette"},
-        {"b1.bmp", "plain.ppm -monochrome"}, {"v3.bmp", "plain.ppm -type truecolor"},
-        {"b32.bmp", "alpha.png -type truecoloralpha"}}};
+    constexpr std::array<Made, 6> kinds{
+        {{"b24.bmp", "plain.ppm -type truecolor"}, {"b8.bmp", "plain.ppm -colors 200 -compress none -type palette"},
+            {"b4.bmp", "plain.ppm -colors 16 -compress none -type palette"}, {"b1.bmp", "plain.ppm -monochrome"},
+            {"v3.bmp", "plain.ppm -type truecolor"}, {"b32.bmp", "alpha.png -type truecoloralpha"}}};
     for (const Made& kind : kinds) {
         const std::string format = std::string(kind.name) == "v3.bmp" ? "BMP3:" : "";
         run(std::string("convert ") + kind.how + " " + format + kind.name);
@@ -139,7 +141,8 @@ TEST_F(ImageFormatsTest, OtherProgramsReadOurs) {
 
 // One made by hand: the place 3 of a palette of 2, in two bits.
 TEST_F(ImageFormatsTest, APlaceThatThePaletteLacksIsRefused) {
-    run("convert -size 4x4 xc:red -fill blue -draw 'point 1,1' -fill green -draw 'point 2,2' -fill white -draw 'point 3,3'"
+    run("convert -size 4x4 xc:red -fill blue -draw 'point 1,1' -fill green -draw 'point 2,2' -fill white -draw 'point "
+        "3,3'"
         " -define png:color-type=3 -define png:bit-depth=2 four.png");
     std::string bytes = folder_.read("four.png");
     const std::size_t at = bytes.find("PLTE");
