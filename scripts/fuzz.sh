@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# fuzz.sh [seconds]: coverage-guided fuzzing of what reads menu lines, bitmap files, font files, texts of panel items and questions, and of
+# fuzz.sh [seconds]: coverage-guided fuzzing of what reads menu lines, bitmap files, pictures, font files, texts of panel items and questions, and of
 # the quoting for the shell, with libFuzzer of clang 14, each for that long (60 without it), starting from
 # tests/fuzz/corpus_*. An input that fails is left in build/fuzz/.
 source "$(dirname "$0")/common.sh"
@@ -19,12 +19,12 @@ for source in x11/*/*.cpp host/standalone/*.cpp; do
 done
 
 code=0
-for name in menu_line:menu bitmap:bitmap item_text:item question:question quote:quote font:font; do
+for name in menu_line:menu bitmap:bitmap item_text:item question:question quote:quote font:font png:png true_bitmap:bmp; do
     target=${name%:*}
     corpus=$out/corpus_${name#*:}
     mkdir -p "$corpus"
     quiet clang++-14 "${flags[@]}" -fsanitize=fuzzer "tests/fuzz/libfuzzer/${target}_fuzzer.cpp" "${library[@]}" \
-        -lXm -lXt -lXext -lpng -lXft -lXrender -lfontconfig -lfreetype -lX11 -o "$out/${target}_fuzzer" || exit 1
+        -lXm -lXt -lXext -lpng -lz -lXft -lXrender -lfontconfig -lfreetype -lX11 -o "$out/${target}_fuzzer" || exit 1
     echo "$target, $seconds s"
     "$out/${target}_fuzzer" -max_total_time="$seconds" -max_len=4096 -rss_limit_mb=1024 -print_final_stats=1 \
         -artifact_prefix="$out/${target}_" "$corpus" "tests/fuzz/corpus_${name#*:}" >"$out/$target.log" 2>&1 || code=1

@@ -99,6 +99,17 @@ FIELD(GRX_ENTREE_MENU, garde_coche, 20);
 FIELD(GRX_ENTREE_MENU, garde_texte, 24);
 FIELD(GRX_ENTREE_MENU, texte, 28);
 
+RECORD(GRX_IMAGE, 1064);
+FIELD(GRX_IMAGE, taille, 0);
+FIELD(GRX_IMAGE, largeur, 4);
+FIELD(GRX_IMAGE, hauteur, 8);
+FIELD(GRX_IMAGE, octets_par_pixel, 12);
+FIELD(GRX_IMAGE, octets_voulus, 16);
+FIELD(GRX_IMAGE, pixels_par_metre, 20);
+FIELD(GRX_IMAGE, nb_couleurs, 24);
+FIELD(GRX_IMAGE, pixels, 32);
+FIELD(GRX_IMAGE, palette, 40);
+
 RECORD(GRX_CASE, 48);
 FIELD(GRX_CASE, taille, 0);
 FIELD(GRX_CASE, nofen, 4);

@@ -12,6 +12,7 @@
 #include "system/table.h"
 #include "toolkit/args.h"
 #include "toolkit/control_parts.h"
+#include "drawing/control_icons.h"
 #include "drawing/control_pictures.h"
 #include "controls/forget_controls.h"
 #include "xt_bou_f.h"
@@ -52,6 +53,7 @@ void set_look(INT nobou, unsigned char shadow) {
     grx::Args args;
     args.set(XmNpushButtonEnabled, False).set(XmNshadowType, shadow);
     XtSetValues(w, args.list(), args.count());
+    grx::hold_icon_pressed(nobou, pressed);
 }
 
 // Replaces the icon by the named one. True when there is a picture to show.

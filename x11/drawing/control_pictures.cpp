@@ -39,6 +39,8 @@ struct Picture {
 grx::NeverDestroyed<grx::Block<Picture>> lasting_pictures;
 grx::Block<Picture>& Tab_image = lasting_pictures.value;
 
+grx::IconGiven (*other_way)(const char*, INT) = nullptr;
+
 Picture* picture_of(INT nobou) {
     const bool has_place = nobou >= 0 && static_cast<std::size_t>(nobou) < Tab_image.size();
     return has_place ? &Tab_image[static_cast<std::size_t>(nobou)] : nullptr;
@@ -200,6 +202,13 @@ INT install(const Indices& indices, INT nobou) {
     return shown ? 1 : 0;
 }
 
+// True when the other way has given the icon.
+bool installed_otherwise(const char* nom_fic, INT nobou) {
+    if (other_way == nullptr || nom_fic == nullptr) return false;
+    const grx::IconGiven given = other_way(nom_fic, nobou);
+    return given.to_control || (given.label != None && keep_pixmap(nobou, given.label));
+}
+
 bool usable_number(INT nobou) {
     return nobou < 0 || (picture_of(nobou) != nullptr && taken_record(nobou) != nullptr);
 }
@@ -226,6 +235,10 @@ Pixmap pixmap_of_bitmap(char* nom_fic, Drawable like) {
 Pixmap install_label_icon(char* nom_fic) {
     const bool named = nom_fic[0] != '\0';
     return named && grx_installe_bitmap(nom_fic, GRX_AUCUN) == 1 ? Mypixmap : Pixmap{XmUNSPECIFIED_PIXMAP};
+}
+
+void install_icons_by(IconGiven (*first)(const char* nom_fic, INT nobou)) {
+    other_way = first;
 }
 
 void forget_label_icon() {
@@ -269,6 +282,7 @@ void grx_desalloue_tab_image_boutons(INT) {
 
 INT grx_installe_bitmap(char* nom_fic, int nobou) {
     if (x11_disp == nullptr || !usable_number(nobou)) return 0;
+    if (installed_otherwise(nom_fic, nobou)) return 1;
     Indices indices;
     if (!read_indices(nom_fic, indices)) return no_picture(nobou);
     const INT installed = install(indices, nobou);

@@ -11,6 +11,15 @@ namespace grx {
 /// file cannot be read.
 Pixmap install_label_icon(char* nom_fic);
 
+/// What another way of giving icons has done: given one to the control, or made the picture of a label without a number.
+struct IconGiven {
+    bool to_control = false;
+    Pixmap label = None;
+};
+
+/// Asks `first` for an icon before a bitmap file is read; null for nobody. The name is that of the bitmap file.
+void install_icons_by(IconGiven (*first)(const char* nom_fic, INT nobou));
+
 /// There is no such picture from now on.
 void forget_label_icon();
 

@@ -1,14 +1,12 @@
-// Pictures on the clipboard for the application: the bytes of PNG files, made and read by libpng where the application has
-// pixels.
-#include <png.h>
-
+// Pictures on the clipboard for the application: the bytes of PNG files, made and read where the application has pixels.
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <string_view>
 #include <utility>
 
 #include "system/block.h"
+#include "system/picture_reader.h"
+#include "system/png_codec.h"
 #include "session/clipboard.h"
 #include "system/trace.h"
 #include "grx_plus_erreurs.h"
@@ -20,11 +18,10 @@ using grx::Block;
 
 constexpr INT kLongestSide = 32767;
 constexpr int64_t kMostPixels = 64'000'000;
-constexpr std::size_t kBytesPerPixel = 3;
+constexpr int kBytesPerPixel = 3;
 
 bool is_png(std::string_view bytes) {
-    constexpr std::array<unsigned char, 8> start{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    return bytes.size() >= start.size() && std::memcmp(bytes.data(), start.data(), start.size()) == 0;
+    return grx::is_png(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
 }
 
 bool usable_sides(int64_t width, int64_t height) {
@@ -32,49 +29,55 @@ bool usable_sides(int64_t width, int64_t height) {
            && width * height <= kMostPixels;
 }
 
-// -- libpng's description of a picture, freed at its end
-
-class Picture {
-  public:
-    Picture() { image_.version = PNG_IMAGE_VERSION; }
-    Picture(INT width, INT height) : Picture() { set(width, height); }
-    ~Picture() { png_image_free(&image_); }
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
-
-    png_image* get() { return &image_; }
-    INT width() const { return static_cast<INT>(image_.width); }
-    INT height() const { return static_cast<INT>(image_.height); }
-    std::size_t size() const { return kBytesPerPixel * image_.width * image_.height; }
-
-    bool begin(std::string_view file) {
-        if (png_image_begin_read_from_memory(&image_, file.data(), file.size()) == 0) return false;
-        image_.format = PNG_FORMAT_RGB;
-        return usable_sides(image_.width, image_.height);
+// Red and blue change places: pictures of the clipboard begin with red.
+void turn(unsigned char* to, const unsigned char* from, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i, to += kBytesPerPixel, from += kBytesPerPixel) {
+        const unsigned char first = from[0], last = from[2];
+        to[0] = last;
+        to[1] = from[1];
+        to[2] = first;
     }
-    bool read(Block<char>& pixels) {
-        constexpr png_byte full = 255;
-        const png_color white{full, full, full};
-        return png_image_finish_read(&image_, &white, pixels.data(), 0, nullptr) != 0;
-    }
+}
 
-  private:
-    void set(INT width, INT height) {
-        image_.width = static_cast<png_uint_32>(width);
-        image_.height = static_cast<png_uint_32>(height);
-        image_.format = PNG_FORMAT_RGB;
+// The bytes of a file that is made, in a block that grows.
+struct Growing {
+    Block<char> bytes;
+    std::size_t used = 0;
+
+    static bool take(void* self, unsigned char* from, std::size_t count) {
+        auto& file = *static_cast<Growing*>(self);
+        constexpr std::size_t least = 4096;
+        const std::size_t needed = file.used + count + 1;
+        if (needed > file.bytes.size() && !file.bytes.resize(std::max(needed, file.bytes.size() * 2 + least)))
+            return false;
+        std::memcpy(file.bytes.data() + file.used, from, count);
+        file.used += count;
+        return true;
     }
-    png_image image_{};
 };
 
+bool write_png(Growing& file, const unsigned char* pixels, INT width, INT height) {
+    grx::PictureForm form;
+    form.width = width;
+    form.height = height;
+    form.bytes = kBytesPerPixel;
+    Block<unsigned char> row(form.row_bytes());
+    grx::PngBytes target{Growing::take, &file};
+    grx::PngWriter writer;
+    if (!row || writer.begin(&target, form) != 1) return false;
+    for (INT y = 0; y < height; ++y, pixels += form.row_bytes()) {
+        turn(row.data(), pixels, static_cast<std::size_t>(width));
+        if (writer.row(row.data()) != 1) return false;
+    }
+    return writer.end() == 1;
+}
+
 // The file of a picture, with a zero behind; empty when memory is short.
-Block<char> file_of(Picture& picture, const unsigned char* pixels) {
-    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(*picture.get());
-    Block<char> file(size + 1);
-    if (!file || png_image_write_to_memory(picture.get(), file.data(), &size, 0, pixels, 0, nullptr) == 0) return {};
-    if (!file.resize(size + 1)) return {};
-    file[size] = '\0';
-    return file;
+Block<char> file_of(const unsigned char* pixels, INT width, INT height) {
+    Growing file;
+    if (!write_png(file, pixels, width, height) || !file.bytes.resize(file.used + 1)) return {};
+    file.bytes[file.used] = '\0';
+    return std::move(file.bytes);
 }
 
 INT fetch_png(INT selection, Block<char>& file, std::size_t& size) {
@@ -123,8 +126,7 @@ INT grx_affecte_image_presse_papiers(INT selection, const unsigned char* rvb, IN
     if (const INT fault = grx::selection_fault(selection); fault != 1) return fault;
     if (rvb == nullptr || !usable_sides(largeur, hauteur))
         return grx::refused(GRX_ECHEC_PARAMETRE, "rvb, largeur, hauteur");
-    Picture picture(largeur, hauteur);
-    return grx::offer_block(selection, grx::Content::Png, file_of(picture, rvb));
+    return grx::offer_block(selection, grx::Content::Png, file_of(rvb, largeur, hauteur));
 }
 
 INT grx_recup_image_presse_papiers(INT selection, const unsigned char** rvb, INT* largeur, INT* hauteur) {
@@ -135,13 +137,19 @@ INT grx_recup_image_presse_papiers(INT selection, const unsigned char** rvb, INT
     std::size_t size = 0;
     const INT result = fetch_png(selection, file, size);
     if (result != 1) return result;
-    Picture picture;
-    if (!picture.begin({file.data(), size})) return GRX_ECHEC_FORMAT;
-    Block<char> pixels(picture.size() + 1);
+    grx::PictureReader reader;
+    const grx::PictureBytes bytes({reinterpret_cast<const unsigned char*>(file.data()), size});
+    if (const INT fault = reader.begin(bytes, kBytesPerPixel); fault != 1) return fault;
+    const grx::PictureForm& form = reader.form();
+    if (!usable_sides(form.width, form.height)) return GRX_ECHEC_FORMAT;
+    const std::size_t count = static_cast<std::size_t>(form.width) * static_cast<std::size_t>(form.height);
+    Block<char> pixels(count * kBytesPerPixel + 1);
     if (!pixels) return GRX_ECHEC_MEMOIRE;
-    if (!picture.read(pixels)) return GRX_ECHEC_FORMAT;
-    *largeur = picture.width();
-    *hauteur = picture.height();
+    auto* const colours = reinterpret_cast<unsigned char*>(pixels.data());
+    if (const INT fault = reader.read_all(colours); fault != 1) return fault;
+    turn(colours, colours, count);
+    *largeur = static_cast<INT>(form.width);
+    *hauteur = static_cast<INT>(form.height);
     *rvb = reinterpret_cast<const unsigned char*>(grx::keep_given(std::move(pixels)));
     return 1;
 }

@@ -113,6 +113,29 @@ class AddingSessions : public Sessions {
         grx_avancement_avance(5, "cinq");
     }
 
+    // An icon, a file that stays open, and files of icons.
+    void pictures() {
+        GRX_IMAGE image;
+        grx_init_image(&image);
+        image.largeur = image.hauteur = 8;
+        image.octets_par_pixel = 4;
+        ASSERT_EQ(grx_cree_image(&image), 1);
+        GRX_BOUTON button = button_at(GRX_BOU_DESSINE, window_, {20, 80, 40, 40});
+        ASSERT_EQ(grx_cree_bouton(&button), 0);
+        EXPECT_EQ(grx_affecte_icone_image_bouton(button.nobou, &image), 1);
+        EXPECT_EQ(grx_affecte_icones_png(1), 1);
+        EXPECT_EQ(grx_affiche_image(GRX_CIBLE_FENETRE, window_, &image, 5, 5), 1);
+        const std::string file = home().text() + "/picture.png";
+        EXPECT_EQ(grx_ecrit_image(file.c_str(), &image, GRX_IMAGE_PNG), 1);
+        EXPECT_EQ(grx_ouvre_ecriture_image(file.c_str(), &image, GRX_IMAGE_BMP), 1);
+        EXPECT_EQ(grx_libere_image(&image), 1);
+        EXPECT_EQ(grx_ouvre_image(file.c_str(), &image), 2);
+        GRX_IMAGE taken;
+        grx_init_image(&taken);
+        EXPECT_EQ(grx_recup_image_ecran(0, 0, 10, 10, &taken, nullptr), 1);
+        EXPECT_EQ(grx_libere_image(&taken), 1);
+    }
+
     void list() {
         GRX_BOUTON described = button_at(128, window_, {150, 20, 120, 120});
         ASSERT_EQ(grx_cree_bouton(&described), 0);
@@ -160,7 +183,8 @@ class AddingSessions : public Sessions {
     // Everything that stays until the end is left as it is.
     void use_additions() {
         for (auto part : {&AddingSessions::sources, &AddingSessions::window_with_tip, &AddingSessions::living_menus,
-                 &AddingSessions::list, &AddingSessions::texts, &AddingSessions::clipboard, &AddingSessions::boxes}) {
+                 &AddingSessions::pictures, &AddingSessions::list, &AddingSessions::texts, &AddingSessions::clipboard,
+                 &AddingSessions::boxes}) {
             (this->*part)();
             if (HasFatalFailure()) return;
         }
