@@ -40,7 +40,8 @@ INT refusal_of(INT nofen, INT calque, INT least) {
 
 // The layers that a number means, of a window that has some.
 std::span<Layer> layers_meant(LayeredWindow& w, INT calque) {
-    return calque == GRX_TOUS_CALQUES ? std::span<Layer>(w.layers) : std::span<Layer>(&w.layers[grx::as_index(calque)], 1);
+    return calque == GRX_TOUS_CALQUES ? std::span<Layer>(w.layers)
+                                      : std::span<Layer>(&w.layers[grx::as_index(calque)], 1);
 }
 
 bool hold_something(std::span<const Layer> layers) {

@@ -95,8 +95,9 @@ Area covered_area(const GRX_POLY& p) {
 }
 
 void shift_points(const GRX_POINT_POLY* from, GRX_POINT_POLY* to, INT count, Shift s) {
-    std::transform(
-        from, from + count, to, [s](GRX_POINT_POLY p) { return GRX_POINT_POLY{shifted(p.x, s.dx), shifted(p.y, s.dy)}; });
+    std::transform(from, from + count, to, [s](GRX_POINT_POLY p) {
+        return GRX_POINT_POLY{shifted(p.x, s.dx), shifted(p.y, s.dy)};
+    });
 }
 
 } // namespace grx

@@ -59,7 +59,7 @@ class Touched {
 
   private:
     static constexpr std::size_t kMost = LayerContent::kAreas * (GRX_NB_CALQUES + 1);
-    std::array<XRectangle, kMost> parts_;
+    std::array<XRectangle, kMost> parts_{};
     std::size_t count_ = 0;
     Area whole_;
 };

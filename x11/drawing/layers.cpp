@@ -10,12 +10,15 @@
 #include "display/context.h"
 #include "display/pixmaps.h"
 #include "display/screen.h"
+#include "drawing/attributes.h"
 #include "drawing/layered_windows.h"
 #include "registry/window_table.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
 #include "system/table.h"
 #include "toolkit/widgets.h"
+#include "xt_fen_f.h"
+#include "xt_ini_f.h"
 #include "xt_ini_t.h"
 
 namespace {
@@ -47,9 +50,11 @@ bool ensure_sketch(Window window, grx::Size size) {
     return sketch != None;
 }
 
+// What is on the screen is taken off it before the window is read again.
 bool ensure_base(grx::LayeredWindow& w) {
     const grx::Size size = grx::size_of(w.widget);
     if (w.base != None && w.size == size) return true;
+    if (w.on) grx::copy_drawable(w.base, w.window, grx::plain_copies(), w.size);
     w.on = false;
     grx::free_pixmap(std::exchange(w.base, None));
     w.size = size;
@@ -67,10 +72,20 @@ void copy_area(Drawable from, Drawable to, const grx::Area& area) {
         static_cast<unsigned int>(area.height()), x, y);
 }
 
+// A nested window may be larger than its backing picture.
+void fill_beyond_picture(INT nofen, Pixmap to, GC context, grx::Size size) {
+    grx::Size held;
+    grx_recup_taille_fenetre(nofen, &held.width, &held.height);
+    if (held.width >= size.width && held.height >= size.height) return;
+    XSetForeground(x11_disp, context, grx::drawing_pixel(grx_recup_couleur_fond()));
+    grx::fill_drawable(to, context, size);
+}
+
 // The parts of the screen that cannot be read stay what the backing picture has there.
 void copy_screen(INT nofen, Window window, Pixmap to, grx::Size size) {
     const STRUCTURE_FENETRE* const record = grx::window_record(nofen);
     GC const plain = grx::plain_copies();
+    fill_beyond_picture(nofen, to, plain, size);
     if (record->image != nullptr && !grx::holds_dead_pixmap(nofen)) grx::copy_drawable(*record->image, to, plain, size);
     grx::copy_drawable(window, to, plain, size);
 }
@@ -90,6 +105,12 @@ grx::Touched all_visible(const grx::LayeredWindow& w) {
     for (const grx::Layer& layer : w.layers)
         if (layer.visible()) all.add(w, layer);
     return all;
+}
+
+// 0 for a window without layers.
+INT number_of(Window window) {
+    const auto* const w = std::ranges::find(windows, window, &grx::LayeredWindow::window);
+    return w != windows.end() ? static_cast<INT>(w - windows.begin()) : 0;
 }
 
 void draw_layers(grx::LayeredWindow& w) {
@@ -263,14 +284,14 @@ void take_off(INT nofen) {
 }
 
 void take_layers_off_window(Drawable window) {
-    const auto* const w = std::ranges::find(windows, window, &LayeredWindow::window);
-    if (layers_there && window != None && w != windows.end()) take_off(static_cast<INT>(w - windows.begin()));
+    if (layers_there && window != None) take_off(number_of(window));
 }
 
 void show_above(Window window, Pixmap picture, const Area& part) {
-    auto* const w = std::ranges::find(windows, window, &LayeredWindow::window);
-    if (window == None || w == windows.end()) return;
+    LayeredWindow* const w = window != None ? layered_window(number_of(window)) : nullptr;
+    if (w == nullptr) return;
     if (!w->on || w->size != size_of(w->widget)) {
+        w->on = false; // the picture is over them
         put_on(*w);
         return;
     }
@@ -286,6 +307,7 @@ void show_above(Window window, Pixmap picture, const Area& part) {
 CleanPicture clean_picture(INT nofen, Size size) {
     const LayeredWindow* const w = layered_window(nofen);
     if (w != nullptr && w->on && w->size == size) return {w->base, true};
+    take_layers_off(nofen);
     at_shut_down(forget_layers);
     const Window window = window_of(window_widget_if_any(nofen));
     if (!ensure_sketch(window, size)) return {};

@@ -32,14 +32,12 @@ constexpr Area area_between(int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
 constexpr Area join_areas(const Area& a, const Area& b) {
     if (a.empty()) return b;
     if (b.empty()) return a;
-    return {
-        std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
 }
 
 /// What two areas have in common.
 constexpr Area cut_area(const Area& a, const Area& b) {
-    return {
-        std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
 /// Adds an area to a list of limited room; when it is full, the last of the list grows.

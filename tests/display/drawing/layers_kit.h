@@ -33,8 +33,7 @@ inline Primitive moved(Primitive p, INT dx, INT dy) {
         p.v[2] += dx;
         p.v[3] += dy;
     }
-    for (GRX_POINT_POLY& at : p.points)
-        at = {static_cast<short>(at.x + dx), static_cast<short>(at.y + dy)};
+    for (GRX_POINT_POLY& at : p.points) at = {static_cast<short>(at.x + dx), static_cast<short>(at.y + dy)};
     return p;
 }
 

@@ -10,7 +10,8 @@ int pixmaps_to_make = -1; // until the server has no memory for more; -1 = as ma
 
 } // namespace
 
-extern "C" Pixmap XCreatePixmap(Display* display, Drawable on, unsigned int width, unsigned int height, unsigned int depth) {
+extern "C" Pixmap XCreatePixmap(
+    Display* display, Drawable on, unsigned int width, unsigned int height, unsigned int depth) {
     static const auto next = grxtest::next_function<decltype(XCreatePixmap)>("XCreatePixmap");
     if (pixmaps_to_make < 0) return next(display, on, width, height, depth);
     if (pixmaps_to_make > 0) {
@@ -133,14 +134,30 @@ class LayerLifeWithoutServer : public LayerLife {
     }
 };
 
-TEST_F(LayerLife, BelowAnotherWindow) { below_another_window(); }
-TEST_F(LayerLifeWithoutServer, BelowAnotherWindow) { below_another_window(); }
-TEST_F(LayerLife, TakenAwayBelowAnotherWindow) { taken_away_below_another_window(); }
-TEST_F(LayerLifeWithoutServer, TakenAwayBelowAnotherWindow) { taken_away_below_another_window(); }
-TEST_F(LayerLife, HiddenAndShownWindow) { hidden_and_shown_window(); }
-TEST_F(LayerLifeWithoutServer, HiddenAndShownWindow) { hidden_and_shown_window(); }
-TEST_F(LayerLife, ResizedWindow) { resized_window(); }
-TEST_F(LayerLifeWithoutServer, ResizedWindow) { resized_window(); }
+TEST_F(LayerLife, BelowAnotherWindow) {
+    below_another_window();
+}
+TEST_F(LayerLifeWithoutServer, BelowAnotherWindow) {
+    below_another_window();
+}
+TEST_F(LayerLife, TakenAwayBelowAnotherWindow) {
+    taken_away_below_another_window();
+}
+TEST_F(LayerLifeWithoutServer, TakenAwayBelowAnotherWindow) {
+    taken_away_below_another_window();
+}
+TEST_F(LayerLife, HiddenAndShownWindow) {
+    hidden_and_shown_window();
+}
+TEST_F(LayerLifeWithoutServer, HiddenAndShownWindow) {
+    hidden_and_shown_window();
+}
+TEST_F(LayerLife, ResizedWindow) {
+    resized_window();
+}
+TEST_F(LayerLifeWithoutServer, ResizedWindow) {
+    resized_window();
+}
 
 TEST_F(LayerLifeWithoutServer, WhereTheApplicationDrawsItselfItIsAboveThat) {
     const INT window = plan();
@@ -218,11 +235,21 @@ void drag_over(Pointer& mouse, Widget widget, RubberBand& band, Check check) {
     for (int i = 1; i <= 12; ++i) {
         const int before = band.frames;
         mouse.move_in(widget, 30 + 12 * i, 30 + 9 * i);
-        EXPECT_TRUE(wait_until([&] { serve(band); return band.frames > before; }, [] {}));
+        EXPECT_TRUE(wait_until(
+            [&] {
+                serve(band);
+                return band.frames > before;
+            },
+            [] {}));
         check();
     }
     mouse.release(1);
-    EXPECT_TRUE(wait_until([&] { serve(band); return band.releases > 0; }, [] {}));
+    EXPECT_TRUE(wait_until(
+        [&] {
+            serve(band);
+            return band.releases > 0;
+        },
+        [] {}));
 }
 
 TEST_F(LayerLife, FollowsADragOfThePointer) {
@@ -234,7 +261,8 @@ TEST_F(LayerLife, FollowsADragOfThePointer) {
             keyboard().caps_lock();
         }
         RubberBand band(window);
-        drag_over(pointer(), grx_recup_objet_fen(window), band, [&] { EXPECT_GT(differences(screen(window), before), 3); });
+        drag_over(
+            pointer(), grx_recup_objet_fen(window), band, [&] { EXPECT_GT(differences(screen(window), before), 3); });
         EXPECT_GE(band.frames, 12);
         EXPECT_TRUE(same(screen(window), before));
     }

@@ -50,9 +50,8 @@ class ScrolledDrawing : public LayersTest {
             for (int x = 0; x < width; ++x) {
                 const std::int64_t from_x = std::int64_t{x} - dx, from_y = std::int64_t{y} - dy;
                 const bool comes = from_x >= 0 && from_x < width && from_y >= 0 && from_y < height;
-                const auto in = std::count_if(zones.begin(), zones.end(), [=](const GRX_ZONE& z) {
-                    return x >= z.x && x < z.x + z.lar && y >= z.y && y < z.y + z.hau;
-                });
+                const auto in = std::count_if(zones.begin(), zones.end(),
+                    [=](const GRX_ZONE& z) { return x >= z.x && x < z.x + z.lar && y >= z.y && y < z.y + z.hau; });
                 ASSERT_EQ(in, comes ? 0 : 1) << x << ", " << y << " by " << dx << ", " << dy;
             }
         }
@@ -127,10 +126,18 @@ class ScrolledDrawingWithoutServer : public ScrolledDrawing {
     }
 };
 
-TEST_F(ScrolledDrawing, AllWays) { scrolls_all_ways(); }
-TEST_F(ScrolledDrawing, BelowAnotherWindow) { scrolls_below_another_window(); }
-TEST_F(ScrolledDrawingWithoutServer, BelowAnotherWindow) { scrolls_below_another_window(); }
-TEST_F(ScrolledDrawing, PansByStrips) { pans_by_strips(); }
+TEST_F(ScrolledDrawing, AllWays) {
+    scrolls_all_ways();
+}
+TEST_F(ScrolledDrawing, BelowAnotherWindow) {
+    scrolls_below_another_window();
+}
+TEST_F(ScrolledDrawingWithoutServer, BelowAnotherWindow) {
+    scrolls_below_another_window();
+}
+TEST_F(ScrolledDrawing, PansByStrips) {
+    pans_by_strips();
+}
 
 TEST_F(ScrolledDrawing, WhatWasDrawnOnTheScreenOnlyIsScrolledThere) {
     const INT window = active_window();
@@ -224,7 +231,8 @@ class LimitTest : public LayersTest {
 
 TEST_F(LimitTest, HoldsPrimitivesAndTextsToARectangle) {
     const Primitives primitives = random_primitives(15, 60, width, height);
-    for (const grxtest::Area& area : {grxtest::Area{40, 30, 100, 80}, {-20, -20, 60, 60}, {200, 150, 500, 500}, {900, 900, 5, 5}}) {
+    for (const grxtest::Area& area :
+        {grxtest::Area{40, 30, 100, 80}, {-20, -20, 60, 60}, {200, 150, 500, 500}, {900, 900, 5, 5}}) {
         const INT window = plan();
         const Pixels before = screen(window);
         const Pixels drawn = drawn_directly(primitives);

@@ -65,7 +65,7 @@ TEST(HostileTableOn24, NamesEveryExport) {
 TEST(HostileTableOn24, NamesEveryAddition) {
     const auto exported = names_of("GRX_1.1.txt");
     ASSERT_GT(exported.size(), 100U);
-    expect_whole(exported, joined({addition_rows(), share_rows(), ending_rows()}));
+    expect_whole(exported, joined({addition_rows(), share_rows(), layer_rows(), ending_rows()}));
 }
 
 // Kinds of the controls 0, 1 ... beside live windows; list_number knows which is the list.
@@ -112,6 +112,7 @@ class Hostile : public XTest {
     void call_additions() {
         call_all(addition_rows());
         call_all(share_rows());
+        call_all(layer_rows());
     }
 
     static bool all_kinds_live() {

@@ -31,6 +31,7 @@ void call_everything(void*) {
     call_rows(last_rows());
     call_rows(addition_rows());
     call_rows(share_rows());
+    call_rows(layer_rows());
     call_rows(ending_rows());
     std::fprintf(stderr, "done\n");
 }

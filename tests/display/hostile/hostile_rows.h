@@ -108,6 +108,7 @@ std::span<const Row> last_rows();  // take the tables away from under everything
 // The functions of the additions.
 std::span<const Row> addition_rows();
 std::span<const Row> share_rows();  // lists, the clipboard, drops
+std::span<const Row> layer_rows();  // layers, scrolling, limits
 std::span<const Row> ending_rows(); // end the library's work: last of all
 
 } // namespace grxtest::hostile
