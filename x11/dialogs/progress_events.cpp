@@ -6,6 +6,7 @@
 
 #include "drawing/attributes.h"
 #include "drawing/backing.h"
+#include "drawing/layers.h"
 #include "display/identity.h"
 #include "display/pixmaps.h"
 #include "toolkit/widgets.h"
@@ -72,6 +73,7 @@ void copy_picture(INT nofen) {
     if (!backing) return;
     apply_background();
     copy_drawable(*backing.holder, backing.window, g_c, window_size(nofen));
+    picture_shown(backing.window, *backing.holder, kEverywhere);
 }
 
 void dispatch_quietly(XEvent& event) {

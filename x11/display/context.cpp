@@ -88,6 +88,12 @@ Drawable win_bidon = None;
 Drawable win_bidon_bouton = None;
 
 bool context_stale = true;
+GC limited_context = nullptr;
+
+void end_context_limit() {
+    XSetClipMask(x11_disp, limited_context, None);
+    limited_context = nullptr;
+}
 
 void context_changed() {
     context_stale = true;
@@ -121,7 +127,7 @@ void forget_contexts() {
         const bool new_one = all[i] != nullptr && std::find(all.begin(), all.begin() + i, all[i]) == all.begin() + i;
         if (new_one) XFreeGC(x11_disp, all[i]);
     }
-    former_g_c = g_c = gc = nullptr;
+    former_g_c = g_c = gc = limited_context = nullptr;
     contexts_left = {};
     memo_attrib = {};
     context_stale = true;
@@ -142,6 +148,7 @@ void grx_init_memo_attrib(void) {
 INT grx_init_gc(Widget shell) {
     const Window window = grx::window_of(shell);
     if (window == None) return 0;
+    grx::lift_limit();
     former_g_c = g_c; // KEEP: it stays usable
     g_c = new_drawing_context(window);
     free_contexts_left();

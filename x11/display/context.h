@@ -21,6 +21,16 @@ extern bool context_stale;
 /// To be called when g_c was changed outside grx_affecte_gc: the next drawing sends all attributes.
 void context_changed();
 
+/// The context that holds what is drawn to a rectangle, null when none does.
+extern GC limited_context;
+
+/// Takes the rectangle off that context.
+void end_context_limit();
+
+inline void lift_limit() {
+    if (limited_context != nullptr) end_context_limit();
+}
+
 /// To be called when the pixel of a colour index changed: the next drawing sends the colours again.
 void colours_changed();
 

@@ -110,6 +110,16 @@ Picture target_picture(Drawable drawable, Widget owner) {
     return target.picture;
 }
 
+void hold_target_picture(Picture target, const XRectangle* rectangle) {
+    if (rectangle != nullptr) {
+        XRenderSetPictureClipRectangles(x11_disp, target, 0, 0, rectangle, 1);
+        return;
+    }
+    XRenderPictureAttributes everywhere{};
+    everywhere.clip_mask = None;
+    XRenderChangePicture(x11_disp, target, CPClipMask, &everywhere);
+}
+
 Picture colour_picture(unsigned long pixel) {
     for (const Colour& colour : colours)
         if (colour.picture != None && colour.pixel == pixel) return colour.picture;

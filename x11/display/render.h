@@ -13,6 +13,9 @@ bool has_render();
 /// The picture of a target; `owner` is the widget of a window, null for a pixmap. It is kept until the target goes.
 Picture target_picture(Drawable target, Widget owner);
 
+/// Holds what is drawn on a target's picture to a rectangle; null: no longer.
+void hold_target_picture(Picture target, const XRectangle* rectangle);
+
 /// A picture that is one colour everywhere, that of a pixel.
 Picture colour_picture(unsigned long pixel);
 

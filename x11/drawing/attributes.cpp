@@ -115,6 +115,7 @@ void forget_background() {
 }
 
 void set_copy_function() {
+    lift_limit();
     XSetFunction(x11_disp, g_c, GXcopy);
     context_changed();
 }
@@ -132,6 +133,7 @@ void send_changes(const GRX_ATTRIBUTS_TRACER& att) {
 }
 
 void apply_background() {
+    lift_limit();
     apply_attributes(background_attributes());
 }
 
@@ -146,7 +148,9 @@ Dashes dashes_of(const GRX_ATTRIBUTS_TRACER& att) {
 extern "C" {
 
 void grx_affecte_gc(GRX_ATTRIBUTS_TRACER att) {
-    if (g_c != nullptr) grx::apply_attributes(att);
+    if (g_c == nullptr) return;
+    grx::lift_limit();
+    grx::apply_attributes(att);
 }
 
 void grx_reinit_gc(void) {

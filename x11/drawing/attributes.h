@@ -17,7 +17,7 @@ GRX_ATTRIBUTS_TRACER plain_attributes(INT background, INT foreground);
 /// Makes the next drawing send the background colour again.
 void forget_background();
 
-/// Sets the copy function, for whole pictures that are put or copied.
+/// Sets the copy function, for whole pictures that are put or copied, without a limit.
 void set_copy_function();
 
 /// True when the context has these attributes already.
@@ -33,7 +33,7 @@ inline void apply_attributes(const GRX_ATTRIBUTS_TRACER& att) {
     if (!applied(att)) send_changes(att);
 }
 
-/// Applies attributes whose foreground and background are both the background colour, for erasing.
+/// Applies attributes whose foreground and background are both the background colour, for erasing, without a limit.
 void apply_background();
 
 /// How the dashes of such a line repeat; the period is 0 for a solid one.

@@ -10,6 +10,8 @@
 #include "registry/window_table.h"
 #include "drawing/attributes.h"
 #include "drawing/control_pictures.h"
+#include "drawing/layers.h"
+#include "drawing/limit.h"
 #include "drawing/receiver.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
@@ -25,10 +27,11 @@ void set_backing_store(INT nofen, int mode) {
 }
 
 // The background colour may have changed since, so it is sent again before the fill.
-void clear_picture(Pixmap picture, grx::Size size) {
+void clear_picture(Window window, Pixmap picture, grx::Size size) {
     if (grx::receiver != nullptr) return; // nothing is drawn into it
     grx::forget_background();
     grx::apply_background();
+    grx::hold_to_limit(window);
     grx::fill_drawable(picture, g_c, size);
 }
 
@@ -37,14 +40,41 @@ void show_memory_drawing(Window window, Pixmap picture, grx::Size size, INT effa
     if (grx::receiver != nullptr) return; // what was drawn is not in it
     grx::forget_background();
     grx::apply_background();
+    grx::hold_to_limit(window);
     grx::copy_drawable(picture, window, g_c, size);
+    grx::picture_shown(window, picture, grx::limit_of(window));
     XSync(x11_disp, False);
-    if (efface_pas == 0) grx::fill_drawable(picture, g_c, size);
+    if (efface_pas != 0) return;
+    grx::apply_background(); // showing layers may have changed the context
+    grx::hold_to_limit(window);
+    grx::fill_drawable(picture, g_c, size);
+}
+
+// Copies the backing picture to the screen, held to the limit when the application asks for it.
+INT show_backing(INT nofen, bool held) {
+    const grx::Backing backing = grx::backing_of(nofen);
+    if (!backing || backing.record->backingstorable == 0) return 1;
+    grx::apply_background();
+    if (held) grx::hold_to_limit(backing.window);
+    grx::copy_drawable(*backing.holder, backing.window, g_c, grx::window_size(nofen));
+    grx::picture_shown(backing.window, *backing.holder, held ? grx::limit_of(backing.window) : grx::kEverywhere);
+    XSync(x11_disp, False);
+    return 0;
 }
 
 } // namespace
 
 namespace grx {
+
+bool has_backing_picture(INT nofen) {
+    const STRUCTURE_FENETRE* const record = window_record(nofen);
+    return record != nullptr && record->type == GRX_FEN_GRAPHIQUE && record->image != nullptr
+           && !holds_dead_pixmap(nofen);
+}
+
+INT show_whole_backing(INT nofen) {
+    return show_backing(nofen, false);
+}
 
 Backing backing_of(INT nofen) {
     const Window window = window_of(grx_recup_objet_fen(nofen));
@@ -93,6 +123,7 @@ INT grx_cree_bitmap_backingstore(INT nofen) {
     grx::mark_dead_pixmap(nofen, false);
     grx::apply_background();
     grx::fill_drawable(*backing.holder, g_c, size);
+    grx::take_layers_off(nofen);
     return 1;
 }
 
@@ -108,17 +139,13 @@ void grx_recree_bitmap_backingstore(INT nofen) {
 }
 
 INT grx_affiche_bitmap_backingstore(INT nofen) {
-    const grx::Backing backing = grx::backing_of(nofen);
-    if (!backing || backing.record->backingstorable == 0) return 1;
-    grx::apply_background();
-    grx::copy_drawable(*backing.holder, backing.window, g_c, grx::window_size(nofen));
-    XSync(x11_disp, False);
-    return 0;
+    return show_backing(nofen, true);
 }
 
 void grx_memorise_bitmap_backingstore(INT nofen) {
     const grx::Backing backing = grx::backing_of(nofen);
     if (!backing) return;
+    grx::take_layers_off(nofen);
     grx::apply_background();
     grx::copy_drawable(backing.window, *backing.holder, g_c, grx::window_size(nofen));
 }
@@ -154,7 +181,7 @@ INT grx_alloue_image(INT) {
     if (!backing) return 0;
     grx::image_redess = backing.holder;
     grx::grx_trace_memoire = 1;
-    clear_picture(*backing.holder, grx::window_size(active));
+    clear_picture(backing.window, *backing.holder, grx::window_size(active));
     return 0;
 }
 
@@ -168,7 +195,7 @@ INT grx_alloue_image_bouton(INT, INT efface_pas) {
     if (!backing) return 0;
     grx::image_redess_bouton = &backing.record->image;
     grx::grx_trace_memoire_bouton = 1;
-    if (efface_pas == 0) clear_picture(backing.record->image, backing.size);
+    if (efface_pas == 0) clear_picture(backing.window, backing.record->image, backing.size);
     return 0;
 }
 
@@ -214,6 +241,7 @@ INT grx_sauve_fenetre(INT nofen) {
     const Window window = grx::window_of(grx_recup_objet_fen(nofen));
     GRX_SAUVE_ZONE* const slot = grx::save_slot(nofen);
     if (window == None || slot == nullptr || g_c == nullptr) return 0;
+    grx::take_layers_off(nofen);
     grx::set_copy_function();
     const grx::Size size = grx::window_size(nofen);
     grx_flush_server();
@@ -228,6 +256,7 @@ INT grx_restore_fenetre(INT nofen) {
     const Window window = grx::window_of(grx_recup_objet_fen(nofen));
     GRX_SAUVE_ZONE* const slot = grx::save_slot(nofen);
     if (window == None || slot == nullptr || g_c == nullptr) return 0;
+    grx::take_layers_off(nofen);
     grx::set_copy_function();
     const grx::Size size = grx::window_size(nofen);
     if (size != grx::Size{slot->lar, slot->hau}) {

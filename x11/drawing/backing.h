@@ -19,6 +19,13 @@ struct Backing {
 
 Backing backing_of(INT nofen);
 
+/// True for a graphic window that has its picture.
+bool has_backing_picture(INT nofen);
+
+/// grx_affiche_bitmap_backingstore for exposures: whatever is limited. Returns 0 when done, 1 when there is nothing to
+/// show.
+INT show_whole_backing(INT nofen);
+
 /// The size of a window in pixels, 0 x 0 when the number has no window.
 Size window_size(INT nofen);
 

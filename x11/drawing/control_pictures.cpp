@@ -139,6 +139,7 @@ Drawable place_for_pixmap(INT nobou) {
 // Uses the shared context. Before the first window there is none, so that one is made for this picture.
 void put_picture(Pixmap pixmap, const Picture& picture) {
     if (picture.image == nullptr) return;
+    grx::lift_limit();
     const auto width = static_cast<unsigned int>(picture.image->width);
     const auto height = static_cast<unsigned int>(picture.image->height);
     GC own = g_c == nullptr ? XCreateGC(x11_disp, pixmap, 0, nullptr) : nullptr;

@@ -6,6 +6,7 @@
 #include "drawing/attributes.h"
 #include "drawing/batch.h"
 #include "drawing/receiver.h"
+#include "drawing/target.h"
 #include "xt_fen_f.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"
@@ -52,6 +53,7 @@ int remplit_tableau_polygone(GRX_POINT_POLY* p, int nbelt, uchar coul) {
     if (p == nullptr || nbelt < 2 || grx::received_outline(&GRX_RECEPTEUR::polyline, p, nbelt, coul)) return 0;
     if (g_c == nullptr || grx::win_bidon == None) return 0;
     grx_affecte_gc(grx::plain_attributes(grx_recup_couleur_fond(), coul));
+    grx::prepare_last_target();
     for (int k = 0; k + 1 < nbelt; ++k)
         grx::draw_line(grx::win_bidon, grx::Line{p[k].x, p[k].y, p[k + 1].x, p[k + 1].y});
     return 0;
@@ -62,6 +64,7 @@ int remplit_tableau_triangles(GRX_POINT_POLY p0, GRX_POINT_POLY p1, GRX_POINT_PO
     if (grx::received_outline(&GRX_RECEPTEUR::polygone, corners.data(), corners.size(), coul)) return 0;
     if (g_c == nullptr || grx::win_bidon == None) return 0;
     grx_affecte_gc(grx::plain_attributes(grx_recup_couleur_fond(), coul));
+    grx::prepare_last_target();
     const auto spans = grx::step_triangle(short_edges, long_edge, active_window_height(), triangle_of(p0, p1, p2));
     for (int y = spans.first_row; y <= spans.last_row; ++y) {
         const auto row = static_cast<std::size_t>(y);

@@ -5,6 +5,7 @@
 #include "display/pixmaps.h"
 #include "display/screen.h"
 #include "drawing/backing.h"
+#include "drawing/receiver.h"
 #include "drawing/screen_colours.h"
 #include "drawing/transfer.h"
 #include "grx_plus_erreurs.h"
@@ -158,6 +159,26 @@ int64_t rows_at_once(const RowMaker& rows) {
     return std::clamp<int64_t>(strip / (rows.part().width * 3), 1, rows.part().height);
 }
 
+// Colours with their alpha, as receivers take them.
+UNSIGNED_INT argb_at(const GRX_IMAGE& image, std::size_t i) {
+    const auto size = static_cast<std::size_t>(image.octets_par_pixel);
+    const unsigned char* const pixel = image.pixels + i * size;
+    const unsigned char* const bgra = size == 1 ? image.palette[*pixel] : pixel;
+    const UNSIGNED_INT alpha = size == 3 ? 255U : bgra[3];
+    return alpha << 24U | UNSIGNED_INT{bgra[2]} << 16U | UNSIGNED_INT{bgra[1]} << 8U | bgra[0];
+}
+
+INT hand_over(const GRX_IMAGE& image, INT type, INT number, const Area& shown) {
+    auto argb = grx::Block<UNSIGNED_INT>::raw(
+        static_cast<std::size_t>(image.largeur) * static_cast<std::size_t>(image.hauteur));
+    if (!argb) return GRX_ECHEC_MEMOIRE;
+    for (std::size_t i = 0; i < argb.size(); ++i) argb[i] = argb_at(image, i);
+    grx::received_picture(
+        type, {0, number, image.largeur, image.hauteur, static_cast<INT>(shown.x), static_cast<INT>(shown.y),
+                  static_cast<INT>(shown.width), static_cast<INT>(shown.height), nullptr, nullptr, argb.data()});
+    return 1;
+}
+
 INT show(const GRX_IMAGE& image, const Target& target, const Area& shown) {
     RowMaker rows(image, target, shown);
     const Area& part = rows.part();
@@ -186,14 +207,18 @@ INT show(const GRX_IMAGE& image, const Target& target, const Area& shown) {
 extern "C" {
 
 INT grx_affiche_image_etiree(INT type, INT bou_fen, const GRX_IMAGE* image, INT x, INT y, INT largeur, INT hauteur) {
+    const bool sides = largeur >= 1 && hauteur >= 1 && largeur <= kLongestShown && hauteur <= kLongestShown;
+    if (grx::receiver != nullptr && sides && grx::is_image(image))
+        return hand_over(*image, type, bou_fen, {x, y, largeur, hauteur});
     Target target{type, bou_fen, None, {}};
     if (const INT fault = find_target(target); fault != 1) return fault;
-    const bool sides = largeur >= 1 && hauteur >= 1 && largeur <= kLongestShown && hauteur <= kLongestShown;
     if (!sides || !grx::is_image(image)) return grx::refused(GRX_ECHEC_PARAMETRE, "image, largeur, hauteur");
     return show(*image, target, {x, y, largeur, hauteur});
 }
 
 INT grx_affiche_image(INT type, INT bou_fen, const GRX_IMAGE* image, INT x, INT y) {
+    if (grx::receiver != nullptr && grx::is_image(image))
+        return hand_over(*image, type, bou_fen, {x, y, image->largeur, image->hauteur});
     Target target{type, bou_fen, None, {}};
     if (const INT fault = find_target(target); fault != 1) return fault;
     if (!grx::is_image(image)) return grx::refused(GRX_ECHEC_PARAMETRE, "image");

@@ -13,6 +13,7 @@
 #include "pure/polygon_clip.h"
 #include "display/render.h"
 #include "drawing/bit_runs.h"
+#include "drawing/text_target.h"
 #include "fonts/path_buffer.h"
 
 namespace grx {
@@ -117,7 +118,7 @@ bool cut_lines(const PathBuffer& paths, Size size, Lines& lines) {
 class SoftBand {
   public:
     SoftBand(const TextTarget& target, unsigned long colour, int width, std::size_t pitch)
-        : target_(target_picture(target.drawable, target.owner)), colour_(colour_picture(colour)),
+        : target_(target), colour_(colour_picture(colour)),
           pixmap_(XCreatePixmap(x11_disp, target.drawable, static_cast<unsigned int>(width), kBandRows, 8)),
           context_(XCreateGC(x11_disp, pixmap_, 0, nullptr)),
           mask_(XRenderCreatePicture(
@@ -143,11 +144,12 @@ class SoftBand {
         image_.data = reinterpret_cast<char*>(band.rows.data());
         const auto width = static_cast<unsigned int>(band.width);
         XPutImage(x11_disp, pixmap_, context_, &image_, 0, 0, 0, 0, width, kBandRows);
-        XRenderComposite(x11_disp, PictOpOver, colour_, mask_, target_, 0, 0, 0, 0, x, y, width, kBandRows);
+        XRenderComposite(x11_disp, PictOpOver, colour_, mask_, target_.picture(), 0, 0, 0, 0, x, y, width, kBandRows);
     }
 
   private:
-    Picture target_, colour_;
+    SoftTarget target_;
+    Picture colour_;
     Pixmap pixmap_;
     GC context_;
     Picture mask_;

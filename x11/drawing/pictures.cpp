@@ -14,6 +14,8 @@
 #include "display/screen.h"
 #include "drawing/attributes.h"
 #include "drawing/backing.h"
+#include "drawing/layers.h"
+#include "drawing/limit.h"
 #include "drawing/receiver.h"
 #include "drawing/transfer.h"
 #include "xt_gfx_f.h"
@@ -54,6 +56,8 @@ bool select_picture_target(INT type, INT bou_fen, PictureTarget& target) {
     pix_back = target.backing;
     grx::forget_background();
     grx::apply_background();
+    if (type == GRX_CIBLE_FENETRE) grx::take_layers_off(bou_fen);
+    grx::hold_to_limit(target.window);
     return true;
 }
 

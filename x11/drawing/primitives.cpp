@@ -119,12 +119,14 @@ extern "C" {
 
 void grx_trace_point(GRX_POINT point) {
     if (grx::received(&GRX_RECEPTEUR::point, GRX_CIBLE_FENETRE, point)) return;
+    if (grx::kept_in_layer<grx_trace_point>(point)) return;
     const Drawable target = grx::window_target(point.nofen, point.attrib);
     if (target != None && grx::fits16({point.x, point.y})) grx::draw_point(target, point.x, point.y);
 }
 
 void grx_trace_segment(GRX_SEGMENT segment) {
     if (grx::received(&GRX_RECEPTEUR::segment, GRX_CIBLE_FENETRE, segment)) return;
+    if (grx::kept_in_layer<grx_trace_segment>(segment)) return;
     draw_segment(grx::window_target(segment.nofen, segment.attrib), segment);
 }
 
@@ -135,6 +137,7 @@ void grx_trace_segment_bouton(GRX_SEGMENT segment) {
 
 void grx_trace_rectangle(GRX_RECTANGLE rectangle) {
     if (grx::received(&GRX_RECEPTEUR::rectangle, GRX_CIBLE_FENETRE, rectangle)) return;
+    if (grx::kept_in_layer<grx_trace_rectangle>(rectangle)) return;
     outline_rectangle(grx::window_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
@@ -145,6 +148,7 @@ void grx_trace_rectangle_bouton(GRX_RECTANGLE rectangle) {
 
 void grx_remplit_rectangle(GRX_RECTANGLE rectangle) {
     if (grx::received(&GRX_RECEPTEUR::rectangle_plein, GRX_CIBLE_FENETRE, rectangle)) return;
+    if (grx::kept_in_layer<grx_remplit_rectangle>(rectangle)) return;
     fill_rectangle(grx::window_target(rectangle.nofen, rectangle.attrib), rectangle);
 }
 
@@ -155,6 +159,7 @@ void grx_remplit_rectangle_bouton(GRX_RECTANGLE rectangle) {
 
 void grx_trace_arc(GRX_ARC arc) {
     if (grx::received(&GRX_RECEPTEUR::arc, GRX_CIBLE_FENETRE, arc)) return;
+    if (grx::kept_in_layer<grx_trace_arc>(arc)) return;
     const Drawable target = grx::window_target(arc.nofen, arc.attrib);
     if (target == None) return;
     if (!box_fits(arc)) {
@@ -166,6 +171,7 @@ void grx_trace_arc(GRX_ARC arc) {
 
 void grx_remplit_arc(GRX_ARC arc) {
     if (grx::received(&GRX_RECEPTEUR::arc_plein, GRX_CIBLE_FENETRE, arc)) return;
+    if (grx::kept_in_layer<grx_remplit_arc>(arc)) return;
     const Drawable target = grx::window_target(arc.nofen, arc.attrib);
     if (target == None || !box_fits(arc)) return;
     grx::fill_arc(target, box_of(arc));
@@ -173,6 +179,7 @@ void grx_remplit_arc(GRX_ARC arc) {
 
 void grx_trace_polyline(GRX_POLY poly) {
     if (grx::received_points(&GRX_RECEPTEUR::polyline, GRX_CIBLE_FENETRE, poly)) return;
+    if (grx::kept_in_layer<grx_trace_polyline>(poly)) return;
     const Drawable target = grx::window_target(poly.nofen, poly.attrib);
     if (target == None || !has_points(poly)) return;
     grx::draw_polyline(target, {points_of(poly), static_cast<std::size_t>(poly.npoints)});
@@ -180,6 +187,7 @@ void grx_trace_polyline(GRX_POLY poly) {
 
 void grx_remplit_polygone(GRX_POLY poly) {
     if (grx::received_points(&GRX_RECEPTEUR::polygone, GRX_CIBLE_FENETRE, poly)) return;
+    if (grx::kept_in_layer<grx_remplit_polygone>(poly)) return;
     fill_polygon(grx::window_target(poly.nofen, poly.attrib), poly, Complex);
 }
 
@@ -190,6 +198,7 @@ void grx_remplit_polygone_bouton(GRX_POLY poly) {
 
 void grx_remplit_triangle(GRX_POLY poly) {
     if (grx::received_points(&GRX_RECEPTEUR::polygone, GRX_CIBLE_FENETRE, poly)) return;
+    if (grx::kept_in_layer<grx_remplit_triangle>(poly)) return;
     fill_polygon(grx::window_target(poly.nofen, poly.attrib), poly, Nonconvex);
 }
 
@@ -197,6 +206,7 @@ void grx_efface_zone_graphique(INT nofen) {
     if (grx::received_clearing(GRX_CIBLE_FENETRE, nofen)) return;
     const Window window = grx::window_of(grx_recup_objet_fen(nofen));
     if (window == None) return;
+    grx::take_layers_off(nofen);
     test_trace_memoire(window);
     XClearWindow(x11_disp, window); // KEEP: clears the screen, whatever the drawing target is
 }

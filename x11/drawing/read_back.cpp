@@ -11,6 +11,7 @@
 #include "display/screen.h"
 #include "toolkit/widgets.h"
 #include "drawing/attributes.h"
+#include "drawing/layers.h"
 #include "drawing/pictures.h"
 #include "drawing/transfer.h"
 #include "xt_fen_f.h"
@@ -70,10 +71,12 @@ Readable readable_part(Widget w, Window window) {
 extern "C" {
 
 void grx_recup_image(INT x, INT y, INT largeur, INT hauteur, uchar* tab_pix) {
-    Widget w = grx_recup_objet_fen(grx_recup_nofen_active());
+    const INT active = grx_recup_nofen_active();
+    Widget w = grx_recup_objet_fen(active);
     const Window window = grx::window_of(w);
     if (window == None || g_c == nullptr || !grx::usable_picture(tab_pix, largeur, hauteur)) return;
     grx::set_copy_function();
+    grx::take_layers_off(active);
     const int64_t left = std::max<INT>(x, 0);
     const int64_t top = std::max<INT>(y, 0);
     const Readable part = readable_part(w, window);

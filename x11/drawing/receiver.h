@@ -9,6 +9,18 @@ namespace grx {
 /// The receiver that drawing goes to, null when it goes to the screen.
 extern const GRX_RECEPTEUR* receiver;
 
+/// As long as it lives, drawing goes to the screen.
+class OnScreen {
+  public:
+    OnScreen() : former_(receiver) { receiver = nullptr; }
+    ~OnScreen() { receiver = former_; }
+    OnScreen(const OnScreen&) = delete;
+    OnScreen& operator=(const OnScreen&) = delete;
+
+  private:
+    const GRX_RECEPTEUR* former_;
+};
+
 /// Hand a record over; for received() alone.
 template <class Record>
 using Taking = void (*GRX_RECEPTEUR::*)(void*, INT, const Record*);

@@ -7,6 +7,8 @@
 #include "display/pixmaps.h"
 #include "registry/window_table.h"
 #include "drawing/attributes.h"
+#include "drawing/layers.h"
+#include "drawing/limit.h"
 #include "xt_gfx_t.h"
 #include "xt_ini_t.h"
 
@@ -16,11 +18,26 @@ inline void select_target(Window window) {
     win_bidon = grx_trace_memoire != 0 && image_redess != nullptr ? *image_redess : window;
 }
 
+/// Chooses while there are layers or a limit: what layers are drawn into when they are shown, else the target that
+/// select_target has chosen, with the layers of that window taken off the screen, and held to the limit.
+void choose_with_care(INT nofen, Window window);
+
+inline bool care_wanted() {
+    return layers_there || limit_set;
+}
+
+/// The target of what is always drawn on the screen.
+Drawable screen_target(INT nofen, Window window);
+
+/// Prepares drawing on the target chosen last.
+void prepare_last_target();
+
 /// Selects the target of a window and applies the attributes. Returns the target, None when the window has none.
 inline Drawable window_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     const Window window = g_c != nullptr ? window_of(window_widget(nofen)) : None;
     if (window == None) return None;
     select_target(window);
+    if (care_wanted()) choose_with_care(nofen, window);
     apply_attributes(attrib);
     return win_bidon;
 }

@@ -12,6 +12,8 @@
 #include "drawing/attributes.h"
 #include "drawing/bit_runs.h"
 #include "drawing/large_letters.h"
+#include "drawing/layer_content.h"
+#include "drawing/layers.h"
 #include "drawing/outlines.h"
 #include "drawing/receiver.h"
 #include "drawing/strikes.h"
@@ -22,6 +24,7 @@
 #include "system/shut_down.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_textes.h"
+#include "xt_ini_f.h"
 
 namespace {
 
@@ -129,9 +132,9 @@ class SoftText {
     }
     void draw() {
         if (count_ == 0) return;
-        XRenderCompositeText16(x11_disp, PictOpOver, grx::colour_picture(colour_),
-            grx::target_picture(target_.drawable, target_.owner), nullptr, 0, 0, letters_[0].xOff, letters_[0].yOff,
-            letters_.data(), static_cast<int>(count_));
+        const grx::SoftTarget target(target_);
+        XRenderCompositeText16(x11_disp, PictOpOver, grx::colour_picture(colour_), target.picture(), nullptr, 0, 0,
+            letters_[0].xOff, letters_[0].yOff, letters_.data(), static_cast<int>(count_));
         count_ = 0;
         x_ = y_ = 0;
     }
@@ -226,6 +229,22 @@ INT draw_text(const GRX_TEXTE& text, const grx::TextTarget& target) {
     return draw(target, layout, text.attrib) ? result : GRX_ECHEC_MEMOIRE;
 }
 
+void draw_in_window(GRX_TEXTE text) {
+    grx_trace_texte_dessin(&text);
+}
+
+// In a layer; what it covers is a little more than its ink, because of hinting and the width of strokes.
+INT keep_text(grx::LayerContent& layer, const GRX_TEXTE& text) {
+    GRX_BOITE_TEXTE box;
+    grx_init_boite_texte(&box);
+    const INT result = grx_recup_boite_texte(&text, &box);
+    if (result < 0) return result;
+    const grx::Area ink{std::llround(std::floor(box.x_min)), std::llround(std::floor(box.y_min)),
+        std::llround(std::ceil(box.x_max)), std::llround(std::ceil(box.y_max))};
+    grx::keep_primitive<draw_in_window>(layer, text, ink.grown(2 + grx_recup_epaisseur(text.attrib.epaisseur)));
+    return result;
+}
+
 } // namespace
 
 extern "C" {
@@ -233,6 +252,8 @@ extern "C" {
 INT grx_trace_texte_dessin(const GRX_TEXTE* texte) {
     if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
     if (grx::received(&GRX_RECEPTEUR::texte_dessin, GRX_CIBLE_FENETRE, *texte)) return 1;
+    grx::LayerContent* const layer = grx::layers_there ? grx::layer_being_drawn(texte->nofen) : nullptr;
+    if (layer != nullptr) return keep_text(*layer, *texte);
     return draw_text(*texte, grx::text_target(texte->nofen, texte->attrib));
 }
 

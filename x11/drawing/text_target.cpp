@@ -5,6 +5,7 @@
 
 #include "display/pixmaps.h"
 #include "drawing/backing.h"
+#include "drawing/limit.h"
 #include "drawing/target.h"
 #include "registry/window_table.h"
 #include "xt_bou_f.h"
@@ -40,17 +41,32 @@ TextTarget refused(INT code) {
 
 TextTarget described(Widget w, Drawable target) {
     if (target == None) return refused(GRX_ECHEC_AFFICHAGE);
-    if (target == window_of(w)) return {1, target, w, widget_size(w)};
-    return {1, target, nullptr, picture_size(w)};
+    TextTarget result;
+    result.drawable = target;
+    result.owner = target == window_of(w) ? w : nullptr;
+    result.size = result.owner != nullptr ? widget_size(w) : picture_size(w);
+    return result;
 }
 
 } // namespace
+
+SoftTarget::SoftTarget(const TextTarget& target)
+    : picture_(target_picture(target.drawable, target.owner)), held_(target.held) {
+    if (held_) hold_target_picture(picture_, &target.rectangle);
+}
+
+SoftTarget::~SoftTarget() {
+    if (held_) hold_target_picture(picture_, nullptr);
+}
 
 TextTarget text_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     if (x11_disp == nullptr || g_c == nullptr) return refused(GRX_ECHEC_AFFICHAGE);
     const Widget w = window_widget(nofen);
     if (w == nullptr) return refused(GRX_ECHEC_NUMERO);
-    return described(w, window_target(nofen, attrib));
+    TextTarget target = described(w, window_target(nofen, attrib));
+    if (layer_target() != None) return target;
+    target.held = limit_rectangle(window_of(w), target.rectangle);
+    return target;
 }
 
 TextTarget button_text_target(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib) {

@@ -5,6 +5,7 @@
 
 #include "host_t.h"
 #include "pure/size.h"
+#include "display/render.h"
 #include "xt_gfx_t.h"
 
 namespace grx {
@@ -14,6 +15,22 @@ struct TextTarget {
     Drawable drawable = None;
     Widget owner = nullptr; // of a window; null for a picture
     Size size;              // at least as large as the target
+    bool held = false;      // to a rectangle
+    XRectangle rectangle{};
+};
+
+/// The server's picture of a target, held to the target's rectangle as long as this lives.
+class SoftTarget {
+  public:
+    explicit SoftTarget(const TextTarget& target);
+    ~SoftTarget();
+    SoftTarget(const SoftTarget&) = delete;
+    SoftTarget& operator=(const SoftTarget&) = delete;
+    Picture picture() const { return picture_; }
+
+  private:
+    Picture picture_;
+    bool held_;
 };
 
 /// Chooses the target of a window, or control, and applies the attributes.

@@ -20,6 +20,16 @@ int text_length(const GRX_TEXTE& texte) {
     return static_cast<int>(strnlen(texte.chaine, sizeof texte.chaine));
 }
 
+// Of letters that lean out of their places, too.
+grx::Area covered_by(const GRX_TEXTE& texte) {
+    if (fontstruct == nullptr) return grx::kEverywhere;
+    int direction = 0, ascent = 0, descent = 0;
+    XCharStruct ink{};
+    XTextExtents(fontstruct, texte.chaine, text_length(texte), &direction, &ascent, &descent, &ink);
+    const grx::Area letters{ink.lbearing, -ink.ascent, ink.rbearing, ink.descent};
+    return letters.moved(texte.x, texte.y);
+}
+
 INT font_descent() {
     return fontstruct != nullptr ? fontstruct->descent : 0;
 }
@@ -43,7 +53,8 @@ void grx_ecrit_fenetre(GRX_TEXTE texte) {
     if (grx::received(&GRX_RECEPTEUR::texte, GRX_CIBLE_FENETRE, texte)) return;
     constexpr unsigned long low_byte = 0xFF; // KEEP: only the low eight bits of a pixel of a deep screen are used
     const Window window = g_c != nullptr ? grx::window_of(grx_recup_objet_fen(texte.nofen)) : None;
-    if (window == None) return;
+    if (window == None || grx::kept_in_layer<grx_ecrit_fenetre>(texte, covered_by)) return;
+    const Drawable target = grx::screen_target(texte.nofen, window);
     XGCValues values{};
     values.function = GXcopy;
     values.foreground = grx::drawing_pixel(texte.coul_trace) & low_byte;
@@ -51,7 +62,7 @@ void grx_ecrit_fenetre(GRX_TEXTE texte) {
     XChangeGC(x11_disp, g_c, GCFunction | GCForeground | GCBackground, &values);
     grx::context_changed();
     if (grx::fits16({texte.x, texte.y}))
-        XDrawString(x11_disp, window, g_c, texte.x, texte.y, texte.chaine, text_length(texte));
+        XDrawString(x11_disp, target, g_c, texte.x, texte.y, texte.chaine, text_length(texte));
 }
 
 void grx_recup_taille_chaine(char* chaine, INT* largeur, INT* haut, INT* bas) {

@@ -18,6 +18,8 @@
 #include "events/held_button.h"
 #include "events/record.h"
 #include "registry/window_table.h"
+#include "drawing/backing.h"
+#include "drawing/layers.h"
 #include "menus/menu_keys.h"
 #include "windows/shell_place.h"
 #include "windows/forget_windows.h"
@@ -69,8 +71,10 @@ void on_expose(STRUCTURE_FENETRE& window) {
     grx_supprime_tous_evenement_pour_fenetre(GRX_EVT_AFFICHAGE, nofen);
     const bool first = window.affiche == 0;
     window.affiche = 1;
-    const bool host_draws = first || window.type != GRX_FEN_GRAPHIQUE || grx_affiche_bitmap_backingstore(nofen) != 0;
-    if (host_draws) post_placed(evt_global.affichage, GRX_EVT_AFFICHAGE, nofen);
+    const bool host_draws = first || window.type != GRX_FEN_GRAPHIQUE || grx::show_whole_backing(nofen) != 0;
+    if (!host_draws) return;
+    grx::take_layers_off(nofen);
+    post_placed(evt_global.affichage, GRX_EVT_AFFICHAGE, nofen);
 }
 
 // A nested window has its own size, any other has that of its shell.

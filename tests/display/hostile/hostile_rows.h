@@ -111,11 +111,12 @@ std::span<const Row> share_rows();  // lists, the clipboard, drops
 std::span<const Row> text_rows();   // texts in drawings
 std::span<const Row> font_rows();   // the font of the interface
 std::span<const Row> image_rows();  // pictures
+std::span<const Row> layer_rows();  // layers, scrolling, limits
 std::span<const Row> ending_rows(); // end the library's work: last of all
 
 // All of them but the last.
 inline auto rows_of_additions() {
-    return std::array{addition_rows(), share_rows(), text_rows(), font_rows(), image_rows()};
+    return std::array{addition_rows(), share_rows(), text_rows(), font_rows(), image_rows(), layer_rows()};
 }
 
 } // namespace grxtest::hostile

@@ -145,6 +145,21 @@ class AddingSessions : public Sessions {
         EXPECT_EQ(grx_affecte_colonnes_liste(described.nobou, 1, stops.data(), GRX_COLONNE_PIXELS), 1);
     }
 
+    // A layer on show, one that is being drawn, one that waits to be shown again; a limit in force.
+    void layers() {
+        const INT nofen = window_;
+        ASSERT_EQ(grx_limite_trace(nofen, 0, 0, 50, 50), 1);
+        for (const INT layer : {0, 1}) {
+            ASSERT_EQ(grx_commence_calque(nofen, layer), 1);
+            grx_trace_segment({nofen, 10, 10, 90, 60, 0, 0, 0, {0, 12, 0, 0, 0, 2}});
+            ASSERT_EQ(grx_termine_calque(), 1);
+        }
+        EXPECT_EQ(grx_defile_fenetre(nofen, 3, 3, nullptr, nullptr), 1);
+        grx_trace_segment({nofen, 10, 10, 90, 60, 0, 0, 0, {0, 12, 0, 0, 0, 2}});
+        ASSERT_EQ(grx_commence_calque(nofen, 2), 1);
+        grx_trace_segment({nofen, 10, 10, 90, 60, 0, 0, 0, {0, 12, 0, 0, 0, 2}});
+    }
+
     void clipboard() {
         EXPECT_EQ(grx_affecte_touches_presse_papiers(1), 1);
         EXPECT_EQ(grx_affecte_suivi_presse_papiers(1), 1);
@@ -184,7 +199,7 @@ class AddingSessions : public Sessions {
     void use_additions() {
         for (auto part : {&AddingSessions::sources, &AddingSessions::window_with_tip, &AddingSessions::living_menus,
                  &AddingSessions::pictures, &AddingSessions::list, &AddingSessions::texts, &AddingSessions::clipboard,
-                 &AddingSessions::boxes}) {
+                 &AddingSessions::boxes, &AddingSessions::layers}) {
             (this->*part)();
             if (HasFatalFailure()) return;
         }
