@@ -102,8 +102,8 @@ GRX_API INT grx_lit_bande_image(INT noimage, INT nb_lignes, unsigned char* pixel
 GRX_API INT grx_ouvre_ecriture_image(const char* fichier, const GRX_IMAGE* image, INT format);
 
 /* Writes the next nb_lignes rows, from the top. Gives 1 or a code: GRX_ECHEC_NUMERO, GRX_ECHEC_GENRE for a file that
- * is read, GRX_ECHEC_PARAMETRE for more rows than are missing, GRX_ECHEC_FICHIER, GRX_ECHEC_MEMOIRE: after one of the
- * last two the file can only be closed.
+ * is read, GRX_ECHEC_PARAMETRE for more rows than are missing or a place that the palette lacks, GRX_ECHEC_FICHIER,
+ * GRX_ECHEC_MEMOIRE: after such a place, or one of the last two, the file can only be closed.
  * Depuis 1.1 */
 GRX_API INT grx_ecrit_bande_image(INT noimage, INT nb_lignes, const unsigned char* pixels);
 

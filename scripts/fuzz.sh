@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# fuzz.sh [seconds]: coverage-guided fuzzing of what reads menu lines, bitmap files, pictures, font files, texts of panel items and questions, and of
-# the quoting for the shell, with libFuzzer of clang 14, each for that long (60 without it), starting from
+# fuzz.sh [seconds]: coverage-guided fuzzing of what reads menu lines, bitmap files, pictures, font files, texts of panel items
+# and questions, and of the quoting for the shell, with libFuzzer of clang 14, each for that long (60 without it), starting from
 # tests/fuzz/corpus_*. An input that fails is left in build/fuzz/.
 source "$(dirname "$0")/common.sh"
 

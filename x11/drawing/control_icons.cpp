@@ -29,7 +29,7 @@
 #include "pure/true_colour.h"
 #include "registry/control_table.h"
 #include "system/block.h"
-#include "system/images.h"
+#include "system/picture_record.h"
 #include "system/shut_down.h"
 #include "system/table.h"
 #include "system/trace.h"

@@ -15,7 +15,7 @@
 #include "pure/true_colour.h"
 #include "registry/window_table.h"
 #include "system/block.h"
-#include "system/images.h"
+#include "system/picture_record.h"
 #include "system/trace.h"
 #include "xt_gfx_f.h"
 #include "xt_ini_f.h"

@@ -14,7 +14,7 @@
 #include "grx_plus_images.h"
 #include "pure/size.h"
 #include "registry/window_table.h"
-#include "system/images.h"
+#include "system/picture_record.h"
 #include "system/trace.h"
 #include "toolkit/widgets.h"
 #include "xt_fen_f.h"

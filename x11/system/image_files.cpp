@@ -10,7 +10,7 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_images.h"
 #include "pure/sized_record.h"
-#include "system/images.h"
+#include "system/picture_record.h"
 #include "system/picture_reader.h"
 #include "system/picture_writer.h"
 #include "system/shut_down.h"
