@@ -65,7 +65,11 @@ TEST(HostileTableOn24, NamesEveryExport) {
 TEST(HostileTableOn24, NamesEveryAddition) {
     const auto exported = names_of("GRX_1.1.txt");
     ASSERT_GT(exported.size(), 100U);
-    expect_whole(exported, joined({addition_rows(), share_rows(), text_rows(), ending_rows()}));
+    expect_whole(exported, joined({addition_rows(), share_rows(), text_rows(), receiver_rows(), ending_rows()}));
+}
+
+TEST(HostileTableOn24, NamesEveryFunctionOfThePaper) {
+    expect_whole(names_of("GRXPAPIER_1.1.txt"), joined({paper_rows()}));
 }
 
 // Kinds of the controls 0, 1 ... beside live windows; list_number knows which is the list.
@@ -113,6 +117,8 @@ class Hostile : public XTest {
         call_all(addition_rows());
         call_all(share_rows());
         call_all(text_rows());
+        call_all(receiver_rows());
+        call_all(paper_rows());
     }
 
     static bool all_kinds_live() {

@@ -32,6 +32,8 @@ void call_everything(void*) {
     call_rows(addition_rows());
     call_rows(share_rows());
     call_rows(text_rows());
+    call_rows(receiver_rows());
+    call_rows(paper_rows());
     call_rows(ending_rows());
     std::fprintf(stderr, "done\n");
 }

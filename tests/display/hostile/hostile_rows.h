@@ -107,8 +107,10 @@ std::span<const Row> last_rows();  // take the tables away from under everything
 
 // The functions of the additions.
 std::span<const Row> addition_rows();
-std::span<const Row> share_rows();  // lists, the clipboard, drops
-std::span<const Row> text_rows();   // texts in drawings
+std::span<const Row> share_rows(); // lists, the clipboard, drops
+std::span<const Row> text_rows();  // texts in drawings
+std::span<const Row> receiver_rows();
+std::span<const Row> paper_rows();  // of the library of the paper
 std::span<const Row> ending_rows(); // end the library's work: last of all
 
 } // namespace grxtest::hostile
