@@ -161,7 +161,8 @@ GRX_API INT grx_commence_papier(const GRX_PAPIER* papier);
  * Depuis 1.1 */
 GRX_API INT grx_page_papier(void);
 
-/* Makes a rectangle of pixels a link to a URI, in PDF; other kinds have none, and give 1 as well. uri: ASCII without
+/* Makes a rectangle of pixels a link to a URI, in PDF; other kinds have none, and give 1 as well; cairo passes over
+ * links of pages that nothing is drawn on. uri: ASCII without
  * blanks and control characters, up to 2000 bytes; quotes, backslashes and parentheses become %27, %5C, %28, %29. Gives 1, GRX_ECHEC_ABSENT when no paper has been begun, or
  * GRX_ECHEC_PARAMETRE.
  * Depuis 1.1 */

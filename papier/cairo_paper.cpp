@@ -13,6 +13,7 @@
 
 #include "grx_plus_erreurs.h"
 #include "papier/dashes.h"
+#include "papier/inks.h"
 #include "papier/lines.h"
 #include "papier/sheet_signs.h"
 #include "papier/utf8.h"
@@ -132,6 +133,9 @@ void CairoPaper::drop() {
 void CairoPaper::begin_sheet(INT column, INT row) {
     const Point origin = layout_.origin(column, row);
     const Box shown = layout_.shown(column, row);
+    set_colour(
+        kWhite); // cairo adds up what the marks cover, which takes the square of their number unless all is covered
+    cairo_paint(cairo_);
     cairo_save(cairo_);
     cairo_scale(cairo_, kPoints, kPoints);
     cairo_translate(cairo_, origin.x, origin.y);

@@ -7,6 +7,7 @@
 #include "grx_plus_erreurs.h"
 #include "grx_plus_papier.h"
 #include "grx_plus_recepteur.h"
+#include "papier/held_signal.h"
 #include "papier/job.h"
 #include "papier/utf8.h"
 #include "xt_gfx_f.h"
@@ -25,6 +26,7 @@ Job* new_job() {
 }
 
 void free_job(Job*& which) {
+    const papier::HeldSignal signal; // cairo writes what it has left
     Job* const gone = which;
     which = nullptr;
     if (gone == nullptr) return;

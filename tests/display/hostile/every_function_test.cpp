@@ -69,6 +69,10 @@ TEST(HostileTableOn24, NamesEveryAddition) {
     expect_whole(exported, joined({joined(rows_of_additions()), ending_rows()}));
 }
 
+TEST(HostileTableOn24, NamesEveryFunctionOfThePaper) {
+    expect_whole(names_of("GRXPAPIER_1.1.txt"), joined({paper_rows()}));
+}
+
 // Kinds of the controls 0, 1 ... beside live windows; list_number knows which is the list.
 constexpr std::array control_kinds{GRX_BOU_LABEL, GRX_BOU_TEXTE, GRX_BOU_LISTE, GRX_BOU_BASCULE};
 
@@ -112,6 +116,7 @@ class Hostile : public XTest {
     // The functions of the additions, in both halves.
     void call_additions() {
         for (const auto rows : rows_of_additions()) call_all(rows);
+        call_all(paper_rows());
     }
 
     static bool all_kinds_live() {

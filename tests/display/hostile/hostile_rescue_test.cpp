@@ -30,6 +30,7 @@ void call_everything(void*) {
     call_rows(early_rows());
     call_rows(last_rows());
     for (const auto rows : rows_of_additions()) call_rows(rows);
+    call_rows(paper_rows());
     call_rows(ending_rows());
     std::fprintf(stderr, "done\n");
 }

@@ -107,16 +107,19 @@ std::span<const Row> last_rows();  // take the tables away from under everything
 
 // The functions of the additions.
 std::span<const Row> addition_rows();
-std::span<const Row> share_rows();  // lists, the clipboard, drops
-std::span<const Row> text_rows();   // texts in drawings
-std::span<const Row> font_rows();   // the font of the interface
-std::span<const Row> image_rows();  // pictures
-std::span<const Row> layer_rows();  // layers, scrolling, limits
+std::span<const Row> share_rows(); // lists, the clipboard, drops
+std::span<const Row> text_rows();  // texts in drawings
+std::span<const Row> font_rows();  // the font of the interface
+std::span<const Row> image_rows(); // pictures
+std::span<const Row> layer_rows(); // layers, scrolling, limits
+std::span<const Row> receiver_rows();
+std::span<const Row> paper_rows();  // of the library of the paper
 std::span<const Row> ending_rows(); // end the library's work: last of all
 
-// All of them but the last.
+// All of the library but the last.
 inline auto rows_of_additions() {
-    return std::array{addition_rows(), share_rows(), text_rows(), font_rows(), image_rows(), layer_rows()};
+    return std::array{
+        addition_rows(), share_rows(), text_rows(), font_rows(), image_rows(), layer_rows(), receiver_rows()};
 }
 
 } // namespace grxtest::hostile

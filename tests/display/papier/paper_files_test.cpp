@@ -271,6 +271,7 @@ TEST_F(PaperFilesOn24, AnSvgHasOnePage) {
 TEST_F(PaperFilesOn24, LinksAndBookmarksAreLookedAt) {
     const GRX_PAPIER paper = described();
     ASSERT_EQ(grx_commence_papier(&paper), 1);
+    line(1, 1, 100, 100);
     const std::string long_uri(2001, 'x'), long_title(256, 'x');
     for (const char* uri : {static_cast<const char*>(nullptr), "", "a b", "a\nb", "\xe9", long_uri.c_str()})
         EXPECT_EQ(grx_lien_papier(0, 0, 10, 10, uri), GRX_ECHEC_PARAMETRE);

@@ -3,6 +3,8 @@
 
 #include "tests/display/session/ending_kit.h"
 
+#include "grx_plus_papier.h"
+
 #include <unistd.h>
 
 #include <array>
@@ -195,11 +197,23 @@ class AddingSessions : public Sessions {
         ASSERT_GT(grx_recup_nom_fonte_texte(1, name, sizeof name), 0);
     }
 
+    // Begun, and left as it is: what is drawn afterwards goes to it.
+    void paper() {
+        const std::string file = home().text() + "/plan.pdf";
+        GRX_PAPIER described;
+        ASSERT_EQ(grx_init_papier(&described), 1);
+        described.fichier = file.c_str();
+        described.numero = window_;
+        ASSERT_EQ(grx_commence_papier(&described), 1);
+        grx_trace_segment({window_, 1, 2, 30, 40, 0, 0, 0, {}});
+        EXPECT_EQ(grx_page_papier(), 1);
+    }
+
     // Everything that stays until the end is left as it is.
     void use_additions() {
         for (auto part : {&AddingSessions::sources, &AddingSessions::window_with_tip, &AddingSessions::living_menus,
                  &AddingSessions::pictures, &AddingSessions::list, &AddingSessions::texts, &AddingSessions::clipboard,
-                 &AddingSessions::boxes, &AddingSessions::layers}) {
+                 &AddingSessions::boxes, &AddingSessions::layers, &AddingSessions::paper}) {
             (this->*part)();
             if (HasFatalFailure()) return;
         }
