@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "pure/wrapped_text.h"
+
 namespace grx {
 
 namespace {
@@ -14,12 +16,9 @@ bool continues(char c) {
 
 // Bytes of the first line, without the blank or line feed that ends it.
 std::size_t line_length(std::string_view text) {
-    const std::size_t own = std::min(text.find('\n'), text.size());
-    if (own <= kWrapColumns) return own;
-    const std::size_t blank = text.rfind(' ', kWrapColumns);
-    if (blank != std::string_view::npos && blank > 0) return blank;
-    std::size_t length = kWrapColumns;
-    while (length > kWrapColumns / 2 && continues(text[length])) --length;
+    const std::string_view line = text.substr(0, text.find('\n'));
+    std::size_t length = wrapping::part_of_line(line, kWrapColumns, [](std::string_view) { return true; });
+    while (length < line.size() && length > kWrapColumns / 2 && continues(line[length])) --length;
     return length;
 }
 

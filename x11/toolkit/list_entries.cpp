@@ -14,9 +14,13 @@ namespace grx {
 
 namespace {
 
+XmListPart& part_of(Widget list) {
+    return reinterpret_cast<XmListWidget>(list)->list;
+}
+
 // The toolkit's own entries: its functions look through the whole list for each one that is to be selected.
 std::span<ElementPtr> elements_of(Widget list) {
-    XmListPart& part = reinterpret_cast<XmListWidget>(list)->list;
+    XmListPart& part = part_of(list);
     return {part.InternalList, static_cast<std::size_t>(std::max(part.itemCount, 0))};
 }
 
@@ -49,6 +53,47 @@ unsigned char policy_of(Widget list) {
     return resource<unsigned char>(list, XmNselectionPolicy);
 }
 
+// -- where the user's next range begins: the toolkit moves that with the user's own choices only
+
+void begin_range_at(Widget list, int item) {
+    XmListPart& part = part_of(list);
+    part.StartItem = part.EndItem = part.OldStartItem = part.OldEndItem = part.LastHLItem = item;
+}
+
+void shift_range(Widget list, int first, int count) {
+    XmListPart& part = part_of(list);
+    for (int* const place : {&part.StartItem, &part.EndItem, &part.OldStartItem, &part.OldEndItem}) {
+        if (*place >= first) *place += count;
+    }
+}
+
+// The toolkit takes no key that leads to where it was last, though nothing is selected there any more.
+void forget_last_place(Widget list) {
+    XmListPart& part = part_of(list);
+    if (policy_of(list) == XmEXTENDED_SELECT || part.selectedItemCount == 0) part.LastHLItem = part.CurrentKbdItem;
+}
+
+void keep_places(Widget list, const XmListPart& before) {
+    XmListPart& part = part_of(list);
+    part.StartItem = before.StartItem;
+    part.EndItem = before.EndItem;
+    part.OldStartItem = before.OldStartItem;
+    part.OldEndItem = before.OldEndItem;
+    part.LastHLItem = before.LastHLItem;
+    part.CurrentKbdItem = before.CurrentKbdItem;
+}
+
+// With Shift the toolkit gives a range the state of its beginning, which would select nothing where nothing is.
+void on_press(Widget list, XtPointer, XEvent* event, Boolean*) {
+    const bool extends =
+        event->xbutton.button == Button1 && (event->xbutton.state & (ShiftMask | Mod1Mask)) == ShiftMask;
+    if (!extends || policy_of(list) != XmEXTENDED_SELECT) return;
+    const int position = XmListYToPos(list, static_cast<Position>(event->xbutton.y));
+    if (part_of(list).selectedItemCount > 0 || position < 1 || position > entry_count(list)) return;
+    begin_range_at(list, position - 1);
+    element_at(list, position)->selected = True;
+}
+
 } // namespace
 
 int entry_count(Widget list) {
@@ -65,7 +110,10 @@ void fill_list(Widget list, EntryTable& entries) {
 }
 
 void insert_entries(Widget list, int position, EntryTable& entries) {
-    if (entries.count() > 0) put_in(list, position, entries);
+    if (entries.count() == 0) return;
+    const bool first_ones = entry_count(list) == 0;
+    put_in(list, position, entries);
+    if (!first_ones) shift_range(list, position - 1, entries.count());
 }
 
 bool replace_entries(Widget list, int position, EntryTable& entries) {
@@ -75,8 +123,10 @@ bool replace_entries(Widget list, int position, EntryTable& entries) {
     if (!selected) return false;
     const auto old = elements_of(list).subspan(static_cast<std::size_t>(position - 1), selected.size());
     std::transform(old.begin(), old.end(), selected.begin(), [](const Element* e) { return e->selected; });
+    const XmListPart before = part_of(list);
     put_in(list, position, entries);
     XmListDeleteItemsPos(list, count, position + count);
+    keep_places(list, before);
     for (int i = 0; i < count; ++i) element_at(list, position + i)->selected = selected[static_cast<std::size_t>(i)];
     tell_selection(list);
     return true;
@@ -98,11 +148,14 @@ void select_entries(Widget list, std::span<const INT> positions, bool selected) 
     }
     for (const INT position : positions) element_at(list, position)->selected = selected ? True : False;
     tell_selection(list);
+    if (selected) begin_range_at(list, positions.back() - 1);
+    if (!selected) forget_last_place(list);
 }
 
 void deselect_all(Widget list) {
     clear_selection(list);
     tell_selection(list);
+    forget_last_place(list);
 }
 
 bool is_selected(Widget list, int position) {
@@ -112,7 +165,10 @@ bool is_selected(Widget list, int position) {
 void set_selection_policy(Widget list, unsigned char policy) {
     if (policy_of(list) == policy) return;
     const int first = first_selected(list);
-    set_resource(list, XmNselectionPolicy, policy);
+    Args args; // the toolkit would keep the mode of a list of one, in which keys move without selecting
+    args.set(XmNselectionPolicy, policy).set(XmNselectionMode, XmNORMAL_MODE);
+    XtSetValues(list, args.list(), args.count());
+    XtAddEventHandler(list, ButtonPressMask, False, on_press, nullptr);
     if (selects_several(list) || first == 0) return;
     clear_selection(list);
     element_at(list, first)->selected = True;
@@ -131,6 +187,7 @@ void show_entry(Widget list, int position) {
     if (position < top) XmListSetPos(list, position);
     if (position >= top + whole) XmListSetBottomPos(list, position);
     XmListSetKbdItemPos(list, position);
+    forget_last_place(list);
 }
 
 bool find_entry_box(Widget list, int position, EntryBox& box) {

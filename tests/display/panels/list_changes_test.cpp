@@ -352,7 +352,7 @@ TEST_F(ListChanges, TimeGrowsAsTheNumberOfEntriesDoes) {
 
 TEST_F(ListChanges, AHundredThousandEntriesWithinASecond) {
     const INT list = list_control();
-    constexpr int all = sanitized ? 4000 : 100000; // the second holds for a program as it is delivered
+    constexpr int all = sanitized ? 2000 : 100000; // the second holds for a program as it is delivered
     Texts texts = many(all);
     for (const char* const ending : {"", "\tof many\tin columns"}) {
         for (std::string& text : texts) text += ending;
