@@ -5,6 +5,7 @@
 #include <X11/Intrinsic.h>
 #include <X11/Xft/Xft.h>
 #include <Xm/Display.h>
+#include <Xm/LabelP.h>
 #include <Xm/Xm.h>
 
 #include <array>
@@ -83,6 +84,36 @@ void watch_ends_of_widgets() {
     XtAddCallback(XtHooksOfDisplay(x11_disp), XtNdestroyHook, forget_drawing_in, nullptr);
 }
 
+// The toolkit's own, while another stands before it.
+XtExposeProc draw_label = nullptr;
+
+// Letters may reach a pixel beyond their text.
+void clear_text(Widget w, const XRectangle& text) {
+    if (text.width == 0 || text.height == 0) return;
+    XClearArea(XtDisplay(w), XtWindow(w), text.x - 1, text.y, text.width + 2U, text.height, False);
+}
+
+// The toolkit takes away the text of an entry before it blends it anew, but neither all of it nor that of its key. They would
+// get bolder.
+void draw_cleared_label(Widget w, XEvent* event, Region region) {
+    const XmLabelPart& label = reinterpret_cast<XmLabelWidget>(w)->label;
+    const bool entry = label.menu_type == XmMENU_PULLDOWN || label.menu_type == XmMENU_POPUP;
+    if (entry && XtIsRealized(w)) {
+        clear_text(w, label.TextRect);
+        if (label._acc_text != nullptr) clear_text(w, label.acc_TextRect);
+    }
+    draw_label(w, event, region);
+}
+
+void clear_keys_of_entries() {
+    if (draw_label != nullptr) return;
+    draw_label = std::exchange(xmLabelClassRec.core_class.expose, draw_cleared_label);
+}
+
+void leave_keys_of_entries() {
+    if (draw_label != nullptr) xmLabelClassRec.core_class.expose = std::exchange(draw_label, nullptr);
+}
+
 XFontStruct* load_near(int height) {
     const grx::Block<char> name = grx::server_font_of_height(height);
     XFontStruct* const font = name ? XLoadQueryFont(x11_disp, name.data()) : nullptr;
@@ -94,6 +125,7 @@ void take_outline_font(int height) {
     fontstruct = own_fontstruct = load_near(height);
     grx::use_multibyte_locale();
     watch_ends_of_widgets();
+    clear_keys_of_entries();
 }
 
 void load_outline_font(std::string_view pattern) {
@@ -124,6 +156,7 @@ void load_application_font() {
 }
 
 void forget_application_font() {
+    leave_keys_of_entries();
     if (own_fontlist != nullptr) XmFontListFree(std::exchange(own_fontlist, nullptr));
     if (font_entry != nullptr) XmFontListEntryFree(&font_entry);
     if (own_fontstruct != nullptr && x11_disp != nullptr) XFreeFont(x11_disp, own_fontstruct);

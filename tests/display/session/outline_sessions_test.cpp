@@ -56,6 +56,24 @@ TEST_F(OutlineSessionsOn24, EverythingIsWrittenInIt) {
     EXPECT_GT(greys(outline.at("box")), 8);
 }
 
+TEST_F(OutlineSessionsOn24, KeysOfEntriesDoNotGetBolder) {
+    restart_with(outline_11);
+    ASSERT_FALSE(HasFatalFailure());
+    pointer().click_in(children_of(grx_get_Glob_menu_bar()).front());
+    ASSERT_TRUE(wait_for([&] { return on_screen_of(xmMenuShellWidgetClass) != nullptr; }));
+    settle();
+    Widget shell = on_screen_of(xmMenuShellWidgetClass);
+    Widget entry = children_of(children_of(shell).front()).front();
+    const Pixels before = grab(x11_disp, XtWindow(entry));
+    for (int i = 0; i < 4; ++i) {
+        XClearArea(x11_disp, XtWindow(entry), 0, 0, 3, 3, True); // has it drawn anew
+        settle();
+    }
+    EXPECT_TRUE(same(grab(x11_disp, XtWindow(entry)), before));
+    keyboard().key(XK_Escape);
+    ASSERT_TRUE(wait_for([&] { return on_screen_of(xmMenuShellWidgetClass) == nullptr; }));
+}
+
 TEST_F(OutlineSessionsOn24, LooksTheSameTheSecondTime) {
     restart_with(outline_11);
     ASSERT_FALSE(HasFatalFailure());
