@@ -61,8 +61,8 @@ Answer of_layer(Bench&, unsigned n) {
 }
 
 constexpr Row layer_table[] = {
-    own(NAMED(grx_commence_calque), 2 * rounds, draw_layer, {1, Numero, Genre, Affichage, Occupe, Memoire}),
-    own(NAMED(grx_deplace_calque), 2 * rounds,
+    own(NAMED(grx_commence_calque), rounds, draw_layer, {1, Numero, Genre, Affichage, Occupe, Memoire}),
+    own(NAMED(grx_deplace_calque), rounds,
         [](Bench&, unsigned n) -> Answer {
             return grx_deplace_calque(window_of(n), layer_of(n / 2), number(n), number(n + 2));
         },
@@ -73,7 +73,7 @@ constexpr Row layer_table[] = {
     own(NAMED(grx_defile_fenetre), rounds, scroll, {1, Numero, Genre, Affichage, Memoire}),
     ROW(grx_libere_limite_trace, 1, Affichage),
     ROW(grx_termine_calque, 1, Affichage, Absent),
-    own(NAMED(grx_efface_calque), 2 * rounds, of_layer<grx_efface_calque>, {1, Numero, Genre, Affichage}),
+    own(NAMED(grx_efface_calque), rounds, of_layer<grx_efface_calque>, {1, Numero, Genre, Affichage}),
 };
 
 } // namespace
