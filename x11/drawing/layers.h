@@ -20,13 +20,18 @@ extern bool layers_there;
 /// The content of the layer that is being drawn, null when it is not this window's.
 LayerContent* layer_being_drawn(INT nofen);
 
-/// True when a primitive belongs to the layer that is being drawn, and was kept for it.
 template <auto Draw, class Primitive>
-bool kept_in_layer(const Primitive& p, Area (*area_of)(const Primitive&) = covered_area) {
-    LayerContent* const content = layers_there ? layer_being_drawn(p.nofen) : nullptr;
+[[gnu::noinline, gnu::cold]] bool keep_if_drawn(const Primitive& p, Area (*area_of)(const Primitive&)) {
+    LayerContent* const content = layer_being_drawn(p.nofen);
     if (content == nullptr) return false;
     keep_primitive<Draw>(*content, p, area_of(p));
     return true;
+}
+
+/// True when a primitive belongs to the layer that is being drawn, and was kept for it. Asked for every primitive.
+template <auto Draw, class Primitive>
+bool kept_in_layer(const Primitive& p, Area (*area_of)(const Primitive&) = covered_area) {
+    return layers_there && keep_if_drawn<Draw>(p, area_of);
 }
 
 /// Where primitives go while layers are shown, else None.

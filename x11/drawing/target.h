@@ -37,7 +37,8 @@ inline Drawable window_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
     const Window window = g_c != nullptr ? window_of(window_widget(nofen)) : None;
     if (window == None) return None;
     select_target(window);
-    if (care_wanted()) choose_with_care(nofen, window);
+    if (care_wanted()) [[unlikely]]
+        choose_with_care(nofen, window);
     apply_attributes(attrib);
     return win_bidon;
 }
