@@ -43,8 +43,9 @@ struct Composed {
 
 // Accents are wider than an i: the letter gets room for them.
 Composed with_accent(const AccentedLetter& letter) {
-    Composed c{drawn(letter.base), find(kAccents, letter.accent)};
-    c.width = std::max(c.base->width, c.accent->width);
+    const DrawnLetter *const base = drawn(letter.base), *const accent = find(kAccents, letter.accent);
+    if (base == nullptr || accent == nullptr) return {&kUnknown, nullptr, kUnknown.width};
+    Composed c{base, accent, std::max(base->width, accent->width)};
     const bool capital = letter.base <= U'Z';
     c.accent_lift = letter.accent == U',' || !capital ? 0 : kUnits - kSmallHeight;
     return c;
