@@ -157,7 +157,10 @@ TEST_F(PaperFilesOn24, TheEndOfTheLibrarysWorkGivesItUp) {
 }
 
 TEST_F(PaperFilesOn24, ThereIsOneAtATime) {
-    const GRX_PAPIER paper = described(), second = described("second.pdf");
+    const GRX_PAPIER paper = described();
+    GRX_PAPIER second = paper;
+    const std::string second_file = folder().text() + "/second.pdf";
+    second.fichier = second_file.c_str();
     ASSERT_EQ(grx_commence_papier(&paper), 1);
     EXPECT_EQ(grx_commence_papier(&second), GRX_ECHEC_OCCUPE);
     EXPECT_EQ(grx_commence_papier(nullptr), GRX_ECHEC_PARAMETRE);
