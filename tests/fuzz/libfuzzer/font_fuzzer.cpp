@@ -65,6 +65,15 @@ void render(const GRX_TEXTE& text) {
 
 } // namespace
 
+// What fontconfig reads once for the process is kept by pointers that the sanitizer does not recognise.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:XML_ParseBuffer\n";
+}
+
+extern "C" const char* __asan_default_options() {
+    return "fast_unwind_on_malloc=0";
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < kHead) return 0;
     const int file = memfd_create("font", 0);
