@@ -52,10 +52,9 @@ class ChildrenNoticed {
 };
 
 // Reads what the command says until it closes its outputs; what does not fit is read too. False when time is up.
-bool listen(int from, std::span<char> told) {
-    const int64_t end = now() + kPatience;
+bool listen(int from, int64_t end, std::span<char> told) {
     std::size_t length = 0;
-    for (int64_t left = kPatience; left > 0; left = end - now()) {
+    for (int64_t left = end - now(); left > 0; left = end - now()) {
         pollfd watched{from, POLLIN, 0};
         if (poll(&watched, 1, static_cast<int>(left)) <= 0) continue;
         std::array<char, 512> part{};
@@ -70,12 +69,28 @@ bool listen(int from, std::span<char> told) {
     return false;
 }
 
-INT end_of(pid_t child, bool in_time, std::span<char> told) {
+pid_t wait_for(pid_t child, int& status, int how) {
+    pid_t ended = 0;
+    do ended = waitpid(child, &status, how);
+    while (ended < 0 && errno == EINTR);
+    return ended;
+}
+
+// It may go on after it has closed its outputs. 0 when time is up.
+pid_t wait_until(int64_t end, pid_t child, int& status) {
+    constexpr timespec pause{0, 10000000};
+    pid_t ended = 0;
+    while ((ended = wait_for(child, status, WNOHANG)) == 0 && now() < end) nanosleep(&pause, nullptr);
+    return ended;
+}
+
+INT end_of(pid_t child, int64_t end, std::span<char> told) {
     int status = 0;
-    if (!in_time) kill(child, SIGKILL);
-    while (waitpid(child, &status, 0) < 0)
-        if (errno != EINTR) return GRX_ECHEC_COMMANDE;
-    if (!in_time) {
+    const pid_t ended = wait_until(end, child, status);
+    if (ended < 0) return GRX_ECHEC_COMMANDE;
+    if (ended == 0) {
+        kill(child, SIGKILL);
+        wait_for(child, status, 0);
         std::snprintf(told.data(), told.size(), "lp does not end");
         return GRX_ECHEC_DELAI;
     }
@@ -155,7 +170,8 @@ INT print(const PrintOrder& order, std::span<char> told) {
         return GRX_ECHEC_COMMANDE;
     }
     pipe.close_write_end();
-    return end_of(child, listen(pipe.read_end, told), told);
+    const int64_t end = now() + kPatience;
+    return end_of(child, listen(pipe.read_end, end, told) ? end : 0, told);
 }
 
 } // namespace papier

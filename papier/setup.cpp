@@ -104,7 +104,7 @@ INT area_of_window(const GRX_PAPIER& p, Area& area) {
     if (p.numero == GRX_AUCUN) return GRX_ECHEC_PARAMETRE;
     if (p.cible == GRX_CIBLE_FENETRE) {
         if (grx_recup_objet_fen(p.numero) == nullptr) return GRX_ECHEC_NUMERO;
-        grx_recup_taille_fenetre(p.numero, &area.width, &area.height);
+        grx_recup_taille_fenetre_fille(p.numero, &area.width, &area.height);
     } else {
         if (grx_recup_objet_bout(p.numero) == nullptr) return GRX_ECHEC_NUMERO;
         grx_recup_taille_bouton(p.numero, &area.width, &area.height);

@@ -22,7 +22,9 @@ namespace galerie {
 
 namespace {
 
-constexpr INT kFond = 1, kEncre = 0, kRouge = 8, kBleu = 10; // colour indices of the library's icons
+constexpr INT kFond = 1; // reserved colour: black
+constexpr INT kEncre = GRX_NB_COULEURS_RESERVE + 15, kRouge = GRX_NB_COULEURS_RESERVE + 12,
+              kBleu = GRX_NB_COULEURS_RESERVE + 11;
 constexpr const char* kPolice = "DejaVu Sans";
 constexpr const char* kPhrase =
     "Fa\u00e7ade \u00e9tay\u00e9e \u2300 12 \u00b1 0,5 mm, 45\u00b0, 3 \u20ac, \u03b1 \u03b2 \u03c0";
@@ -61,12 +63,12 @@ GRX_TEXTE texte(INT nofen, INT x, INT y, const char* chaine, const char* police,
 }
 
 void ecrit_tailles(INT nofen) {
-    constexpr std::array<double, 5> hauteurs{6, 9, 12, 18, 26};
+    constexpr std::array<double, 4> hauteurs{6, 9, 13, 20};
     constexpr std::array<const char*, 3> polices{kPolice, "DejaVu Serif:bold", GRX_FONTE_TRAIT};
     INT y = 10;
     for (const char* police : polices) {
         for (const double hauteur : hauteurs) {
-            y += static_cast<INT>(hauteur * 1.5 + 5);
+            y += static_cast<INT>(hauteur * 1.5 + 6);
             const GRX_TEXTE t = texte(nofen, 14, y, kPhrase, police, hauteur);
             grx_trace_texte_dessin(&t);
         }
@@ -151,13 +153,13 @@ void cree_icones_png(INT fenetre, INT y) {
     image.largeur = image.hauteur = kCote;
     image.octets_par_pixel = 4;
     image.pixels = pixels.data();
-    bouton(fenetre, GRX_BOU_LABEL, GRX_BOU_ATT_ACTIF, {20, y, -1, -1}, "Ic\364nes transparentes", -1);
+    bouton(fenetre, GRX_BOU_LABEL, GRX_BOU_ATT_ACTIF, {640, y - 60, -1, -1}, "Ic\364nes transparentes", -1);
     for (INT i = 0; i < static_cast<INT>(noms.size()); ++i) {
-        const INT attrib = i == 2 ? 0 : GRX_BOU_ATT_ACTIF;
-        const INT nobou = bouton(fenetre, GRX_BOU_DESSINE, attrib, {220 + 150 * i, y - 20, 56, 56}, "", -1);
+        const INT nobou = bouton(fenetre, GRX_BOU_DESSINE, GRX_BOU_ATT_ACTIF, {640 + 180 * i, y - 20, 56, 56}, "", -1);
         grx_affecte_icone_image_bouton(nobou, &image);
         if (i == 1) grx_enfonce_bouton(nobou);
-        bouton(fenetre, GRX_BOU_LABEL, GRX_BOU_ATT_ACTIF, {284 + 150 * i, y, -1, -1}, noms[static_cast<std::size_t>(i)],
+        if (i == 2) grx_desactive_bouton(nobou, 1);
+        bouton(fenetre, GRX_BOU_LABEL, GRX_BOU_ATT_ACTIF, {704 + 180 * i, y, -1, -1}, noms[static_cast<std::size_t>(i)],
             -1);
     }
 }
@@ -248,16 +250,16 @@ void montre_png(INT nofen, const std::string& fichier) {
 } // namespace
 
 void cree_textes(INT principale) {
-    cree_icones_png(principale, 640);
-    const INT nofen = ouvre_surface(principale, {20, 20, 1150, 580});
+    cree_icones_png(principale, 520);
+    const INT nofen = ouvre_surface(principale, {20, 20, 1150, 400});
     grx_affecte_nofen_active(nofen);
     grx_alloue_image(nofen);
     ecrit_tailles(nofen);
-    ecrit_rose(nofen, 930, 230);
-    ecrit_formes(nofen, 760, 440);
+    ecrit_rose(nofen, 980, 170);
+    ecrit_formes(nofen, 600, 280);
     grx_desalloue_image();
     grx_affiche_bitmap_backingstore(nofen);
-    pose_calque(nofen, {850, 120, 160, 220});
+    pose_calque(nofen, {900, 70, 160, 200});
 }
 
 void cree_papier(INT principale) {

@@ -6,6 +6,7 @@
 #include "grx_plus_erreurs.h"
 #include "pure/sized_record.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "drawing/attributes.h"
 #include "xt_ini_f.h"
 
@@ -115,7 +116,7 @@ bool received_clearing(INT target, INT number) {
 extern "C" {
 
 INT grx_init_recepteur(GRX_RECEPTEUR* recepteur) {
-    if (recepteur == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (recepteur == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "recepteur");
     *recepteur = {};
     recepteur->taille = static_cast<INT>(sizeof *recepteur);
     return 1;
@@ -123,8 +124,8 @@ INT grx_init_recepteur(GRX_RECEPTEUR* recepteur) {
 
 INT grx_affecte_recepteur(const GRX_RECEPTEUR* recepteur) {
     GRX_RECEPTEUR read{};
-    if (!grx::read_sized(recepteur, read)) return GRX_ECHEC_PARAMETRE;
-    if (set) return GRX_ECHEC_OCCUPE;
+    if (!grx::read_sized(recepteur, read)) return grx::refused(GRX_ECHEC_PARAMETRE, "recepteur");
+    if (set) return grx::refused(GRX_ECHEC_OCCUPE, "recepteur");
     kept = read;
     set = true;
     window_drawn_to = GRX_AUCUN;

@@ -22,6 +22,7 @@
 #include "fonts/text_outlines.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_textes.h"
 #include "xt_ini_f.h"
@@ -250,7 +251,7 @@ INT keep_text(grx::LayerContent& layer, const GRX_TEXTE& text) {
 extern "C" {
 
 INT grx_trace_texte_dessin(const GRX_TEXTE* texte) {
-    if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (texte == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "texte");
     if (grx::received(&GRX_RECEPTEUR::texte_dessin, GRX_CIBLE_FENETRE, *texte)) return 1;
     grx::LayerContent* const layer = grx::layers_there ? grx::layer_being_drawn(texte->nofen) : nullptr;
     if (layer != nullptr) return keep_text(*layer, *texte);
@@ -258,7 +259,7 @@ INT grx_trace_texte_dessin(const GRX_TEXTE* texte) {
 }
 
 INT grx_trace_texte_dessin_bouton(const GRX_TEXTE* texte) {
-    if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (texte == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "texte");
     if (grx::received(&GRX_RECEPTEUR::texte_dessin, GRX_CIBLE_BOUTON, *texte)) return 1;
     return draw_text(*texte, grx::button_text_target(texte->nofen, texte->attrib));
 }

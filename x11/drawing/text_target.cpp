@@ -8,6 +8,7 @@
 #include "drawing/limit.h"
 #include "drawing/target.h"
 #include "registry/window_table.h"
+#include "system/trace.h"
 #include "xt_bou_f.h"
 #include "xt_fen_f.h"
 #include "xt_ini_f.h"
@@ -33,14 +34,14 @@ Size picture_size(Widget w) {
     return larger(screen, seen);
 }
 
-TextTarget refused(INT code) {
+TextTarget none(INT code) {
     TextTarget target;
     target.result = code;
     return target;
 }
 
 TextTarget described(Widget w, Drawable target) {
-    if (target == None) return refused(GRX_ECHEC_AFFICHAGE);
+    if (target == None) return none(GRX_ECHEC_AFFICHAGE);
     TextTarget result;
     result.drawable = target;
     result.owner = target == window_of(w) ? w : nullptr;
@@ -60,9 +61,9 @@ SoftTarget::~SoftTarget() {
 }
 
 TextTarget text_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
-    if (x11_disp == nullptr || g_c == nullptr) return refused(GRX_ECHEC_AFFICHAGE);
+    if (x11_disp == nullptr || g_c == nullptr) return none(GRX_ECHEC_AFFICHAGE);
     const Widget w = window_widget(nofen);
-    if (w == nullptr) return refused(GRX_ECHEC_NUMERO);
+    if (w == nullptr) return none(refused(GRX_ECHEC_NUMERO, "nofen", nofen));
     TextTarget target = described(w, window_target(nofen, attrib));
     if (layer_target() != None) return target;
     target.held = limit_rectangle(window_of(w), target.rectangle);
@@ -70,9 +71,9 @@ TextTarget text_target(INT nofen, const GRX_ATTRIBUTS_TRACER& attrib) {
 }
 
 TextTarget button_text_target(INT nobou, const GRX_ATTRIBUTS_TRACER& attrib) {
-    if (x11_disp == nullptr || g_c == nullptr) return refused(GRX_ECHEC_AFFICHAGE);
+    if (x11_disp == nullptr || g_c == nullptr) return none(GRX_ECHEC_AFFICHAGE);
     const Widget w = grx_recup_objet_bout(nobou);
-    if (w == nullptr) return refused(GRX_ECHEC_NUMERO);
+    if (w == nullptr) return none(refused(GRX_ECHEC_NUMERO, "nobou", nobou));
     return described(w, button_target(nobou, attrib));
 }
 

@@ -6,6 +6,7 @@
 #include "pure/text_out.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_textes.h"
 
@@ -45,7 +46,7 @@ const char* family(std::size_t rank) {
 extern "C" {
 
 INT grx_verifie_fonte_texte(const char* nom) {
-    if (nom == nullptr || strnlen(nom, sizeof(CH80)) == sizeof(CH80)) return GRX_ECHEC_PARAMETRE;
+    if (nom == nullptr || strnlen(nom, sizeof(CH80)) == sizeof(CH80)) return grx::refused(GRX_ECHEC_PARAMETRE, "nom");
     return grx::look_for_font(nom);
 }
 
@@ -56,10 +57,10 @@ INT grx_recup_nombre_fontes_texte(void) {
 
 INT grx_recup_nom_fonte_texte(INT rang, char* nom, INT taille) {
     if (rang == 0) return grx::give_text(GRX_FONTE_TRAIT, nom, taille);
-    if (rang < 0) return GRX_ECHEC_PARAMETRE;
+    if (rang < 0) return grx::refused(GRX_ECHEC_PARAMETRE, "rang", rang);
     if (!families.value.listed && !list_fonts()) return GRX_ECHEC_MEMOIRE;
     const auto rank = static_cast<std::size_t>(rang) - 1;
-    if (rank >= families.value.count) return GRX_ECHEC_PARAMETRE;
+    if (rank >= families.value.count) return grx::refused(GRX_ECHEC_PARAMETRE, "rang", rang);
     return grx::give_text(family(rank), nom, taille);
 }
 }

@@ -8,6 +8,7 @@
 #include "pure/sized_record.h"
 #include "system/never_destroyed.h"
 #include "system/shut_down.h"
+#include "system/trace.h"
 #include "grx_plus_erreurs.h"
 #include "grx_plus_textes.h"
 
@@ -110,8 +111,8 @@ double usable(double tolerance) {
 }
 
 template <class Record>
-INT init_sized(Record* record) {
-    if (record == nullptr) return GRX_ECHEC_PARAMETRE;
+INT init_sized(Record* record, const char* argument) {
+    if (record == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, argument);
     *record = {};
     record->taille = static_cast<INT>(sizeof *record);
     return 1;
@@ -138,28 +139,28 @@ bool trace_text(const TextLayout& layout, double tolerance, PathBuffer& into) {
 extern "C" {
 
 INT grx_init_boite_texte(GRX_BOITE_TEXTE* boite) {
-    return init_sized(boite);
+    return init_sized(boite, "boite");
 }
 
 INT grx_init_contours_texte(GRX_CONTOURS_TEXTE* contours) {
-    return init_sized(contours);
+    return init_sized(contours, "contours");
 }
 
 INT grx_init_texte_dessin(GRX_TEXTE* texte) {
     constexpr double usual_height = 10;
-    if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (texte == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "texte");
     *texte = {};
-    texte->hauteurlabel = texte->largeurlabel = usual_height;
+    texte->hauteurlabel = usual_height; // and the width follows it
     texte->cosinuslabel = 1;
     texte->filllabel = 1;
     return 1;
 }
 
 INT grx_recup_boite_texte(const GRX_TEXTE* texte, GRX_BOITE_TEXTE* boite) {
-    if (texte == nullptr || !grx::has_known_size(boite)) return GRX_ECHEC_PARAMETRE;
+    if (texte == nullptr || !grx::has_known_size(boite)) return grx::refused(GRX_ECHEC_PARAMETRE, "texte, boite");
     grx::TextLayout layout;
     const INT result = grx::lay_out(*texte, layout);
-    if (result < 0) return result;
+    if (result < 0) return grx::refused(result, "texte");
     const GRX_BOITE_TEXTE room = room_of(layout);
     if (grx::freetype_was_refused()) return GRX_ECHEC_MEMOIRE;
     grx::write_sized(boite, room);
@@ -167,10 +168,10 @@ INT grx_recup_boite_texte(const GRX_TEXTE* texte, GRX_BOITE_TEXTE* boite) {
 }
 
 INT grx_recup_avances_texte(const GRX_TEXTE* texte, INT nb_max, DOUBLE* avances) {
-    if (texte == nullptr) return GRX_ECHEC_PARAMETRE;
+    if (texte == nullptr) return grx::refused(GRX_ECHEC_PARAMETRE, "texte");
     grx::TextLayout layout;
     const INT result = grx::lay_out(*texte, layout, grx::Advances::OfFont);
-    if (result < 0) return result;
+    if (result < 0) return grx::refused(result, "texte");
     const std::size_t room = avances != nullptr && nb_max > 0 ? static_cast<std::size_t>(nb_max) : 0;
     for (std::size_t i = 0; i < std::min(room, layout.count); ++i)
         avances[i] = layout.letters[i].advance * layout.frame.width;
@@ -178,10 +179,10 @@ INT grx_recup_avances_texte(const GRX_TEXTE* texte, INT nb_max, DOUBLE* avances)
 }
 
 INT grx_recup_contours_texte(const GRX_TEXTE* texte, DOUBLE tolerance, GRX_CONTOURS_TEXTE* contours) {
-    if (texte == nullptr || !grx::has_known_size(contours)) return GRX_ECHEC_PARAMETRE;
+    if (texte == nullptr || !grx::has_known_size(contours)) return grx::refused(GRX_ECHEC_PARAMETRE, "texte, contours");
     grx::TextLayout layout;
     const INT result = grx::lay_out(*texte, layout);
-    if (result < 0) return result;
+    if (result < 0) return grx::refused(result, "texte");
     grx::at_shut_down(forget_asked);
     if (!grx::trace_text(layout, usable(tolerance), asked.value)) return GRX_ECHEC_MEMOIRE;
     grx::write_sized(contours, handed(layout));

@@ -28,6 +28,14 @@ const GRX_GROUPE small_group{};
 const INT position = 1;
 const char* const no_text = nullptr;
 
+GRX_TEXTE for_number(INT number) {
+    GRX_TEXTE text{};
+    grx_init_texte_dessin(&text);
+    text.nofen = number;
+    return text;
+}
+const GRX_TEXTE text_of_no_target = for_number(77);
+
 const Refusal refusals[] = {
     REFUSAL(grx_affecte_bulle, (777, "x"), "nobou = 777"),
     REFUSAL(grx_affecte_aide_menu, (-3, "x"), "no_fo = -3"),
@@ -117,6 +125,47 @@ const Refusal refusals[] = {
     REFUSAL(grx_recup_contenu_presse_papiers, (7), "selection = 7"),
     REFUSAL(grx_vide_presse_papiers, (-1), "selection = -1"),
     REFUSAL(grx_affecte_depots_fenetre, (77, 1), "nofen = 77"),
+    REFUSAL(grx_recup_avances_texte, (nullptr, 0, nullptr), "texte"),
+    REFUSAL(grx_init_texte_dessin, (nullptr), "texte"),
+    REFUSAL(grx_init_boite_texte, (nullptr), "boite"),
+    REFUSAL(grx_recup_boite_texte, (nullptr, nullptr), "texte, boite"),
+    REFUSAL(grx_init_contours_texte, (nullptr), "contours"),
+    REFUSAL(grx_recup_contours_texte, (nullptr, 0, nullptr), "texte, contours"),
+    REFUSAL(grx_trace_texte_dessin, (&text_of_no_target), "nofen = 77"),
+    REFUSAL(grx_trace_texte_dessin_bouton, (&text_of_no_target), "nobou = 77"),
+    REFUSAL(grx_verifie_fonte_texte, (nullptr), "nom"),
+    REFUSAL(grx_recup_nom_fonte_texte, (-1, nullptr, 0), "rang = -1"),
+    REFUSAL(grx_init_recepteur, (nullptr), "recepteur"),
+    REFUSAL(grx_affecte_recepteur, (nullptr), "recepteur"),
+    REFUSAL(grx_cree_image, (nullptr), "image"),
+    REFUSAL(grx_libere_image, (nullptr), "image"),
+    REFUSAL(grx_lit_image, (nullptr, nullptr), "fichier, image"),
+    REFUSAL(grx_lit_image_memoire, (nullptr, 0, nullptr), "octets, nombre, image"),
+    REFUSAL(grx_ecrit_image, (nullptr, nullptr, 0), "fichier, image, format = 0"),
+    REFUSAL(grx_ouvre_image, (nullptr, nullptr), "fichier, image"),
+    REFUSAL(grx_lit_bande_image, (9, 1, nullptr), "noimage = 9"),
+    REFUSAL(grx_ouvre_ecriture_image, (nullptr, nullptr, 0), "fichier, image, format = 0"),
+    REFUSAL(grx_ecrit_bande_image, (9, 1, nullptr), "noimage = 9"),
+    REFUSAL(grx_ferme_image, (9), "noimage = 9"),
+    REFUSAL(grx_abandonne_image, (9), "noimage = 9"),
+    REFUSAL(grx_affiche_image, (1, 77, nullptr, 0, 0), "bou_fen = 77"),
+    REFUSAL(grx_affiche_image_etiree, (1, 77, nullptr, 0, 0, 1, 1), "bou_fen = 77"),
+    REFUSAL(grx_affecte_icone_bouton, (777, "x"), "nobou = 777"),
+    REFUSAL(grx_affecte_icone_memoire_bouton, (777, nullptr, 0), "nobou = 777"),
+    REFUSAL(grx_affecte_icone_image_bouton, (777, nullptr), "nobou = 777"),
+    REFUSAL(grx_supprime_icone_bouton, (777), "nobou = 777"),
+    REFUSAL(grx_recup_image_fenetre, (77, nullptr), "image"),
+    REFUSAL(grx_recup_image_bouton, (777, nullptr), "image"),
+    REFUSAL(grx_recup_image_ecran_fenetre, (77, nullptr, nullptr), "image"),
+    REFUSAL(grx_recup_image_ecran, (0, 0, 1, 1, nullptr, nullptr), "image"),
+    REFUSAL(grx_commence_calque, (77, 0), "nofen = 77"),
+    REFUSAL(grx_termine_calque, (), "calque"),
+    REFUSAL(grx_deplace_calque, (77, 0, 1, 1), "nofen = 77"),
+    REFUSAL(grx_cache_calque, (77, 0), "nofen = 77"),
+    REFUSAL(grx_affiche_calque, (77, 0), "nofen = 77"),
+    REFUSAL(grx_efface_calque, (77, 0), "nofen = 77"),
+    REFUSAL(grx_defile_fenetre, (77, 1, 1, nullptr, nullptr), "nofen = 77"),
+    REFUSAL(grx_limite_trace, (77, 0, 0, 1, 1), "nofen = 77"),
 };
 
 // They refuse nothing once the library is started, or only what is not there, which is an answer.
@@ -129,7 +178,9 @@ const std::set<std::string> never_refuse{"grx_recup_bulle", "grx_affecte_etat_bu
     "grx_ferme_menu_contextuel", "grx_recup_fenetre_menu_contextuel", "grx_avancement_avance",
     "grx_avancement_abandonne", "grx_avancement_finit", "grx_termine_application", "grx_libere_presse_papiers",
     "grx_affecte_suivi_presse_papiers", "grx_affecte_touches_presse_papiers", "grx_recup_touches_presse_papiers",
-    "grx_recup_depots_fenetre"};
+    "grx_recup_depots_fenetre", "grx_init_image", "grx_affecte_icones_png", "grx_recup_icones_png",
+    "grx_affecte_police", "grx_recup_police", "grx_recup_genre_police", "grx_recup_resolution_ecran",
+    "grx_recup_nombre_fontes_texte", "grx_retire_recepteur", "grx_libere_limite_trace"};
 
 class Refusals : public DisplayTest {
   protected:

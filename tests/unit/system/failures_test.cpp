@@ -14,7 +14,7 @@ std::string text_of(INT code) {
 
 TEST(FailureTexts, EveryCodeHasOneOfItsOwn) {
     std::set<std::string> texts;
-    for (INT code = GRX_ECHEC_OCCUPE; code <= GRX_ECHEC_NUMERO; ++code) {
+    for (INT code = GRX_ECHEC_COMMANDE; code <= GRX_ECHEC_NUMERO; ++code) {
         EXPECT_NE(text_of(code), "unknown code") << code;
         EXPECT_TRUE(texts.insert(text_of(code)).second) << code;
     }
@@ -23,7 +23,7 @@ TEST(FailureTexts, EveryCodeHasOneOfItsOwn) {
 }
 
 TEST(FailureTexts, OtherNumbersAreUnknown) {
-    for (const INT code : {0, 2, -1, -100, GRX_ECHEC_OCCUPE - 1, INT32_MAX, INT32_MIN})
+    for (const INT code : {0, 2, -1, -100, GRX_ECHEC_COMMANDE - 1, INT32_MAX, INT32_MIN})
         EXPECT_EQ(text_of(code), "unknown code") << code;
 }
 
