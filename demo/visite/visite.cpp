@@ -487,7 +487,7 @@ class Visite {
         panneau(kTitrePdf);
         const Image avant = ecran_.image(bandeau());
         ecran_.touche(XK_Return);
-        attend_fichier("maison.pdf");
+        attend_fichier("MAISON.PDF");
         attend("la nouvelle", [&] { return ecran_.image(bandeau()) != avant; });
     }
 

@@ -82,7 +82,8 @@ void watch(Widget owner, Drawable window) {
 
 unsigned short component(unsigned long pixel, unsigned long mask, short shift) {
     constexpr unsigned long full = 0xFFFF;
-    return mask != 0 ? static_cast<unsigned short>((pixel >> shift & mask) * full / mask) : 0;
+    const unsigned long share = mask != 0 ? (pixel >> shift & mask) * full / mask : 0;
+    return static_cast<unsigned short>(share);
 }
 
 XRenderColor colour_of(unsigned long pixel) {
