@@ -37,8 +37,8 @@ constexpr const char *kTitrePrincipal = "atelier - ", *kTitreReglages = "glages 
                      *kTitreCouches = "Choix des couches", *kTitreTable = "Nomenclature", *kTitreCouleur = "Couleur - ",
                      *kTitreBande = "Informations", *kTitreOuvrir = "Ouvrir un plan",
                      *kTitreImage = "Enregistrer l'image", *kTitreEditeur = "Editeur",
-                     *kTitreTraces = "pertoire des trac", *kTitrePdf = "Exporter en PDF", *kTitreNote = "Note", *kTitreQuitter = "Quitter le plan",
-                     *kTitreAide = "Aide";
+                     *kTitreTraces = "pertoire des trac", *kTitrePdf = "Exporter en PDF", *kTitreNote = "Note",
+                     *kTitreQuitter = "Quitter le plan", *kTitreAide = "Aide";
 
 // The list of parts is in a directory of its own among the drawings; none before it was written.
 inline std::filesystem::path liste_ecrite(const std::filesystem::path& plans) {
