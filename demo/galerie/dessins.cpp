@@ -29,23 +29,6 @@ constexpr const char* kPolice = "DejaVu Sans";
 constexpr const char* kPhrase =
     "Fa\u00e7ade \u00e9tay\u00e9e \u2300 12 \u00b1 0,5 mm, 45\u00b0, 3 \u20ac, \u03b1 \u03b2 \u03c0";
 
-INT ouvre_surface(INT mere, const Boite& boite) {
-    INT largeur = 0, hauteur = 0;
-    grx_recup_taille_fenetre_fille(mere, &largeur, &hauteur);
-    GRX_FENETRE f;
-    grx_init_fenetre(&f);
-    f.type = GRX_FEN_GRAPHIQUE;
-    f.attrib |= GRX_FEN_ATT_FILLE;
-    f.fen_mere = mere;
-    f.x = boite.x;
-    f.droite = boite.largeur;
-    f.haut = boite.hauteur;
-    f.y = hauteur - boite.y - boite.hauteur;
-    if (grx_cree_fenetre(&f) != 0) return -1;
-    grx_attend_creation_fenetre(f.nofen);
-    return f.nofen;
-}
-
 // --- texts ----------------------------------------------------------------------------------------------------------
 
 GRX_TEXTE texte(INT nofen, INT x, INT y, const char* chaine, const char* police, double hauteur) {
@@ -248,6 +231,23 @@ void montre_png(INT nofen, const std::string& fichier) {
 }
 
 } // namespace
+
+INT ouvre_surface(INT mere, const Boite& boite) {
+    INT largeur = 0, hauteur = 0;
+    grx_recup_taille_fenetre_fille(mere, &largeur, &hauteur);
+    GRX_FENETRE f;
+    grx_init_fenetre(&f);
+    f.type = GRX_FEN_GRAPHIQUE;
+    f.attrib |= GRX_FEN_ATT_FILLE;
+    f.fen_mere = mere;
+    f.x = boite.x;
+    f.droite = boite.largeur;
+    f.haut = boite.hauteur;
+    f.y = hauteur - boite.y - boite.hauteur;
+    if (grx_cree_fenetre(&f) != 0) return -1;
+    grx_attend_creation_fenetre(f.nofen);
+    return f.nofen;
+}
 
 void cree_textes(INT principale) {
     cree_icones_png(principale, 520);

@@ -52,6 +52,9 @@ void cree_panneaux(INT fenetre, const std::string& icones);
 constexpr INT kLargeurCouleurs = 624, kHauteurCouleurs = 182;
 void cree_couleurs(INT fenetre);
 
+// A graphic window at its place in another one, y from the top; on the screen when it returns.
+INT ouvre_surface(INT mere, const Boite& boite);
+
 // Palette, lines, fills and pictures, drawn in memory and shown at once.
 void dessine(INT graphique);
 

@@ -26,21 +26,6 @@ INT ouvre_principale(INT attrib, INT largeur, INT hauteur) {
     return grx_cree_fenetre(&f) == 0 ? f.nofen : -1;
 }
 
-INT ouvre_graphique(INT mere) {
-    INT largeur = 0, hauteur = 0;
-    grx_recup_taille_fenetre_fille(mere, &largeur, &hauteur);
-    GRX_FENETRE f;
-    grx_init_fenetre(&f);
-    f.type = GRX_FEN_GRAPHIQUE;
-    f.attrib |= GRX_FEN_ATT_FILLE;
-    f.fen_mere = mere;
-    f.x = 600;
-    f.droite = 580;
-    f.haut = 400;
-    f.y = hauteur - 20 - f.haut;
-    return grx_cree_fenetre(&f) == 0 ? f.nofen : -1;
-}
-
 // The interface in light grey, as a colour of the palette: a pixel value would be right on deep screens only.
 void choisit_gris() {
     constexpr INT fond_interface = 3; // COULEUR_APPLICATION of INI_SYST.DAT
@@ -151,9 +136,7 @@ void montre_controles(INT principale) {
     cree_controles(principale);
     cree_curseurs(principale);
     cree_icones(principale, GALERIE_ICONES);
-    const INT graphique = ouvre_graphique(principale);
-    grx_attend_creation_fenetre(graphique);
-    dessine(graphique);
+    dessine(ouvre_surface(principale, {600, 20, 580, 400}));
 }
 
 void montre_page(Page page, INT principale) {

@@ -79,6 +79,7 @@ class EndingRounds : public AddingSessions {
     }
 
     void expect_flat(const std::function<void()>& session) {
+        const long plain = kept_of(toolkit_alone);
         long descriptors = 0;
         int i = 0;
         const long kept = kept_of([&] {
@@ -88,7 +89,6 @@ class EndingRounds : public AddingSessions {
             if (++i == warm) descriptors = open_descriptors();
         });
         EXPECT_EQ(open_descriptors(), descriptors);
-        const long plain = kept_of(toolkit_alone);
         std::printf("kept of a round: %ld bytes, by the toolkit alone %ld\n", kept, plain);
         EXPECT_LT(kept, share * plain);
     }
