@@ -43,11 +43,12 @@ struct Tip {
 // The control that the pointer is in, when it has a tip.
 struct Hover {
     INT nobou = GRX_AUCUN;
-    bool shown = false;
+    INT shown = 0;
     int x = 0; // where the pointer was seen last
     int y = 0;
     Clock::time_point since{}; // it rests there, or the tip is shown
     INT delay = 0;
+    INT filler = 0; // no gap: one that was forgotten is that of a fresh process, byte by byte
     XtIntervalId timer = 0;
 };
 
@@ -83,7 +84,7 @@ void stop_looking() {
 }
 
 void hide() {
-    if (!std::exchange(hover.shown, false)) return;
+    if (std::exchange(hover.shown, 0) == 0) return;
     grx::hide_tip_window();
     gone_at = Clock::now();
 }
@@ -101,7 +102,7 @@ bool is_out_of_reach() {
 }
 
 void show(const grx::UnderPointer& at) {
-    hover.shown = true;
+    hover.shown = 1;
     hover.since = Clock::now();
     grx::show_tip_window(tip_of(hover.nobou)->text.c_str(), at.x, at.y);
 }

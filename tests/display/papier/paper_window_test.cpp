@@ -213,13 +213,13 @@ TEST_F(PaperWindow, DrawingTextsAreTheirOutlines) {
     text.attrib = attributes(red_ink);
     const auto draw_it = [&] { grx_trace_texte_dessin(&text); };
     draw_it();
-    expect_alike(screen(window_), printed(like_window(), draw_it));
+    expect_alike(screen(window_), printed(like_window(), draw_it), 2);
     std::strcpy(text.fontlabel, GRX_FONTE_TRAIT);
     grx_efface_zone_graphique(window_);
     std::strcpy(text.chaine, "Mur");
     text.attrib = attributes(black_ink, 0, 0, 0, 2);
     draw_it();
-    expect_alike(screen(window_), printed(like_window(), draw_it));
+    expect_alike(screen(window_), printed(like_window(), draw_it), 2);
 }
 
 TEST_F(PaperWindow, OnlyTheWindowsOwnDrawingIsPrinted) {
