@@ -49,7 +49,6 @@ class PngReader {
 
     png_struct_def* png_ = nullptr;
     png_info_def* info_ = nullptr;
-    PngBytes* source_ = nullptr;
     bool no_memory_ = false;
     bool interlaced_ = false;
     PictureForm form_;
