@@ -9,7 +9,6 @@
 
 namespace {
 
-using papier::Box;
 using papier::Ellipse;
 using papier::Line;
 using papier::Point;

@@ -11,8 +11,6 @@
 
 namespace {
 
-using papier::Box;
-using papier::Point;
 
 constexpr double kTolerance = .01; // mm by which letters' curves may be off
 constexpr INT kUsualHeight = 13;   // pixels of the application's font where there is none to measure

@@ -7,7 +7,6 @@
 
 namespace {
 
-using papier::Box;
 using papier::Growing;
 using papier::Point;
 

@@ -16,8 +16,6 @@
 
 #include "grx_plus_erreurs.h"
 
-extern char** environ;
-
 namespace papier {
 
 namespace {

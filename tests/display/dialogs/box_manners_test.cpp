@@ -129,6 +129,7 @@ TEST_P(BoxMannersWmTest, TheKeyboardIsInThemAndGoesBack) {
             EXPECT_TRUE(wait_for([this] { return field_text(field()) == "abc"; })) << field_text(field());
         }
         EXPECT_EQ(grx_detruit_boite(number), 1);
+        pointer().move_in(widget_of(main_), 5, 5);
         EXPECT_TRUE(wait_for([this] { return has_keys(shell_of(main_)); }, Milliseconds{3000})) << prompts;
     }
 }
