@@ -11,7 +11,6 @@
 
 namespace {
 
-
 constexpr double kTolerance = .01; // mm by which letters' curves may be off
 constexpr INT kUsualHeight = 13;   // pixels of the application's font where there is none to measure
 constexpr INT kUsualDescent = 3;
